@@ -1,0 +1,65 @@
+# Installed files besides the libraries: the programs that were built, and the descriptions by which CMake and
+# pkg-config find all of it. No file holds the prefix, so an installed tree can be moved.
+
+set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/ReportGenerator")
+set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# --- Programs
+
+if(TARGET reporttool)
+    file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+    set_target_properties(reporttool PROPERTIES INSTALL_RPATH "$ORIGIN/${binToLib}")
+    install(TARGETS reporttool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
+endif()
+
+# --- CMake package
+
+configure_package_config_file(
+    "${PROJECT_SOURCE_DIR}/cmake/ReportGeneratorConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/ReportGeneratorConfig.cmake"
+    INSTALL_DESTINATION "${packageDir}"
+    NO_SET_AND_CHECK_MACRO)
+
+# Before 1.0 a new minor version may change the interface.
+write_basic_package_version_file(
+    "${PROJECT_BINARY_DIR}/ReportGeneratorConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+
+install(EXPORT ReportGeneratorTargets
+    NAMESPACE ReportGenerator::
+    DESTINATION "${packageDir}"
+    COMPONENT development)
+install(FILES
+    "${PROJECT_BINARY_DIR}/ReportGeneratorConfig.cmake"
+    "${PROJECT_BINARY_DIR}/ReportGeneratorConfigVersion.cmake"
+    DESTINATION "${packageDir}"
+    COMPONENT development)
+
+# --- pkg-config
+
+# Where a folder stands below the prefix it is found from the place of the .pc file itself.
+file(RELATIVE_PATH REPORTGENERATOR_PC_TO_PREFIX
+    "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+string(REGEX REPLACE "/$" "" REPORTGENERATOR_PC_TO_PREFIX "${REPORTGENERATOR_PC_TO_PREFIX}")
+foreach(dir IN ITEMS INCLUDEDIR LIBDIR)
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${dir}}")
+        set(REPORTGENERATOR_PC_${dir} "${CMAKE_INSTALL_${dir}}")
+    else()
+        set(REPORTGENERATOR_PC_${dir} "\${prefix}/${CMAKE_INSTALL_${dir}}")
+    endif()
+endforeach()
+
+# Qt's headers refuse to be compiled without this where Qt was built with reduced relocations; Qt's own .pc files
+# leave it to the user.
+set(REPORTGENERATOR_PC_CFLAGS "")
+if(UNIX)
+    set(REPORTGENERATOR_PC_CFLAGS "-fPIC")
+endif()
+
+configure_file(
+    "${PROJECT_SOURCE_DIR}/cmake/reportgenerator.pc.in"
+    "${PROJECT_BINARY_DIR}/reportgenerator.pc"
+    @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/reportgenerator.pc"
+    DESTINATION "${pkgConfigDir}"
+    COMPONENT development)

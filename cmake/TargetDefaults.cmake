@@ -1,0 +1,102 @@
+# reportgenerator_target_defaults(<target>)
+#
+# What every target of this project is compiled with: language level, warnings, Qt's stricter dialect and the
+# instrumentation that the options ask for. Nothing of it reaches the targets of other projects.
+
+add_library(reportgenerator_defaults INTERFACE)
+
+target_compile_features(reportgenerator_defaults INTERFACE cxx_std_17)
+
+# --- Warnings
+
+if(MSVC)
+    target_compile_options(reportgenerator_defaults INTERFACE /W4 /permissive- /utf-8 /Zc:__cplusplus
+        $<$<BOOL:${REPORTGENERATOR_WERROR}>:/WX>)
+else()
+    target_compile_options(reportgenerator_defaults INTERFACE
+        -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow
+        # Only Clang minds that GoogleTest's macros leave a variadic argument empty, and minds in the standard
+        # library's own header that a std::unique_ptr<IXmlConverter> deletes through a destructor that is not
+        # virtual. GCC keeps watching for the latter in our code.
+        $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wno-gnu-zero-variadic-macro-arguments>
+        $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wno-delete-non-abstract-non-virtual-dtor>
+        $<$<BOOL:${REPORTGENERATOR_WERROR}>:-Werror>)
+endif()
+
+# --- Qt's stricter dialect: no silent conversion between bytes and text, no macros named emit, slots or foreach,
+#     nothing that was deprecated before Qt 5.15.
+
+target_compile_definitions(reportgenerator_defaults INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_KEYWORDS
+    QT_NO_FOREACH
+    QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+
+# --- Instrumentation
+
+# What links with an instrumented library must be instrumented alike: a test that builds another project needs it.
+set(REPORTGENERATOR_SANITIZE_FLAGS "")
+if(REPORTGENERATOR_SANITIZE)
+    list(JOIN REPORTGENERATOR_SANITIZE "," sanitizers)
+    set(REPORTGENERATOR_SANITIZE_FLAGS
+        -fsanitize=${sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+endif()
+target_compile_options(reportgenerator_defaults INTERFACE ${REPORTGENERATOR_SANITIZE_FLAGS})
+target_link_options(reportgenerator_defaults INTERFACE ${REPORTGENERATOR_SANITIZE_FLAGS})
+
+if(REPORTGENERATOR_COVERAGE)
+    target_compile_options(reportgenerator_defaults INTERFACE --coverage)
+    target_link_options(reportgenerator_defaults INTERFACE --coverage)
+endif()
+
+function(reportgenerator_target_defaults target)
+    # BUILD_INTERFACE keeps the name out of what an installed target says about its dependencies.
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:reportgenerator_defaults>)
+    set_target_properties(${target} PROPERTIES
+        CXX_STANDARD 17
+        CXX_STANDARD_REQUIRED ON
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# reportgenerator_add_library(<target>)
+#
+# A shared library of SOURCES and PUBLIC_HEADERS in the current folder, which is its place below framework/ and below
+# the installed include folder too. Users link ReportGenerator::<target>, in the tree and after installation.
+function(reportgenerator_add_library target)
+    add_library(${target} SHARED ${PUBLIC_HEADERS} ${SOURCES})
+    add_library(ReportGenerator::${target} ALIAS ${target})
+    reportgenerator_target_defaults(${target})
+
+    list(TRANSFORM PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE publicHeaderPaths)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        # The libraries are installed side by side and find one another there.
+        INSTALL_RPATH "$ORIGIN"
+        PUBLIC_HEADER "${publicHeaderPaths}")
+
+    target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/framework>")
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_link_libraries(${target} PUBLIC ${REPORTGENERATOR_QT}::Core)
+
+    # A symbol that nobody defines is an error of the library, not of the program that loads it. The sanitizers' own
+    # symbols come from the program, so this does not go together with them.
+    if(UNIX AND NOT APPLE AND NOT REPORTGENERATOR_SANITIZE)
+        target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
+
+    file(RELATIVE_PATH headerDir "${PROJECT_SOURCE_DIR}/framework" "${CMAKE_CURRENT_SOURCE_DIR}")
+    install(TARGETS ${target}
+        EXPORT ReportGeneratorTargets
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+        PUBLIC_HEADER DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${headerDir}" COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+endfunction()

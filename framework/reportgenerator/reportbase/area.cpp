@@ -1,0 +1,510 @@
+#include <reportgenerator/reportbase/area.h>
+
+#include <reportgenerator/reportbase/fieldforms_p.h>
+#include <reportgenerator/reportbase/incompletedefinitionexception.h>
+#include <reportgenerator/reportbase/invalidxmlexception.h>
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/outofrangeexception.h>
+#include <reportgenerator/reportbase/recordobject_p.h>
+#include <reportgenerator/reportbase/xmlnames_p.h>
+#include <reportgenerator/reportbase/xmltools_p.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace REPORTGENERATOR {
+
+/// The coordinates of one record. A copy has coordinates of its own, since even their const operations change
+/// settings.
+struct CoordinateList
+{
+    CoordinateList() = default;
+    CoordinateList(const CoordinateList& other) : items(other.items) { items.detach(); }
+    CoordinateList& operator=(const CoordinateList& other) = default;
+    ~CoordinateList() = default;
+
+    /// The coordinates, shared with no vector of a caller's. Those that had to be copied have lost their
+    /// logger.
+    const QVector<Coordinate>& Own()
+    {
+        if (!items.isDetached()) {
+            items.detach();
+            settled = 0;
+        }
+        return items;
+    }
+
+    QVector<Coordinate> items;
+
+    /// So many coordinates from the front are known to have the area's validate flag and logger, so that a
+    /// reader needs to pass these on to the new ones only.
+    int settled = 0;
+};
+
+bool operator==(const CoordinateList& left, const CoordinateList& right)
+{
+    return std::equal(left.items.cbegin(), left.items.cend(), right.items.cbegin(), right.items.cend());
+}
+
+struct AreaData : Record
+{
+    QString initialVersionLoaded;
+    QString name;
+    CoordinateList coordinates;
+    QString scriptID;
+};
+
+namespace {
+
+constexpr Field<AreaData, QString> NAME = {
+    0, &AreaData::name, REPORTBASE_NAME("Name"), Place::Element, Written::Always, elements::Tag(0x8C9FBCA8)};
+
+constexpr Field<AreaData, CoordinateList> COORDINATES = {1,
+                                                         &AreaData::coordinates,
+                                                         REPORTBASE_NAME("Coordinate"),
+                                                         Place::Element,
+                                                         Written::Always,
+                                                         elements::Tag(0x6F69083F)};
+
+constexpr Field<AreaData, QString> SCRIPT_ID = {2,
+                                                &AreaData::scriptID,
+                                                REPORTBASE_NAME("ScriptID"),
+                                                Place::Element,
+                                                Written::WhenSet,
+                                                elements::Tag(0xC22211A9)};
+
+constexpr auto TEXT_FIELDS = std::make_tuple(NAME, SCRIPT_ID);
+
+constexpr qint32 VERSION_TAG = elements::Tag(0xCCFEDFA1);
+
+/// Bytes of the tagged body of a coordinate with the shortest texts.
+constexpr qint64 SHORTEST_COORDINATE_BODY = elements::WORD_SIZE + 2 * (3 * elements::WORD_SIZE + 8);
+
+/// Bytes of the raw form of a coordinate.
+constexpr qint64 RAW_COORDINATE = sizeof(quint8) + 2 * sizeof(double);
+
+const QString& ModelVersion()
+{
+    static const QString version = QStringLiteral("1.0");
+    return version;
+}
+
+} // namespace
+
+template <>
+struct Description<AreaData>
+{
+    static constexpr long long ID = 0x469B9976;
+    static constexpr Name NAME = REPORTBASE_NAME("Area");
+    static constexpr auto FIELDS = std::make_tuple(REPORTGENERATOR::NAME, COORDINATES, SCRIPT_ID);
+};
+
+template class RecordObject<AreaData>;
+
+Area::Area() = default;
+
+Area::Area(const Area& other) : RecordObject(other)
+{
+    Area::SetValidate(other.GetValidate());
+}
+
+Area& Area::operator=(const Area& other) = default;
+
+Area::~Area() = default;
+
+bool Area::operator==(const Area& other) const
+{
+    if (!IsInitialized() && !other.IsInitialized())
+        return true;
+    if (GetVersion() != other.GetVersion())
+        return false;
+    // Private to the two: comparing coordinates may make their records.
+    const AreaData& left = *m_data;
+    const AreaData& right = *other.m_data;
+    if (!IsFieldEqual(left, right, NAME) || !IsFieldEqual(left, right, SCRIPT_ID))
+        return false;
+    // Only the other side's flag counts: an area whose own flag is clear has no coordinates to compare.
+    if (!other.IsCoordinateSet())
+        return left.coordinates.items.isEmpty();
+    return left.coordinates == right.coordinates;
+}
+
+bool Area::operator!=(const Area& other) const
+{
+    return !(*this == other);
+}
+
+bool Area::AnyData() const
+{
+    const AreaData* data = m_data.constData();
+    return data && (!data->name.isNull() || !data->coordinates.items.isEmpty() || !data->scriptID.isNull());
+}
+
+bool Area::HasData() const
+{
+    const AreaData* data = m_data.constData();
+    return data && !data->name.isNull() && !data->coordinates.items.isEmpty();
+}
+
+QString Area::GetName() const
+{
+    InitData();
+    return m_data.constData()->name;
+}
+
+void Area::SetName(QString name)
+{
+    StoreText(NAME, name);
+}
+
+bool Area::IsNameSet() const
+{
+    return IsSet(m_data, NAME);
+}
+
+void Area::ResetName()
+{
+    ResetField(m_data, NAME);
+}
+
+bool Area::IsValidName(const QString& name) const
+{
+    return IsAdmitted(NAME, name);
+}
+
+QString Area::GetDefaultName() const
+{
+    return QString();
+}
+
+const QVector<Coordinate>& Area::GetCoordinate() const
+{
+    InitData();
+    m_data->coordinates.settled = 0;
+    return m_data->coordinates.items;
+}
+
+QVector<Coordinate>& Area::GetCoordinate()
+{
+    InitData();
+    SetFlag(*m_data, COORDINATES.Mask());
+    m_data->coordinates.settled = 0;
+    return m_data->coordinates.items;
+}
+
+void Area::SetCoordinate(const QVector<Coordinate>& coordinates)
+{
+    InitData();
+    m_data->coordinates.items = coordinates;
+    m_data->coordinates.Own();
+    m_data->coordinates.settled = 0;
+    SetFlag(*m_data, COORDINATES.Mask());
+}
+
+void Area::AppendCoordinate(const Coordinate& item)
+{
+    InitData();
+    const bool isComplete = item.HasData();
+    if (isComplete || !GetValidate()) {
+        CoordinateList& coordinates = m_data->coordinates;
+        coordinates.Own();
+        coordinates.items.append(item);
+        SetFlag(*m_data, COORDINATES.Mask());
+    }
+    if (!isComplete) {
+        IncompleteDefinitionException exception(messages::IncompleteCoordinateAppended(GetObjectName()));
+        reporting::Questionable(*this, exception);
+    }
+}
+
+bool Area::IsCoordinateSet() const
+{
+    return IsSet(m_data, COORDINATES);
+}
+
+void Area::ResetCoordinate()
+{
+    ResetField(m_data, COORDINATES);
+}
+
+bool Area::IsValidCoordinate(const QVector<Coordinate>& /*coordinates*/) const
+{
+    return true;
+}
+
+bool Area::IsValidCoordinate(const Coordinate& /*coordinate*/) const
+{
+    return true;
+}
+
+QString Area::GetScriptID() const
+{
+    InitData();
+    return m_data.constData()->scriptID;
+}
+
+void Area::SetScriptID(QString scriptID)
+{
+    StoreText(SCRIPT_ID, scriptID);
+}
+
+bool Area::IsScriptIDSet() const
+{
+    return IsSet(m_data, SCRIPT_ID);
+}
+
+void Area::ResetScriptID()
+{
+    ResetField(m_data, SCRIPT_ID);
+}
+
+bool Area::IsValidScriptID(const QString& scriptID) const
+{
+    return IsAdmitted(SCRIPT_ID, scriptID);
+}
+
+QString Area::GetDefaultScriptID() const
+{
+    return QString();
+}
+
+const QString& Area::GetVersion() const
+{
+    InitData();
+    return ModelVersion();
+}
+
+const QString& Area::GetInitialVersionLoaded() const
+{
+    InitData();
+    return m_data.constData()->initialVersionLoaded;
+}
+
+void Area::Check(bool logOnly) const
+{
+    ReapplySettings();
+    InitData();
+    const AreaData& data = *m_data.constData();
+    CheckField(*this, data, NAME, logOnly);
+    CheckField(*this, data, COORDINATES, logOnly);
+    for (const Coordinate& coordinate : data.coordinates.items)
+        coordinate.Check(logOnly);
+    CheckField(*this, data, SCRIPT_ID, logOnly);
+}
+
+void Area::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!PrepareToWrite())
+        return;
+    InitData();
+    const AreaData& data = *m_data.constData();
+    writer.writeStartElement(GetObjectName());
+    writer.writeAttribute(VERSION_ATTRIBUTE.Text(), ModelVersion());
+    WriteXmlField(writer, data, NAME);
+    for (const Coordinate& coordinate : data.coordinates.items) {
+        if (!coordinate.HasData()) {
+            IncompleteDefinitionException exception(messages::IncompleteCoordinateWritten(GetObjectName()));
+            reporting::Questionable(*this, exception);
+        }
+        if (IsCoordinateSet())
+            coordinate.GetXml(writer);
+    }
+    WriteXmlField(writer, data, SCRIPT_ID);
+    writer.writeEndElement();
+}
+
+bool Area::GetBinary(QDataStream& stream, int tag, bool withTag) const
+{
+    if (!PrepareToWrite())
+        return false;
+    InitData();
+    const AreaData& data = *m_data.constData();
+    elements::WriteBody(stream, tag, withTag, [&] {
+        elements::WriteElement(stream, VERSION_TAG, [&] { stream << ModelVersion(); });
+        WriteFieldElement(stream, data, NAME);
+        elements::WriteElement(stream, COORDINATES.tag, [&] { WriteCoordinates(stream); });
+        WriteFieldElement(stream, data, SCRIPT_ID);
+    });
+    return true;
+}
+
+void Area::WriteCoordinates(QDataStream& stream) const
+{
+    const QVector<Coordinate>& coordinates = m_data.constData()->coordinates.items;
+    stream << static_cast<qint32>(coordinates.size());
+    if (!IsCoordinateSet())
+        return;
+    for (const Coordinate& coordinate : coordinates)
+        coordinate.GetBinary(stream, COORDINATES.tag, false);
+}
+
+void Area::SetBinary(QDataStream& stream, int length)
+{
+    ReapplySettings();
+    InitData();
+    RecordObject::Reset();
+    const auto store = [this](const auto& field, const QString& text) { StoreText(field, text); };
+    elements::ReadBody(*this, stream, length, [&](qint32 tag, qint32 /*payloadLength*/) {
+        if (tag == VERSION_TAG) {
+            ApplyLoadedVersion(elements::ReadText(stream));
+            return true;
+        }
+        if (tag == COORDINATES.tag) {
+            ReadCoordinates(stream);
+            return true;
+        }
+        return ReadFieldElement(stream, tag, TEXT_FIELDS, store);
+    });
+    PassSettingsToNewCoordinates();
+}
+
+void Area::ReadCoordinates(QDataStream& stream)
+{
+    qint32 count = 0;
+    stream >> count;
+    ReserveCoordinates(count, elements::BytesLeft(stream) / SHORTEST_COORDINATE_BODY);
+    for (qint32 i = 0; i < count; ++i) {
+        if (elements::BytesLeft(stream) < elements::WORD_SIZE)
+            elements::ThrowLengthError(*this);
+        qint32 length = 0;
+        stream >> length;
+        Coordinate coordinate;
+        PassSettingsTo(coordinate);
+        coordinate.SetBinary(stream, length);
+        AppendCoordinate(coordinate);
+    }
+}
+
+/// Makes room for a list that is read at once; `possible` is what the input can hold at most.
+void Area::ReserveCoordinates(qint32 count, qint64 possible)
+{
+    QVector<Coordinate>& coordinates = m_data->coordinates.items;
+    if (coordinates.isEmpty() && count > 0)
+        coordinates.reserve(static_cast<int>(std::min<qint64>(count, possible)));
+}
+
+void Area::ProcessXml(QXmlStreamReader& reader)
+{
+    InitData();
+    ApplyLoadedVersion(xmltools::VersionAttribute(reader));
+    IRGObject::ProcessXml(reader);
+    PassSettingsToNewCoordinates();
+}
+
+void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    InitData();
+    PassSettingsToNewCoordinates();
+    if (reader.name() == COORDINATES.name.Latin1()) {
+        Coordinate coordinate;
+        PassSettingsTo(coordinate);
+        coordinate.ProcessXml(reader);
+        AppendCoordinate(coordinate);
+        return;
+    }
+    const bool isText = ReadXmlElement(
+        reader.name(), TEXT_FIELDS, [&] { return GetTextValue(reader); },
+        [this](const auto& field, const QString& text) { StoreText(field, text); });
+    if (isText)
+        return;
+    if (IsLoadedVersionOlder()) {
+        xmltools::SkipElement(reader);
+        return;
+    }
+    // The unknown element is not skipped: its end ends this area's reading.
+    InvalidXmlException exception(messages::UnknownTag(reader.name().toString(), GetObjectName()));
+    reporting::Questionable(*this, exception);
+}
+
+void Area::SetValidate(bool validate) const
+{
+    RecordObject::SetValidate(validate);
+    if (!IsInitialized())
+        return;
+    for (const Coordinate& coordinate : m_data->coordinates.Own())
+        coordinate.SetValidate(validate);
+}
+
+void Area::SetLogger(std::shared_ptr<Logger> logger) const
+{
+    RecordObject::SetLogger(logger);
+    if (!IsInitialized())
+        return;
+    for (const Coordinate& coordinate : m_data->coordinates.Own())
+        coordinate.SetLogger(logger);
+}
+
+void Area::GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const
+{
+    InitData();
+    const AreaData& data = *m_data;
+    stream << data.flags << ModelVersion() << data.name << static_cast<qint32>(data.coordinates.items.size());
+    if (IsCoordinateSet()) {
+        for (const Coordinate& coordinate : data.coordinates.items)
+            coordinate.GetVersionSpecificBinaryWithoutValidation(stream);
+    }
+    if (IsScriptIDSet())
+        stream << data.scriptID;
+}
+
+void Area::SetVersionSpecificBinaryWithoutValidation(QDataStream& stream)
+{
+    InitData();
+    stream >> m_data->flags;
+    ApplyLoadedVersion(elements::ReadText(stream));
+    m_data->name = elements::ReadText(stream);
+    qint32 count = 0;
+    stream >> count;
+    ReserveCoordinates(count, elements::BytesLeft(stream) / RAW_COORDINATE);
+    for (qint32 i = 0; i < count && !stream.atEnd(); ++i) {
+        Coordinate coordinate;
+        PassSettingsTo(coordinate);
+        coordinate.SetVersionSpecificBinaryWithoutValidation(stream);
+        AppendCoordinate(coordinate);
+    }
+    if (IsScriptIDSet())
+        m_data->scriptID = elements::ReadText(stream);
+}
+
+/// Stores a text that is not null, or any text when not validating.
+template <class FieldOfData>
+void Area::StoreText(const FieldOfData& field, const QString& text)
+{
+    InitData();
+    if (!IsAdmitted(field, text)) {
+        OutOfRangeException exception(messages::PleaseSetProperlyInSetter(GetObjectName(), field.name));
+        reporting::Questionable(*this, exception);
+    }
+    StoreField(*m_data, field, text);
+}
+
+void Area::PassSettingsTo(const Coordinate& coordinate) const
+{
+    coordinate.SetValidate(GetValidate());
+    coordinate.SetLogger(GetLogger());
+}
+
+/// Applied for each child that is read, so that it must not walk the whole list.
+void Area::PassSettingsToNewCoordinates() const
+{
+    CoordinateList& coordinates = m_data->coordinates;
+    const QVector<Coordinate>& items = coordinates.Own();
+    for (; coordinates.settled < items.size(); ++coordinates.settled)
+        PassSettingsTo(items.at(coordinates.settled));
+}
+
+/// Data of an older version start from an empty area.
+void Area::ApplyLoadedVersion(const QString& version)
+{
+    m_data->initialVersionLoaded = version;
+    if (IsLoadedVersionOlder())
+        Reset();
+}
+
+bool Area::IsLoadedVersionOlder() const
+{
+    return numbers::VersionFromText(ModelVersion()) >
+           numbers::VersionFromText(m_data.constData()->initialVersionLoaded);
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,156 @@
+#ifndef REPORTGENERATOR_AREA_H
+#define REPORTGENERATOR_AREA_H
+
+#include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/recordobject.h>
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+namespace REPORTGENERATOR {
+
+struct AreaData;
+
+extern template class REPORTBASE_EXPORT RecordObject<AreaData>;
+
+/// A named geographic area: an ordered list of coordinates with an optional script identifier.
+///
+/// Held by value in `ReportBase`. Its element is named "Area", with the attribute "Version", the child
+/// elements "Name", one "Coordinate" per point, and "ScriptID" when set; it has tagged, compressed and raw
+/// forms. Validate flag and logger are passed on to the coordinates.
+///
+/// The class has a format version, "1.0". Data of an older version (compared as numbers; no version counts as
+/// 0) reset the area when their version is read, so that they start from an empty one.
+///
+/// Copies are values. One thread at a time.
+///
+///     REPORTGENERATOR::Area area;
+///     area.SetName(QStringLiteral("Lake region"));
+///     area.AppendCoordinate(point);
+///     const QByteArray bytes = area.GetBinaryRepresentationAsQByteArray();
+class REPORTBASE_EXPORT Area : public RecordObject<AreaData>
+{
+public:
+    /// Nothing set.
+    Area();
+
+    /// Copies fields and validate flag; the copy has no logger.
+    Area(const Area& other);
+
+    /// Takes the fields over. Name, id, validate flag and logger stay.
+    Area& operator=(const Area& other);
+    ~Area() override;
+
+    /// Compare version, name, script identifier and coordinates; the version last read doesn't count.
+    ///
+    /// When the other area's coordinates are not set, this area's must be none, set or not: the flag of the
+    /// left side is not asked.
+    bool operator==(const Area& other) const;
+    bool operator!=(const Area& other) const;
+
+    /// Whether there is a name, a coordinate or a script identifier. Looks at the values, not at the flags.
+    bool AnyData() const;
+
+    /// Whether there are a name and at least one coordinate.
+    bool HasData() const override;
+
+    /// The name; a null text when not set, whereas an empty text is a name.
+    ///
+    /// The setter refuses a null text when validating: it throws `RGException` named "OutOfRangeException"
+    /// ("Area: Please set Name properly (origin: Setter).") and stores nothing. When not validating it logs
+    /// the same as a WARNING, stores the text and counts it as set.
+    QString GetName() const;
+    void SetName(QString name);
+    bool IsNameSet() const;
+    void ResetName();
+    bool IsValidName(const QString& name) const;
+    QString GetDefaultName() const;
+
+    /// The coordinates in their order. The modifiable list counts as set from the moment it is asked for,
+    /// since it may be filled.
+    const QVector<Coordinate>& GetCoordinate() const;
+    QVector<Coordinate>& GetCoordinate();
+
+    /// Replaces the list by copies of the elements, which are not checked.
+    void SetCoordinate(const QVector<Coordinate>& coordinates);
+
+    /// Appends a copy of the coordinate, which must have both values; their ranges are not tested.
+    ///
+    /// An incomplete one is refused when validating: `RGException` named "IncompleteDefinitionException"
+    /// ("Area: Tried to append not completely defined or invalid item Coordinate."). When not validating it
+    /// is appended and the same logged as a WARNING.
+    void AppendCoordinate(const Coordinate& item);
+    bool IsCoordinateSet() const;
+    void ResetCoordinate();
+
+    /// Always true.
+    bool IsValidCoordinate(const QVector<Coordinate>& coordinates) const;
+    bool IsValidCoordinate(const Coordinate& coordinate) const;
+
+    /// The script identifier, optional; otherwise as the name.
+    QString GetScriptID() const;
+    void SetScriptID(QString scriptID);
+    bool IsScriptIDSet() const;
+    void ResetScriptID();
+    bool IsValidScriptID(const QString& scriptID) const;
+    QString GetDefaultScriptID() const;
+
+    /// The format version of this class, "1.0".
+    const QString& GetVersion() const override;
+
+    /// The version found in the data last read, empty before.
+    const QString& GetInitialVersionLoaded() const;
+
+    using RecordObject::Check;
+
+    /// Throws `RGException` named "OutOfRangeException", "Area: Please set Name properly." (or Coordinate,
+    /// ScriptID), when name or coordinates are not set or a text that is set is null; then what the
+    /// coordinates' checks throw. With `logOnly` and a logger each failure is logged instead.
+    void Check(bool logOnly) const override;
+
+    /// Writes the element, the name also when it is not set. An incomplete coordinate is refused when
+    /// validating
+    /// ("IncompleteDefinitionException"), otherwise written after a WARNING. Throws as `Check` when
+    /// validating.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+    /// Writes the elements version, name, coordinates, and script identifier when set.
+    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
+
+    /// Reads the elements into the unset object, through the setters. A count of coordinates that is greater
+    /// than what follows ends in the length error, after the coordinates that are there have been read.
+    void SetBinary(QDataStream& stream, int length) override;
+
+    /// Reads the children of the element, through the setters. Unknown children are skipped in data of an
+    /// older version; otherwise they are an error when validating ("InvalidXmlException", "Unknown Tag '%1'
+    /// in '%2'."), and else a WARNING after which the rest of the element is not read.
+    void ProcessXml(QXmlStreamReader& reader) override;
+
+    void SetValidate(bool validate) const override;
+    void SetLogger(std::shared_ptr<Logger> logger) const override;
+
+    /// The raw form: a byte with a bit for each field that is set (name, coordinates, script identifier, from
+    /// bit 0), version, name, the number of coordinates, the raw form of each, and the script identifier when
+    /// set. The reader appends to the coordinates that are there and checks that each is complete when
+    /// validating, and nothing else.
+    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
+    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
+
+protected:
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+
+private:
+    template <class FieldOfData>
+    void StoreText(const FieldOfData& field, const QString& text);
+    void PassSettingsTo(const Coordinate& coordinate) const;
+    void PassSettingsToNewCoordinates() const;
+    void ApplyLoadedVersion(const QString& version);
+    bool IsLoadedVersionOlder() const;
+    void WriteCoordinates(QDataStream& stream) const;
+    void ReadCoordinates(QDataStream& stream);
+    void ReserveCoordinates(qint32 count, qint64 possible);
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,141 @@
+#include <reportgenerator/reportbase/channelspacing.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+
+#include <algorithm>
+
+namespace REPORTGENERATOR {
+
+struct ChannelSpacing::Description
+{
+    using Text = PlainField<ChannelSpacing, QString>;
+
+    static constexpr Text VISUAL = {&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"), Written::WhenSet};
+    static constexpr Text SAME_DISTANCE = {&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance"),
+                                           Written::Always};
+    static constexpr auto FIELDS = std::make_tuple(VISUAL, SAME_DISTANCE);
+
+    static constexpr Name VALUE = REPORTBASE_NAME("Value");
+    static constexpr NumberFormat VALUE_FORMAT = {};
+};
+
+namespace {
+
+QString TrueText()
+{
+    return QStringLiteral("true");
+}
+
+QString FalseText()
+{
+    return QStringLiteral("false");
+}
+
+} // namespace
+
+ChannelSpacing::ChannelSpacing()
+{
+    IRGObject::SetObjectName(QStringLiteral("ChannelSpacing"));
+}
+
+ChannelSpacing::ChannelSpacing(const ChannelSpacing& other) = default;
+
+ChannelSpacing& ChannelSpacing::operator=(const ChannelSpacing& other) = default;
+
+ChannelSpacing::~ChannelSpacing() = default;
+
+bool ChannelSpacing::operator==(const ChannelSpacing& other) const
+{
+    // One by one: vectors that share their data would otherwise be equal in spite of a NaN.
+    return m_visual == other.m_visual && IsSameDistance() == other.IsSameDistance() &&
+           std::equal(m_values.cbegin(), m_values.cend(), other.m_values.cbegin(), other.m_values.cend());
+}
+
+bool ChannelSpacing::operator!=(const ChannelSpacing& other) const
+{
+    return !(*this == other);
+}
+
+const QString& ChannelSpacing::GetVisual() const
+{
+    return m_visual;
+}
+
+void ChannelSpacing::SetVisual(const QString& visual)
+{
+    m_visual = visual;
+}
+
+bool ChannelSpacing::IsSameDistance() const
+{
+    return m_sameDistance == TrueText();
+}
+
+void ChannelSpacing::SetSameDistance(bool sameDistance)
+{
+    m_sameDistance = sameDistance ? TrueText() : FalseText();
+}
+
+bool ChannelSpacing::IsValidSameDistance() const
+{
+    return Description::SAME_DISTANCE.IsSetIn(*this);
+}
+
+const QVector<double>& ChannelSpacing::GetValues() const
+{
+    return m_values;
+}
+
+void ChannelSpacing::SetValues(const QVector<double>& values)
+{
+    m_values = values;
+}
+
+bool ChannelSpacing::AnyData() const
+{
+    return IsValidSameDistance() || !m_values.isEmpty();
+}
+
+bool ChannelSpacing::HasData() const
+{
+    return IsValidSameDistance() && !m_values.isEmpty();
+}
+
+void ChannelSpacing::Reset()
+{
+    UnsetFields(*this, Description::FIELDS);
+    m_values.clear();
+}
+
+void ChannelSpacing::Check() const
+{
+    if (!AnyData())
+        return;
+    RequireFields(*this, Description::FIELDS, messages::PleaseSet);
+    // The spacings are what the object is about, so that the message asks for the object itself.
+    if (m_values.isEmpty())
+        throw RGException(messages::PleaseSet(GetObjectName(), GetObjectName()));
+}
+
+void ChannelSpacing::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    WriteXmlFields(writer, *this, Description::FIELDS);
+    for (const double value : m_values)
+        writer.writeTextElement(Description::VALUE.Text(),
+                                numbers::ToFixedText(value, Description::VALUE_FORMAT));
+    writer.writeEndElement();
+}
+
+void ChannelSpacing::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    if (reader.name() == Description::VALUE.Latin1())
+        m_values.append(numbers::FromText(GetTextValue(reader)));
+    else if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+        ThrowUnknownTag(*this, reader);
+}
+
+} // namespace REPORTGENERATOR

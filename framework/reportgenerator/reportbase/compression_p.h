@@ -1,0 +1,16 @@
+#ifndef REPORTGENERATOR_COMPRESSION_P_H
+#define REPORTGENERATOR_COMPRESSION_P_H
+
+#include <QtCore/QByteArray>
+
+namespace REPORTGENERATOR {
+namespace compression {
+
+/// What `qUncompress` gives, without room being made for more than the data can hold: their length prefix may
+/// claim anything. Empty for damaged data and for claims beyond `limits::MAX_BYTE_ARRAY`.
+QByteArray Uncompress(const QByteArray& data);
+
+} // namespace compression
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,107 @@
+#include <reportgenerator/reportbase/ellipse.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+
+namespace REPORTGENERATOR {
+
+struct Ellipse::Description
+{
+    using Number = PlainField<Ellipse, double>;
+
+    static constexpr Number MIN_RADIUS = {&Ellipse::m_minRadius, REPORTBASE_NAME("MinRadius"),
+                                          Written::Always};
+    static constexpr Number MAX_RADIUS = {&Ellipse::m_maxRadius, REPORTBASE_NAME("MaxRadius"),
+                                          Written::Always};
+    static constexpr Number ROTATION = {&Ellipse::m_rotation, REPORTBASE_NAME("Rotation"), Written::Always};
+    static constexpr auto FIELDS = std::make_tuple(MIN_RADIUS, MAX_RADIUS, ROTATION);
+};
+
+Ellipse::Ellipse() : m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE), m_rotation(INVALID_DOUBLE)
+{
+    IRGObject::SetObjectName(QStringLiteral("Ellipse"));
+}
+
+Ellipse::Ellipse(const Ellipse& other) = default;
+
+Ellipse& Ellipse::operator=(const Ellipse& other) = default;
+
+Ellipse::~Ellipse() = default;
+
+bool Ellipse::operator==(const Ellipse& other) const
+{
+    return AreValuesEqual(*this, other, Description::FIELDS);
+}
+
+bool Ellipse::operator!=(const Ellipse& other) const
+{
+    return !(*this == other);
+}
+
+double Ellipse::GetMinRadius() const
+{
+    return m_minRadius;
+}
+
+void Ellipse::SetMinRadius(double radius)
+{
+    m_minRadius = radius;
+}
+
+double Ellipse::GetMaxRadius() const
+{
+    return m_maxRadius;
+}
+
+void Ellipse::SetMaxRadius(double radius)
+{
+    m_maxRadius = radius;
+}
+
+double Ellipse::GetRotation() const
+{
+    return m_rotation;
+}
+
+void Ellipse::SetRotation(double rotation)
+{
+    m_rotation = rotation;
+}
+
+bool Ellipse::AnyData() const
+{
+    return IsAnyFieldSet(*this, Description::FIELDS);
+}
+
+bool Ellipse::HasData() const
+{
+    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+}
+
+void Ellipse::Reset()
+{
+    UnsetFields(*this, Description::FIELDS);
+}
+
+void Ellipse::Check() const
+{
+    if (AnyData())
+        RequireFields(*this, Description::FIELDS, messages::PleaseSet);
+}
+
+void Ellipse::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    WriteXmlFields(writer, *this, Description::FIELDS);
+    writer.writeEndElement();
+}
+
+void Ellipse::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+        ThrowUnknownTag(*this, reader);
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,63 @@
+#ifndef REPORTGENERATOR_FREQUENCYINFORMATION_H
+#define REPORTGENERATOR_FREQUENCYINFORMATION_H
+
+#include <reportgenerator/reportbase/frequencyholder.h>
+#include <reportgenerator/reportbase/frequencyrangeold.h>
+
+namespace REPORTGENERATOR {
+
+/// Where in the spectrum something was observed: either at a frequency with optional bounds or in a range.
+/// Exactly one of the two must have data.
+///
+/// Its XML element is named "FrequencyInformation" and holds the element of the one that has data,
+/// "Frequency" or "FrequencyRange". There is no binary form. A copy is complete, base included. One thread at
+/// a time.
+///
+///     REPORTGENERATOR::FrequencyInformation where;
+///     where.SetFrequency(121500000.0);
+///     const QString xml = where.GetXmlString();
+class REPORTBASE_EXPORT FrequencyInformation : public FrequencyHolder
+{
+public:
+    /// Nothing set.
+    FrequencyInformation();
+    FrequencyInformation(const FrequencyInformation& other);
+    FrequencyInformation& operator=(const FrequencyInformation& other);
+    ~FrequencyInformation() override;
+
+    /// Compare the numbers of frequency and range, set or not; a NaN differs from everything.
+    bool operator==(const FrequencyInformation& other) const;
+    bool operator!=(const FrequencyInformation& other) const;
+
+    const FrequencyRangeOld& GetFrequencyRange() const;
+    FrequencyRangeOld& GetFrequencyRange();
+    void SetFrequencyRange(const FrequencyRangeOld& range);
+
+    /// Whether frequency or range has any data.
+    bool AnyData() const;
+
+    /// Whether one of the two is complete and the other has no data.
+    bool HasData() const override;
+
+    void Reset() override;
+
+    using IRGObject::Check;
+
+    /// Throws `RGException`, "FrequencyInformation: Please set either Frequency or FrequencyRange!", when
+    /// both have data or neither has; otherwise what the check of the one that has data throws.
+    void Check() const override;
+
+    /// Writes the element; nothing unless `HasData`.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+protected:
+    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for children that are neither frequency nor range.
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+
+private:
+    FrequencyRangeOld m_range;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

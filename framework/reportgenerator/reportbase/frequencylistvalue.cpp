@@ -1,0 +1,81 @@
+#include <reportgenerator/reportbase/frequencylistvalue.h>
+
+#include <reportgenerator/reportbase/converters.h>
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+
+namespace REPORTGENERATOR {
+
+namespace {
+
+constexpr Name TIME_STAMP = REPORTBASE_NAME("TimeStamp");
+
+} // namespace
+
+FrequencyListValue::FrequencyListValue() : FrequencyHolder(QStringLiteral("Value")) {}
+
+FrequencyListValue::FrequencyListValue(const FrequencyListValue& other) = default;
+
+FrequencyListValue& FrequencyListValue::operator=(const FrequencyListValue& other) = default;
+
+FrequencyListValue::~FrequencyListValue() = default;
+
+bool FrequencyListValue::operator==(const FrequencyListValue& other) const
+{
+    return GetFrequency() == other.GetFrequency();
+}
+
+bool FrequencyListValue::operator!=(const FrequencyListValue& other) const
+{
+    return !(*this == other);
+}
+
+const QDateTime& FrequencyListValue::GetTimeStamp() const
+{
+    return m_timeStamp;
+}
+
+bool FrequencyListValue::AnyData() const
+{
+    return m_frequency.AnyData() || m_timeStamp != QDateTime();
+}
+
+bool FrequencyListValue::HasData() const
+{
+    return m_frequency.HasData();
+}
+
+void FrequencyListValue::Reset()
+{
+    m_frequency.Reset();
+    m_timeStamp = QDateTime();
+}
+
+void FrequencyListValue::Check() const
+{
+    if (AnyData() && !m_frequency.HasData())
+        throw RGException(messages::FrequencyListWithoutValue());
+}
+
+void FrequencyListValue::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    m_frequency.GetXml(writer);
+    if (m_timeStamp != QDateTime())
+        writer.writeTextElement(TIME_STAMP.Text(), Converters::ToString(m_timeStamp));
+    writer.writeEndElement();
+}
+
+void FrequencyListValue::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    if (reader.name() == FrequencyName())
+        m_frequency.ReadValuesFromXml(reader);
+    else if (reader.name() == TIME_STAMP.Latin1())
+        m_timeStamp = Converters::ToDateTime(GetTextValue(reader));
+    else
+        ThrowUnknownTag(*this, reader);
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,65 @@
+#ifndef REPORTGENERATOR_FREQUENCYLISTVALUE_H
+#define REPORTGENERATOR_FREQUENCYLISTVALUE_H
+
+#include <reportgenerator/reportbase/frequencyholder.h>
+
+#include <QtCore/QDateTime>
+
+namespace REPORTGENERATOR {
+
+/// One entry of a list of frequencies: a frequency with optional bounds and an optional time stamp.
+///
+/// Its XML element is named "Value" and holds the element "Frequency" and, when there is a time stamp,
+/// "TimeStamp" in UTC
+/// ("yyyy-MM-ddThh:mm:ss.zzzZ"). There is no binary form. A copy is complete, base included. One thread at a
+/// time.
+///
+///     REPORTGENERATOR::FrequencyListValue entry;
+///     entry.SetFrequency(121500000.0);
+///     const QString xml = entry.GetXmlString();
+class REPORTBASE_EXPORT FrequencyListValue : public FrequencyHolder
+{
+public:
+    /// Nothing set.
+    FrequencyListValue();
+    FrequencyListValue(const FrequencyListValue& other);
+    FrequencyListValue& operator=(const FrequencyListValue& other);
+    ~FrequencyListValue() override;
+
+    /// Compare the frequencies alone, so that a list holds each frequency once; bounds and time stamp don't
+    /// count. A NaN differs from everything.
+    bool operator==(const FrequencyListValue& other) const;
+    bool operator!=(const FrequencyListValue& other) const;
+
+    /// When the frequency was entered, null when unknown. Set by reading only.
+    const QDateTime& GetTimeStamp() const;
+
+    /// Whether the frequency or the time stamp is set.
+    bool AnyData() const;
+
+    /// Whether the frequency is set.
+    bool HasData() const override;
+
+    void Reset() override;
+
+    using IRGObject::Check;
+
+    /// An empty entry passes. Throws `RGException` "FrequencyList: Please set Value!" for a time stamp
+    /// without a frequency.
+    void Check() const override;
+
+    /// Writes the element; nothing without a frequency.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+protected:
+    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for children that are neither frequency nor time
+    /// stamp. A text that is not a date-time reads as null.
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+
+private:
+    QDateTime m_timeStamp;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,96 @@
+#include <reportgenerator/reportbase/frequencyrangeold.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+
+namespace REPORTGENERATOR {
+
+struct FrequencyRangeOld::Description
+{
+    using Number = PlainField<FrequencyRangeOld, double>;
+
+    static constexpr Number START = {&FrequencyRangeOld::m_startFrequency, REPORTBASE_NAME("StartFrequency"),
+                                     Written::Always};
+    static constexpr Number STOP = {&FrequencyRangeOld::m_stopFrequency, REPORTBASE_NAME("StopFrequency"),
+                                    Written::Always};
+    static constexpr auto FIELDS = std::make_tuple(START, STOP);
+};
+
+FrequencyRangeOld::FrequencyRangeOld()
+    : IRGObject(AnyType), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
+{
+    IRGObject::SetObjectName(QStringLiteral("FrequencyRange"));
+}
+
+FrequencyRangeOld::FrequencyRangeOld(const FrequencyRangeOld& other) = default;
+
+FrequencyRangeOld& FrequencyRangeOld::operator=(const FrequencyRangeOld& other) = default;
+
+FrequencyRangeOld::~FrequencyRangeOld() = default;
+
+bool FrequencyRangeOld::operator==(const FrequencyRangeOld& other) const
+{
+    return AreValuesEqual(*this, other, Description::FIELDS);
+}
+
+bool FrequencyRangeOld::operator!=(const FrequencyRangeOld& other) const
+{
+    return !(*this == other);
+}
+
+double FrequencyRangeOld::GetStartFrequency() const
+{
+    return m_startFrequency;
+}
+
+void FrequencyRangeOld::SetStartFrequency(double frequency)
+{
+    m_startFrequency = frequency;
+}
+
+double FrequencyRangeOld::GetStopFrequency() const
+{
+    return m_stopFrequency;
+}
+
+void FrequencyRangeOld::SetStopFrequency(double frequency)
+{
+    m_stopFrequency = frequency;
+}
+
+bool FrequencyRangeOld::AnyData() const
+{
+    return IsAnyFieldSet(*this, Description::FIELDS);
+}
+
+bool FrequencyRangeOld::HasData() const
+{
+    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+}
+
+void FrequencyRangeOld::Reset()
+{
+    UnsetFields(*this, Description::FIELDS);
+}
+
+void FrequencyRangeOld::Check() const
+{
+    RequireFields(*this, Description::FIELDS, messages::PleaseSetWithoutMark);
+}
+
+void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    WriteXmlFields(writer, *this, Description::FIELDS);
+    writer.writeEndElement();
+}
+
+void FrequencyRangeOld::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+        ThrowUnknownTag(*this, reader);
+}
+
+} // namespace REPORTGENERATOR

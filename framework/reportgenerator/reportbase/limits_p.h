@@ -1,0 +1,27 @@
+#ifndef REPORTGENERATOR_LIMITS_P_H
+#define REPORTGENERATOR_LIMITS_P_H
+
+#include <QtCore/qglobal.h>
+
+#include <limits>
+
+namespace REPORTGENERATOR {
+
+/// What input may claim at most. None of them changes what comes out for data that the library itself can
+/// write.
+namespace limits {
+
+/// A deflate stream grows at most by this factor, so compressed data cannot hold more than their size times
+/// this.
+constexpr qint64 MAX_INFLATION = 1032;
+
+/// Room left to blocks of a few bytes, for which the factor alone says little.
+constexpr qint64 INFLATION_SLACK = 64;
+
+/// A byte array of the reference platform holds less than this, its administration included.
+constexpr qint64 MAX_BYTE_ARRAY = std::numeric_limits<int>::max() - 32;
+
+} // namespace limits
+} // namespace REPORTGENERATOR
+
+#endif

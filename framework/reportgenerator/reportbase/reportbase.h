@@ -1,0 +1,108 @@
+#ifndef REPORTGENERATOR_REPORTBASE_H
+#define REPORTGENERATOR_REPORTBASE_H
+
+#include <reportgenerator/reportbase/area.h>
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/ifbandwidth.h>
+#include <reportgenerator/reportbase/recordobject.h>
+
+namespace REPORTGENERATOR {
+
+struct ReportBaseData;
+
+extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData>;
+
+/// The root of a report: its frequency, IF bandwidth and area, each with a flag that says whether the report
+/// carries it.
+///
+/// Its element is named "ReportBase" and holds the elements of the members that it carries; it has tagged,
+/// compressed and raw forms. It adds no values and no messages of its own. Validate flag and logger are
+/// passed on to the members.
+///
+/// Copies are values. One thread at a time.
+///
+///     REPORTGENERATOR::ReportBase report;
+///     report.GetFrequency().SetValue(121500000.0);
+///     report.SetArea(area);
+///     const QByteArray bytes = report.GetCompressedBinaryRepresentationAsQByteArray(-1);
+class REPORTBASE_EXPORT ReportBase : public RecordObject<ReportBaseData>
+{
+public:
+    /// Carries nothing.
+    ReportBase();
+
+    /// Copies members and validate flag; the copy has no logger.
+    ReportBase(const ReportBase& other);
+
+    /// Takes the members over. Name, id, validate flag and logger stay.
+    ReportBase& operator=(const ReportBase& other);
+    ~ReportBase() override;
+
+    /// Compare member by member: a member matches when neither report carries it, or both do and the two are
+    /// equal.
+    bool operator==(const ReportBase& other) const;
+    bool operator!=(const ReportBase& other) const;
+
+    /// Whether any member, carried or not, has data.
+    bool AnyData() const;
+
+    /// Always true: an empty report is a report.
+    bool HasData() const override;
+
+    /// The frequency. Asking for the modifiable one makes the report carry it, since it may be filled.
+    const Frequency& GetFrequency() const;
+    Frequency& GetFrequency();
+    void SetFrequency(const Frequency& frequency);
+    bool IsFrequencySet() const;
+    void ResetFrequency();
+    bool IsValidFrequency(const Frequency& frequency) const;
+
+    /// The IF bandwidth, as the frequency.
+    const IFBandwidth& GetIFBandwidth() const;
+    IFBandwidth& GetIFBandwidth();
+    void SetIFBandwidth(const IFBandwidth& bandwidth);
+    bool IsIFBandwidthSet() const;
+    void ResetIFBandwidth();
+    bool IsValidIFBandwidth(const IFBandwidth& bandwidth) const;
+
+    /// The area, as the frequency.
+    const Area& GetArea() const;
+    Area& GetArea();
+    void SetArea(const Area& area);
+    bool IsAreaSet() const;
+    void ResetArea();
+    bool IsValidArea(const Area& area) const;
+
+    using RecordObject::Check;
+
+    /// Checks the members that the report carries, in the order frequency, IF bandwidth, area.
+    void Check(bool logOnly) const override;
+
+    /// Writes the element with the elements of the members that the report carries.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+    /// Writes the bodies of the members that the report carries, each with its tag.
+    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
+
+    /// Reads the members into the empty report.
+    void SetBinary(QDataStream& stream, int length) override;
+
+    /// Reads the children of the element, told apart by the members' object names. Unknown children are
+    /// skipped.
+    void ProcessXml(QXmlStreamReader& reader) override;
+
+    void SetValidate(bool validate) const override;
+    void SetLogger(std::shared_ptr<Logger> logger) const override;
+
+    /// The raw form: a byte with a bit for each member that the report carries (frequency, IF bandwidth,
+    /// area, from bit 0), and the raw forms of these members. Nothing is checked.
+    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
+    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
+
+protected:
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

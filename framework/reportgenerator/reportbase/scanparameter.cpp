@@ -1,0 +1,129 @@
+#include <reportgenerator/reportbase/scanparameter.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+#include <reportgenerator/reportbase/xmlnames_p.h>
+
+namespace REPORTGENERATOR {
+
+struct ScanParameter::Description
+{
+    using Number = PlainField<ScanParameter, double>;
+
+    static constexpr Number STEP = {&ScanParameter::m_stepFrequency, REPORTBASE_NAME("FrequencyStep"),
+                                    Written::Always};
+    static constexpr Number DWELL = {&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"),
+                                     Written::WhenSet};
+    static constexpr Number HOLD = {&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"),
+                                    Written::WhenSet};
+    static constexpr auto FIELDS = std::make_tuple(STEP, DWELL, HOLD);
+};
+
+ScanParameter::ScanParameter()
+    : m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE), m_dwellTime(INVALID_DOUBLE),
+      m_holdTime(INVALID_DOUBLE)
+{
+    IRGObject::SetObjectName(QStringLiteral("ScanParameter"));
+}
+
+ScanParameter::ScanParameter(const ScanParameter& other) = default;
+
+ScanParameter& ScanParameter::operator=(const ScanParameter& other) = default;
+
+ScanParameter::~ScanParameter() = default;
+
+const FrequencyRangeOld& ScanParameter::GetFrequencyRange() const
+{
+    return m_range;
+}
+
+FrequencyRangeOld& ScanParameter::GetFrequencyRange()
+{
+    return m_range;
+}
+
+void ScanParameter::SetFrequencyRange(const FrequencyRangeOld& range)
+{
+    m_range = range;
+}
+
+double ScanParameter::GetStepFrequency() const
+{
+    return m_stepFrequency;
+}
+
+void ScanParameter::SetStepFrequency(double frequency)
+{
+    m_stepFrequency = frequency;
+}
+
+double ScanParameter::GetDwellTime() const
+{
+    return m_dwellTime;
+}
+
+void ScanParameter::SetDwellTime(double time)
+{
+    m_dwellTime = time;
+}
+
+double ScanParameter::GetHoldTime() const
+{
+    return m_holdTime;
+}
+
+void ScanParameter::SetHoldTime(double time)
+{
+    m_holdTime = time;
+}
+
+bool ScanParameter::AnyData() const
+{
+    // A hold time alone scans nothing.
+    return m_range.AnyData() || Description::STEP.IsSetIn(*this) || Description::DWELL.IsSetIn(*this);
+}
+
+bool ScanParameter::HasData() const
+{
+    return m_range.HasData() && AreMandatoryFieldsSet(*this, Description::FIELDS);
+}
+
+void ScanParameter::Reset()
+{
+    m_range.Reset();
+    UnsetFields(*this, Description::FIELDS);
+}
+
+void ScanParameter::Check() const
+{
+    if (!AnyData())
+        return;
+    m_range.Check();
+    RequireFields(*this, Description::FIELDS, messages::PLeaseSet);
+}
+
+void ScanParameter::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!HasData())
+        return;
+    writer.writeStartElement(GetObjectName());
+    writer.writeAttribute(VERSION_ATTRIBUTE.Text(), m_version);
+    m_range.GetXml(writer);
+    WriteXmlFields(writer, *this, Description::FIELDS);
+    writer.writeEndElement();
+}
+
+const QString& ScanParameter::GetVersion() const
+{
+    return m_version;
+}
+
+void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader)
+{
+    if (reader.name() == m_range.GetObjectName())
+        m_range.ProcessXml(reader);
+    else if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+        ThrowUnknownTag(*this, reader);
+}
+
+} // namespace REPORTGENERATOR

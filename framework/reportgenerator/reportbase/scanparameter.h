@@ -1,0 +1,81 @@
+#ifndef REPORTGENERATOR_SCANPARAMETER_H
+#define REPORTGENERATOR_SCANPARAMETER_H
+
+#include <reportgenerator/reportbase/frequencyrangeold.h>
+
+namespace REPORTGENERATOR {
+
+/// The parameters of a frequency scan: the range, the frequency step, and optional dwell and hold times.
+///
+/// Its XML element is named "ScanParameter", with the attribute "Version" ("1.0", not read back), the element
+/// of the range, and the child elements "FrequencyStep" and, when set, "DwellTime" and "HoldTime", all with
+/// two decimals. There is no binary form. -111111.11 stands for "not set"; the units are the client's. A copy
+/// is complete, base included. One thread at a time.
+///
+///     REPORTGENERATOR::ScanParameter scan;
+///     scan.GetFrequencyRange().SetStartFrequency(118000000.0);
+///     scan.GetFrequencyRange().SetStopFrequency(137000000.0);
+///     scan.SetStepFrequency(8333.33);
+///     const QString xml = scan.GetXmlString();
+class REPORTBASE_EXPORT ScanParameter : public IRGObject
+{
+public:
+    /// Nothing set.
+    ScanParameter();
+    ScanParameter(const ScanParameter& other);
+    ScanParameter& operator=(const ScanParameter& other);
+    ~ScanParameter() override;
+
+    const FrequencyRangeOld& GetFrequencyRange() const;
+    FrequencyRangeOld& GetFrequencyRange();
+    void SetFrequencyRange(const FrequencyRangeOld& range);
+
+    double GetStepFrequency() const;
+    void SetStepFrequency(double frequency);
+
+    /// How long a channel is listened to.
+    double GetDwellTime() const;
+    void SetDwellTime(double time);
+
+    /// How long the scan stays after a signal has gone.
+    double GetHoldTime() const;
+    void SetHoldTime(double time);
+
+    /// Whether anything but the hold time is set.
+    bool AnyData() const;
+
+    /// Whether range and step are set.
+    bool HasData() const override;
+
+    void Reset() override;
+
+    using IRGObject::Check;
+
+    /// Parameters without any data pass. Throws `RGException`: what the check of the range throws, then
+    /// "ScanParameter: PLease set FrequencyStep!" when the step is not set.
+    void Check() const override;
+
+    /// Writes the element; nothing unless range and step are set.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+    /// The format version of this class, "1.0".
+    const QString& GetVersion() const override;
+
+protected:
+    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for other children; a text that is not a number reads
+    /// as 0.
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override;
+
+private:
+    struct Description;
+
+    QString m_version;
+    FrequencyRangeOld m_range;
+    double m_stepFrequency;
+    double m_dwellTime;
+    double m_holdTime;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,76 @@
+#ifndef REPORTGENERATOR_SETTINGSNOTIFIER_H
+#define REPORTGENERATOR_SETTINGSNOTIFIER_H
+
+#include <reportgenerator/reportbase/registercenter.h>
+
+#include <QtCore/QMap>
+#include <QtCore/QObject>
+
+namespace REPORTGENERATOR {
+
+/// Distributes XML settings to the settings objects of an application.
+///
+/// Each registered object is offered the whole text and takes what belongs to it; for each that took
+/// something and has data, the notifier emits two signals. The notifier owns the centers, and through them
+/// the objects. It lives in the thread that created it and has no lock; its signals can be connected across
+/// threads.
+///
+///     REPORTGENERATOR::SettingsNotifier notifier;
+///     notifier.NotifyOnChanged(center);
+///     notifier.SetSettings(xml, false);
+class REPORTBASE_EXPORT SettingsNotifier : public QObject
+{
+    Q_OBJECT
+
+public:
+    SettingsNotifier();
+
+    /// Deletes all centers and their objects.
+    ~SettingsNotifier() override;
+
+    /// Registers a center under its id and takes it over. Throws `InterfaceAlreadyRegisteredException`
+    /// ("Interface %1 already registered in SettingsNotifier", with the name of the object) when the id is
+    /// taken; the center then stays the caller's.
+    void NotifyOnChanged(RegisterCenter* center);
+
+    /// The center registered under an id or under the number of a kind, null when there is none.
+    RegisterCenter* GetCenter(long long id) const;
+    RegisterCenter* GetCenter(ObjectTypes type) const;
+
+    /// Resets every registered object and offers it the settings: one element, or several one after the
+    /// other. `checkRoot` goes to `IRGObject::SetXmlString`. Emits both signals for each object that took its
+    /// settings and has data.
+    ///
+    /// An object that throws `RGException` is traced and passed over. Throws `InvalidXmlException` "Invalid
+    /// XML-Fragment!" when no object took anything.
+    void SetSettings(const QString& xml, bool checkRoot);
+
+Q_SIGNALS:
+    /// The object has taken new settings.
+    void SettingsChanged(REPORTGENERATOR::IRGObject* object);
+
+    /// The object of the center has taken new settings.
+    void SettingsChanged(REPORTGENERATOR::RegisterCenter* center);
+
+protected:
+    /// Deletes the center under `id` and its object; does nothing when there is none.
+    virtual void UnRegister(long long id);
+
+private:
+    Q_DISABLE_COPY(SettingsNotifier)
+
+    static bool CheckXmlSyntax(const QString& text);
+    static QString GetFirstTagName(const QString& text);
+    static QString GetLastTagName(const QString& text);
+    static void Reverse(QString& text);
+    static QString AddDummyRoot(const QString& text);
+
+    QMap<long long, RegisterCenter*> m_centers;
+};
+
+} // namespace REPORTGENERATOR
+
+Q_DECLARE_METATYPE(REPORTGENERATOR::IRGObject*)
+Q_DECLARE_METATYPE(REPORTGENERATOR::RegisterCenter*)
+
+#endif

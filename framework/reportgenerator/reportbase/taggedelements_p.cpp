@@ -1,0 +1,125 @@
+#include <reportgenerator/reportbase/taggedelements_p.h>
+
+#include <reportgenerator/reportbase/binaryparsingexception.h>
+#include <reportgenerator/reportbase/irgobject.h>
+#include <reportgenerator/reportbase/limits_p.h>
+#include <reportgenerator/reportbase/messages_p.h>
+
+#include <QtCore/QtEndian>
+
+namespace REPORTGENERATOR {
+namespace elements {
+
+namespace {
+
+/// Length of a null text or byte array.
+constexpr quint32 NULL_LENGTH = 0xFFFFFFFF;
+
+void ReadToEnd(QDataStream& stream)
+{
+    stream.device()->skip(stream.device()->bytesAvailable());
+    stream.setStatus(QDataStream::ReadPastEnd);
+}
+
+/// Reads the length of a text or byte array. Returns -1 for a null one and for one that is longer than what
+/// is left.
+qint64 ReadLength(QDataStream& stream)
+{
+    quint32 length = NULL_LENGTH;
+    stream >> length;
+    if (length == NULL_LENGTH || stream.device() == nullptr)
+        return -1;
+    if (length > BytesLeft(stream) || length > limits::MAX_BYTE_ARRAY) {
+        ReadToEnd(stream);
+        return -1;
+    }
+    return length;
+}
+
+bool IsForeignByteOrder(const QDataStream& stream)
+{
+    return (stream.byteOrder() == QDataStream::BigEndian) != (Q_BYTE_ORDER == Q_BIG_ENDIAN);
+}
+
+} // namespace
+
+LengthField::LengthField(QDataStream& stream) : m_stream(stream), m_start(0)
+{
+    m_stream << qint32(0);
+    m_start = m_stream.device() ? m_stream.device()->pos() : 0;
+}
+
+void LengthField::Close()
+{
+    QIODevice* device = m_stream.device();
+    if (!device)
+        return;
+    const qint64 end = device->pos();
+    device->seek(m_start - WORD_SIZE);
+    m_stream << static_cast<qint32>(end - m_start);
+    device->seek(end);
+}
+
+qint64 BytesLeft(const QDataStream& stream)
+{
+    return stream.device() ? stream.device()->bytesAvailable() : 0;
+}
+
+QByteArray ReadBytes(QDataStream& stream)
+{
+    const qint64 length = ReadLength(stream);
+    if (length < 0)
+        return QByteArray();
+    QByteArray bytes(static_cast<int>(length), Qt::Uninitialized);
+    stream.readRawData(bytes.data(), static_cast<int>(length));
+    return bytes;
+}
+
+QString ReadText(QDataStream& stream)
+{
+    const qint64 length = ReadLength(stream);
+    if (length < 0)
+        return QString();
+    if (length % qint64(sizeof(QChar)) != 0) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return QString();
+    }
+    if (length == 0)
+        return QLatin1String("");
+    QString text(static_cast<int>(length / qint64(sizeof(QChar))), Qt::Uninitialized);
+    auto* characters = reinterpret_cast<quint16*>(text.data());
+    stream.readRawData(reinterpret_cast<char*>(characters), static_cast<int>(length));
+    if (IsForeignByteOrder(stream))
+        qbswap<sizeof(quint16)>(characters, text.size(), characters);
+    return text;
+}
+
+QString ReadUtf8(QDataStream& stream)
+{
+    const QByteArray bytes = ReadBytes(stream);
+    if (bytes.isNull())
+        return QString();
+    const auto length = qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()));
+    const QString text = QString::fromUtf8(bytes.constData(), static_cast<int>(length));
+    return text.isNull() ? QLatin1String("") : text;
+}
+
+QByteArray ToUtf8(const QString& text)
+{
+    return text.toUtf8();
+}
+
+void Skip(const IRGObject& reader, QDataStream& stream, qint32 length)
+{
+    reader.skipCurrentElement(stream, length, 0);
+}
+
+void ThrowLengthError(const IRGObject& reader)
+{
+    BinaryParsingException exception(messages::BinaryLengthError(reader.GetObjectName()));
+    reader.TraceOrThrow(LogLevel::ERROR, exception, true, true);
+    Q_UNREACHABLE();
+}
+
+} // namespace elements
+} // namespace REPORTGENERATOR

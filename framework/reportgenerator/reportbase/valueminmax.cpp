@@ -1,0 +1,125 @@
+#include <reportgenerator/reportbase/valueminmax.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/plainfield_p.h>
+
+namespace REPORTGENERATOR {
+
+struct ValueMinMax::Description
+{
+    using Number = PlainField<ValueMinMax, double>;
+
+    static constexpr Number MIN = {&ValueMinMax::m_min, REPORTBASE_NAME("Min"), Written::WhenSet,
+                                   Place::Attribute};
+    static constexpr Number MAX = {&ValueMinMax::m_max, REPORTBASE_NAME("Max"), Written::WhenSet,
+                                   Place::Attribute};
+    static constexpr Number VALUE = {&ValueMinMax::m_value, REPORTBASE_NAME("Value"), Written::Always,
+                                     Place::Text};
+    static constexpr auto FIELDS = std::make_tuple(MIN, MAX, VALUE);
+};
+
+ValueMinMax::ValueMinMax() : ValueMinMax(INVALID_DOUBLE) {}
+
+ValueMinMax::ValueMinMax(double value) : m_value(value), m_min(INVALID_DOUBLE), m_max(INVALID_DOUBLE) {}
+
+ValueMinMax::ValueMinMax(const ValueMinMax& other) = default;
+
+ValueMinMax& ValueMinMax::operator=(const ValueMinMax& other) = default;
+
+ValueMinMax::~ValueMinMax() = default;
+
+bool ValueMinMax::operator==(const ValueMinMax& other) const
+{
+    return m_name == other.m_name && AreValuesEqual(*this, other, Description::FIELDS);
+}
+
+bool ValueMinMax::operator!=(const ValueMinMax& other) const
+{
+    return !(*this == other);
+}
+
+const QString& ValueMinMax::GetName() const
+{
+    return m_name;
+}
+
+void ValueMinMax::SetName(const QString& name)
+{
+    m_name = name;
+}
+
+double ValueMinMax::GetValue() const
+{
+    return m_value;
+}
+
+void ValueMinMax::SetValue(double value)
+{
+    m_value = value;
+}
+
+double ValueMinMax::GetMin() const
+{
+    return m_min;
+}
+
+void ValueMinMax::SetMin(double min)
+{
+    m_min = min;
+}
+
+double ValueMinMax::GetMax() const
+{
+    return m_max;
+}
+
+void ValueMinMax::SetMax(double max)
+{
+    m_max = max;
+}
+
+bool ValueMinMax::IsValid(double value)
+{
+    return IsValueSet(value);
+}
+
+bool ValueMinMax::AnyData() const
+{
+    return HasData();
+}
+
+bool ValueMinMax::HasData() const
+{
+    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+}
+
+void ValueMinMax::Reset()
+{
+    UnsetFields(*this, Description::FIELDS);
+}
+
+void ValueMinMax::Check() const
+{
+    if (m_name.isEmpty())
+        throw RGException(messages::ValueMinMaxWithoutName());
+}
+
+void ValueMinMax::GetXml(QXmlStreamWriter& writer) const
+{
+    if (m_name.isEmpty() || !HasData())
+        return;
+    writer.writeStartElement(m_name);
+    WriteXmlFields(writer, *this, Description::FIELDS);
+    writer.writeEndElement();
+}
+
+void ValueMinMax::ReadValuesFromXml(QXmlStreamReader& reader)
+{
+    const auto store = [this](const auto& field, double value) { StoreField(*this, field, value); };
+    Unset(m_min);
+    Unset(m_max);
+    ReadXmlAttributes(reader, Description::FIELDS, store);
+    ReadXmlText(GetTextValue(reader), Description::VALUE, store);
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,84 @@
+#ifndef REPORTGENERATOR_VALUEMINMAX_H
+#define REPORTGENERATOR_VALUEMINMAX_H
+
+#include <reportgenerator/reportbase/irgobject.h>
+
+#include <QtCore/QString>
+
+namespace REPORTGENERATOR {
+
+/// A named number with an optional minimum and maximum; the frequency of `FrequencyInformation` and of
+/// `FrequencyListValue`.
+///
+/// Its XML element bears the name given by `SetName`, not the object name, and has the optional attributes
+/// "Min" and "Max" and the value as text, all with two decimals. There is no binary form. -111111.11 stands
+/// for "not set". A copy is complete, base included. One thread at a time.
+///
+///     REPORTGENERATOR::ValueMinMax value(121500000.0);
+///     value.SetName(QStringLiteral("Frequency"));
+///     const QString xml = value.GetXmlString();
+class REPORTBASE_EXPORT ValueMinMax : public IRGObject
+{
+public:
+    /// Nothing set and no name.
+    ValueMinMax();
+    explicit ValueMinMax(double value);
+    ValueMinMax(const ValueMinMax& other);
+    ValueMinMax& operator=(const ValueMinMax& other);
+    ~ValueMinMax() override;
+
+    /// Compare name, value, minimum and maximum; a NaN differs from everything.
+    bool operator==(const ValueMinMax& other) const;
+    bool operator!=(const ValueMinMax& other) const;
+
+    /// The name of the XML element; the object name stays "AnyType".
+    const QString& GetName() const;
+    void SetName(const QString& name);
+
+    double GetValue() const;
+    void SetValue(double value);
+
+    double GetMin() const;
+    void SetMin(double min);
+
+    double GetMax() const;
+    void SetMax(double max);
+
+    using IRGObject::IsValid;
+
+    /// Whether the number differs from the one that stands for "not set".
+    bool IsValid(double value); // Not const, so that it hides the base's operation instead of overriding it.
+
+    /// Whether the value is set; the bounds don't count.
+    bool AnyData() const;
+    bool HasData() const override;
+
+    /// Unsets the three numbers; the name stays.
+    void Reset() override;
+
+    using IRGObject::Check;
+
+    /// Throws `RGException` "ValueMinMax: Please set object name!" when there is no name. The numbers are not
+    /// looked at.
+    void Check() const override;
+
+    /// Writes the element; nothing without a name or a value.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+    /// Reads attributes and text of the element that the reader stands on; a missing attribute unsets its
+    /// bound. The value counts as set afterwards: a text that is not a number, the empty one included, reads
+    /// as 0.
+    void ReadValuesFromXml(QXmlStreamReader& reader);
+
+private:
+    struct Description;
+
+    QString m_name;
+    double m_value;
+    double m_min;
+    double m_max;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,145 @@
+#include <reportgenerator/reportbase/versionconverterproxy.h>
+
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/numbers_p.h>
+#include <reportgenerator/reportbase/rgexception.h>
+#include <reportgenerator/reportbase/xmltools_p.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QXmlStreamReader>
+
+#include <utility>
+
+namespace REPORTGENERATOR {
+
+VersionConverterProxy::VersionConverterProxy() = default;
+
+VersionConverterProxy::~VersionConverterProxy() = default;
+
+void VersionConverterProxy::RegisterRootClass(const QString& name, const QString& version, IRGObject* object)
+{
+    Versions& versions = m_rootClasses[name];
+    if (!versions.contains(version))
+        versions.insert(version, object);
+}
+
+IRGObject* VersionConverterProxy::GetRegisteredRootClass(const QString& name, const QString& version) const
+{
+    return m_rootClasses.value(name).value(version, nullptr);
+}
+
+void VersionConverterProxy::InjectXmlConverter(std::unique_ptr<IXmlConverter> converter)
+{
+    m_converter = std::move(converter);
+}
+
+bool VersionConverterProxy::CanUseProxy(QFile* file, IRGObject* target)
+{
+    file->QIODevice::reset();
+    QXmlStreamReader reader(file);
+    bool canUse = false;
+    for (auto root = m_rootClasses.cbegin(); root != m_rootClasses.cend() && !canUse; ++root) {
+        if (!ReadXmlUntil(reader, root.key()))
+            continue;
+        m_rootClass = root.key();
+        m_version = xmltools::VersionAttribute(reader);
+        const auto registered = root->constFind(m_version);
+        canUse = registered != root->constEnd() && *registered != target;
+    }
+    file->QIODevice::reset();
+    return canUse;
+}
+
+bool VersionConverterProxy::HasData() const
+{
+    return false;
+}
+
+void VersionConverterProxy::Reset() {}
+
+void VersionConverterProxy::Check() const {}
+
+void VersionConverterProxy::GetXml(QXmlStreamWriter& /*writer*/) const {}
+
+bool VersionConverterProxy::SetXmlString(const QString& /*xml*/, bool /*checkRoot*/)
+{
+    return false;
+}
+
+QString VersionConverterProxy::GetXmlString() const
+{
+    return QString();
+}
+
+bool VersionConverterProxy::LoadXml(QFile* file)
+{
+    // The object of an earlier load stays until another load succeeds: the converter may still need it.
+    m_errors.clear();
+    bool loaded = false;
+    try {
+        file->QIODevice::reset();
+        QXmlStreamReader reader(file);
+        for (auto root = m_rootClasses.cbegin(); root != m_rootClasses.cend(); ++root) {
+            if (!ReadXmlUntil(reader, root.key()))
+                continue;
+            m_rootClass = root.key();
+            m_version = xmltools::VersionAttribute(reader);
+            const auto registered = root->constFind(m_version);
+            if (registered != root->constEnd())
+                loaded = LoadRegistered(file, *registered, loaded);
+        }
+        return Convert(m_rootClass, m_loadedObject, m_version);
+    } catch (const RGException&) {
+        m_version.clear();
+        m_rootClass.clear();
+        m_loadedObject = nullptr;
+        return loaded;
+    }
+}
+
+bool VersionConverterProxy::LoadRegistered(QFile* file, IRGObject* object, bool loadedBefore)
+{
+    try {
+        file->QIODevice::reset();
+        const bool loaded = object->LoadXml(file);
+        if (loaded)
+            m_loadedObject = object;
+        return loaded;
+    } catch (const RGException& exception) {
+        m_errors.append(messages::ConvertingFailed(m_rootClass, m_version, exception.GetErrorText()));
+        return loadedBefore;
+    }
+}
+
+bool VersionConverterProxy::Convert(const QString& name, IRGObject* loaded, const QString& version)
+{
+    const double fileVersion = numbers::FromText(version);
+    IRGObject* target = nullptr;
+    double targetVersion = -1.0;
+    const Versions versions = m_rootClasses.value(name);
+    for (auto other = versions.cbegin(); other != versions.cend(); ++other) {
+        if (other.key() == version)
+            continue;
+        // The first other version is the right one: two versions are registered for a root class.
+        target = *other;
+        targetVersion = numbers::FromText(other.key());
+        break;
+    }
+    if (targetVersion > fileVersion)
+        return Upgrade(loaded, target);
+    if (fileVersion > targetVersion)
+        return Downgrade(loaded, target);
+    return false;
+}
+
+bool VersionConverterProxy::Upgrade(const IRGObject* from, IRGObject* to)
+{
+    return m_converter && m_converter->Upgrade(from, to);
+}
+
+bool VersionConverterProxy::Downgrade(const IRGObject* from, IRGObject* to)
+{
+    return m_converter && m_converter->Downgrade(from, to);
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,66 @@
+# Installs the build, moves the installed tree and looks at what is in it.
+
+include("${SETTINGS}")
+
+file(REMOVE_RECURSE "${SCRATCH}/prefix" "${PREFIX}")
+run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${SCRATCH}/prefix")
+file(RENAME "${SCRATCH}/prefix" "${PREFIX}")
+
+# --- The headers are the public ones, all of them and no other
+
+set(expected "")
+foreach(header IN LISTS PUBLIC_HEADERS)
+    file(RELATIVE_PATH name "${SOURCE_DIR}/framework" "${header}")
+    list(APPEND expected "${name}")
+endforeach()
+list(SORT expected)
+
+file(GLOB_RECURSE installed RELATIVE "${PREFIX}/${INCLUDE_DIR}" "${PREFIX}/${INCLUDE_DIR}/*")
+list(SORT installed)
+
+if(NOT installed STREQUAL expected)
+    message(FATAL_ERROR "installed headers: ${installed}\nexpected: ${expected}")
+endif()
+
+file(GLOB_RECURSE internal "${PREFIX}/*_p.h")
+if(internal)
+    message(FATAL_ERROR "internal headers are installed: ${internal}")
+endif()
+
+# --- The other files
+
+set(needed
+    "${LIB_DIR}/cmake/ReportGenerator/ReportGeneratorConfig.cmake"
+    "${LIB_DIR}/cmake/ReportGenerator/ReportGeneratorConfigVersion.cmake"
+    "${LIB_DIR}/pkgconfig/reportgenerator.pc")
+if(UNIX AND NOT APPLE)
+    list(APPEND needed "${LIB_DIR}/libreportbase.so" "${LIB_DIR}/libreportbase.so.0"
+        "${LIB_DIR}/libreportbase.so.${VERSION}")
+endif()
+if(BUILD_TOOLS)
+    list(APPEND needed "${BIN_DIR}/reporttool")
+endif()
+foreach(file IN LISTS needed)
+    if(NOT EXISTS "${PREFIX}/${file}")
+        message(FATAL_ERROR "not installed: ${file}")
+    endif()
+endforeach()
+
+# --- No description knows where the tree was built or installed
+
+file(GLOB_RECURSE descriptions "${PREFIX}/*.cmake" "${PREFIX}/*.pc")
+foreach(description IN LISTS descriptions)
+    file(READ "${description}" text)
+    foreach(place IN ITEMS "${SOURCE_DIR}" "${BUILD_DIR}")
+        string(FIND "${text}" "${place}" position)
+        if(NOT position EQUAL -1)
+            message(FATAL_ERROR "${description} names ${place}")
+        endif()
+    endforeach()
+endforeach()
+
+# --- The program finds its library in the moved tree
+
+if(BUILD_TOOLS)
+    run("${PREFIX}/${BIN_DIR}/reporttool" --help)
+endif()

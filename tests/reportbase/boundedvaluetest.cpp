@@ -1,0 +1,1366 @@
+// What Frequency and IFBandwidth have in common. Each test runs for both.
+
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/ifbandwidth.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <QtCore/QXmlStreamReader>
+#include <QtCore/QXmlStreamWriter>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace {
+
+using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::IFBandwidth;
+using Support::BodyOf;
+using Support::ByteArray;
+using Support::Bytes;
+using Support::Int32;
+using Support::ReadElement;
+using Support::ReadElements;
+using Support::ReadRawForm;
+using Support::Written;
+namespace Tag = Support::Tag;
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INF = std::numeric_limits<double>::infinity();
+constexpr int NO_FLAG = 0;
+constexpr int VALUE_FLAG = 1;
+constexpr int MIN_FLAG = 2;
+constexpr int MAX_FLAG = 4;
+
+template <class T>
+QString Name()
+{
+    return std::is_same_v<T, Frequency> ? QStringLiteral("Frequency") : QStringLiteral("IFBandwidth");
+}
+
+struct ClassNames
+{
+    template <class T>
+    static std::string GetName(int)
+    {
+        return Name<T>().toStdString();
+    }
+};
+
+/// The text with the class's name in place of each "@".
+template <class T>
+QString Named(const char* pattern)
+{
+    return Support::Text(pattern).replace(QLatin1Char('@'), Name<T>());
+}
+
+template <class T>
+QStringList NamedLines(std::initializer_list<const char*> patterns)
+{
+    QStringList lines;
+    for (const char* pattern : patterns)
+        lines << Named<T>(pattern);
+    return lines;
+}
+
+template <class T>
+Bytes Representation(const Bytes& elements)
+{
+    return Support::Representation(Name<T>().toStdU16String(), elements);
+}
+
+Bytes Number(long long tag, const char* text)
+{
+    return Element(tag, ByteArray(text));
+}
+
+Bytes Value(const char* text)
+{
+    return Number(Tag::FREQUENCY_VALUE, text);
+}
+
+Bytes Min(const char* text)
+{
+    return Number(Tag::FREQUENCY_MIN, text);
+}
+
+Bytes Max(const char* text)
+{
+    return Number(Tag::FREQUENCY_MAX, text);
+}
+
+template <class T>
+T WithValue(double value)
+{
+    T object;
+    object.SetValue(value);
+    return object;
+}
+
+template <class T>
+T Complete(double value, double min, double max)
+{
+    T object;
+    object.SetValue(value);
+    object.SetMin(min);
+    object.SetMax(max);
+    return object;
+}
+
+/// An object that doesn't validate, with the flags as given and these numbers behind them.
+template <class T>
+T WithLeftovers(int flags, double value, double min, double max)
+{
+    T object;
+    object.SetValidate(false);
+    EXPECT_EQ(ReadRawForm(object, Support::Byte(VALUE_FLAG | MIN_FLAG | MAX_FLAG) + Support::Double(value) +
+                                      Support::Double(min) + Support::Double(max)),
+              0);
+    Bytes raw = Support::Byte(flags) + Support::Double(value);
+    if (flags & MIN_FLAG)
+        raw += Support::Double(min);
+    if (flags & MAX_FLAG)
+        raw += Support::Double(max);
+    EXPECT_EQ(ReadRawForm(object, raw), 0);
+    return object;
+}
+
+template <class T>
+std::string SetFields(const T& object)
+{
+    std::string fields;
+    if (object.IsValueSet())
+        fields += "value ";
+    if (object.IsMinSet())
+        fields += "min ";
+    if (object.IsMaxSet())
+        fields += "max ";
+    return fields;
+}
+
+/// Finds nothing wrong and nothing there.
+template <class T>
+class Lenient : public T
+{
+public:
+    void Check(bool) const override {}
+    void Check() const override {}
+};
+
+template <class T>
+class Renamed : public T
+{
+public:
+    Renamed() { this->SetObjectName(QStringLiteral("Renamed")); }
+};
+
+template <class T>
+struct Field
+{
+    const char* name;
+    double (T::*get)() const;
+    void (T::*set)(double);
+    bool (T::*isSet)() const;
+    void (T::*reset)();
+    bool (T::*isValid)(const double&) const;
+    double (T::*getDefault)() const;
+};
+
+template <class T>
+std::vector<Field<T>> Fields()
+{
+    return {
+        {"value", &T::GetValue, &T::SetValue, &T::IsValueSet, &T::ResetValue, &T::IsValidValue,
+         &T::GetDefaultValue},
+        {"min", &T::GetMin, &T::SetMin, &T::IsMinSet, &T::ResetMin, &T::IsValidMin, &T::GetDefaultMin},
+        {"max", &T::GetMax, &T::SetMax, &T::IsMaxSet, &T::ResetMax, &T::IsValidMax, &T::GetDefaultMax},
+    };
+}
+
+template <class T>
+class BoundedValue : public ::testing::Test
+{
+};
+
+using Classes = ::testing::Types<Frequency, IFBandwidth>;
+TYPED_TEST_SUITE(BoundedValue, Classes, ClassNames);
+
+} // namespace
+
+// --- Fields -----------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, DefaultConstructedHasNothingSet)
+{
+    const TypeParam object;
+    EXPECT_FALSE(object.IsInitialized());
+    EXPECT_EQ(SetFields(object), "");
+    EXPECT_FALSE(object.AnyData());
+    EXPECT_FALSE(object.HasData());
+}
+
+TYPED_TEST(BoundedValue, GettersOfANewObjectGiveZeroAndMakeTheRecordButSetNothing)
+{
+    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+        SCOPED_TRACE(field.name);
+        const TypeParam object;
+        EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(0.0));
+        EXPECT_TRUE(object.IsInitialized());
+        EXPECT_EQ(SetFields(object), "");
+        EXPECT_FALSE(object.AnyData());
+    }
+}
+
+TYPED_TEST(BoundedValue, DefaultsAreZeroAndDoNotMakeTheRecord)
+{
+    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+        SCOPED_TRACE(field.name);
+        const TypeParam object;
+        EXPECT_EQ(Support::BitsOf((object.*field.getDefault)()), Support::BitsOf(0.0));
+        EXPECT_FALSE(object.IsInitialized());
+    }
+}
+
+TYPED_TEST(BoundedValue, SettersTakeEveryNumberAsItIsWithoutAMessage)
+{
+    for (const bool validate : {true, false}) {
+        for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+            for (const Support::NamedNumber& row : Support::OddNumbers()) {
+                SCOPED_TRACE(field.name + (" " + row.name) + (validate ? ", validating" : ""));
+                TypeParam object;
+                object.SetValidate(validate);
+                const auto logger = Support::NewLogger();
+                object.SetLogger(logger);
+                EXPECT_NO_RG_THROW((object.*field.set)(row.value));
+                EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(row.value));
+                EXPECT_EQ(SetFields(object), std::string(field.name) + " ");
+                EXPECT_LOG(logger, {});
+            }
+        }
+    }
+}
+
+TYPED_TEST(BoundedValue, EveryNumberIsValid)
+{
+    const TypeParam object;
+    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+        for (const Support::NamedNumber& row : Support::OddNumbers())
+            EXPECT_TRUE((object.*field.isValid)(row.value)) << field.name << " " << row.name;
+    }
+    EXPECT_FALSE(object.IsInitialized());
+}
+
+TYPED_TEST(BoundedValue, TheNumberThatMeansUnsetElsewhereCountsAsSet)
+{
+    TypeParam object;
+    object.SetValue(-111111.11);
+    object.SetMin(-111111.11);
+    EXPECT_TRUE(object.HasData());
+    EXPECT_TRUE(object.IsMinSet());
+    EXPECT_NO_RG_THROW(object.Check());
+    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"-111111.11\">-111111.11</@>"));
+}
+
+TYPED_TEST(BoundedValue, BoundsAreNotComparedWithTheValue)
+{
+    const TypeParam object = Complete<TypeParam>(1.0, 3.0, 2.0);
+    EXPECT_NO_RG_THROW(object.Check());
+    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"3.00\" Max=\"2.00\">1.00</@>"));
+}
+
+TYPED_TEST(BoundedValue, ResettingAFieldUnsetsItAloneAndStoresZero)
+{
+    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+        SCOPED_TRACE(field.name);
+        TypeParam object = Complete<TypeParam>(1.5, 2.5, 3.5);
+        (object.*field.reset)();
+        for (const Field<TypeParam>& other : Fields<TypeParam>())
+            EXPECT_EQ((object.*other.isSet)(), field.get != other.get) << other.name;
+        EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(0.0));
+    }
+}
+
+TYPED_TEST(BoundedValue, ResettingAnUnsetFieldClearsItsLeftover)
+{
+    TypeParam object = WithLeftovers<TypeParam>(NO_FLAG, 1.5, 2.5, 3.5);
+    EXPECT_EQ(object.GetMin(), 2.5);
+    object.ResetMin();
+    EXPECT_EQ(object.GetMin(), 0.0);
+    EXPECT_EQ(object.GetMax(), 3.5);
+}
+
+TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
+{
+    struct Row
+    {
+        int flags;
+        bool anyData;
+        bool hasData;
+    };
+    const Row rows[] = {
+        {NO_FLAG, false, false}, {VALUE_FLAG, true, true},           {MIN_FLAG, true, false},
+        {MAX_FLAG, true, false}, {MIN_FLAG | MAX_FLAG, true, false}, {VALUE_FLAG | MAX_FLAG, true, true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.flags);
+        const TypeParam object = WithLeftovers<TypeParam>(row.flags, 1.0, 2.0, 3.0);
+        EXPECT_EQ(object.AnyData(), row.anyData);
+        EXPECT_EQ(object.HasData(), row.hasData);
+    }
+}
+
+TYPED_TEST(BoundedValue, ResetUnsetsEverythingAndKeepsTheRecord)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    object.Reset();
+    EXPECT_TRUE(object.IsInitialized());
+    EXPECT_FALSE(object.AnyData());
+    EXPECT_EQ(object.GetValue(), 0.0);
+    EXPECT_EQ(object.GetMin(), 0.0);
+    EXPECT_EQ(object.GetMax(), 0.0);
+}
+
+TYPED_TEST(BoundedValue, ResetToDefaultUnsetsTheNumbersAndAlwaysLeavesARecord)
+{
+    TypeParam fresh;
+    fresh.ResetToDefault();
+    EXPECT_TRUE(fresh.IsInitialized());
+    EXPECT_EQ(SetFields(fresh), "");
+    EXPECT_FALSE(fresh.HasData());
+
+    TypeParam used = Complete<TypeParam>(1.0, 2.0, 3.0);
+    used.ResetToDefault();
+    EXPECT_TRUE(used.IsInitialized());
+    EXPECT_EQ(SetFields(used), "");
+    EXPECT_EQ(used.GetValue(), 0.0);
+    EXPECT_EQ(used.GetMin(), 0.0);
+    EXPECT_EQ(used.GetMax(), 0.0);
+    EXPECT_TRUE(used == fresh);
+}
+
+TYPED_TEST(BoundedValue, TheValueIsSetTheWayItStandsAfterEachCall)
+{
+    TypeParam object;
+    object.SetValue(1.0);
+    object.SetValue(2.0);
+    EXPECT_EQ(object.GetValue(), 2.0);
+    object.ResetValue();
+    EXPECT_FALSE(object.IsValueSet());
+    object.SetValue(0.0);
+    EXPECT_TRUE(object.IsValueSet());
+}
+
+// --- When the record is made ------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, OperationsThatMakeTheRecordAndThoseThatDoNot)
+{
+    using Operation = std::function<void(TypeParam&)>;
+    struct Row
+    {
+        const char* name;
+        Operation run;
+        bool makesRecord;
+    };
+    const auto ignoringErrors = [](const Operation& run) {
+        return [run](TypeParam& object) {
+            EXPECT_RG_THROW(run(object), "OutOfRangeException",
+                            Named<TypeParam>("@: Please set Value properly."));
+        };
+    };
+    const auto unchecked = [](const Operation& run) {
+        return [run](TypeParam& object) {
+            object.SetValidate(false);
+            run(object);
+        };
+    };
+    const auto getXml = [](TypeParam& object) { Support::UnindentedXmlOf(object); };
+    const auto getBinary = [](TypeParam& object) { BodyOf(object); };
+
+    const std::vector<Row> rows = {
+        {"IsInitialized", [](TypeParam& o) { o.IsInitialized(); }, false},
+        {"IsValueSet", [](TypeParam& o) { o.IsValueSet(); }, false},
+        {"IsMinSet", [](TypeParam& o) { o.IsMinSet(); }, false},
+        {"IsMaxSet", [](TypeParam& o) { o.IsMaxSet(); }, false},
+        {"AnyData", [](TypeParam& o) { o.AnyData(); }, false},
+        {"HasData", [](TypeParam& o) { o.HasData(); }, false},
+        {"Reset", [](TypeParam& o) { o.Reset(); }, false},
+        {"ResetValue", [](TypeParam& o) { o.ResetValue(); }, false},
+        {"ResetMin", [](TypeParam& o) { o.ResetMin(); }, false},
+        {"ResetMax", [](TypeParam& o) { o.ResetMax(); }, false},
+        {"IsValidValue", [](TypeParam& o) { o.IsValidValue(1.0); }, false},
+        {"GetDefaultValue", [](TypeParam& o) { o.GetDefaultValue(); }, false},
+        {"empty XML", [](TypeParam& o) { o.SetXmlString(QString(), false); }, false},
+        {"XML of another", [](TypeParam& o) { o.SetXmlString(QStringLiteral("<A/>"), false); }, false},
+        {"unknown marker",
+         [](TypeParam& o) {
+             QByteArray bytes = Support::String(u"Other").Data();
+             o.SetBinaryRepresentation(bytes);
+         },
+         false},
+        {"comparison without a record", [](TypeParam& o) { EXPECT_TRUE(o == TypeParam()); }, false},
+
+        {"GetValue", [](TypeParam& o) { o.GetValue(); }, true},
+        {"GetMin", [](TypeParam& o) { o.GetMin(); }, true},
+        {"GetMax", [](TypeParam& o) { o.GetMax(); }, true},
+        {"SetValue", [](TypeParam& o) { o.SetValue(1.0); }, true},
+        {"SetMin", [](TypeParam& o) { o.SetMin(1.0); }, true},
+        {"SetMax", [](TypeParam& o) { o.SetMax(1.0); }, true},
+        {"ResetToDefault", [](TypeParam& o) { o.ResetToDefault(); }, true},
+        {"Check", ignoringErrors([](TypeParam& o) { o.Check(); }), true},
+        {"Check(true)", ignoringErrors([](TypeParam& o) { o.Check(true); }), true},
+        {"GetXml, validating", ignoringErrors(getXml), true},
+        {"GetXml", unchecked(getXml), true},
+        {"GetBinary, validating", ignoringErrors(getBinary), true},
+        {"GetBinary", unchecked(getBinary), true},
+        {"raw writing", [](TypeParam& o) { Support::RawFormOf(o); }, true},
+        {"raw reading", [](TypeParam& o) { ReadRawForm(o, Support::Byte(0) + Support::Double(0.0)); }, true},
+        {"SetBinary of nothing", [](TypeParam& o) { ReadElements(o, Bytes()); }, true},
+        {"ProcessXml", [](TypeParam& o) { ReadElement(o, Named<TypeParam>("<@/>")); }, true},
+        {"SetXmlString", [](TypeParam& o) { o.SetXmlString(Named<TypeParam>("<@/>"), true); }, true},
+        {"comparison with a record",
+         [](TypeParam& o) {
+             TypeParam other;
+             other.GetValue();
+             EXPECT_TRUE(o == other);
+         },
+         true},
+        {"comparison by another with a record",
+         [](TypeParam& o) {
+             TypeParam other;
+             other.GetValue();
+             EXPECT_TRUE(other == o);
+         },
+         true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        TypeParam object;
+        row.run(object);
+        EXPECT_EQ(object.IsInitialized(), row.makesRecord);
+    }
+}
+
+// --- Comparison -------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, FieldsMatchWhenUnsetInBothOrSetInBothWithEqualNumbers)
+{
+    const int allFlags = VALUE_FLAG | MIN_FLAG | MAX_FLAG;
+    for (int left = 0; left <= allFlags; ++left) {
+        for (int right = 0; right <= allFlags; ++right) {
+            SCOPED_TRACE(std::to_string(left) + " and " + std::to_string(right));
+            const TypeParam one = WithLeftovers<TypeParam>(left, 1.0, 2.0, 3.0);
+            const TypeParam other = WithLeftovers<TypeParam>(right, 1.0, 2.0, 3.0);
+            EXPECT_EQ(one == other, left == right);
+            EXPECT_EQ(one != other, left != right);
+        }
+    }
+}
+
+TYPED_TEST(BoundedValue, EachNumberTakesPartInTheComparison)
+{
+    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_TRUE(object == Complete<TypeParam>(1.0, 2.0, 3.0));
+    EXPECT_TRUE(object != Complete<TypeParam>(1.5, 2.0, 3.0));
+    EXPECT_TRUE(object != Complete<TypeParam>(1.0, 2.5, 3.0));
+    EXPECT_TRUE(object != Complete<TypeParam>(1.0, 2.0, 3.5));
+    EXPECT_TRUE(object != Complete<TypeParam>(std::nextafter(1.0, 2.0), 2.0, 3.0));
+}
+
+TYPED_TEST(BoundedValue, ObjectsThatDifferInTheLeftoverOfAnUnsetFieldAreEqual)
+{
+    EXPECT_TRUE(WithLeftovers<TypeParam>(VALUE_FLAG, 1.0, 2.0, 3.0) ==
+                WithLeftovers<TypeParam>(VALUE_FLAG, 1.0, 20.0, 30.0));
+    EXPECT_TRUE(WithLeftovers<TypeParam>(MIN_FLAG, 1.0, 2.0, 3.0) ==
+                WithLeftovers<TypeParam>(MIN_FLAG, 10.0, 2.0, 30.0));
+    EXPECT_TRUE(WithLeftovers<TypeParam>(NO_FLAG, 1.0, 2.0, 3.0) == TypeParam());
+}
+
+TYPED_TEST(BoundedValue, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsNothing)
+{
+    EXPECT_TRUE(WithValue<TypeParam>(0.0) == WithValue<TypeParam>(-0.0));
+    EXPECT_TRUE(WithValue<TypeParam>(INF) == WithValue<TypeParam>(INF));
+    EXPECT_TRUE(WithValue<TypeParam>(INF) != WithValue<TypeParam>(-INF));
+
+    const TypeParam notANumber = WithValue<TypeParam>(NOT_A_NUMBER);
+    EXPECT_FALSE(notANumber == WithValue<TypeParam>(NOT_A_NUMBER));
+    EXPECT_FALSE(notANumber == notANumber);
+
+    TypeParam sharing;
+    sharing = notANumber;
+    EXPECT_FALSE(sharing == notANumber);
+}
+
+// --- Check ------------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, CheckReportsTheMissingValueWhetherValidatingOrNot)
+{
+    for (const bool validate : {true, false}) {
+        for (const bool logOnly : {true, false}) {
+            SCOPED_TRACE(std::to_string(validate) + std::to_string(logOnly));
+            TypeParam object;
+            object.SetValidate(validate);
+            object.SetMin(1.0);
+            EXPECT_RG_THROW(object.Check(logOnly), "OutOfRangeException",
+                            Named<TypeParam>("@: Please set Value properly."));
+            EXPECT_RG_THROW(object.Check(), "OutOfRangeException",
+                            Named<TypeParam>("@: Please set Value properly."));
+        }
+    }
+}
+
+TYPED_TEST(BoundedValue, CheckWithLoggerLogsAsFatalAndThrows)
+{
+    TypeParam object;
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    EXPECT_RG_THROW(object.Check(), "OutOfRangeException", Named<TypeParam>("@: Please set Value properly."));
+    EXPECT_RG_THROW(object.Check(false), "OutOfRangeException",
+                    Named<TypeParam>("@: Please set Value properly."));
+    EXPECT_LOG(logger,
+               NamedLines<TypeParam>({"FATAL ERROR: OutOfRangeException: @: Please set Value properly.",
+                                      "FATAL ERROR: OutOfRangeException: @: Please set Value properly."}));
+}
+
+TYPED_TEST(BoundedValue, CheckOfTrueWithLoggerLogsAndReturns)
+{
+    TypeParam object;
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    EXPECT_NO_RG_THROW(object.Check(true));
+    EXPECT_LOG(logger, NamedLines<TypeParam>({"ERROR: OutOfRangeException: @: Please set Value properly."}));
+    EXPECT_TRUE(logger->HasErrors());
+}
+
+TYPED_TEST(BoundedValue, CheckOfAnObjectWithAValueSaysNothing)
+{
+    for (const Support::NamedNumber& row : Support::OddNumbers()) {
+        SCOPED_TRACE(row.name);
+        const TypeParam object = WithValue<TypeParam>(row.value);
+        const auto logger = Support::NewLogger();
+        object.SetLogger(logger);
+        EXPECT_NO_RG_THROW(object.Check());
+        EXPECT_NO_RG_THROW(object.Check(true));
+        EXPECT_LOG(logger, {});
+    }
+}
+
+TYPED_TEST(BoundedValue, MessagesBeginWithTheCurrentName)
+{
+    Renamed<TypeParam> object;
+    EXPECT_RG_THROW(object.Check(), "OutOfRangeException", "Renamed: Please set Value properly.");
+    EXPECT_RG_THROW(ReadElements(object, 4, Bytes()), "BinaryParsingException",
+                    "Renamed::SetBinary(...): Length error occurred during processing of binary "
+                    "representation");
+}
+
+// --- XML writing ------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, XmlHoldsTheValueAsTextAndTheBoundsThatAreSetAsAttributes)
+{
+    EXPECT_XML(WithValue<TypeParam>(433920000.0), Named<TypeParam>("\n<@>433920000.00</@>"));
+
+    TypeParam object;
+    object.SetValue(433920000.0);
+    object.SetMin(433000000.0);
+    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"433000000.00\">433920000.00</@>"));
+
+    object.ResetMin();
+    object.SetMax(434000000.0);
+    EXPECT_XML(object, Named<TypeParam>("\n<@ Max=\"434000000.00\">433920000.00</@>"));
+}
+
+TYPED_TEST(BoundedValue, AttributesStandInTheirOrderWhateverTheOrderOfSetting)
+{
+    TypeParam object;
+    object.SetMax(3.0);
+    object.SetValue(1.0);
+    object.SetMin(2.0);
+    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"2.00\" Max=\"3.00\">1.00</@>"));
+}
+
+TYPED_TEST(BoundedValue, XmlNumbersHaveExactlyTwoDecimals)
+{
+    struct Row
+    {
+        double number;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0.0, "0.00"},      {-0.0, "0.00"},         {1.0, "1.00"},
+        {99.999, "100.00"}, {1e9, "1000000000.00"}, {0.125, "0.13"},
+        {-0.125, "-0.13"},  {0.375, "0.38"},        {1.005, "1.00"},
+        {0.005, "0.01"},    {-0.001, "-0.00"},      {1e22, "10000000000000000000000.00"},
+        {5e-324, "0.00"},   {-5e-324, "-0.00"},     {NOT_A_NUMBER, "nan"},
+        {INF, "inf"},       {-INF, "-inf"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        const QString text = Support::Text(row.text);
+        EXPECT_XML(Complete<TypeParam>(row.number, row.number, row.number),
+                   Named<TypeParam>("\n<@ Min=\"#\" Max=\"#\">#</@>").replace(QLatin1Char('#'), text));
+    }
+}
+
+TYPED_TEST(BoundedValue, GetXmlWritesOneElementWhereTheWriterStands)
+{
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    writer.writeStartElement(QStringLiteral("Holder"));
+    Complete<TypeParam>(1.0, 2.0, 3.0).GetXml(writer);
+    WithValue<TypeParam>(4.0).GetXml(writer);
+    writer.writeEndElement();
+    EXPECT_TEXT(xml, Named<TypeParam>("<Holder><@ Min=\"2.00\" Max=\"3.00\">1.00</@><@>4.00</@></Holder>"));
+}
+
+TYPED_TEST(BoundedValue, XmlElementBearsTheCurrentName)
+{
+    Renamed<TypeParam> object;
+    object.SetValue(1.0);
+    EXPECT_XML(object, "\n<Renamed>1.00</Renamed>");
+}
+
+TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueThrowsWhenValidating)
+{
+    TypeParam object;
+    object.SetMin(1.0);
+    EXPECT_RG_THROW(object.GetXmlString(), "OutOfRangeException",
+                    Named<TypeParam>("@: Please set Value properly."));
+
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    EXPECT_RG_THROW(object.GetXml(writer), "OutOfRangeException",
+                    Named<TypeParam>("@: Please set Value properly."));
+    EXPECT_TEXT(xml, "");
+}
+
+TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueHoldsWhatStandsThereWhenNotValidating)
+{
+    TypeParam fresh;
+    fresh.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    fresh.SetLogger(logger);
+    EXPECT_XML(fresh, Named<TypeParam>("\n<@>0.00</@>"));
+    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
+    EXPECT_FALSE(fresh.IsValueSet());
+
+    EXPECT_XML(WithLeftovers<TypeParam>(MAX_FLAG, 5.5, 6.5, 7.5),
+               Named<TypeParam>("\n<@ Max=\"7.50\">5.50</@>"));
+}
+
+TYPED_TEST(BoundedValue, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
+{
+    Lenient<TypeParam> object;
+    object.SetMin(1.0);
+    EXPECT_XML(object, "");
+    EXPECT_EQ(Written([&](QDataStream& stream) { EXPECT_FALSE(object.GetBinary(stream, 1, true)); }).size(),
+              0);
+    EXPECT_BYTES(object.GetBinaryRepresentationAsQByteArray(),
+                 Support::String(u"IRGObject") + Support::String(Name<TypeParam>().toStdU16String()));
+}
+
+// --- XML reading ------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, XmlReadingTakesBoundsAndValue)
+{
+    TypeParam object;
+    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@ Max=\"3.25\" Min=\"2.5\">1.125</@>"), true));
+    EXPECT_EQ(object.GetValue(), 1.125);
+    EXPECT_EQ(object.GetMin(), 2.5);
+    EXPECT_EQ(object.GetMax(), 3.25);
+    EXPECT_EQ(SetFields(object), "value min max ");
+}
+
+TYPED_TEST(BoundedValue, XmlReadingLeavesWhatIsNotThereUnset)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@>5</@>"), true));
+    EXPECT_TRUE(object == WithValue<TypeParam>(5.0));
+    EXPECT_EQ(object.GetMin(), 0.0);
+}
+
+TYPED_TEST(BoundedValue, ProcessXmlLeavesWhatIsNotThereAsItWas)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_TEXT(ReadElement(object, Named<TypeParam>("<@ Max=\"30\">10</@>")), Named<TypeParam>("</@>"));
+    EXPECT_TRUE(object == Complete<TypeParam>(10.0, 2.0, 30.0));
+}
+
+TYPED_TEST(BoundedValue, XmlNumbersThatAreNoneReadAsZeroAndCountAsSet)
+{
+    for (const Support::NumberText& row : Support::NumberTexts()) {
+        SCOPED_TRACE(::testing::PrintToString(row.text));
+        TypeParam object;
+        const auto logger = Support::NewLogger();
+        object.SetLogger(logger);
+        EXPECT_TRUE(object.SetXmlString(
+            Named<TypeParam>("<@ Min=\"#\" Max=\"#\">#</@>").replace(QLatin1Char('#'), row.text), true));
+        EXPECT_EQ(SetFields(object), "value min max ");
+        EXPECT_EQ(object.GetValue(), row.number);
+        EXPECT_EQ(object.GetMin(), row.number);
+        EXPECT_EQ(object.GetMax(), row.number);
+        EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
+    }
+}
+
+TYPED_TEST(BoundedValue, XmlNumbersMayBeNoNumbersAndInfinite)
+{
+    TypeParam object;
+    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@ Min=\"-inf\" Max=\"inf\">nan</@>"), true));
+    EXPECT_TRUE(std::isnan(object.GetValue()));
+    EXPECT_EQ(object.GetMin(), -INF);
+    EXPECT_EQ(object.GetMax(), INF);
+}
+
+TYPED_TEST(BoundedValue, ElementWithoutTextSetsTheValueToZero)
+{
+    for (const char* xml : {"<@/>", "<@></@>", "<@><!-- none --></@>", "<@ Min=\"1\"/>"}) {
+        SCOPED_TRACE(xml);
+        TypeParam object;
+        EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(xml), true));
+        EXPECT_TRUE(object.IsValueSet());
+        EXPECT_EQ(object.GetValue(), 0.0);
+    }
+}
+
+TYPED_TEST(BoundedValue, UnknownAttributesAndChildrenArePassedOverWithoutAMessage)
+{
+    for (const bool validate : {true, false}) {
+        TypeParam object;
+        object.SetValidate(validate);
+        const auto logger = Support::NewLogger();
+        object.SetLogger(logger);
+        EXPECT_TRUE(object.SetXmlString(
+            Named<TypeParam>(
+                "<@ Unit=\"Hz\" min=\"7\" MAX=\"8\" Value=\"9\">12<Note Min=\"6\"/><Value/></@>"),
+            true));
+        EXPECT_TRUE(object == WithValue<TypeParam>(12.0));
+        EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
+    }
+}
+
+TYPED_TEST(BoundedValue, TheValueIsTheLastPieceOfTextBeforeTheFirstEndTag)
+{
+    struct Row
+    {
+        const char* xml;
+        double value;
+    };
+    const Row rows[] = {
+        {"<@>12<!-- comment -->34</@>", 34.0},
+        {"<@>12<![CDATA[34]]></@>", 34.0},
+        {"<@><![CDATA[12]]>34</@>", 34.0},
+        {"<@>12<!-- comment --></@>", 12.0},
+        {"<@>12<?instruction?>34</@>", 34.0},
+        {"<@>1&#50;</@>", 12.0},
+        {"<@>12<x/>34</@>", 12.0},
+        {"<@>12<x>34</x>56</@>", 34.0},
+        {"<@>12<x>34<y>56</y>78</x>90</@>", 56.0},
+        {"<@>12<x>34<y/>56</x>78</@>", 34.0},
+        {"<@><x/>34</@>", 0.0},
+        {"<@>1<@>2</@>3</@>", 2.0},
+        {"<@><@/>3</@>", 0.0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.xml);
+        TypeParam object;
+        EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(row.xml), true));
+        EXPECT_TRUE(object == WithValue<TypeParam>(row.value)) << object.GetValue();
+    }
+}
+
+TYPED_TEST(BoundedValue, ReadingEndsOnTheFirstTagOfTheSameNameAfterTheText)
+{
+    struct Row
+    {
+        const char* xml;
+        const char* end;
+    };
+    const Row rows[] = {
+        {"<@>1</@><Next/>", "</@>"},      {"<@/><Next/>", "</@>"},       {"<@>1<x/>2</@>", "</@>"},
+        {"<@>1<x><y/></x>2</@>", "</@>"}, {"<@>1<@>2</@>3</@>", "</@>"}, {"<@>1<x/><@>2</@></@>", "<@>"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.xml);
+        TypeParam object;
+        EXPECT_TEXT(
+            ReadElement(
+                object,
+                Named<TypeParam>((std::string("<r>") + row.xml + "</r>").c_str()).remove(0, 3).chopped(4)),
+            Named<TypeParam>(row.end));
+    }
+}
+
+TYPED_TEST(BoundedValue, TheReaderStaysOnTheEndTagSoThatAHolderCanGoOn)
+{
+    QXmlStreamReader reader(Named<TypeParam>("<r><@>1<x/></@><@>2</@><After/></r>"));
+    QVector<double> values;
+    QString after;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (!reader.isStartElement())
+            continue;
+        if (reader.name() == Name<TypeParam>()) {
+            TypeParam object;
+            object.ReadValuesFromXml(reader);
+            EXPECT_TRUE(reader.isEndElement());
+            values << object.GetValue();
+        } else {
+            after = reader.name().toString();
+        }
+    }
+    EXPECT_EQ(values, (QVector<double>{1.0, 2.0}));
+    EXPECT_TEXT(after, "After");
+}
+
+TYPED_TEST(BoundedValue, ElementIsFoundAnywhereWhenTheRootIsNotChecked)
+{
+    TypeParam object;
+    const QString xml = Named<TypeParam>("<a><b/><c><@ Min=\"1\">2</@></c><@>3</@></a>");
+    EXPECT_TRUE(object.SetXmlString(xml, false));
+    EXPECT_EQ(object.GetValue(), 2.0);
+    EXPECT_EQ(object.GetMin(), 1.0);
+    EXPECT_RG_THROW(object.SetXmlString(xml, true), "RGException", Named<TypeParam>("Unsuitable XML for @!"));
+    EXPECT_FALSE(object.AnyData());
+}
+
+TYPED_TEST(BoundedValue, MalformedXmlIsReportedAndWhatWasReadBeforeStays)
+{
+    struct Row
+    {
+        const char* xml;
+        const char* fields;
+    };
+    const Row rows[] = {
+        {"<@ Min=\"1\">2", "min "},
+        {"<@ Min=\"1\" Max=\"2\">3</Wrong>", "min max "},
+        {"<@ Min=\"1\">2<x></@>", "min "},
+        {"<@ Min=\"1\">2&nothing;</@>", "min "},
+        {"<@>2<", ""},
+        {"<@ Min=\"1\" Min=\"2\">3</@>", ""},
+        {"<@ Min=1>3</@>", ""},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.xml);
+            const QString xml = Named<TypeParam>(row.xml);
+            TypeParam object = Complete<TypeParam>(7.0, 8.0, 9.0);
+            object.SetValidate(validate);
+            EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_EQ(SetFields(object), row.fields);
+
+            const auto logger = Support::NewLogger();
+            object.SetLogger(logger);
+            EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_LOG(logger, QStringList({Named<TypeParam>("INFO: @: Loading xml string."),
+                                            QStringLiteral("FATAL ERROR: RGException: ") +
+                                                Support::XmlErrorOf(xml)}));
+        }
+    }
+}
+
+TYPED_TEST(BoundedValue, WhatStandsBehindTheReadPartIsNotLookedAt)
+{
+    for (const char* xml : {"<@>5</@></@>", "<@>5</@><<<", "<a><@>5</@>", "<a><@>5</@></b>", "<@>5<x/>"}) {
+        SCOPED_TRACE(xml);
+        TypeParam object;
+        EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(xml), false));
+        EXPECT_TRUE(object == WithValue<TypeParam>(5.0));
+    }
+}
+
+TYPED_TEST(BoundedValue, XmlWithoutTheElementLeavesTheObjectUntouched)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    EXPECT_FALSE(object.SetXmlString(QString(), true));
+    EXPECT_FALSE(object.SetXmlString(QStringLiteral("<Other>1</Other>"), true));
+    EXPECT_FALSE(object.SetXmlString(Named<TypeParam>("<@ Min=\"1\""), true));
+    EXPECT_TRUE(object == Complete<TypeParam>(1.0, 2.0, 3.0));
+    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string.", "INFO: @: Loading xml string.",
+                                              "INFO: @: Loading xml string."}));
+}
+
+TYPED_TEST(BoundedValue, AnElementWhoseNameOnlyBeginsAlikeResetsTheObjectAndIsNotRead)
+{
+    TypeParam object = WithValue<TypeParam>(1.0);
+    EXPECT_FALSE(object.SetXmlString(Named<TypeParam>("<@Information>5</@Information>"), false));
+    EXPECT_FALSE(object.AnyData());
+    EXPECT_RG_THROW(object.SetXmlString(Named<TypeParam>("<@Information>5</@Information>"), true),
+                    "RGException", Named<TypeParam>("Unsuitable XML for @!"));
+}
+
+// --- Tagged form, writing ---------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, BodyHoldsMinMaxAndTheValueLast)
+{
+    TypeParam object;
+    object.SetValue(433920000.0);
+    EXPECT_BYTES(BodyOf(object), Element(1, Value("433920000.00")));
+    object.SetMax(3.0);
+    EXPECT_BYTES(BodyOf(object), Element(1, Max("3.00") + Value("433920000.00")));
+    object.SetMin(2.0);
+    EXPECT_BYTES(BodyOf(object), Element(1, Min("2.00") + Max("3.00") + Value("433920000.00")));
+}
+
+TYPED_TEST(BoundedValue, TheTagIsTheCallersAndCanBeLeftOut)
+{
+    const TypeParam object = WithValue<TypeParam>(1.0);
+    EXPECT_BYTES(BodyOf(object, -5, true), Element(-5, Value("1.00")));
+    EXPECT_BYTES(BodyOf(object, -5, false), Support::Body(Value("1.00")));
+    Written([&](QDataStream& stream) { EXPECT_TRUE(object.GetBinary(stream, 1, true)); });
+}
+
+TYPED_TEST(BoundedValue, TaggedNumbersAreTheTextsOfXml)
+{
+    EXPECT_BYTES(BodyOf(Complete<TypeParam>(1.005, 99.999, -0.001)),
+                 Element(1, Min("100.00") + Max("-0.00") + Value("1.00")));
+    EXPECT_BYTES(BodyOf(Complete<TypeParam>(NOT_A_NUMBER, -INF, INF)),
+                 Element(1, Min("-inf") + Max("inf") + Value("nan")));
+}
+
+TYPED_TEST(BoundedValue, BodyGoesIntoTheMiddleOfACallersStream)
+{
+    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    const Bytes body = Element(7, Min("2.00") + Max("3.00") + Value("1.00"));
+    const QByteArray bytes = Written([&](QDataStream& stream) {
+        stream << qint32(-1) << quint8(9);
+        EXPECT_TRUE(object.GetBinary(stream, 7, true));
+        stream << qint32(4);
+        EXPECT_TRUE(object.GetBinary(stream, 7, true));
+    });
+    EXPECT_BYTES(bytes, Int32(-1) + Support::Byte(9) + body + Int32(4) + body);
+}
+
+TYPED_TEST(BoundedValue, BodyWrittenOverOlderBytesReplacesItsOwnLengthOnly)
+{
+    QBuffer buffer;
+    buffer.setData(QByteArray(60, 'x'));
+    ASSERT_TRUE(buffer.open(QIODevice::ReadWrite));
+    buffer.seek(10);
+    QDataStream stream(&buffer);
+    EXPECT_TRUE(WithValue<TypeParam>(1.0).GetBinary(stream, 7, true));
+    const Bytes body = Element(7, Value("1.00"));
+    EXPECT_EQ(buffer.pos(), 10 + body.Size());
+    EXPECT_BYTES(buffer.data(),
+                 Support::Raw(std::string(10, 'x')) + body +
+                     Support::Raw(std::string(static_cast<std::size_t>(50 - body.Size()), 'x')));
+}
+
+TYPED_TEST(BoundedValue, BodyFollowsTheByteOrderOfTheStream)
+{
+    const QByteArray bytes = Written([](QDataStream& stream) {
+        stream.setByteOrder(QDataStream::LittleEndian);
+        WithValue<TypeParam>(1.0).GetBinary(stream, 1, true);
+    });
+    EXPECT_BYTES(bytes, Support::Raw(std::string("\x01\0\0\0\x10\0\0\0", 8)) +
+                            Support::Raw(std::string("\xb3\x57\xff\x8a\x08\0\0\0\x04\0\0\0", 12)) +
+                            Support::Raw("1.00"));
+
+    TypeParam object;
+    QDataStream stream(bytes);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.device()->seek(8);
+    object.SetBinary(stream, 16);
+    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+}
+
+TYPED_TEST(BoundedValue, BodyWithoutValueThrowsWhenValidatingAndWritesNothing)
+{
+    TypeParam object;
+    object.SetMin(1.0);
+    const QByteArray bytes = Written([&](QDataStream& stream) {
+        EXPECT_RG_THROW(object.GetBinary(stream, 1, true), "OutOfRangeException",
+                        Named<TypeParam>("@: Please set Value properly."));
+    });
+    EXPECT_EQ(bytes.size(), 0);
+}
+
+TYPED_TEST(BoundedValue, BodyWithoutValueHoldsWhatStandsThereWhenNotValidating)
+{
+    TypeParam fresh;
+    fresh.SetValidate(false);
+    EXPECT_BYTES(BodyOf(fresh), Element(1, Value("0.00")));
+    EXPECT_BYTES(BodyOf(WithLeftovers<TypeParam>(MIN_FLAG, 5.5, 6.5, 7.5)),
+                 Element(1, Min("6.50") + Value("5.50")));
+}
+
+TYPED_TEST(BoundedValue, PlainRepresentationFramesTheBody)
+{
+    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_BYTES(object.GetBinaryRepresentationAsQByteArray(),
+                 Representation<TypeParam>(Min("2.00") + Max("3.00") + Value("1.00")));
+}
+
+// --- Tagged form, reading ---------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, ElementsMayComeInAnyOrderAndTheLastOfATagCounts)
+{
+    TypeParam object;
+    EXPECT_EQ(ReadElements(object, Value("1") + Max("3") + Min("2")), 0);
+    EXPECT_TRUE(object == Complete<TypeParam>(1.0, 2.0, 3.0));
+    EXPECT_EQ(ReadElements(object, Value("1") + Min("5") + Value("4") + Min("6")), 0);
+    EXPECT_EQ(object.GetValue(), 4.0);
+    EXPECT_EQ(object.GetMin(), 6.0);
+    EXPECT_EQ(SetFields(object), "value min ");
+}
+
+TYPED_TEST(BoundedValue, ReadingIntoAUsedObjectGivesWhatWasWrittenAndNothingElse)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_EQ(ReadElements(object, Value("9")), 0);
+    EXPECT_TRUE(object == WithValue<TypeParam>(9.0));
+    EXPECT_EQ(object.GetMin(), 0.0);
+    EXPECT_EQ(object.GetMax(), 0.0);
+
+    EXPECT_EQ(ReadElements(object, Max("4")), 0);
+    EXPECT_EQ(SetFields(object), "max ");
+}
+
+TYPED_TEST(BoundedValue, ABodyOfLengthZeroIsReadAsAnEmptyObjectWithoutAnError)
+{
+    for (const bool validate : {true, false}) {
+        TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+        object.SetValidate(validate);
+        EXPECT_EQ(ReadElements(object, 0, Value("9")), Value("9").Size());
+        EXPECT_TRUE(object.IsInitialized());
+        EXPECT_FALSE(object.AnyData());
+    }
+}
+
+TYPED_TEST(BoundedValue, ReadingDoesNotCheckTheObject)
+{
+    TypeParam object;
+    QByteArray bytes = Representation<TypeParam>(Min("2")).Data();
+    EXPECT_TRUE(object.SetBinaryRepresentation(bytes));
+    EXPECT_EQ(SetFields(object), "min ");
+}
+
+TYPED_TEST(BoundedValue, UnknownElementsAreSkippedByTheirLength)
+{
+    TypeParam object;
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    const Bytes unknown = Element(Tag::UNKNOWN, Value("7") + Support::Byte(1));
+    EXPECT_EQ(ReadElements(object, unknown + Value("1") + Element(0, Bytes()) + Min("2") + unknown), 0);
+    EXPECT_EQ(object.GetValue(), 1.0);
+    EXPECT_EQ(object.GetMin(), 2.0);
+    EXPECT_EQ(SetFields(object), "value min ");
+    EXPECT_LOG(logger, {});
+}
+
+TYPED_TEST(BoundedValue, TextsInElementsReadAsThoseInXml)
+{
+    for (const Support::NumberText& row : Support::NumberTexts()) {
+        SCOPED_TRACE(::testing::PrintToString(row.text));
+        TypeParam object;
+        const std::string text = row.text.toStdString();
+        EXPECT_EQ(ReadElements(object, Value(text.c_str()) + Min(text.c_str()) + Max(text.c_str())), 0);
+        EXPECT_EQ(SetFields(object), "value min max ");
+        EXPECT_EQ(object.GetValue(), row.number);
+        EXPECT_EQ(object.GetMin(), row.number);
+        EXPECT_EQ(object.GetMax(), row.number);
+    }
+}
+
+TYPED_TEST(BoundedValue, NullTextReadsAsZeroAndATextEndsAtItsFirstNul)
+{
+    TypeParam object;
+    EXPECT_EQ(ReadElements(object, Element(Tag::FREQUENCY_VALUE, Support::NullByteArray()) +
+                                       Element(Tag::FREQUENCY_MIN, ByteArray(std::string("12\0"
+                                                                                         "34",
+                                                                                         5)))),
+              0);
+    EXPECT_TRUE(object.IsValueSet());
+    EXPECT_EQ(object.GetValue(), 0.0);
+    EXPECT_EQ(object.GetMin(), 12.0);
+}
+
+TYPED_TEST(BoundedValue, AByteOrderMarkBeforeTheNumberDoesNotCount)
+{
+    TypeParam object;
+    EXPECT_EQ(ReadElements(object, Value("\xef\xbb\xbf"
+                                         "12.5")),
+              0);
+    EXPECT_EQ(object.GetValue(), 12.5);
+}
+
+TYPED_TEST(BoundedValue, DeclaredLengthsOfKnownElementsOnlyCountAgainstTheBudget)
+{
+    TypeParam object;
+    const Bytes elements = ElementOfLength(Tag::FREQUENCY_MIN, 3, ByteArray("2")) +
+                           ElementOfLength(Tag::FREQUENCY_VALUE, 7, ByteArray("1"));
+    EXPECT_EQ(ReadElements(object, elements), 0);
+    EXPECT_EQ(object.GetValue(), 1.0);
+    EXPECT_EQ(object.GetMin(), 2.0);
+}
+
+TYPED_TEST(BoundedValue, LengthsThatDoNotAddUpAreReportedAfterTheFieldsHaveBeenStored)
+{
+    const Bytes value = Value("1.00");
+    struct Row
+    {
+        const char* name;
+        int length;
+        Bytes bytes;
+        const char* fields;
+    };
+    const int valueSize = 16;
+    const std::vector<Row> rows = {
+        {"body 4 too long", valueSize + 4, value, "value "},
+        {"body 1 too short", valueSize - 1, value, "value "},
+        {"body ends within the tag of the second element", valueSize + 3, value + Min("2"), "value min "},
+        {"element 1 too short", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 7, ByteArray("1.00")),
+         "value "},
+        {"element 1 too long", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 9, ByteArray("1.00")),
+         "value "},
+        {"element of length 0", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 0, ByteArray("1.00")),
+         "value "},
+        {"element of negative length", valueSize,
+         ElementOfLength(Tag::FREQUENCY_VALUE, -8, ByteArray("1.00")), "value "},
+        {"element of the greatest length", valueSize,
+         ElementOfLength(Tag::FREQUENCY_VALUE, std::numeric_limits<qint32>::max(), ByteArray("1.00")),
+         "value "},
+        {"unknown element overruns", valueSize + 12,
+         value + ElementOfLength(Tag::UNKNOWN, 5, Support::Raw("1234")), "value "},
+        {"unknown element of the greatest length", valueSize + 8 + valueSize,
+         ElementOfLength(Tag::UNKNOWN, std::numeric_limits<qint32>::max(), Bytes()) + value, ""},
+        {"unknown element of the least length", valueSize + 8 + valueSize,
+         ElementOfLength(Tag::UNKNOWN, std::numeric_limits<qint32>::min(), Bytes()) + value, "value "},
+        {"unknown element of negative length", 8 + valueSize,
+         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + value, "value "},
+        {"negative body", -1, value, ""},
+        {"least body", std::numeric_limits<qint32>::min(), value, ""},
+        {"no bytes at all", 8, Bytes(), ""},
+        {"greatest body", std::numeric_limits<qint32>::max(), value, "value "},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.name);
+            TypeParam object = Complete<TypeParam>(7.0, 8.0, 9.0);
+            object.SetValidate(validate);
+            const QString message = Named<TypeParam>("@::SetBinary(...): Length error occurred during "
+                                                     "processing of binary representation");
+            EXPECT_RG_THROW(ReadElements(object, row.length, row.bytes), "BinaryParsingException", message);
+            EXPECT_EQ(SetFields(object), row.fields);
+
+            const auto logger = Support::NewLogger();
+            object.SetLogger(logger);
+            EXPECT_RG_THROW(ReadElements(object, row.length, row.bytes), "BinaryParsingException", message);
+            EXPECT_LOG(logger,
+                       QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") + message});
+        }
+    }
+}
+
+TYPED_TEST(BoundedValue, ANegativeLengthOfAnUnknownElementIsOnlyAddedToTheBudget)
+{
+    // 8 bytes for the head of the unknown element, less 16, and 16 for the value.
+    TypeParam object;
+    EXPECT_EQ(ReadElements(object, 8, ElementOfLength(Tag::UNKNOWN, -16, Bytes()) + Value("1.00")), 0);
+    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+}
+
+TYPED_TEST(BoundedValue, DamagedInputIsReportedByTheExceptionAloneAndNothingIsPrinted)
+{
+    static int printed = 0;
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++printed; });
+    for (const long long length : {-1LL, -8LL, -16LL, -2147483648LL, 2147483647LL}) {
+        TypeParam object;
+        EXPECT_RG_THROW(
+            ReadElements(object, ElementOfLength(Tag::UNKNOWN, length, Bytes()) + Value("1.00")),
+            "BinaryParsingException",
+            Named<TypeParam>("@::SetBinary(...): Length error occurred during processing of binary "
+                             "representation"));
+    }
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(printed, 0);
+}
+
+TYPED_TEST(BoundedValue, WhatFollowsTheBodyStaysOnTheStream)
+{
+    TypeParam object;
+    EXPECT_EQ(ReadElements(object, 16, Value("1.00") + Min("2.00")), 16);
+    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+}
+
+TYPED_TEST(BoundedValue, ATextThatEndsEarlyReadsAsZero)
+{
+    TypeParam object;
+    EXPECT_EQ(
+        ReadElements(object, Min("2") + Element(Tag::FREQUENCY_VALUE, Int32(100) + Support::Raw("1234"))), 0);
+    EXPECT_EQ(SetFields(object), "value min ");
+    EXPECT_EQ(object.GetValue(), 0.0);
+}
+
+// --- Raw form ---------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, RawFormHoldsFlagsTheValueAndTheBoundsThatAreSet)
+{
+    for (int flags = 0; flags <= (VALUE_FLAG | MIN_FLAG | MAX_FLAG); ++flags) {
+        SCOPED_TRACE(flags);
+        TypeParam object;
+        Bytes expected = Support::Byte(flags);
+        if (flags & VALUE_FLAG)
+            object.SetValue(1.005);
+        expected += Support::Double(flags & VALUE_FLAG ? 1.005 : 0.0);
+        if (flags & MIN_FLAG) {
+            object.SetMin(-0.0);
+            expected += Support::Double(-0.0);
+        }
+        if (flags & MAX_FLAG) {
+            object.SetMax(INF);
+            expected += Support::Double(INF);
+        }
+        EXPECT_BYTES(Support::RawFormOf(object), expected);
+
+        TypeParam read;
+        EXPECT_EQ(ReadRawForm(read, expected + Support::Byte(0x55)), 1);
+        EXPECT_TRUE(read == object);
+        EXPECT_EQ(SetFields(read), SetFields(object));
+        EXPECT_BYTES(Support::RawFormOf(read), expected);
+    }
+}
+
+TYPED_TEST(BoundedValue, RawFormIsNeitherCheckedNorTraced)
+{
+    TypeParam object;
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    EXPECT_BYTES(Support::RawFormOf(object), Support::Byte(0) + Support::Double(0.0));
+    EXPECT_EQ(ReadRawForm(object, Support::Byte(MIN_FLAG) + Support::Double(1.0) + Support::Double(2.0)), 0);
+    EXPECT_EQ(SetFields(object), "min ");
+    EXPECT_LOG(logger, {});
+}
+
+TYPED_TEST(BoundedValue, RawReadingDoesNotResetWhatItDoesNotRead)
+{
+    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
+    EXPECT_EQ(ReadRawForm(object, Support::Byte(VALUE_FLAG) + Support::Double(9.0)), 0);
+    EXPECT_EQ(SetFields(object), "value ");
+    EXPECT_EQ(object.GetValue(), 9.0);
+    EXPECT_EQ(object.GetMin(), 2.0);
+    EXPECT_EQ(object.GetMax(), 3.0);
+}
+
+TYPED_TEST(BoundedValue, RawReadingTakesTheValueEvenWhenItIsNotMarkedAsSet)
+{
+    TypeParam object;
+    EXPECT_EQ(ReadRawForm(object, Support::Byte(0) + Support::Double(5.5)), 0);
+    EXPECT_FALSE(object.AnyData());
+    EXPECT_EQ(object.GetValue(), 5.5);
+    EXPECT_BYTES(Support::RawFormOf(object), Support::Byte(0) + Support::Double(5.5));
+}
+
+TYPED_TEST(BoundedValue, FlagsWithoutAFieldAreKeptAndWrittenBack)
+{
+    TypeParam object;
+    const Bytes raw = Support::Byte(0xf0 | VALUE_FLAG) + Support::Double(1.0);
+    EXPECT_EQ(ReadRawForm(object, raw), 0);
+    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+    EXPECT_BYTES(Support::RawFormOf(object), raw);
+    EXPECT_BYTES(Support::RawFormOf(TypeParam(object)), raw);
+    EXPECT_XML(object, Named<TypeParam>("\n<@>1.00</@>"));
+
+    EXPECT_EQ(ReadRawForm(object, Support::Byte(0xf0) + Support::Double(1.0)), 0);
+    EXPECT_FALSE(object.AnyData());
+    EXPECT_FALSE(object.HasData());
+    EXPECT_TRUE(object == TypeParam());
+}
+
+TYPED_TEST(BoundedValue, RawFormFollowsByteOrderAndPrecisionOfTheStream)
+{
+    const TypeParam object = Complete<TypeParam>(1.0, 1.5, 2.0);
+    const QByteArray little = Written([&](QDataStream& stream) {
+        stream.setByteOrder(QDataStream::LittleEndian);
+        object.GetVersionSpecificBinaryWithoutValidation(stream);
+    });
+    EXPECT_BYTES(little, Support::Byte(7) + Support::Raw(std::string("\0\0\0\0\0\0\xf0\x3f", 8)) +
+                             Support::Raw(std::string("\0\0\0\0\0\0\xf8\x3f", 8)) +
+                             Support::Raw(std::string("\0\0\0\0\0\0\0\x40", 8)));
+
+    const QByteArray single = Written([&](QDataStream& stream) {
+        stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+        object.GetVersionSpecificBinaryWithoutValidation(stream);
+    });
+    EXPECT_BYTES(single, Support::Byte(7) + Support::Raw(std::string("\x3f\x80\0\0", 4)) +
+                             Support::Raw(std::string("\x3f\xc0\0\0", 4)) +
+                             Support::Raw(std::string("\x40\0\0\0", 4)));
+
+    TypeParam read;
+    QDataStream stream(single);
+    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    read.SetVersionSpecificBinaryWithoutValidation(stream);
+    EXPECT_TRUE(read == object);
+}
+
+// --- Rounding ---------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, XmlAndTaggedFormRoundToHundredthsAndTheRawFormDoesNot)
+{
+    const TypeParam object = Complete<TypeParam>(1.005, 2.125, 1.0 / 3.0);
+    const TypeParam rounded = Complete<TypeParam>(1.0, 2.13, 0.33);
+
+    TypeParam fromXml;
+    EXPECT_TRUE(fromXml.SetXmlString(object.GetXmlString(), true));
+    EXPECT_TRUE(fromXml == rounded);
+
+    TypeParam fromTagged;
+    QByteArray bytes = object.GetBinaryRepresentationAsQByteArray();
+    EXPECT_TRUE(fromTagged.SetBinaryRepresentation(bytes));
+    EXPECT_TRUE(fromTagged == rounded);
+
+    TypeParam fromRaw;
+    EXPECT_EQ(ReadRawForm(fromRaw, Support::RawFormOf(object)), 0);
+    EXPECT_TRUE(fromRaw == object);
+}
+
+// --- Merging ----------------------------------------------------------------------------------------------
+
+TYPED_TEST(BoundedValue, MergingReplacesWhatTheOtherHasAndKeepsTheRest)
+{
+    TypeParam object;
+    object.SetValue(1.0);
+    object.SetMin(2.0);
+    TypeParam other;
+    other.SetValue(10.125);
+    other.SetMax(30.0);
+
+    EXPECT_TRUE(object.MergeRGObject(other));
+    EXPECT_EQ(object.GetValue(), 10.13);
+    EXPECT_EQ(object.GetMin(), 2.0);
+    EXPECT_EQ(object.GetMax(), 30.0);
+    EXPECT_EQ(SetFields(object), "value min max ");
+    EXPECT_EQ(SetFields(other), "value max ");
+    EXPECT_EQ(other.GetValue(), 10.125);
+}
+
+TYPED_TEST(BoundedValue, MergingAnObjectWithoutValueFailsWhileThatOneValidates)
+{
+    TypeParam object = WithValue<TypeParam>(1.0);
+    TypeParam other;
+    other.SetMin(2.0);
+    EXPECT_RG_THROW(object.MergeRGObject(other), "OutOfRangeException",
+                    Named<TypeParam>("@: Please set Value properly."));
+    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+
+    other.SetValidate(false);
+    EXPECT_TRUE(object.MergeRGObject(other));
+    EXPECT_EQ(object.GetValue(), 0.0);
+    EXPECT_EQ(object.GetMin(), 2.0);
+    EXPECT_EQ(SetFields(object), "value min ");
+}

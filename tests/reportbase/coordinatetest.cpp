@@ -1,0 +1,1173 @@
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/records.h"
+#include "support/states.h"
+
+#include <reportgenerator/reportbase/coordinate.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
+#include <QtCore/QString>
+#include <QtCore/QXmlStreamWriter>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace {
+
+using REPORTGENERATOR::Coordinate;
+using Support::BodyOf;
+using Support::ByteArray;
+using Support::Bytes;
+using Support::CoordinateState;
+using Support::ReadElement;
+using Support::ReadElements;
+using Support::ReadRawForm;
+using Support::Written;
+namespace Tag = Support::Tag;
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INF = std::numeric_limits<double>::infinity();
+constexpr double DENORMAL = std::numeric_limits<double>::denorm_min();
+
+const char* const LONGITUDE_OUT_OF_RANGE =
+    "Parameters for m_longitude are not set within range (-180, 180) in 'Coordinate'.";
+const char* const LATITUDE_OUT_OF_RANGE =
+    "Parameters for m_latitude are not set within range (-90, 90) in 'Coordinate'.";
+const char* const SET_LONGITUDE = "Coordinate: Please set Longitude properly.";
+const char* const SET_LATITUDE = "Coordinate: Please set Latitude properly.";
+const char* const LENGTH_ERROR =
+    "Coordinate::SetBinary(...): Length error occurred during processing of binary representation";
+
+/// One of the two fields, for tests that hold for both.
+struct Field
+{
+    const char* name;
+    double bound;
+    const char* outOfRange;
+    const char* notSet;
+    double (Coordinate::*get)() const;
+    void (Coordinate::*set)(double);
+    bool (Coordinate::*isSet)() const;
+    void (Coordinate::*reset)();
+    bool (Coordinate::*isValid)(const double&) const;
+    double (Coordinate::*getDefault)() const;
+};
+
+const Field FIELDS[] = {
+    {"longitude", 180.0, LONGITUDE_OUT_OF_RANGE, SET_LONGITUDE, &Coordinate::GetLongitude,
+     &Coordinate::SetLongitude, &Coordinate::IsLongitudeSet, &Coordinate::ResetLongitude,
+     &Coordinate::IsValidLongitude, &Coordinate::GetDefaultLongitude},
+    {"latitude", 90.0, LATITUDE_OUT_OF_RANGE, SET_LATITUDE, &Coordinate::GetLatitude,
+     &Coordinate::SetLatitude, &Coordinate::IsLatitudeSet, &Coordinate::ResetLatitude,
+     &Coordinate::IsValidLatitude, &Coordinate::GetDefaultLatitude},
+};
+
+struct RangeRow
+{
+    std::string name;
+    double value;
+    bool isValid;
+};
+
+/// Numbers at and around the range [-bound, bound], and the odd ones.
+std::vector<RangeRow> RangeRows(double bound)
+{
+    return {
+        {"lower end", -bound, true},
+        {"next below the lower end", std::nextafter(-bound, -INF), false},
+        {"next above the lower end", std::nextafter(-bound, 0.0), true},
+        {"below the lower end", -bound - 0.000001, false},
+        {"far below", -1e300, false},
+        {"upper end", bound, true},
+        {"next above the upper end", std::nextafter(bound, INF), false},
+        {"next below the upper end", std::nextafter(bound, 0.0), true},
+        {"above the upper end", bound + 0.000001, false},
+        {"far above", 1e300, false},
+        {"zero", 0.0, true},
+        {"negative zero", -0.0, true},
+        {"denormal", DENORMAL, true},
+        {"negative denormal", -DENORMAL, true},
+        {"NaN", NOT_A_NUMBER, false},
+        {"infinity", INF, false},
+        {"negative infinity", -INF, false},
+        {"unset double", -111111.11, false},
+        {"next above the unset double", std::nextafter(-111111.11, INF), false},
+        {"next below the unset double", std::nextafter(-111111.11, -INF), false},
+        {"unset int", -111111.0, false},
+        {"unset float", -1111111.0, false},
+    };
+}
+
+Coordinate At(double longitude, double latitude)
+{
+    Coordinate coordinate;
+    coordinate.SetLongitude(longitude);
+    coordinate.SetLatitude(latitude);
+    return coordinate;
+}
+
+Coordinate NotValidating()
+{
+    Coordinate coordinate;
+    coordinate.SetValidate(false);
+    return coordinate;
+}
+
+/// A coordinate that doesn't validate, with the flags as given and these numbers behind them.
+Coordinate WithLeftovers(int flags, double longitude, double latitude)
+{
+    Coordinate coordinate = NotValidating();
+    EXPECT_EQ(ReadRawForm(coordinate,
+                          Support::Byte(flags) + Support::Double(longitude) + Support::Double(latitude)),
+              0);
+    return coordinate;
+}
+
+CoordinateState State(std::optional<double> longitude, std::optional<double> latitude)
+{
+    return {longitude, latitude};
+}
+
+Bytes Longitude(const char* text)
+{
+    return Element(Tag::COORDINATE_LONGITUDE, ByteArray(text));
+}
+
+Bytes Latitude(const char* text)
+{
+    return Element(Tag::COORDINATE_LATITUDE, ByteArray(text));
+}
+
+QString Xml(const char* longitude, const char* latitude)
+{
+    return QStringLiteral("\n<Coordinate>\n    <Longitude>%1</Longitude>\n    <Latitude>%2</Latitude>\n"
+                          "</Coordinate>")
+        .arg(Support::Text(longitude), Support::Text(latitude));
+}
+
+/// Finds nothing wrong.
+class Lenient : public Coordinate
+{
+public:
+    void Check(bool) const override {}
+    void Check() const override {}
+};
+
+class Renamed : public Coordinate
+{
+public:
+    Renamed() { SetObjectName(QStringLiteral("Corner %1")); }
+};
+
+} // namespace
+
+// --- Fields -----------------------------------------------------------------------------------------------
+
+TEST(Coordinate, DefaultConstructedHasNothingSet)
+{
+    const Coordinate coordinate;
+    EXPECT_FALSE(coordinate.IsInitialized());
+    EXPECT_FALSE(coordinate.IsLongitudeSet());
+    EXPECT_FALSE(coordinate.IsLatitudeSet());
+    EXPECT_FALSE(coordinate.AnyData());
+    EXPECT_FALSE(coordinate.HasData());
+}
+
+TEST(Coordinate, GettersOfANewCoordinateGiveZeroAndMakeTheRecordButSetNothing)
+{
+    for (const Field& field : FIELDS) {
+        SCOPED_TRACE(field.name);
+        const Coordinate coordinate;
+        EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(0.0));
+        EXPECT_TRUE(coordinate.IsInitialized());
+        EXPECT_FALSE(coordinate.AnyData());
+    }
+}
+
+TEST(Coordinate, DefaultsAreZeroAndDoNotMakeTheRecord)
+{
+    for (const Field& field : FIELDS) {
+        const Coordinate coordinate;
+        EXPECT_EQ(Support::BitsOf((coordinate.*field.getDefault)()), Support::BitsOf(0.0)) << field.name;
+        EXPECT_FALSE(coordinate.IsInitialized()) << field.name;
+    }
+}
+
+TEST(Coordinate, RangesIncludeTheirEndsAndExcludeNaN)
+{
+    const Coordinate coordinate;
+    for (const Field& field : FIELDS) {
+        for (const RangeRow& row : RangeRows(field.bound))
+            EXPECT_EQ((coordinate.*field.isValid)(row.value), row.isValid) << field.name << " " << row.name;
+    }
+    EXPECT_TRUE(coordinate.IsValidLongitude(90.5));
+    EXPECT_FALSE(coordinate.IsValidLatitude(90.5));
+    EXPECT_FALSE(coordinate.IsInitialized());
+}
+
+TEST(Coordinate, SetterStoresAndSetsValuesInTheRangeWithoutAMessage)
+{
+    for (const bool validate : {true, false}) {
+        for (const Field& field : FIELDS) {
+            for (const RangeRow& row : RangeRows(field.bound)) {
+                if (!row.isValid)
+                    continue;
+                SCOPED_TRACE(field.name + (" " + row.name));
+                Coordinate coordinate;
+                coordinate.SetValidate(validate);
+                const auto logger = Support::NewLogger();
+                coordinate.SetLogger(logger);
+                EXPECT_NO_RG_THROW((coordinate.*field.set)(row.value));
+                EXPECT_TRUE((coordinate.*field.isSet)());
+                EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(row.value));
+                EXPECT_NE(coordinate.IsLongitudeSet(), coordinate.IsLatitudeSet());
+                EXPECT_LOG(logger, {});
+            }
+        }
+    }
+}
+
+TEST(Coordinate, SetterThrowsAndStoresNothingOutsideOfTheRangeWhenValidating)
+{
+    for (const Field& field : FIELDS) {
+        for (const RangeRow& row : RangeRows(field.bound)) {
+            if (row.isValid)
+                continue;
+            SCOPED_TRACE(field.name + (" " + row.name));
+            Coordinate fresh;
+            EXPECT_RG_THROW((fresh.*field.set)(row.value), "OutOfRangeException", field.outOfRange);
+            EXPECT_TRUE(fresh.IsInitialized());
+            EXPECT_STATE(fresh, CoordinateState());
+
+            Coordinate used = At(1.5, 2.5);
+            const auto logger = Support::NewLogger();
+            used.SetLogger(logger);
+            EXPECT_RG_THROW((used.*field.set)(row.value), "OutOfRangeException", field.outOfRange);
+            EXPECT_STATE(used, State(1.5, 2.5));
+            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: OutOfRangeException: ") +
+                                           Support::Text(field.outOfRange)});
+        }
+    }
+}
+
+TEST(Coordinate, SetterStoresOutOfRangeValueAndWarnsWhenNotValidating)
+{
+    for (const Field& field : FIELDS) {
+        for (const RangeRow& row : RangeRows(field.bound)) {
+            if (row.isValid)
+                continue;
+            SCOPED_TRACE(field.name + (" " + row.name));
+            Coordinate coordinate = NotValidating();
+            EXPECT_NO_RG_THROW((coordinate.*field.set)(row.value));
+            EXPECT_TRUE((coordinate.*field.isSet)());
+            EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(row.value));
+
+            const auto logger = Support::NewLogger();
+            coordinate.SetLogger(logger);
+            (coordinate.*field.reset)();
+            EXPECT_NO_RG_THROW((coordinate.*field.set)(row.value));
+            EXPECT_TRUE((coordinate.*field.isSet)());
+            EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(row.value));
+            EXPECT_LOG(logger, QStringList{QStringLiteral("WARNING: OutOfRangeException: ") +
+                                           Support::Text(field.outOfRange)});
+            EXPECT_FALSE(logger->HasErrors());
+        }
+    }
+}
+
+TEST(Coordinate, OutOfRangeMessageNamesTheObject)
+{
+    Renamed coordinate;
+    EXPECT_RG_THROW(coordinate.SetLongitude(200.0), "OutOfRangeException",
+                    "Parameters for m_longitude are not set within range (-180, 180) in 'Corner %1'.");
+    EXPECT_RG_THROW(coordinate.SetLatitude(-91.0), "OutOfRangeException",
+                    "Parameters for m_latitude are not set within range (-90, 90) in 'Corner %1'.");
+}
+
+TEST(Coordinate, AnyDataAsksForOneValueAndHasDataForBoth)
+{
+    EXPECT_FALSE(WithLeftovers(0, 1.0, 2.0).AnyData());
+    EXPECT_FALSE(WithLeftovers(0, 1.0, 2.0).HasData());
+    EXPECT_TRUE(WithLeftovers(1, 1.0, 2.0).AnyData());
+    EXPECT_FALSE(WithLeftovers(1, 1.0, 2.0).HasData());
+    EXPECT_TRUE(WithLeftovers(2, 1.0, 2.0).AnyData());
+    EXPECT_FALSE(WithLeftovers(2, 1.0, 2.0).HasData());
+    EXPECT_TRUE(WithLeftovers(3, 1.0, 2.0).AnyData());
+    EXPECT_TRUE(WithLeftovers(3, 1.0, 2.0).HasData());
+    EXPECT_TRUE(WithLeftovers(3, 1000.0, NOT_A_NUMBER).HasData());
+}
+
+TEST(Coordinate, ResettingAValueUnsetsItAloneAndStoresZero)
+{
+    for (const Field& field : FIELDS) {
+        SCOPED_TRACE(field.name);
+        Coordinate coordinate = At(1.5, 2.5);
+        (coordinate.*field.reset)();
+        EXPECT_FALSE((coordinate.*field.isSet)());
+        EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(0.0));
+        EXPECT_TRUE(coordinate.AnyData());
+        EXPECT_TRUE(coordinate.IsInitialized());
+    }
+}
+
+TEST(Coordinate, ResettingAnUnsetValueClearsItsLeftover)
+{
+    Coordinate coordinate = WithLeftovers(0, 1.5, 2.5);
+    coordinate.ResetLongitude();
+    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
+    EXPECT_EQ(coordinate.GetLatitude(), 2.5);
+}
+
+TEST(Coordinate, ResetUnsetsBothStoresZerosAndKeepsTheRecord)
+{
+    Coordinate coordinate = At(1.5, 2.5);
+    coordinate.Reset();
+    EXPECT_TRUE(coordinate.IsInitialized());
+    EXPECT_STATE(coordinate, CoordinateState());
+    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
+    EXPECT_EQ(coordinate.GetLatitude(), 0.0);
+}
+
+TEST(Coordinate, ResetToDefaultLeavesAnInitializedCoordinateWithNothingSet)
+{
+    for (Coordinate coordinate : {Coordinate(), At(1.5, 2.5)}) {
+        coordinate.ResetToDefault();
+        EXPECT_TRUE(coordinate.IsInitialized());
+        EXPECT_STATE(coordinate, CoordinateState());
+        EXPECT_EQ(coordinate.GetLongitude(), 0.0);
+    }
+}
+
+TEST(Coordinate, OperationsThatMakeTheRecordAndThoseThatDoNot)
+{
+    struct Row
+    {
+        const char* name;
+        std::function<void(Coordinate&)> run;
+        bool makesRecord;
+    };
+    const std::vector<Row> rows = {
+        {"IsInitialized", [](Coordinate& c) { c.IsInitialized(); }, false},
+        {"IsLongitudeSet", [](Coordinate& c) { c.IsLongitudeSet(); }, false},
+        {"IsLatitudeSet", [](Coordinate& c) { c.IsLatitudeSet(); }, false},
+        {"AnyData", [](Coordinate& c) { c.AnyData(); }, false},
+        {"HasData", [](Coordinate& c) { c.HasData(); }, false},
+        {"Reset", [](Coordinate& c) { c.Reset(); }, false},
+        {"ResetLongitude", [](Coordinate& c) { c.ResetLongitude(); }, false},
+        {"ResetLatitude", [](Coordinate& c) { c.ResetLatitude(); }, false},
+        {"IsValidLongitude", [](Coordinate& c) { c.IsValidLongitude(1.0); }, false},
+        {"IsValidLatitude", [](Coordinate& c) { c.IsValidLatitude(1.0); }, false},
+        {"empty XML", [](Coordinate& c) { c.SetXmlString(QString(), true); }, false},
+        {"XML of another", [](Coordinate& c) { c.SetXmlString(QStringLiteral("<A/>"), true); }, false},
+
+        {"GetLongitude", [](Coordinate& c) { c.GetLongitude(); }, true},
+        {"GetLatitude", [](Coordinate& c) { c.GetLatitude(); }, true},
+        {"SetLongitude", [](Coordinate& c) { c.SetLongitude(1.0); }, true},
+        {"SetLatitude", [](Coordinate& c) { c.SetLatitude(1.0); }, true},
+        {"ResetToDefault", [](Coordinate& c) { c.ResetToDefault(); }, true},
+        {"Check", [](Coordinate& c) { EXPECT_RG_THROW(c.Check(), "OutOfRangeException", SET_LONGITUDE); },
+         true},
+        {"Check(true)",
+         [](Coordinate& c) { EXPECT_RG_THROW(c.Check(true), "OutOfRangeException", SET_LONGITUDE); }, true},
+        {"GetXml",
+         [](Coordinate& c) {
+             c.SetValidate(false);
+             Support::UnindentedXmlOf(c);
+         },
+         true},
+        {"GetBinary",
+         [](Coordinate& c) {
+             c.SetValidate(false);
+             BodyOf(c);
+         },
+         true},
+        {"raw writing", [](Coordinate& c) { Support::RawFormOf(c); }, true},
+        {"raw reading",
+         [](Coordinate& c) {
+             ReadRawForm(c, Support::Byte(0) + Support::Double(0.0) + Support::Double(0.0));
+         },
+         true},
+        {"SetBinary of nothing", [](Coordinate& c) { ReadElements(c, Bytes()); }, true},
+        {"ProcessXml", [](Coordinate& c) { ReadElement(c, QStringLiteral("<Coordinate/>")); }, true},
+    };
+    for (const Row& row : rows) {
+        Coordinate coordinate;
+        row.run(coordinate);
+        EXPECT_EQ(coordinate.IsInitialized(), row.makesRecord) << row.name;
+    }
+}
+
+// --- Comparison -------------------------------------------------------------------------------------------
+
+TEST(Coordinate, ValuesMatchWhenUnsetInBothOrSetInBothWithEqualNumbers)
+{
+    for (int left = 0; left <= 3; ++left) {
+        for (int right = 0; right <= 3; ++right) {
+            const Coordinate one = WithLeftovers(left, 1.0, 2.0);
+            const Coordinate other = WithLeftovers(right, 1.0, 2.0);
+            EXPECT_EQ(one == other, left == right) << left << " and " << right;
+            EXPECT_EQ(one != other, left != right) << left << " and " << right;
+        }
+    }
+    EXPECT_FALSE(At(1.0, 2.0) == At(1.5, 2.0));
+    EXPECT_FALSE(At(1.0, 2.0) == At(1.0, 2.5));
+    EXPECT_FALSE(At(1.0, 2.0) == At(2.0, 1.0));
+    EXPECT_TRUE(At(1.0, 2.0) == At(1.0, 2.0));
+}
+
+TEST(Coordinate, LeftoversOfUnsetValuesDoNotCount)
+{
+    EXPECT_TRUE(WithLeftovers(1, 1.0, 2.0) == WithLeftovers(1, 1.0, 20.0));
+    EXPECT_TRUE(WithLeftovers(2, 1.0, 2.0) == WithLeftovers(2, 10.0, 2.0));
+    EXPECT_TRUE(WithLeftovers(0, 1.0, 2.0) == WithLeftovers(0, 10.0, 20.0));
+    EXPECT_TRUE(WithLeftovers(0, 1.0, 2.0) == Coordinate());
+    EXPECT_TRUE(Coordinate() == WithLeftovers(0, 1.0, 2.0));
+}
+
+TEST(Coordinate, ACoordinateWithoutRecordDiffersFromOneWithAValue)
+{
+    EXPECT_FALSE(Coordinate() == WithLeftovers(1, 0.0, 0.0));
+    EXPECT_FALSE(WithLeftovers(2, 0.0, 0.0) == Coordinate());
+}
+
+TEST(Coordinate, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsNothing)
+{
+    EXPECT_TRUE(At(0.0, -0.0) == At(-0.0, 0.0));
+    const Coordinate notANumber = WithLeftovers(3, NOT_A_NUMBER, 1.0);
+    EXPECT_FALSE(notANumber == notANumber);
+    Coordinate sharing;
+    sharing = notANumber;
+    EXPECT_FALSE(sharing == notANumber);
+    EXPECT_FALSE(WithLeftovers(3, 1.0, NOT_A_NUMBER) == WithLeftovers(3, 1.0, NOT_A_NUMBER));
+    EXPECT_TRUE(WithLeftovers(1, 1.0, NOT_A_NUMBER) == WithLeftovers(1, 1.0, NOT_A_NUMBER));
+}
+
+// --- Check ------------------------------------------------------------------------------------------------
+
+TEST(Coordinate, CheckReportsTheFirstProblemWithoutLogger)
+{
+    for (const bool validate : {true, false}) {
+        for (const bool logOnly : {true, false}) {
+            Coordinate coordinate;
+            coordinate.SetValidate(validate);
+            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LONGITUDE);
+            coordinate.SetLatitude(1.0);
+            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LONGITUDE);
+            coordinate.ResetLatitude();
+            coordinate.SetLongitude(1.0);
+            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LATITUDE);
+            EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LATITUDE);
+            coordinate.SetLatitude(1.0);
+            EXPECT_NO_RG_THROW(coordinate.Check(logOnly));
+            EXPECT_NO_RG_THROW(coordinate.Check());
+        }
+    }
+}
+
+TEST(Coordinate, CheckWithLoggerLogsTheFirstProblemAsFatalAndThrows)
+{
+    const Coordinate coordinate;
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LONGITUDE);
+    EXPECT_LOG(logger, {"FATAL ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
+}
+
+TEST(Coordinate, CheckOfTrueWithLoggerLogsBothProblemsAndReturns)
+{
+    const Coordinate coordinate;
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_NO_RG_THROW(coordinate.Check(true));
+    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Coordinate: Please set Longitude properly.",
+                        "ERROR: OutOfRangeException: Coordinate: Please set Latitude properly."});
+}
+
+TEST(Coordinate, CheckReportsValuesOutsideOfTheirRanges)
+{
+    for (const Field& field : FIELDS) {
+        for (const RangeRow& row : RangeRows(field.bound)) {
+            SCOPED_TRACE(field.name + (" " + row.name));
+            Coordinate coordinate = At(1.0, 2.0);
+            coordinate.SetValidate(false);
+            (coordinate.*field.set)(row.value);
+            if (row.isValid)
+                EXPECT_NO_RG_THROW(coordinate.Check());
+            else
+                EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", field.notSet);
+        }
+    }
+}
+
+TEST(Coordinate, AStoredOutOfRangeLatitudeWarnsOnceAndFailsTheNextCheck)
+{
+    Coordinate coordinate = At(1.0, 2.0);
+    coordinate.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    coordinate.SetLatitude(95.0);
+    EXPECT_STATE(coordinate, State(1.0, 95.0));
+    EXPECT_LOG(logger, {"WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
+                        "(-90, 90) in 'Coordinate'."});
+    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LATITUDE);
+}
+
+TEST(Coordinate, CheckIgnoresLeftoversOfUnsetValues)
+{
+    EXPECT_RG_THROW(WithLeftovers(1, 1.0, 2.0).Check(), "OutOfRangeException", SET_LATITUDE);
+    EXPECT_RG_THROW(WithLeftovers(2, 1.0, 2.0).Check(), "OutOfRangeException", SET_LONGITUDE);
+}
+
+TEST(Coordinate, MessagesBeginWithTheCurrentName)
+{
+    Renamed coordinate;
+    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", "Corner %1: Please set Longitude properly.");
+    EXPECT_RG_THROW(ReadElements(coordinate, 4, Bytes()), "BinaryParsingException",
+                    "Corner %1::SetBinary(...): Length error occurred during processing of binary "
+                    "representation");
+}
+
+// --- XML writing ------------------------------------------------------------------------------------------
+
+TEST(Coordinate, XmlHoldsLongitudeThenLatitude)
+{
+    EXPECT_XML(At(8.5, -45.25), Xml("8.500000", "-45.250000"));
+    Coordinate setInAnotherOrder;
+    setInAnotherOrder.SetLatitude(-45.25);
+    setInAnotherOrder.SetLongitude(8.5);
+    EXPECT_XML(setInAnotherOrder, Xml("8.500000", "-45.250000"));
+}
+
+TEST(Coordinate, XmlNumbersHaveExactlySixDecimals)
+{
+    struct Row
+    {
+        double number;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0.0, "0.000000"},         {-0.0, "0.000000"},
+        {90.0, "90.000000"},       {-90.0, "-90.000000"},
+        {0.1, "0.100000"},         {1.0 / 3.0, "0.333333"},
+        {2.0 / 3.0, "0.666667"},   {89.9999999, "90.000000"},
+        {0.0000005, "0.000000"},                            // a little less than the tie
+        {0.0000015, "0.000002"},                            // a little more than the tie
+        {0.0000025, "0.000003"},                            // a little more than the tie
+        {0.00390625, "0.003906"},  {0.0078125, "0.007813"}, // a tie
+        {-0.0078125, "-0.007813"}, {-0.0000001, "-0.000000"},
+        {5e-324, "0.000000"},
+    };
+    for (const Row& row : rows)
+        EXPECT_XML(At(row.number, row.number), Xml(row.text, row.text));
+}
+
+TEST(Coordinate, XmlOfWhatIsNoNumberIsPaddedToFourCharactersInTheLongitudeAndThreeInTheLatitude)
+{
+    EXPECT_XML(WithLeftovers(3, NOT_A_NUMBER, NOT_A_NUMBER), Xml(" nan", "nan"));
+    EXPECT_XML(WithLeftovers(3, INF, INF), Xml(" inf", "inf"));
+    EXPECT_XML(WithLeftovers(3, -INF, -INF), Xml("-inf", "-inf"));
+    EXPECT_XML(WithLeftovers(3, 1e15, -111111.11), Xml("1000000000000000.000000", "-111111.110000"));
+}
+
+TEST(Coordinate, XmlOfAnIncompleteCoordinateThrowsWhenValidatingAndNothingIsWritten)
+{
+    Coordinate coordinate;
+    coordinate.SetLongitude(1.0);
+    EXPECT_RG_THROW(coordinate.GetXmlString(), "OutOfRangeException", SET_LATITUDE);
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    EXPECT_RG_THROW(coordinate.GetXml(writer), "OutOfRangeException", SET_LATITUDE);
+    EXPECT_TEXT(xml, "");
+}
+
+TEST(Coordinate, XmlOfAnOutOfRangeCoordinateThrowsWhenValidating)
+{
+    const Coordinate coordinate = WithLeftovers(3, 1.0, 95.0);
+    EXPECT_XML(coordinate, Xml("1.000000", "95.000000"));
+    coordinate.SetValidate(true);
+    EXPECT_RG_THROW(coordinate.GetXmlString(), "OutOfRangeException", SET_LATITUDE);
+}
+
+TEST(Coordinate, XmlHoldsUnsetValuesAsTheyStandWhenNotValidating)
+{
+    Coordinate coordinate = NotValidating();
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_XML(coordinate, Xml("0.000000", "0.000000"));
+    coordinate.SetLongitude(1.0);
+    EXPECT_XML(coordinate, Xml("1.000000", "0.000000"));
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+    EXPECT_LOG(logger,
+               {"INFO: Coordinate: Generating xml string.", "INFO: Coordinate: Generating xml string."});
+    EXPECT_XML(WithLeftovers(0, 5.5, 6.5), Xml("5.500000", "6.500000"));
+}
+
+TEST(Coordinate, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
+{
+    Lenient coordinate;
+    coordinate.SetLongitude(1.0);
+    EXPECT_XML(coordinate, "");
+    const QByteArray bytes =
+        Written([&](QDataStream& stream) { EXPECT_FALSE(coordinate.GetBinary(stream, 1, true)); });
+    EXPECT_EQ(bytes.size(), 0);
+}
+
+TEST(Coordinate, XmlElementBearsTheCurrentName)
+{
+    class Corner : public Coordinate
+    {
+    public:
+        Corner() { SetObjectName(QStringLiteral("Corner")); }
+    };
+    Corner corner;
+    corner.SetLongitude(1.0);
+    corner.SetLatitude(2.0);
+    EXPECT_TEXT(Support::UnindentedXmlOf(corner),
+                "<Corner><Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Corner>");
+}
+
+// --- XML reading ------------------------------------------------------------------------------------------
+
+TEST(Coordinate, XmlReadingTakesTheChildrenInAnyOrderAndTheLastOfAName)
+{
+    Coordinate coordinate;
+    EXPECT_TRUE(coordinate.SetXmlString(
+        QStringLiteral("<Coordinate><Latitude>2.5</Latitude><Longitude>1.5</Longitude></Coordinate>"), true));
+    EXPECT_STATE(coordinate, State(1.5, 2.5));
+    EXPECT_TRUE(coordinate.SetXmlString(
+        QStringLiteral("<Coordinate><Latitude>2</Latitude><Longitude>1</Longitude><Latitude>3</Latitude>"
+                       "<Longitude>4</Longitude></Coordinate>"),
+        true));
+    EXPECT_STATE(coordinate, State(4.0, 3.0));
+}
+
+TEST(Coordinate, ChildrenAreToldApartByTheirLocalNames)
+{
+    Coordinate coordinate;
+    EXPECT_TRUE(
+        coordinate.SetXmlString(QStringLiteral("<Coordinate xmlns:g=\"urn:g\"><g:Longitude>1</g:Longitude>"
+                                               "<Latitude xmlns=\"urn:h\">2</Latitude></Coordinate>"),
+                                true));
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+}
+
+TEST(Coordinate, XmlReadingResetsWhatIsNotThere)
+{
+    Coordinate coordinate = At(1.0, 2.0);
+    coordinate.SetValidate(false);
+    EXPECT_TRUE(
+        coordinate.SetXmlString(QStringLiteral("<Coordinate><Longitude>5</Longitude></Coordinate>"), true));
+    EXPECT_STATE(coordinate, State(5.0, std::nullopt));
+    EXPECT_EQ(coordinate.GetLatitude(), 0.0);
+}
+
+TEST(Coordinate, ProcessXmlLeavesWhatIsNotThereAsItWas)
+{
+    Coordinate coordinate = At(1.0, 2.0);
+    EXPECT_TEXT(
+        ReadElement(coordinate, QStringLiteral("<Coordinate><Latitude>5</Latitude></Coordinate><Next/>")),
+        "</Coordinate>");
+    EXPECT_STATE(coordinate, State(1.0, 5.0));
+}
+
+TEST(Coordinate, AnIncompleteElementFailsTheCheckWhenValidating)
+{
+    struct Row
+    {
+        const char* xml;
+        CoordinateState state;
+        const char* message;
+    };
+    const Row rows[] = {
+        {"<Coordinate/>", {}, SET_LONGITUDE},
+        {"<Coordinate></Coordinate>", {}, SET_LONGITUDE},
+        {"<Coordinate><Longitude>1</Longitude></Coordinate>", State(1.0, std::nullopt), SET_LATITUDE},
+        {"<Coordinate><Latitude>1</Latitude></Coordinate>", State(std::nullopt, 1.0), SET_LONGITUDE},
+        {"<Coordinate Longitude=\"1\" Latitude=\"2\"/>", {}, SET_LONGITUDE},
+        {"<Coordinate><longitude>1</longitude><LATITUDE>2</LATITUDE></Coordinate>", {}, SET_LONGITUDE},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.xml);
+        Coordinate coordinate;
+        EXPECT_RG_THROW(coordinate.SetXmlString(Support::Text(row.xml), true), "OutOfRangeException",
+                        row.message);
+        EXPECT_STATE(coordinate, row.state);
+
+        Coordinate unchecked = NotValidating();
+        EXPECT_TRUE(unchecked.SetXmlString(Support::Text(row.xml), true));
+        EXPECT_STATE(unchecked, row.state);
+        EXPECT_TRUE(unchecked.IsInitialized());
+    }
+}
+
+TEST(Coordinate, XmlTextsThatAreNoNumbersReadAsZeroAndCountAsSet)
+{
+    for (const Support::NumberText& row : Support::NumberTexts()) {
+        if (std::abs(row.number) > 90.0)
+            continue;
+        SCOPED_TRACE(::testing::PrintToString(row.text));
+        Coordinate coordinate;
+        EXPECT_TRUE(coordinate.SetXmlString(
+            QStringLiteral("<Coordinate><Longitude>%1</Longitude><Latitude>%1</Latitude></Coordinate>")
+                .arg(row.text),
+            true));
+        EXPECT_STATE(coordinate, State(row.number, row.number));
+    }
+}
+
+TEST(Coordinate, OutOfRangeXmlThrowsWhenValidatingAndWhatWasReadBeforeStays)
+{
+    Coordinate coordinate = At(7.0, 8.0);
+    const QString longitudeFirst =
+        QStringLiteral("<Coordinate><Longitude>180.5</Longitude><Latitude>1</Latitude></Coordinate>");
+    EXPECT_RG_THROW(coordinate.SetXmlString(longitudeFirst, true), "OutOfRangeException",
+                    LONGITUDE_OUT_OF_RANGE);
+    EXPECT_STATE(coordinate, CoordinateState());
+
+    const QString latitudeLast =
+        QStringLiteral("<Coordinate><Longitude>1</Longitude><Latitude>nan</Latitude></Coordinate>");
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_RG_THROW(coordinate.SetXmlString(latitudeLast, true), "OutOfRangeException",
+                    LATITUDE_OUT_OF_RANGE);
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+    EXPECT_LOG(logger,
+               {"INFO: Coordinate: Loading xml string.",
+                "FATAL ERROR: OutOfRangeException: Parameters for m_latitude are not set within range "
+                "(-90, 90) in 'Coordinate'."});
+}
+
+TEST(Coordinate, OutOfRangeXmlIsStoredWithWarningsWhenNotValidating)
+{
+    Coordinate coordinate;
+    coordinate.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_TRUE(coordinate.SetXmlString(
+        QStringLiteral("<Coordinate><Longitude>-181</Longitude><Latitude>inf</Latitude></Coordinate>"),
+        true));
+    EXPECT_STATE(coordinate, State(-181.0, INF));
+    EXPECT_LOG(logger, {"INFO: Coordinate: Loading xml string.",
+                        "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
+                        "(-180, 180) in 'Coordinate'.",
+                        "WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
+                        "(-90, 90) in 'Coordinate'."});
+}
+
+TEST(Coordinate, UnknownChildrenAreSkippedWithoutAMessage)
+{
+    for (const bool validate : {true, false}) {
+        Coordinate coordinate;
+        coordinate.SetValidate(validate);
+        const auto logger = Support::NewLogger();
+        coordinate.SetLogger(logger);
+        EXPECT_TRUE(coordinate.SetXmlString(
+            QStringLiteral(
+                "<Coordinate Datum=\"WGS84\"><Height unit=\"m\">5</Height>text<Longitude>1</Longitude>"
+                "<Note><Latitude>7</Latitude><b/><Longitude>8</Longitude></Note><Empty/>"
+                "<Latitude>2</Latitude><!-- end --><Last/></Coordinate>"),
+            true));
+        EXPECT_STATE(coordinate, State(1.0, 2.0));
+        EXPECT_LOG(logger, {"INFO: Coordinate: Loading xml string."});
+    }
+}
+
+TEST(Coordinate, SkippingEndsAtTheFirstTagOfTheSameNameSoThatANestedOneEndsTheReading)
+{
+    const QString xml = QStringLiteral("<Coordinate><Longitude>1</Longitude><x><x/></x>"
+                                       "<Latitude>2</Latitude></Coordinate>");
+    Coordinate coordinate = NotValidating();
+    EXPECT_TRUE(coordinate.SetXmlString(xml, true));
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+    EXPECT_TEXT(ReadElement(coordinate, xml), "</x>");
+    coordinate.SetValidate(true);
+    EXPECT_RG_THROW(coordinate.SetXmlString(xml, true), "OutOfRangeException", SET_LATITUDE);
+}
+
+TEST(Coordinate, AChildWithinAValueGivesTheTextBeforeItsEndTagAndEndsTheReading)
+{
+    Coordinate coordinate = NotValidating();
+    EXPECT_TRUE(coordinate.SetXmlString(
+        QStringLiteral("<Coordinate><Longitude>1<y>2</y>3</Longitude><Latitude>4</Latitude></Coordinate>"),
+        true));
+    EXPECT_STATE(coordinate, State(2.0, std::nullopt));
+}
+
+TEST(Coordinate, OnlyTheLastPieceOfATextCounts)
+{
+    Coordinate coordinate;
+    EXPECT_TRUE(coordinate.SetXmlString(QStringLiteral("<Coordinate><Longitude>12<!-- c -->34</Longitude>"
+                                                       "<Latitude>1<![CDATA[2]]></Latitude></Coordinate>"),
+                                        true));
+    EXPECT_STATE(coordinate, State(34.0, 2.0));
+}
+
+TEST(Coordinate, ANestedElementOfTheSameNameIsAnUnknownChild)
+{
+    Coordinate coordinate;
+    EXPECT_TRUE(coordinate.SetXmlString(
+        QStringLiteral("<Coordinate><Longitude>1</Longitude><Coordinate><Longitude>5</Longitude></Coordinate>"
+                       "<Latitude>2</Latitude></Coordinate>"),
+        true));
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+}
+
+TEST(Coordinate, MalformedXmlIsReportedAndWhatWasReadBeforeStays)
+{
+    struct Row
+    {
+        const char* xml;
+        CoordinateState state;
+    };
+    const Row rows[] = {
+        {"<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude>", State(1.0, 2.0)},
+        {"<Coordinate><Longitude>1</Longitude><Latitude>2", State(1.0, std::nullopt)},
+        {"<Coordinate><Longitude>1</Longitude><Latitude>2</Longitude></Coordinate>",
+         State(1.0, std::nullopt)},
+        {"<Coordinate><Longitude>1</Longitude></Wrong>", State(1.0, std::nullopt)},
+        {"<Coordinate><Longitude>1</Longitude><Unknown>", State(1.0, std::nullopt)},
+        {"<Coordinate><Longitude>1&x;</Longitude></Coordinate>", {}},
+        {"<Coordinate>", {}},
+        {"<Coordinate a=\"1\" a=\"2\"><Longitude>1</Longitude></Coordinate>", {}},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.xml);
+            const QString xml = Support::Text(row.xml);
+            Coordinate coordinate = At(7.0, 8.0);
+            coordinate.SetValidate(validate);
+            EXPECT_RG_THROW(coordinate.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_STATE(coordinate, row.state);
+
+            const auto logger = Support::NewLogger();
+            coordinate.SetLogger(logger);
+            EXPECT_RG_THROW(coordinate.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_LOG(logger, QStringList({QStringLiteral("INFO: Coordinate: Loading xml string."),
+                                            QStringLiteral("FATAL ERROR: RGException: ") +
+                                                Support::XmlErrorOf(xml)}));
+        }
+    }
+}
+
+// --- Tagged form ------------------------------------------------------------------------------------------
+
+TEST(Coordinate, BodyHoldsLongitudeThenLatitudeAsTexts)
+{
+    EXPECT_BYTES(BodyOf(At(8.5, -45.25)), Element(1, Longitude("8.500000") + Latitude("-45.250000")));
+    EXPECT_BYTES(BodyOf(At(8.5, -45.25), 1869154367, false),
+                 Support::Body(Longitude("8.500000") + Latitude("-45.250000")));
+    EXPECT_BYTES(BodyOf(WithLeftovers(3, NOT_A_NUMBER, NOT_A_NUMBER)),
+                 Element(1, Longitude(" nan") + Latitude("nan")));
+    Written([](QDataStream& stream) { EXPECT_TRUE(At(1.0, 2.0).GetBinary(stream, 1, true)); });
+}
+
+TEST(Coordinate, BodyHasItsLengthsWhereTheyBelong)
+{
+    // 16 + 12 + 14 bytes: heads, longitude of 8 characters, latitude of 10.
+    const QByteArray body = BodyOf(At(8.5, -45.25), 0, false);
+    ASSERT_EQ(body.size(), 4 + 16 + 12 + 14);
+    EXPECT_BYTES(body.left(16), QByteArray("\0\0\0\x2a\x24\x7e\x74\x91\0\0\0\x0c\0\0\0\x08", 16));
+    EXPECT_BYTES(body.mid(24, 12), QByteArray("\xcb\x2f\x4b\x76\0\0\0\x0e\0\0\0\x0a", 12));
+}
+
+TEST(Coordinate, BodyGoesIntoTheMiddleOfACallersStream)
+{
+    const Bytes body = Element(7, Longitude("1.000000") + Latitude("2.000000"));
+    const QByteArray bytes = Written([](QDataStream& stream) {
+        stream << quint8(9);
+        At(1.0, 2.0).GetBinary(stream, 7, true);
+        At(1.0, 2.0).GetBinary(stream, 7, true);
+        stream << quint8(8);
+    });
+    EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
+}
+
+TEST(Coordinate, IncompleteOrOutOfRangeBodyThrowsWhenValidatingAndNothingIsWritten)
+{
+    Coordinate incomplete;
+    incomplete.SetLatitude(1.0);
+    const Coordinate outOfRange = WithLeftovers(3, 1.0, -91.0);
+    outOfRange.SetValidate(true);
+    const QByteArray bytes = Written([&](QDataStream& stream) {
+        EXPECT_RG_THROW(incomplete.GetBinary(stream, 1, true), "OutOfRangeException", SET_LONGITUDE);
+        EXPECT_RG_THROW(outOfRange.GetBinary(stream, 1, true), "OutOfRangeException", SET_LATITUDE);
+    });
+    EXPECT_EQ(bytes.size(), 0);
+}
+
+TEST(Coordinate, BodyHoldsUnsetValuesAsTheyStandWhenNotValidating)
+{
+    Coordinate coordinate;
+    coordinate.SetValidate(false);
+    EXPECT_BYTES(BodyOf(coordinate), Element(1, Longitude("0.000000") + Latitude("0.000000")));
+    EXPECT_BYTES(BodyOf(WithLeftovers(1, 5.5, 6.5)),
+                 Element(1, Longitude("5.500000") + Latitude("6.500000")));
+}
+
+TEST(Coordinate, ElementsMayComeInAnyOrderAndARepeatedOneIsAppliedAgain)
+{
+    Coordinate coordinate;
+    EXPECT_EQ(ReadElements(coordinate, Latitude("2") + Longitude("1")), 0);
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+    EXPECT_EQ(ReadElements(coordinate, Latitude("3") + Latitude("4")), 0);
+    EXPECT_STATE(coordinate, State(std::nullopt, 4.0));
+    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
+}
+
+TEST(Coordinate, ReadingElementsDoesNotAskForBoth)
+{
+    Coordinate coordinate;
+    EXPECT_EQ(ReadElements(coordinate, Longitude("1")), 0);
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+    QByteArray empty = Support::Representation(u"Coordinate", Bytes()).Data();
+    EXPECT_TRUE(coordinate.SetBinaryRepresentation(empty));
+    EXPECT_STATE(coordinate, CoordinateState());
+}
+
+TEST(Coordinate, ABodyOfLengthZeroReadsNothingAndReportsNothing)
+{
+    Coordinate coordinate = At(1.0, 2.0);
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_EQ(ReadElements(coordinate, 0, Longitude("5")), Longitude("5").Size());
+    EXPECT_STATE(coordinate, CoordinateState());
+    EXPECT_TRUE(coordinate.IsInitialized());
+    EXPECT_LOG(logger, {});
+}
+
+TEST(Coordinate, UnknownElementsAreSkippedByTheirLength)
+{
+    Coordinate coordinate;
+    const Bytes unknown = Element(Tag::UNKNOWN, Longitude("7") + Support::Byte(1));
+    EXPECT_EQ(ReadElements(coordinate, unknown + Longitude("1") + unknown + Latitude("2") + unknown), 0);
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+}
+
+TEST(Coordinate, ElementTextsReadAsThoseInXml)
+{
+    for (const Support::NumberText& row : Support::NumberTexts()) {
+        if (std::abs(row.number) > 90.0)
+            continue;
+        SCOPED_TRACE(::testing::PrintToString(row.text));
+        const std::string text = row.text.toStdString();
+        Coordinate coordinate;
+        EXPECT_EQ(ReadElements(coordinate, Longitude(text.c_str()) + Latitude(text.c_str())), 0);
+        EXPECT_STATE(coordinate, State(row.number, row.number));
+    }
+}
+
+TEST(Coordinate, OutOfRangeElementsThrowWhenValidatingAndWhatWasReadBeforeStays)
+{
+    Coordinate coordinate = At(7.0, 8.0);
+    EXPECT_RG_THROW(ReadElements(coordinate, Latitude("2") + Longitude("180.000001")), "OutOfRangeException",
+                    LONGITUDE_OUT_OF_RANGE);
+    EXPECT_STATE(coordinate, State(std::nullopt, 2.0));
+    EXPECT_RG_THROW(ReadElements(coordinate, Longitude("1") + Latitude(" nan")), "OutOfRangeException",
+                    LATITUDE_OUT_OF_RANGE);
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+}
+
+TEST(Coordinate, OutOfRangeElementsAreStoredWithWarningsWhenNotValidating)
+{
+    Coordinate coordinate;
+    coordinate.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_EQ(ReadElements(coordinate, Latitude("91") + Longitude("-inf")), 0);
+    EXPECT_STATE(coordinate, State(-INF, 91.0));
+    EXPECT_LOG(logger, {"WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
+                        "(-90, 90) in 'Coordinate'.",
+                        "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
+                        "(-180, 180) in 'Coordinate'."});
+}
+
+TEST(Coordinate, LengthsThatDoNotAddUpAreReportedAfterTheValuesHaveBeenStored)
+{
+    constexpr int MAX_LENGTH = std::numeric_limits<qint32>::max();
+    constexpr int MIN_LENGTH = std::numeric_limits<qint32>::min();
+    const Bytes both = Longitude("1") + Latitude("2");
+    struct Row
+    {
+        const char* name;
+        int length;
+        Bytes bytes;
+        CoordinateState state;
+    };
+    const std::vector<Row> rows = {
+        {"body 4 too long", both.Size() + 4, both, State(1.0, 2.0)},
+        {"body 1 too short", both.Size() - 1, both, State(1.0, 2.0)},
+        {"body ends within the second element", Longitude("1").Size() + 1, both, State(1.0, 2.0)},
+        {"element 1 too long", both.Size(),
+         ElementOfLength(Tag::COORDINATE_LONGITUDE, 6, ByteArray("1")) + Latitude("2"), State(1.0, 2.0)},
+        {"element 1 too short", both.Size(),
+         ElementOfLength(Tag::COORDINATE_LONGITUDE, 4, ByteArray("1")) + Latitude("2"), State(1.0, 2.0)},
+        {"element of the greatest length", both.Size(),
+         ElementOfLength(Tag::COORDINATE_LONGITUDE, MAX_LENGTH, ByteArray("1")) + Latitude("2"),
+         State(1.0, std::nullopt)},
+        {"element of the least length", both.Size(),
+         ElementOfLength(Tag::COORDINATE_LONGITUDE, MIN_LENGTH, ByteArray("1")) + Latitude("2"),
+         State(1.0, 2.0)},
+        {"unknown element of negative length", both.Size() + 8,
+         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + both, State(1.0, 2.0)},
+        {"unknown element overruns", both.Size() + 8, both + ElementOfLength(Tag::UNKNOWN, 1, Bytes()),
+         State(1.0, 2.0)},
+        {"negative body", -1, both, {}},
+        {"least body", MIN_LENGTH, both, {}},
+        {"greatest body", MAX_LENGTH, both, State(1.0, 2.0)},
+        {"no bytes at all", 8, Bytes(), {}},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.name);
+            Coordinate coordinate = At(7.0, 8.0);
+            coordinate.SetValidate(validate);
+            EXPECT_RG_THROW(ReadElements(coordinate, row.length, row.bytes), "BinaryParsingException",
+                            LENGTH_ERROR);
+            EXPECT_STATE(coordinate, row.state);
+            const auto logger = Support::NewLogger();
+            coordinate.SetLogger(logger);
+            EXPECT_RG_THROW(ReadElements(coordinate, row.length, row.bytes), "BinaryParsingException",
+                            LENGTH_ERROR);
+            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") +
+                                           Support::Text(LENGTH_ERROR)});
+        }
+    }
+}
+
+TEST(Coordinate, WhatFollowsTheBodyStaysOnTheStream)
+{
+    Coordinate coordinate;
+    const Bytes first = Longitude("1") + Latitude("2");
+    EXPECT_EQ(ReadElements(coordinate, first.Size(), first + Longitude("5")), Longitude("5").Size());
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+}
+
+// --- Raw form ---------------------------------------------------------------------------------------------
+
+TEST(Coordinate, RawFormHoldsTheFlagsAndAlwaysBothNumbers)
+{
+    for (int flags = 0; flags <= 3; ++flags) {
+        Coordinate coordinate;
+        if (flags & 1)
+            coordinate.SetLongitude(1.0 / 3.0);
+        if (flags & 2)
+            coordinate.SetLatitude(-0.0);
+        const Bytes raw = Support::Byte(flags) + Support::Double(flags & 1 ? 1.0 / 3.0 : 0.0) +
+                          Support::Double(flags & 2 ? -0.0 : 0.0);
+        EXPECT_EQ(raw.Size(), 17);
+        EXPECT_BYTES(Support::RawFormOf(coordinate), raw);
+
+        Coordinate read = At(7.0, 8.0);
+        EXPECT_EQ(ReadRawForm(read, raw + Support::Byte(5)), 1);
+        EXPECT_TRUE(read == coordinate);
+        EXPECT_BYTES(Support::RawFormOf(read), raw);
+    }
+}
+
+TEST(Coordinate, RawReadingChecksAndTracesNothing)
+{
+    Coordinate coordinate;
+    const auto logger = Support::NewLogger();
+    coordinate.SetLogger(logger);
+    EXPECT_EQ(ReadRawForm(coordinate, Support::Byte(3) + Support::Double(1000.0) + Support::Double(-INF)), 0);
+    EXPECT_STATE(coordinate, State(1000.0, -INF));
+    EXPECT_LOG(logger, {});
+}
+
+TEST(Coordinate, RawReadingTakesNumbersThatAreNotMarkedAsSet)
+{
+    const Coordinate coordinate = WithLeftovers(0, 5.5, 6.5);
+    EXPECT_STATE(coordinate, CoordinateState());
+    EXPECT_EQ(coordinate.GetLongitude(), 5.5);
+    EXPECT_EQ(coordinate.GetLatitude(), 6.5);
+    EXPECT_BYTES(Support::RawFormOf(coordinate),
+                 Support::Byte(0) + Support::Double(5.5) + Support::Double(6.5));
+}
+
+TEST(Coordinate, FlagsWithoutAFieldAreKeptAndWrittenBack)
+{
+    const Bytes raw = Support::Byte(0xfd) + Support::Double(1.0) + Support::Double(2.0);
+    const Coordinate coordinate = WithLeftovers(0xfd, 1.0, 2.0);
+    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
+    EXPECT_BYTES(Support::RawFormOf(coordinate), raw);
+    EXPECT_BYTES(Support::RawFormOf(Coordinate(coordinate)), raw);
+    EXPECT_TRUE(coordinate == WithLeftovers(1, 1.0, 2.0));
+    EXPECT_FALSE(WithLeftovers(0xfc, 1.0, 2.0).AnyData());
+}
+
+TEST(Coordinate, RawFormFollowsByteOrderAndPrecisionOfTheStream)
+{
+    const QByteArray little = Written([](QDataStream& stream) {
+        stream.setByteOrder(QDataStream::LittleEndian);
+        At(1.0, 2.0).GetVersionSpecificBinaryWithoutValidation(stream);
+    });
+    EXPECT_BYTES(little, QByteArray("\x03\0\0\0\0\0\0\xf0\x3f\0\0\0\0\0\0\0\x40", 17));
+
+    const QByteArray single = Written([](QDataStream& stream) {
+        stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+        At(1.0, 2.0).GetVersionSpecificBinaryWithoutValidation(stream);
+    });
+    EXPECT_BYTES(single, QByteArray("\x03\x3f\x80\0\0\x40\0\0\0", 9));
+
+    Coordinate read;
+    QDataStream stream(little);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    read.SetVersionSpecificBinaryWithoutValidation(stream);
+    EXPECT_STATE(read, State(1.0, 2.0));
+}
+
+// --- Rounding and merging ---------------------------------------------------------------------------------
+
+TEST(Coordinate, XmlAndTaggedFormRoundToMillionthsAndTheRawFormDoesNot)
+{
+    const Coordinate coordinate = At(1.0 / 3.0, 2.0 / 3.0);
+    Coordinate read;
+    EXPECT_TRUE(read.SetXmlString(coordinate.GetXmlString(), true));
+    EXPECT_STATE(read, State(0.333333, 0.666667));
+    QByteArray bytes = coordinate.GetBinaryRepresentationAsQByteArray();
+    read.Reset();
+    EXPECT_TRUE(read.SetBinaryRepresentation(bytes));
+    EXPECT_STATE(read, State(0.333333, 0.666667));
+    EXPECT_EQ(ReadRawForm(read, Support::RawFormOf(coordinate)), 0);
+    EXPECT_STATE(read, State(1.0 / 3.0, 2.0 / 3.0));
+}
+
+TEST(Coordinate, MergingTakesBothValuesOfTheOther)
+{
+    Coordinate coordinate;
+    coordinate.SetLongitude(7.0);
+    EXPECT_TRUE(coordinate.MergeRGObject(At(1.0, 2.0)));
+    EXPECT_STATE(coordinate, State(1.0, 2.0));
+}
+
+TEST(Coordinate, MergingAnIncompleteCoordinateNeedsItNotToValidate)
+{
+    Coordinate coordinate = At(7.0, 8.0);
+    Coordinate other;
+    other.SetLongitude(1.0);
+    EXPECT_RG_THROW(coordinate.MergeRGObject(other), "OutOfRangeException", SET_LATITUDE);
+    EXPECT_STATE(coordinate, State(7.0, 8.0));
+
+    // It then writes its unset latitude as 0.
+    other.SetValidate(false);
+    EXPECT_TRUE(coordinate.MergeRGObject(other));
+    EXPECT_STATE(coordinate, State(1.0, 0.0));
+}
+
+TEST(Coordinate, MergingAnOutOfRangeCoordinateThrowsWhereTheTargetValidates)
+{
+    const Coordinate other = WithLeftovers(3, 1.0, 95.0);
+    Coordinate coordinate = At(7.0, 8.0);
+    EXPECT_RG_THROW(coordinate.MergeRGObject(other), "OutOfRangeException", LATITUDE_OUT_OF_RANGE);
+    EXPECT_STATE(coordinate, State(1.0, 8.0));
+    coordinate.SetValidate(false);
+    EXPECT_TRUE(coordinate.MergeRGObject(other));
+    EXPECT_STATE(coordinate, State(1.0, 95.0));
+}

@@ -1,0 +1,411 @@
+// What a Frequency has beyond a value with bounds (see boundedvaluetest.cpp): the switch "use".
+
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/frequency.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using REPORTGENERATOR::Frequency;
+using Support::BodyOf;
+using Support::Bool;
+using Support::ByteArray;
+using Support::Bytes;
+using Support::ReadElement;
+using Support::ReadElements;
+using Support::ReadRawForm;
+namespace Tag = Support::Tag;
+
+constexpr int VALUE_FLAG = 1;
+constexpr int USE_FLAG = 8;
+
+Bytes Value(const char* text)
+{
+    return Element(Tag::FREQUENCY_VALUE, ByteArray(text));
+}
+
+Bytes Use(bool use)
+{
+    return Element(Tag::FREQUENCY_USE, Bool(use));
+}
+
+Frequency WithUse(double value, bool use)
+{
+    Frequency frequency;
+    frequency.SetValue(value);
+    frequency.SetUse(use);
+    return frequency;
+}
+
+Frequency WithAll(double value, double min, double max, bool use)
+{
+    Frequency frequency = WithUse(value, use);
+    frequency.SetMin(min);
+    frequency.SetMax(max);
+    return frequency;
+}
+
+/// Whether "use" is set, and to what.
+std::string UseOf(const Frequency& frequency)
+{
+    return std::string(frequency.IsUseSet() ? "set to " : "unset, ") +
+           (frequency.GetUse() ? "true" : "false");
+}
+
+} // namespace
+
+// --- The field --------------------------------------------------------------------------------------------
+
+TEST(Frequency, UseIsTrueUntilItIsSet)
+{
+    const Frequency frequency;
+    EXPECT_FALSE(frequency.IsUseSet());
+    EXPECT_FALSE(frequency.IsInitialized());
+    EXPECT_TRUE(frequency.GetUse());
+    EXPECT_TRUE(frequency.IsInitialized());
+    EXPECT_FALSE(frequency.IsUseSet());
+    EXPECT_FALSE(frequency.AnyData());
+}
+
+TEST(Frequency, DefaultOfUseIsTrueAndDoesNotMakeTheRecord)
+{
+    const Frequency frequency;
+    EXPECT_TRUE(frequency.GetDefaultUse());
+    EXPECT_FALSE(frequency.IsInitialized());
+}
+
+TEST(Frequency, SetterOfUseStoresAndSetsIt)
+{
+    for (const bool validate : {true, false}) {
+        for (const bool use : {true, false}) {
+            Frequency frequency;
+            frequency.SetValidate(validate);
+            const auto logger = Support::NewLogger();
+            frequency.SetLogger(logger);
+            frequency.SetUse(use);
+            EXPECT_TRUE(frequency.IsInitialized());
+            EXPECT_TRUE(frequency.IsUseSet());
+            EXPECT_EQ(frequency.GetUse(), use);
+            EXPECT_FALSE(frequency.IsValueSet());
+            EXPECT_FALSE(frequency.IsMinSet());
+            EXPECT_FALSE(frequency.IsMaxSet());
+            EXPECT_LOG(logger, {});
+        }
+    }
+}
+
+TEST(Frequency, ResetUseStoresTrueAndUnsetsItAlone)
+{
+    Frequency frequency = WithAll(1.0, 2.0, 3.0, false);
+    frequency.ResetUse();
+    EXPECT_EQ(UseOf(frequency), "unset, true");
+    EXPECT_TRUE(frequency.IsValueSet());
+    EXPECT_TRUE(frequency.IsMinSet());
+    EXPECT_TRUE(frequency.IsMaxSet());
+
+    Frequency fresh;
+    fresh.ResetUse();
+    EXPECT_FALSE(fresh.IsInitialized());
+}
+
+TEST(Frequency, ResettingANumberLeavesUseAlone)
+{
+    Frequency frequency = WithAll(1.0, 2.0, 3.0, false);
+    frequency.ResetValue();
+    frequency.ResetMin();
+    frequency.ResetMax();
+    EXPECT_EQ(UseOf(frequency), "set to false");
+}
+
+TEST(Frequency, UseCountsAsAnyDataButNotAsData)
+{
+    Frequency frequency;
+    frequency.SetUse(false);
+    EXPECT_TRUE(frequency.AnyData());
+    EXPECT_FALSE(frequency.HasData());
+    EXPECT_RG_THROW(frequency.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
+}
+
+TEST(Frequency, ResetUnsetsUseAndStoresTrue)
+{
+    Frequency frequency = WithAll(1.0, 2.0, 3.0, false);
+    frequency.Reset();
+    EXPECT_EQ(UseOf(frequency), "unset, true");
+    EXPECT_FALSE(frequency.AnyData());
+}
+
+TEST(Frequency, ResetToDefaultCountsUseAsSetToTrueAndNothingElse)
+{
+    for (Frequency frequency : {Frequency(), WithAll(1.0, 2.0, 3.0, false)}) {
+        frequency.ResetToDefault();
+        EXPECT_TRUE(frequency.IsInitialized());
+        EXPECT_EQ(UseOf(frequency), "set to true");
+        EXPECT_FALSE(frequency.IsValueSet());
+        EXPECT_FALSE(frequency.IsMinSet());
+        EXPECT_FALSE(frequency.IsMaxSet());
+        EXPECT_TRUE(frequency.AnyData());
+        EXPECT_FALSE(frequency.HasData());
+        EXPECT_EQ(frequency.GetValue(), 0.0);
+    }
+}
+
+TEST(Frequency, ResetToDefaultDiffersFromResetInUse)
+{
+    Frequency frequency;
+    frequency.ResetToDefault();
+    EXPECT_TRUE(frequency != Frequency());
+    frequency.Reset();
+    EXPECT_TRUE(frequency == Frequency());
+}
+
+TEST(Frequency, IsUseSetDoesNotMakeTheRecordAndTheOthersDo)
+{
+    Frequency asked;
+    asked.IsUseSet();
+    EXPECT_FALSE(asked.IsInitialized());
+    Frequency got;
+    got.GetUse();
+    EXPECT_TRUE(got.IsInitialized());
+    Frequency set;
+    set.SetUse(true);
+    EXPECT_TRUE(set.IsInitialized());
+}
+
+// --- Comparison -------------------------------------------------------------------------------------------
+
+TEST(Frequency, UseTakesPartInTheComparison)
+{
+    Frequency unset;
+    unset.SetValue(1.0);
+    EXPECT_TRUE(WithUse(1.0, true) == WithUse(1.0, true));
+    EXPECT_TRUE(WithUse(1.0, false) == WithUse(1.0, false));
+    EXPECT_FALSE(WithUse(1.0, true) == WithUse(1.0, false));
+    EXPECT_FALSE(WithUse(1.0, true) == unset);
+    EXPECT_FALSE(unset == WithUse(1.0, true));
+    EXPECT_TRUE(unset != WithUse(1.0, true));
+}
+
+TEST(Frequency, TheLeftoverOfAnUnsetUseDoesNotCount)
+{
+    Frequency leftover = WithUse(1.0, false);
+    EXPECT_EQ(ReadRawForm(leftover, Support::Byte(VALUE_FLAG) + Support::Double(1.0)), 0);
+    EXPECT_EQ(UseOf(leftover), "unset, false");
+    Frequency plain;
+    plain.SetValue(1.0);
+    EXPECT_TRUE(leftover == plain);
+    EXPECT_XML(leftover, "\n<Frequency>1.00</Frequency>");
+}
+
+// --- XML --------------------------------------------------------------------------------------------------
+
+TEST(Frequency, XmlHoldsUseBehindTheBoundsWhenItIsSet)
+{
+    EXPECT_XML(WithUse(1.0, true), "\n<Frequency Use=\"true\">1.00</Frequency>");
+    EXPECT_XML(WithUse(1.0, false), "\n<Frequency Use=\"false\">1.00</Frequency>");
+    EXPECT_XML(WithAll(1.0, 2.0, 3.0, false),
+               "\n<Frequency Min=\"2.00\" Max=\"3.00\" Use=\"false\">1.00</Frequency>");
+
+    Frequency setInAnotherOrder;
+    setInAnotherOrder.SetUse(true);
+    setInAnotherOrder.SetMax(3.0);
+    setInAnotherOrder.SetMin(2.0);
+    setInAnotherOrder.SetValue(1.0);
+    EXPECT_XML(setInAnotherOrder, "\n<Frequency Min=\"2.00\" Max=\"3.00\" Use=\"true\">1.00</Frequency>");
+}
+
+TEST(Frequency, XmlAfterResetToDefaultHoldsUseWhenNotValidating)
+{
+    Frequency frequency;
+    frequency.SetValidate(false);
+    frequency.ResetToDefault();
+    EXPECT_XML(frequency, "\n<Frequency Use=\"true\">0.00</Frequency>");
+}
+
+TEST(Frequency, UseIsReadAsFalseFromZeroAndFalseInAnyCaseAndAsTrueFromEverythingElse)
+{
+    struct Row
+    {
+        const char* text;
+        bool use;
+    };
+    const Row rows[] = {
+        {"0", false},
+        {"false", false},
+        {"FALSE", false},
+        {"False", false},
+        {"fAlSe", false},
+        {"true", true},
+        {"TRUE", true},
+        {"1", true},
+        {"2", true},
+        {"no", true},
+        {"off", true},
+        {"", true},
+        {" ", true},
+        {"00", true},
+        {"0.0", true},
+        {"-0", true},
+        {" false", true},
+        {"false ", true},
+        {"0 ", true},
+        {"falsch", true},
+        {"FALSE1", true},
+        {"fal\xc5\xbf"
+         "e",
+         true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        Frequency frequency;
+        EXPECT_TRUE(frequency.SetXmlString(
+            QStringLiteral("<Frequency Use=\"%1\">1</Frequency>").arg(Support::Text(row.text)), true));
+        EXPECT_TRUE(frequency.IsUseSet());
+        EXPECT_EQ(frequency.GetUse(), row.use);
+    }
+}
+
+TEST(Frequency, UseIsUnsetAfterReadingAnElementWithoutIt)
+{
+    Frequency frequency = WithUse(1.0, false);
+    EXPECT_TRUE(frequency.SetXmlString(QStringLiteral("<Frequency use=\"0\">1</Frequency>"), true));
+    EXPECT_EQ(UseOf(frequency), "unset, true");
+}
+
+TEST(Frequency, ProcessXmlLeavesUseWhenItIsNotThere)
+{
+    Frequency frequency = WithUse(1.0, false);
+    EXPECT_TEXT(ReadElement(frequency, QStringLiteral("<Frequency>2</Frequency>")), "</Frequency>");
+    EXPECT_TRUE(frequency == WithUse(2.0, false));
+}
+
+TEST(Frequency, AttributesAreStoredBeforeMalformedTextIsMet)
+{
+    Frequency frequency;
+    const QString xml = QStringLiteral("<Frequency Use=\"0\" Max=\"2\">1<");
+    EXPECT_RG_THROW(frequency.SetXmlString(xml, true), "RGException", Support::XmlErrorOf(xml));
+    EXPECT_EQ(UseOf(frequency), "set to false");
+    EXPECT_TRUE(frequency.IsMaxSet());
+    EXPECT_FALSE(frequency.IsValueSet());
+}
+
+TEST(Frequency, FrequencyInformationIsAnotherElement)
+{
+    Frequency frequency = WithUse(1.0, false);
+    const QString xml = QStringLiteral("<FrequencyInformation>5</FrequencyInformation>");
+    EXPECT_FALSE(frequency.SetXmlString(xml, false));
+    EXPECT_FALSE(frequency.AnyData());
+    EXPECT_RG_THROW(frequency.SetXmlString(xml, true), "RGException", "Unsuitable XML for Frequency!");
+}
+
+// --- Tagged form ------------------------------------------------------------------------------------------
+
+TEST(Frequency, BodyHoldsUseBetweenTheBoundsAndTheValue)
+{
+    EXPECT_BYTES(BodyOf(WithUse(1.0, true)), Element(1, Use(true) + Value("1.00")));
+    EXPECT_BYTES(BodyOf(WithAll(1.0, 2.0, 3.0, false)),
+                 Element(1, Element(Tag::FREQUENCY_MIN, ByteArray("2.00")) +
+                                Element(Tag::FREQUENCY_MAX, ByteArray("3.00")) + Use(false) + Value("1.00")));
+}
+
+TEST(Frequency, BodyReadsUseFromAnyPlaceAndAnyByteButZeroAsTrue)
+{
+    for (int byte = 0; byte <= 0xff; ++byte) {
+        Frequency frequency;
+        const Bytes use = Element(Tag::FREQUENCY_USE, Support::Byte(byte));
+        EXPECT_EQ(ReadElements(frequency, Value("1") + use), 0);
+        EXPECT_TRUE(frequency == WithUse(1.0, byte != 0)) << byte;
+        EXPECT_EQ(ReadElements(frequency, use + Value("1")), 0);
+        EXPECT_TRUE(frequency == WithUse(1.0, byte != 0)) << byte;
+    }
+}
+
+TEST(Frequency, ABodyWithoutUseUnsetsIt)
+{
+    Frequency frequency = WithUse(1.0, false);
+    EXPECT_EQ(ReadElements(frequency, Value("1")), 0);
+    EXPECT_EQ(UseOf(frequency), "unset, true");
+}
+
+TEST(Frequency, DeclaredLengthOfUseOnlyCountsAgainstTheBudget)
+{
+    Frequency frequency;
+    const Bytes use = ElementOfLength(Tag::FREQUENCY_USE, 4, Bool(false));
+    EXPECT_RG_THROW(ReadElements(frequency, use + Value("1.00")), "BinaryParsingException",
+                    "Frequency::SetBinary(...): Length error occurred during processing of binary "
+                    "representation");
+    EXPECT_TRUE(frequency == WithUse(1.0, false));
+    EXPECT_EQ(ReadElements(frequency, use.Size() + 3 + 16, use + Value("1.00")), 0);
+    EXPECT_TRUE(frequency == WithUse(1.0, false));
+}
+
+// --- Raw form ---------------------------------------------------------------------------------------------
+
+TEST(Frequency, RawFormHoldsUseLastWhenItIsSet)
+{
+    EXPECT_BYTES(Support::RawFormOf(WithUse(1.005, true)),
+                 Support::Byte(VALUE_FLAG | USE_FLAG) + Support::Double(1.005) + Bool(true));
+    const Bytes all = Support::Byte(0x0f) + Support::Double(1.0) + Support::Double(2.0) +
+                      Support::Double(3.0) + Bool(false);
+    EXPECT_BYTES(Support::RawFormOf(WithAll(1.0, 2.0, 3.0, false)), all);
+
+    Frequency frequency;
+    EXPECT_EQ(ReadRawForm(frequency, all), 0);
+    EXPECT_TRUE(frequency == WithAll(1.0, 2.0, 3.0, false));
+}
+
+TEST(Frequency, RawFormOfANewObjectHoldsNoUse)
+{
+    EXPECT_BYTES(Support::RawFormOf(Frequency()), Support::Byte(0) + Support::Double(0.0));
+    Frequency frequency;
+    frequency.ResetToDefault();
+    EXPECT_BYTES(Support::RawFormOf(frequency), Support::Byte(USE_FLAG) + Support::Double(0.0) + Bool(true));
+}
+
+TEST(Frequency, RawReadingTakesUseOnlyWhenItsFlagIsThere)
+{
+    Frequency frequency = WithUse(1.0, false);
+    EXPECT_EQ(ReadRawForm(frequency, Support::Byte(VALUE_FLAG) + Support::Double(2.0) + Bool(true)), 1);
+    EXPECT_EQ(UseOf(frequency), "unset, false");
+
+    EXPECT_EQ(ReadRawForm(frequency, Support::Byte(USE_FLAG) + Support::Double(2.0) + Bool(true)), 0);
+    EXPECT_EQ(UseOf(frequency), "set to true");
+    EXPECT_FALSE(frequency.IsValueSet());
+}
+
+TEST(Frequency, TheUpperFourFlagsSteerNothingAndAreKept)
+{
+    for (int stray = 0x10; stray <= 0x80; stray <<= 1) {
+        SCOPED_TRACE(stray);
+        Frequency frequency;
+        const Bytes raw = Support::Byte(stray | USE_FLAG) + Support::Double(2.5) + Bool(true);
+        EXPECT_EQ(ReadRawForm(frequency, raw), 0);
+        EXPECT_EQ(UseOf(frequency), "set to true");
+        EXPECT_FALSE(frequency.IsValueSet());
+        EXPECT_BYTES(Support::RawFormOf(frequency), raw);
+    }
+}
+
+// --- Merging ----------------------------------------------------------------------------------------------
+
+TEST(Frequency, MergingTakesUseWhenTheOtherHasIt)
+{
+    Frequency frequency = WithUse(1.0, true);
+    Frequency other;
+    other.SetValue(2.0);
+    EXPECT_TRUE(frequency.MergeRGObject(other));
+    EXPECT_TRUE(frequency == WithUse(2.0, true));
+    other.SetUse(false);
+    EXPECT_TRUE(frequency.MergeRGObject(other));
+    EXPECT_TRUE(frequency == WithUse(2.0, false));
+}

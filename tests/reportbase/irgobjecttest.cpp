@@ -1,0 +1,843 @@
+#include "support/expect.h"
+#include "support/plainobject.h"
+
+#include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/double.h>
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/irgobject.h>
+#include <reportgenerator/reportbase/listlogger.h>
+#include <reportgenerator/reportbase/versionconverterproxy.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QDate>
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QTime>
+#include <QtCore/QVector>
+#include <QtCore/QXmlStreamReader>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+
+namespace {
+
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::Double;
+using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::IRGObject;
+using REPORTGENERATOR::ListLogger;
+using REPORTGENERATOR::ObjectTypes;
+using REPORTGENERATOR::VersionConverterProxy;
+using Support::NewLogger;
+using Support::PlainObject;
+using Support::Text;
+
+ObjectTypes Kind(int number)
+{
+    return static_cast<ObjectTypes>(number);
+}
+
+template <typename To, typename From>
+To BitsOf(From value)
+{
+    static_assert(sizeof(To) == sizeof(From));
+    To bits{};
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+/// Reads its start elements as the base does.
+class UnreadingObject : public PlainObject
+{
+public:
+    void ProcessXmlStartElement(QXmlStreamReader& reader) override
+    {
+        IRGObject::ProcessXmlStartElement(reader);
+    }
+};
+
+/// An object with a format version of its own.
+class VersionedObject : public PlainObject
+{
+public:
+    explicit VersionedObject(const char* version) : m_version(QString::fromUtf8(version)) {}
+
+    const QString& GetVersion() const override { return m_version; }
+
+private:
+    QString m_version;
+};
+
+template <typename Value, typename = void>
+constexpr bool HAS_SET_INVALID = false;
+template <typename Value>
+constexpr bool HAS_SET_INVALID<
+    Value, std::void_t<decltype(std::declval<IRGObject&>().SetInvalid(std::declval<Value&>()))>> = true;
+
+template <typename Object, typename = void>
+constexpr bool CAN_SET_OBJECT_TYPE = false;
+template <typename Object>
+constexpr bool CAN_SET_OBJECT_TYPE<
+    Object, std::void_t<decltype(std::declval<Object&>().SetObjectType(std::declval<ObjectTypes>()))>> = true;
+
+template <typename Object, typename = void>
+constexpr bool CAN_SET_OBJECT_NAME = false;
+template <typename Object>
+constexpr bool CAN_SET_OBJECT_NAME<
+    Object, std::void_t<decltype(std::declval<Object&>().SetObjectName(std::declval<const QString&>()))>> =
+    true;
+
+template <typename Object, typename = void>
+constexpr bool CAN_PROCESS_XML_START_ELEMENT = false;
+template <typename Object>
+constexpr bool
+    CAN_PROCESS_XML_START_ELEMENT<Object, std::void_t<decltype(std::declval<Object&>().ProcessXmlStartElement(
+                                              std::declval<QXmlStreamReader&>()))>> = true;
+
+} // namespace
+
+// --- Identity ----------------------------------------------------------------------------------------------
+
+TEST(IRGObject, IsAbstractAndCopyableByConstructorAndAssignment)
+{
+    static_assert(std::is_abstract_v<IRGObject>);
+    static_assert(std::has_virtual_destructor_v<IRGObject>);
+    static_assert(std::is_copy_constructible_v<PlainObject>);
+    static_assert(std::is_copy_assignable_v<IRGObject>);
+    static_assert(!CAN_SET_OBJECT_TYPE<IRGObject>);
+    static_assert(!CAN_SET_OBJECT_NAME<IRGObject>);
+    static_assert(!CAN_PROCESS_XML_START_ELEMENT<IRGObject>);
+    static_assert(CAN_SET_OBJECT_TYPE<PlainObject>);
+    static_assert(CAN_SET_OBJECT_NAME<PlainObject>);
+    static_assert(CAN_PROCESS_XML_START_ELEMENT<PlainObject>);
+    static_assert(std::is_same_v<decltype(std::declval<const IRGObject&>().GetObjectId()), long long>);
+    static_assert(std::is_same_v<decltype(std::declval<const IRGObject&>().GetLogger()),
+                                 std::shared_ptr<REPORTGENERATOR::Logger>>);
+}
+
+TEST(IRGObject, DefaultConstructedIsAnyTypeValidatingWithoutLogger)
+{
+    const PlainObject object;
+    EXPECT_EQ(object.GetObjectType(), Kind(80));
+    EXPECT_TEXT(object.GetObjectName(), "AnyType");
+    EXPECT_EQ(object.GetObjectId(), 80);
+    EXPECT_TRUE(object.GetValidate());
+    EXPECT_EQ(object.GetLogger(), nullptr);
+}
+
+TEST(IRGObject, ConstructedWithKindTakesNameAndIdOfTheKind)
+{
+    const PlainObject object(Kind(40));
+    EXPECT_EQ(object.GetObjectType(), Kind(40));
+    EXPECT_TEXT(object.GetObjectName(), "Job");
+    EXPECT_EQ(object.GetObjectId(), 40);
+    EXPECT_TRUE(object.GetValidate());
+    EXPECT_EQ(object.GetLogger(), nullptr);
+}
+
+TEST(IRGObject, KindWithoutNameKeepsItsNumberAndIsNamedAnyType)
+{
+    for (const int number : {-1, 2, 63, 79, 81, 12345, -111111, std::numeric_limits<int>::max(),
+                             std::numeric_limits<int>::min()}) {
+        SCOPED_TRACE(number);
+        const PlainObject constructed(Kind(number));
+        EXPECT_EQ(constructed.GetObjectType(), Kind(number));
+        EXPECT_EQ(constructed.GetObjectId(), static_cast<long long>(number));
+        EXPECT_TEXT(constructed.GetObjectName(), "AnyType");
+
+        PlainObject changed(Kind(42));
+        changed.SetObjectType(Kind(number));
+        EXPECT_EQ(changed.GetObjectType(), Kind(number));
+        EXPECT_EQ(changed.GetObjectId(), static_cast<long long>(number));
+        EXPECT_TEXT(changed.GetObjectName(), "AnyType");
+    }
+}
+
+TEST(IRGObject, NegativeKindIsWidenedToTheIdWithItsSign)
+{
+    const PlainObject object(Kind(-1));
+    EXPECT_EQ(BitsOf<std::uint64_t>(object.GetObjectId()), 0xFFFFFFFFFFFFFFFFu);
+}
+
+TEST(IRGObject, SetObjectTypeReplacesKindIdAndNameWhateverTheyWere)
+{
+    PlainObject object;
+    object.SetObjectName(Text("Own"));
+    object.SetObjectId(9876543210);
+    object.SetObjectType(Kind(5));
+    EXPECT_EQ(object.GetObjectType(), Kind(5));
+    EXPECT_EQ(object.GetObjectId(), 5);
+    EXPECT_TEXT(object.GetObjectName(), "Location");
+}
+
+TEST(IRGObject, SetObjectNameChangesNothingButTheName)
+{
+    PlainObject object(Kind(42));
+    object.SetObjectName(Text("Größe"));
+    EXPECT_TEXT(object.GetObjectName(), "Größe");
+    EXPECT_EQ(object.GetObjectType(), Kind(42));
+    EXPECT_EQ(object.GetObjectId(), 42);
+
+    object.SetObjectName(QString());
+    EXPECT_TEXT(object.GetObjectName(), "");
+}
+
+TEST(IRGObject, IdTellsTheClassAndNeverTheInstance)
+{
+    EXPECT_EQ(PlainObject(Kind(40)).GetObjectId(), PlainObject(Kind(40)).GetObjectId());
+    EXPECT_EQ(Frequency().GetObjectId(), 3333902563);
+    EXPECT_EQ(Frequency().GetObjectId(), Frequency().GetObjectId());
+}
+
+TEST(IRGObject, GettersOfTextsReferToTheObjectsOwn)
+{
+    const PlainObject object;
+    EXPECT_EQ(&object.GetObjectName(), &object.GetObjectName());
+    EXPECT_EQ(&object.GetVersion(), &IRGObject::EMPTY_VERSION);
+    static_assert(std::is_same_v<decltype(object.GetVersion()), const QString&>);
+    static_assert(std::is_same_v<decltype(IRGObject::EMPTY_VERSION), const QString>);
+    EXPECT_TRUE(IRGObject::EMPTY_VERSION.isEmpty());
+}
+
+TEST(IRGObject, XmlTagNameIsTheNameOfTheKind)
+{
+    EXPECT_TEXT(IRGObject::GetXmlTagName(Kind(0)), "Tivor_Report");
+    EXPECT_TEXT(IRGObject::GetXmlTagName(Kind(80)), "AnyType");
+    EXPECT_TEXT(IRGObject::GetXmlTagName(Kind(2)), "");
+    EXPECT_TEXT(IRGObject::GetXmlTagName(Kind(-1)), "");
+    for (int number = -2; number <= 100; ++number)
+        EXPECT_EQ(IRGObject::GetXmlTagName(Kind(number)), REPORTGENERATOR::ObjectTypesToName(Kind(number)));
+}
+
+// --- Settings ----------------------------------------------------------------------------------------------
+
+TEST(IRGObject, ValidateAndLoggerCanBeChangedOnConstObjects)
+{
+    const PlainObject object;
+    object.SetValidate(false);
+    EXPECT_FALSE(object.GetValidate());
+    object.SetValidate(true);
+    EXPECT_TRUE(object.GetValidate());
+
+    const auto logger = NewLogger();
+    object.SetLogger(logger);
+    EXPECT_EQ(object.GetLogger(), logger);
+    object.ResetLogger();
+    EXPECT_EQ(object.GetLogger(), nullptr);
+}
+
+TEST(IRGObject, EmptyPointerRemovesTheLogger)
+{
+    const PlainObject object;
+    object.SetLogger(NewLogger());
+    object.SetLogger(nullptr);
+    EXPECT_EQ(object.GetLogger(), nullptr);
+    EXPECT_NO_RG_THROW(object.Trace(REPORTGENERATOR::INFO, Text("nobody listens")));
+}
+
+TEST(IRGObject, ResetLoggerWithoutLoggerDoesNothing)
+{
+    const PlainObject object;
+    object.ResetLogger();
+    EXPECT_EQ(object.GetLogger(), nullptr);
+}
+
+TEST(IRGObject, DestructorReleasesLoggerAndConverter)
+{
+    const auto logger = NewLogger();
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    {
+        PlainObject object;
+        object.SetLogger(logger);
+        object.InjectVersionConverter(converter);
+        EXPECT_EQ(logger.use_count(), 2);
+        EXPECT_EQ(converter.use_count(), 2);
+    }
+    EXPECT_EQ(logger.use_count(), 1);
+    EXPECT_EQ(converter.use_count(), 1);
+}
+
+TEST(IRGObject, InjectingAConverterIsTracedAndSharesIt)
+{
+    const auto logger = NewLogger();
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    PlainObject object;
+    object.SetLogger(logger);
+    object.InjectVersionConverter(converter);
+    EXPECT_LOG(logger, {"INFO: AnyType: Injecting version converter."});
+    EXPECT_EQ(converter.use_count(), 2);
+}
+
+TEST(IRGObject, InjectingAnEmptyPointerIsTracedAndRemovesTheConverter)
+{
+    const auto logger = NewLogger();
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    PlainObject object(Kind(42));
+    object.InjectVersionConverter(converter);
+    object.SetLogger(logger);
+    object.InjectVersionConverter(nullptr);
+    EXPECT_EQ(converter.use_count(), 1);
+    object.InjectVersionConverter(nullptr);
+    EXPECT_LOG(logger,
+               {"INFO: Task: Removing version converter.", "INFO: Task: Removing version converter."});
+}
+
+TEST(IRGObject, InjectingAConverterWorksWithoutLogger)
+{
+    const auto first = std::make_shared<VersionConverterProxy>();
+    const auto second = std::make_shared<VersionConverterProxy>();
+    PlainObject object;
+    object.InjectVersionConverter(first);
+    object.InjectVersionConverter(second);
+    EXPECT_EQ(first.use_count(), 1);
+    EXPECT_EQ(second.use_count(), 2);
+}
+
+// --- Copying -----------------------------------------------------------------------------------------------
+
+namespace {
+
+/// An object in which each of the base's six fields differs from its default.
+struct ChangedObject
+{
+    ChangedObject()
+    {
+        object.SetObjectType(Kind(42));
+        object.SetObjectName(Text("Own"));
+        object.SetObjectId(9876543210);
+        object.SetValidate(false);
+        object.SetLogger(logger);
+        object.InjectVersionConverter(converter);
+        logger->Reset(true);
+    }
+
+    void ExpectBaseOf(const IRGObject& copy) const
+    {
+        EXPECT_EQ(copy.GetObjectType(), Kind(42));
+        EXPECT_TEXT(copy.GetObjectName(), "Own");
+        EXPECT_EQ(copy.GetObjectId(), 9876543210);
+        EXPECT_FALSE(copy.GetValidate());
+        EXPECT_EQ(copy.GetLogger(), logger);
+        EXPECT_EQ(logger.use_count(), 3);
+        EXPECT_EQ(converter.use_count(), 3);
+    }
+
+    std::shared_ptr<ListLogger> logger = NewLogger();
+    std::shared_ptr<VersionConverterProxy> converter = std::make_shared<VersionConverterProxy>();
+    PlainObject object;
+};
+
+} // namespace
+
+TEST(IRGObject, CopyConstructorCopiesAllFieldsAndSharesLoggerAndConverter)
+{
+    const ChangedObject changed;
+    const PlainObject copy(changed.object);
+    changed.ExpectBaseOf(copy);
+    EXPECT_LOG(changed.logger, {});
+}
+
+TEST(IRGObject, AssignmentCopiesAllFieldsAndSharesLoggerAndConverter)
+{
+    const ChangedObject changed;
+    const auto oldLogger = NewLogger();
+    PlainObject target(Kind(40));
+    target.SetLogger(oldLogger);
+    EXPECT_EQ(&(target = changed.object), &target);
+    changed.ExpectBaseOf(target);
+    EXPECT_EQ(oldLogger.use_count(), 1);
+    EXPECT_LOG(changed.logger, {});
+    EXPECT_LOG(oldLogger, {});
+}
+
+TEST(IRGObject, AssignmentThroughTheBaseCopiesAllFields)
+{
+    const ChangedObject changed;
+    PlainObject target;
+    IRGObject& base = target;
+    EXPECT_EQ(&(base = changed.object), &base);
+    changed.ExpectBaseOf(target);
+}
+
+TEST(IRGObject, AssignmentToItselfKeepsEverything)
+{
+    ChangedObject changed;
+    IRGObject& same = changed.object;
+    changed.object.IRGObject::operator=(same);
+    const PlainObject copy(changed.object);
+    changed.ExpectBaseOf(copy);
+}
+
+TEST(IRGObject, MessageOfACopyReachesTheSameLogger)
+{
+    const auto logger = NewLogger();
+    PlainObject original;
+    original.SetLogger(logger);
+    const PlainObject copy(original);
+    PlainObject assigned;
+    assigned = original;
+    copy.Trace(REPORTGENERATOR::INFO, Text("of the copy"));
+    assigned.Trace(REPORTGENERATOR::INFO, Text("of the assigned"));
+    EXPECT_LOG(logger, {"INFO: of the copy", "INFO: of the assigned"});
+}
+
+TEST(IRGObject, ChangingACopyLeavesTheOriginalAlone)
+{
+    PlainObject original(Kind(42));
+    original.SetLogger(NewLogger());
+    PlainObject copy(original);
+    copy.SetObjectType(Kind(40));
+    copy.SetValidate(false);
+    copy.ResetLogger();
+    EXPECT_EQ(original.GetObjectType(), Kind(42));
+    EXPECT_TEXT(original.GetObjectName(), "Task");
+    EXPECT_TRUE(original.GetValidate());
+    EXPECT_NE(original.GetLogger(), nullptr);
+}
+
+TEST(IRGObject, CopiesOfRecordBasedObjectsStartWithoutLoggerAndConverter)
+{
+    const auto logger = NewLogger();
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    Frequency original;
+    original.SetLogger(logger);
+    original.InjectVersionConverter(converter);
+    const Frequency copy(original);
+    EXPECT_EQ(copy.GetLogger(), nullptr);
+    EXPECT_EQ(converter.use_count(), 2);
+    EXPECT_EQ(original.GetLogger(), logger);
+}
+
+// --- Values that stand for "not set" -----------------------------------------------------------------------
+
+TEST(IRGObject, SetInvalidStoresTheBitPatternOfEachType)
+{
+    const PlainObject object;
+
+    int number = 1;
+    object.SetInvalid(number);
+    EXPECT_EQ(number, -111111);
+    EXPECT_EQ(BitsOf<std::uint32_t>(number), 0xFFFE4DF9u);
+
+    unsigned int unsignedNumber = 1;
+    object.SetInvalid(unsignedNumber);
+    EXPECT_EQ(unsignedNumber, 0xFFFFFFFFu);
+
+    long long wide = 1;
+    object.SetInvalid(wide);
+    EXPECT_EQ(wide, -111111);
+    EXPECT_EQ(BitsOf<std::uint64_t>(wide), 0xFFFFFFFFFFFE4DF9u);
+
+    float single = 1.0f;
+    object.SetInvalid(single);
+    EXPECT_EQ(BitsOf<std::uint32_t>(single), 0xC987A238u);
+
+    double real = 1.0;
+    object.SetInvalid(real);
+    EXPECT_EQ(BitsOf<std::uint64_t>(real), 0xC0FB2071C28F5C29u);
+
+    QString text = Text("text");
+    object.SetInvalid(text);
+    EXPECT_TRUE(text.isEmpty());
+}
+
+TEST(IRGObject, WhatSetInvalidStoresIsNotValid)
+{
+    const PlainObject object;
+    int number = 0;
+    unsigned int unsignedNumber = 0;
+    long long wide = 0;
+    float single = 0;
+    double real = 0;
+    QString text = Text("text");
+    object.SetInvalid(number);
+    object.SetInvalid(unsignedNumber);
+    object.SetInvalid(wide);
+    object.SetInvalid(single);
+    object.SetInvalid(real);
+    object.SetInvalid(text);
+    EXPECT_FALSE(object.IsValid(number));
+    EXPECT_FALSE(object.IsValid(unsignedNumber));
+    EXPECT_FALSE(object.IsValid(wide));
+    EXPECT_FALSE(object.IsValid(single));
+    EXPECT_FALSE(object.IsValid(real));
+    EXPECT_FALSE(object.IsValid(text));
+}
+
+TEST(IRGObject, OnlyTheSentinelOfAnIntIsNotValid)
+{
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(-111111));
+    for (const int value : {-111112, -111110, 111111, 0, -1, -1111111, std::numeric_limits<int>::min(),
+                            std::numeric_limits<int>::max()})
+        EXPECT_TRUE(object.IsValid(value)) << value;
+}
+
+TEST(IRGObject, OnlyTheSentinelOfAnUnsignedIntIsNotValid)
+{
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(4294967295u));
+    for (const unsigned int value : {4294967294u, 0u, 1u, 0x7FFFFFFFu, 0x80000000u, 0xFFFE4DF9u})
+        EXPECT_TRUE(object.IsValid(value)) << value;
+}
+
+TEST(IRGObject, OnlyTheSentinelOfALongLongIsNotValid)
+{
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(-111111LL));
+    for (const long long value :
+         {-111112LL, -111110LL, 111111LL, 0LL, 4294967295LL, 0xFFFE4DF9LL, -111111LL - (1LL << 32),
+          std::numeric_limits<long long>::min(), std::numeric_limits<long long>::max()})
+        EXPECT_TRUE(object.IsValid(value)) << value;
+}
+
+TEST(IRGObject, OnlyTheSentinelOfAFloatIsNotValid)
+{
+    constexpr float INFINITE = std::numeric_limits<float>::infinity();
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(-1111111.0f));
+    for (const float value :
+         {std::nextafter(-1111111.0f, 0.0f), std::nextafter(-1111111.0f, -INFINITE), 1111111.0f, -111111.0f,
+          -111111.11f, 0.0f, -0.0f, INFINITE, -INFINITE, std::numeric_limits<float>::max(),
+          std::numeric_limits<float>::lowest(), std::numeric_limits<float>::denorm_min(),
+          std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::quiet_NaN()})
+        EXPECT_TRUE(object.IsValid(value)) << value;
+}
+
+TEST(IRGObject, OnlyTheSentinelOfADoubleIsNotValid)
+{
+    constexpr double INFINITE = std::numeric_limits<double>::infinity();
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(-111111.11));
+    for (const double value :
+         {std::nextafter(-111111.11, 0.0), std::nextafter(-111111.11, -INFINITE), 111111.11, -111111.0,
+          -1111111.0, static_cast<double>(-111111.11f), 0.0, -0.0, INFINITE, -INFINITE,
+          std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(),
+          std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::quiet_NaN(),
+          -std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_TRUE(object.IsValid(value)) << value;
+}
+
+TEST(IRGObject, EmptyTextsAreNotValid)
+{
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(QString()));
+    EXPECT_FALSE(object.IsValid(QStringLiteral("")));
+    EXPECT_TRUE(object.IsValid(QStringLiteral(" ")));
+    EXPECT_TRUE(object.IsValid(QStringLiteral("0")));
+    EXPECT_TRUE(object.IsValid(QString(1, QChar(0))));
+}
+
+TEST(IRGObject, OnlyTheNullDateTimeIsNotValid)
+{
+    const PlainObject object;
+    EXPECT_FALSE(object.IsValid(QDateTime()));
+    EXPECT_TRUE(object.IsValid(QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9, 7), Qt::UTC)));
+    EXPECT_TRUE(object.IsValid(QDateTime(QDate(1, 1, 1), QTime(0, 0), Qt::UTC)));
+
+    const QDateTime timeWithoutDate(QDate(), QTime(14, 5), Qt::UTC);
+    ASSERT_FALSE(timeWithoutDate.isValid());
+    ASSERT_FALSE(timeWithoutDate.isNull());
+    EXPECT_TRUE(object.IsValid(timeWithoutDate));
+}
+
+TEST(IRGObject, BoolsAreAlwaysValid)
+{
+    const PlainObject object;
+    EXPECT_TRUE(object.IsValid(true));
+    EXPECT_TRUE(object.IsValid(false));
+}
+
+TEST(IRGObject, BoolAndDateTimeHaveNoValueThatStandsForNotSet)
+{
+    static_assert(!HAS_SET_INVALID<bool>);
+    static_assert(!HAS_SET_INVALID<QDateTime>);
+    static_assert(HAS_SET_INVALID<int>);
+    static_assert(HAS_SET_INVALID<unsigned int>);
+    static_assert(HAS_SET_INVALID<long long>);
+    static_assert(HAS_SET_INVALID<float>);
+    static_assert(HAS_SET_INVALID<double>);
+    static_assert(HAS_SET_INVALID<QString>);
+}
+
+// --- Check -------------------------------------------------------------------------------------------------
+
+TEST(IRGObject, CheckIgnoresItsFlag)
+{
+    PlainObject object;
+    object.Check(true);
+    object.Check(false);
+    EXPECT_EQ(object.calls.check, 2);
+
+    object.problem = Text("not good");
+    const auto logger = NewLogger();
+    object.SetLogger(logger);
+    EXPECT_RG_THROW(object.Check(true), "RGException", "not good");
+    EXPECT_RG_THROW(object.Check(false), "RGException", "not good");
+    EXPECT_LOG(logger, {"FATAL ERROR: RGException: not good", "FATAL ERROR: RGException: not good"});
+}
+
+TEST(IRGObject, BaseReadsNothingFromAStartElement)
+{
+    QXmlStreamReader reader(QStringLiteral("<A>1</A>"));
+    ASSERT_TRUE(reader.readNextStartElement());
+    UnreadingObject object;
+    object.ProcessXmlStartElement(reader);
+    EXPECT_EQ(reader.tokenType(), QXmlStreamReader::StartElement);
+    EXPECT_EQ(reader.name().toString(), Text("A"));
+    EXPECT_EQ(object.calls.processXmlStartElement, 0);
+}
+
+// --- Merging -----------------------------------------------------------------------------------------------
+
+TEST(IRGObject, MergeRefusesAnotherClassAndNamesBoth)
+{
+    const auto logger = NewLogger();
+    const auto otherLogger = NewLogger();
+    Double other;
+    other.SetValue(1.0);
+    other.SetLogger(otherLogger);
+    Coordinate coordinate;
+    coordinate.SetLogger(logger);
+
+    EXPECT_FALSE(coordinate.MergeRGObject(other));
+    const QString expected =
+        Text("WARNING: Coordinate: Merging will be aborted, because a type mismatch occurred. ") +
+        QString::fromLatin1(typeid(Double).name()) + Text(" != ") +
+        QString::fromLatin1(typeid(Coordinate).name());
+    EXPECT_LOG(logger, QStringList(expected));
+    EXPECT_LOG(otherLogger, {});
+    EXPECT_FALSE(coordinate.AnyData());
+    EXPECT_FALSE(logger->HasErrors());
+}
+
+TEST(IRGObject, MergeRefusesADerivedClassAndABaseClassAlike)
+{
+    const auto logger = NewLogger();
+    PlainObject plain;
+    VersionedObject derived("");
+    plain.children = {{Text("A"), Text("1")}};
+    derived.children = {{Text("B"), Text("2")}};
+    plain.SetLogger(logger);
+    derived.SetLogger(logger);
+
+    EXPECT_FALSE(plain.MergeRGObject(derived));
+    EXPECT_FALSE(derived.MergeRGObject(plain));
+    const QString plainName = QString::fromLatin1(typeid(PlainObject).name());
+    const QString derivedName = QString::fromLatin1(typeid(VersionedObject).name());
+    const QString start =
+        Text("WARNING: AnyType: Merging will be aborted, because a type mismatch occurred. ");
+    EXPECT_LOG(logger, QStringList({start + derivedName + Text(" != ") + plainName,
+                                    start + plainName + Text(" != ") + derivedName}));
+    EXPECT_EQ(plain.children.size(), 1);
+    EXPECT_EQ(derived.children.size(), 1);
+}
+
+TEST(IRGObject, MergeRefusesWithoutLoggerToo)
+{
+    PlainObject plain;
+    VersionedObject one("1");
+    VersionedObject two("2");
+    EXPECT_FALSE(plain.MergeRGObject(one));
+    EXPECT_FALSE(one.MergeRGObject(two));
+    EXPECT_FALSE(two.MergeRGObject(one));
+}
+
+TEST(IRGObject, MergeRefusesAnotherVersion)
+{
+    const auto logger = NewLogger();
+    VersionedObject object("1.0");
+    object.children = {{Text("A"), Text("1")}};
+    object.SetLogger(logger);
+    VersionedObject other("1.1");
+    other.children = {{Text("A"), Text("2")}};
+
+    EXPECT_FALSE(object.MergeRGObject(other));
+    EXPECT_LOG(logger, {"WARNING: AnyType: Merging will be aborted, because a version mismatch occurred."});
+    ASSERT_EQ(object.children.size(), 1);
+    EXPECT_TEXT(object.children[0].text, "1");
+    EXPECT_EQ(object.calls.reset, 0);
+    EXPECT_EQ(other.calls.check, 0);
+    EXPECT_EQ(other.calls.getXml, 0);
+    EXPECT_FALSE(logger->HasErrors());
+}
+
+TEST(IRGObject, MergeComparesVersionsAsFloatNumbers)
+{
+    struct Row
+    {
+        const char* name;
+        const char* left;
+        const char* right;
+        bool equal;
+    };
+    const Row rows[] = {
+        {"spelled differently", "1.0", "1", true},
+        {"leading zero and exponent", "01.50", "15e-1", true},
+        {"both empty", "", "", true},
+        {"empty is zero", "", "0", true},
+        {"no number is zero", "abc", "", true},
+        {"no number against one", "abc", "1", false},
+        {"comma is no number", "1,5", "1.5", false},
+        {"closer than a float can tell", "1.00000001", "1", true},
+        {"whole numbers that a float can't tell apart", "16777217", "16777216", true},
+        {"next float", "1.0000002", "1", false},
+        {"sign", "-1", "1", false},
+        {"as texts in the other order", "10.0", "2.0", false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        VersionedObject left(row.left);
+        VersionedObject right(row.right);
+        EXPECT_EQ(left.MergeRGObject(right), row.equal);
+        EXPECT_EQ(right.MergeRGObject(left), row.equal);
+    }
+}
+
+TEST(IRGObject, MergeOfEqualVersionsReadsTheOtherObject)
+{
+    VersionedObject object("1.0");
+    VersionedObject other("1");
+    other.children = {{Text("A"), Text("2")}};
+    EXPECT_TRUE(object.MergeRGObject(other));
+    ASSERT_EQ(object.children.size(), 1);
+    EXPECT_TEXT(object.children[0].text, "2");
+}
+
+TEST(IRGObject, MergeReadsTheOtherWithoutResetOrCheckOfItsOwn)
+{
+    const auto logger = NewLogger();
+    const auto otherLogger = NewLogger();
+    PlainObject object;
+    object.children = {{Text("A"), Text("1")}};
+    object.problem = Text("never asked");
+    object.SetLogger(logger);
+    PlainObject other;
+    other.children = {{Text("B"), Text("2")}, {Text("C"), Text("3")}};
+    other.SetLogger(otherLogger);
+
+    EXPECT_TRUE(object.MergeRGObject(other));
+    const QVector<PlainObject::Child> expected = {
+        {Text("A"), Text("1")}, {Text("B"), Text("2")}, {Text("C"), Text("3")}};
+    EXPECT_EQ(object.children, expected);
+    EXPECT_EQ(object.calls.reset, 0);
+    EXPECT_EQ(object.calls.check, 0);
+    EXPECT_LOG(logger, {});
+    EXPECT_LOG(otherLogger, {"INFO: AnyType: Generating xml string."});
+    EXPECT_EQ(other.children.size(), 2);
+}
+
+TEST(IRGObject, MergeOverwritesPresentFieldsAndKeepsAbsentOnes)
+{
+    Double object;
+    object.SetValue(1.0);
+    object.SetMinimum(-5.0);
+    object.SetUnit(Text("dB"));
+    Double other;
+    other.SetValue(2.0);
+    other.SetMaximum(9.0);
+
+    EXPECT_TRUE(object.MergeRGObject(other));
+    EXPECT_EQ(object.GetValue(), 2.0);
+    EXPECT_EQ(object.GetMinimum(), -5.0);
+    EXPECT_EQ(object.GetMaximum(), 9.0);
+    EXPECT_TEXT(object.GetUnit(), "dB");
+}
+
+TEST(IRGObject, MergeOfAnObjectThatWritesNothingSucceedsAndChangesNothing)
+{
+    const auto logger = NewLogger();
+    PlainObject object;
+    object.children = {{Text("A"), Text("1")}};
+    object.SetLogger(logger);
+    PlainObject other;
+    other.hasData = false;
+
+    EXPECT_TRUE(object.MergeRGObject(other));
+    ASSERT_EQ(object.children.size(), 1);
+    EXPECT_EQ(object.calls.reset, 0);
+    EXPECT_LOG(logger, {});
+}
+
+TEST(IRGObject, MergeFailsSilentlyWhenTheOthersElementHasAnotherName)
+{
+    const auto logger = NewLogger();
+    PlainObject object;
+    object.children = {{Text("A"), Text("1")}};
+    object.SetLogger(logger);
+    PlainObject other;
+    other.SetObjectName(Text("Other"));
+    other.children = {{Text("A"), Text("2")}};
+
+    EXPECT_FALSE(object.MergeRGObject(other));
+    ASSERT_EQ(object.children.size(), 1);
+    EXPECT_TEXT(object.children[0].text, "1");
+    EXPECT_LOG(logger, {});
+}
+
+TEST(IRGObject, MergeFindsAnElementOfItsNameInsideTheOthers)
+{
+    PlainObject object;
+    PlainObject other;
+    other.SetObjectName(Text("Other"));
+    other.children = {{Text("AnyType"), Text("text")}, {Text("A"), Text("2")}};
+    object.children = {{Text("A"), Text("1")}};
+    EXPECT_TRUE(object.MergeRGObject(other));
+    ASSERT_EQ(object.children.size(), 1);
+    EXPECT_TEXT(object.children[0].text, "1");
+}
+
+TEST(IRGObject, MergePassesOnTheCheckOfTheOther)
+{
+    const auto logger = NewLogger();
+    const auto otherLogger = NewLogger();
+    PlainObject object;
+    object.children = {{Text("A"), Text("1")}};
+    object.SetLogger(logger);
+    PlainObject other;
+    other.problem = Text("incomplete");
+    other.SetLogger(otherLogger);
+
+    EXPECT_RG_THROW(object.MergeRGObject(other), "RGException", "incomplete");
+    EXPECT_LOG(logger, {});
+    EXPECT_LOG(otherLogger,
+               {"INFO: AnyType: Generating xml string.", "FATAL ERROR: RGException: incomplete"});
+    EXPECT_EQ(object.children.size(), 1);
+
+    other.SetValidate(false);
+    EXPECT_TRUE(object.MergeRGObject(other));
+}
+
+TEST(IRGObject, MergeReportsTextThatIsNoXml)
+{
+    const auto logger = NewLogger();
+    PlainObject object;
+    object.SetLogger(logger);
+    PlainObject other;
+    other.children = {{Text("no name"), Text("1")}};
+
+    QXmlStreamReader reader(Text("<AnyType><no name>1</no name></AnyType>"));
+    while (!reader.atEnd())
+        reader.readNext();
+    ASSERT_TRUE(reader.hasError());
+    EXPECT_RG_THROW(object.MergeRGObject(other), "RGException", reader.errorString());
+    EXPECT_LOG(logger, QStringList(Text("FATAL ERROR: RGException: ") + reader.errorString()));
+}
+
+TEST(IRGObject, MergeWithItselfIsPossible)
+{
+    Double object;
+    object.SetValue(3.0);
+    object.SetUnit(Text("s"));
+    EXPECT_TRUE(object.MergeRGObject(object));
+    EXPECT_EQ(object.GetValue(), 3.0);
+    EXPECT_TEXT(object.GetUnit(), "s");
+}

@@ -1,0 +1,693 @@
+// What Frequency, IFBandwidth, Coordinate, Area and ReportBase have in common: identity, settings, copying,
+// assigning, merging. Each test runs for all five.
+
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/area.h>
+#include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/double.h>
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/ifbandwidth.h>
+#include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/reportbase/versionconverterproxy.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
+#include <QtCore/QFile>
+#include <QtCore/QString>
+#include <QtCore/QTemporaryDir>
+
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
+
+namespace {
+
+using REPORTGENERATOR::AnyType;
+using REPORTGENERATOR::Area;
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::IFBandwidth;
+using REPORTGENERATOR::IRGObject;
+using REPORTGENERATOR::ReportBase;
+using REPORTGENERATOR::Task;
+using REPORTGENERATOR::VersionConverterProxy;
+using Support::ReadRawForm;
+
+/// What the tests have to know of a class.
+template <class T>
+struct Facts;
+
+template <>
+struct Facts<Frequency>
+{
+    static constexpr const char* NAME = "Frequency";
+    static constexpr long long ID = 0xc6b750e3;
+    static constexpr const char* XML = "\n<Frequency>1.00</Frequency>";
+    static void Fill(Frequency& object, double number) { object.SetValue(number); }
+    static void MakeRecord(const Frequency& object) { object.GetValue(); }
+};
+
+template <>
+struct Facts<IFBandwidth>
+{
+    static constexpr const char* NAME = "IFBandwidth";
+    static constexpr long long ID = 0xcf7b9707;
+    static constexpr const char* XML = "\n<IFBandwidth>1.00</IFBandwidth>";
+    static void Fill(IFBandwidth& object, double number) { object.SetValue(number); }
+    static void MakeRecord(const IFBandwidth& object) { object.GetValue(); }
+};
+
+template <>
+struct Facts<Coordinate>
+{
+    static constexpr const char* NAME = "Coordinate";
+    static constexpr long long ID = 0xce458c11;
+    static constexpr const char* XML = "\n<Coordinate>\n    <Longitude>1.000000</Longitude>\n"
+                                       "    <Latitude>1.000000</Latitude>\n</Coordinate>";
+    static void Fill(Coordinate& object, double number)
+    {
+        object.SetLongitude(number);
+        object.SetLatitude(number);
+    }
+    static void MakeRecord(const Coordinate& object) { object.GetLongitude(); }
+};
+
+template <>
+struct Facts<Area>
+{
+    static constexpr const char* NAME = "Area";
+    static constexpr long long ID = 0x469b9976;
+    static constexpr const char* XML =
+        "\n<Area Version=\"1.0\">\n    <Name>1</Name>\n    <Coordinate>\n"
+        "        <Longitude>1.000000</Longitude>\n        <Latitude>1.000000</Latitude>\n"
+        "    </Coordinate>\n</Area>";
+    static void Fill(Area& object, double number)
+    {
+        Coordinate coordinate;
+        Facts<Coordinate>::Fill(coordinate, number);
+        object.SetName(QString::number(number));
+        object.SetCoordinate({coordinate});
+    }
+    static void MakeRecord(const Area& object) { object.GetName(); }
+};
+
+template <>
+struct Facts<ReportBase>
+{
+    static constexpr const char* NAME = "ReportBase";
+    static constexpr long long ID = 0x06c20b85;
+    static constexpr const char* XML = "\n<ReportBase>\n    <Frequency>1.00</Frequency>\n</ReportBase>";
+    static void Fill(ReportBase& object, double number) { object.GetFrequency().SetValue(number); }
+    static void MakeRecord(const ReportBase& object) { object.GetFrequency(); }
+};
+
+struct ClassNames
+{
+    template <class T>
+    static std::string GetName(int)
+    {
+        return Facts<T>::NAME;
+    }
+};
+
+template <class T>
+QString Name()
+{
+    return QLatin1String(Facts<T>::NAME);
+}
+
+/// The text with the class's name in place of each "@".
+template <class T>
+QString Named(const char* pattern)
+{
+    return Support::Text(pattern).replace(QLatin1Char('@'), Name<T>());
+}
+
+template <class T>
+QStringList NamedLines(std::initializer_list<const char*> patterns)
+{
+    QStringList lines;
+    for (const char* pattern : patterns)
+        lines << Named<T>(pattern);
+    return lines;
+}
+
+template <class T>
+T Filled(double number)
+{
+    T object;
+    Facts<T>::Fill(object, number);
+    return object;
+}
+
+/// An object whose base was changed where a derived class may change it.
+template <class T>
+class Derived : public T
+{
+public:
+    void Rename(const QString& name) { this->SetObjectName(name); }
+    void ChangeId(long long number) { this->SetObjectId(number); }
+    void ChangeKind(REPORTGENERATOR::ObjectTypes type) { this->IRGObject::SetObjectType(type); }
+};
+
+/// Says that it is of another kind than the base knows.
+template <class T>
+class OfOtherKind : public T
+{
+public:
+    REPORTGENERATOR::ObjectTypes GetObjectType() const override { return REPORTGENERATOR::Audio; }
+};
+
+/// A converter proxy that takes over files with the root element `name` and the version "0.5".
+std::shared_ptr<VersionConverterProxy> ProxyFor(const QString& name, IRGObject* prototype)
+{
+    auto proxy = std::make_shared<VersionConverterProxy>();
+    proxy->RegisterRootClass(name, QStringLiteral("0.5"), prototype);
+    return proxy;
+}
+
+/// Whether `object` asks its converter for a file of the version "0.5".
+bool HasConverter(IRGObject& object, const QString& rootName)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("old.xml")));
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(QStringLiteral("<%1 Version=\"0.5\"/>").arg(rootName).toUtf8());
+    file.flush();
+    file.reset();
+
+    const std::shared_ptr<REPORTGENERATOR::Logger> before = object.GetLogger();
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    const bool validated = object.GetValidate();
+    object.SetValidate(false);
+    object.LoadXml(&file);
+    object.SetValidate(validated);
+    object.SetLogger(before);
+    return Support::LinesWithoutTime(*logger)
+        .join(QLatin1Char('\n'))
+        .contains(QLatin1String("Using version converter"));
+}
+
+template <class T>
+class RecordObject : public ::testing::Test
+{
+};
+
+using Classes = ::testing::Types<Frequency, IFBandwidth, Coordinate, Area, ReportBase>;
+TYPED_TEST_SUITE(RecordObject, Classes, ClassNames);
+
+} // namespace
+
+// --- Identity ---------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, StaticNameAndIdAreFixed)
+{
+    static_assert(std::is_base_of_v<IRGObject, TypeParam>);
+    static_assert(std::is_same_v<decltype(TypeParam::id), const long long>);
+    static_assert(std::is_same_v<decltype(TypeParam::GetId()), long long>);
+    static_assert(std::is_same_v<decltype(TypeParam::GetStaticObjectName()), QString>);
+    const long long& id = TypeParam::id;
+    EXPECT_EQ(id, Facts<TypeParam>::ID);
+    EXPECT_EQ(TypeParam::GetId(), Facts<TypeParam>::ID);
+    EXPECT_GT(TypeParam::GetId(), 0);
+    EXPECT_TEXT(TypeParam::GetStaticObjectName(), Facts<TypeParam>::NAME);
+}
+
+TYPED_TEST(RecordObject, ANewObjectBearsNameAndIdOfItsClassAndTheKindOfTheBase)
+{
+    const TypeParam object;
+    EXPECT_TEXT(object.GetObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_EQ(object.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_EQ(object.GetObjectType(), AnyType);
+    EXPECT_TRUE(object.GetValidate());
+    EXPECT_EQ(object.GetLogger(), nullptr);
+    EXPECT_FALSE(object.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, TheKindCannotBeChanged)
+{
+    TypeParam object;
+    object.SetObjectType(Task);
+    EXPECT_EQ(object.GetObjectType(), AnyType);
+    EXPECT_TEXT(object.GetObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_EQ(object.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_FALSE(object.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, OverloadsOfTheBaseStayVisible)
+{
+    const TypeParam object;
+    EXPECT_FALSE(object.IsValid(-111111.11));
+    EXPECT_TRUE(object.IsValid(-111111.0));
+    EXPECT_FALSE(object.IsValid(-111111));
+    EXPECT_FALSE(object.IsValid(QString()));
+    double number = 0.0;
+    object.SetInvalid(number);
+    EXPECT_EQ(number, -111111.11);
+    using CheckWithFlag = void (TypeParam::*)(bool) const;
+    using CheckWithout = void (TypeParam::*)() const;
+    EXPECT_NE(static_cast<CheckWithFlag>(&TypeParam::Check), nullptr);
+    EXPECT_NE(static_cast<CheckWithout>(&TypeParam::Check), nullptr);
+}
+
+// --- Record and settings ----------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, SettingsAndBasePropertiesDoNotMakeTheRecord)
+{
+    TypeParam object;
+    object.SetValidate(false);
+    object.SetValidate(true);
+    object.SetLogger(Support::NewLogger());
+    object.SetLogger(nullptr);
+    object.ResetLogger();
+    object.InjectVersionConverter(std::make_shared<VersionConverterProxy>());
+    object.InjectVersionConverter(nullptr);
+    object.GetObjectName();
+    object.GetObjectId();
+    object.GetObjectType();
+    EXPECT_FALSE(object.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, ResetDoesNotMakeTheRecordAndDoesNotDropIt)
+{
+    TypeParam object;
+    object.Reset();
+    EXPECT_FALSE(object.IsInitialized());
+
+    object = Filled<TypeParam>(1.0);
+    object.Reset();
+    EXPECT_TRUE(object.IsInitialized());
+    EXPECT_FALSE(object.AnyData());
+}
+
+TYPED_TEST(RecordObject, ResetToDefaultAlwaysLeavesARecord)
+{
+    TypeParam fresh;
+    fresh.ResetToDefault();
+    EXPECT_TRUE(fresh.IsInitialized());
+
+    TypeParam used = Filled<TypeParam>(1.0);
+    used.ResetToDefault();
+    EXPECT_TRUE(used.IsInitialized());
+    EXPECT_TRUE(used == fresh);
+}
+
+TYPED_TEST(RecordObject, ResetsKeepNameIdKindValidateFlagAndLogger)
+{
+    Derived<TypeParam> object;
+    object.ChangeKind(Task);
+    object.Rename(QStringLiteral("Other"));
+    object.ChangeId(5);
+    object.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    Facts<TypeParam>::Fill(object, 1.0);
+
+    object.Reset();
+    object.ResetToDefault();
+    EXPECT_EQ(object.GetObjectType(), Task);
+    EXPECT_TEXT(object.GetObjectName(), "Other");
+    EXPECT_EQ(object.GetObjectId(), 5);
+    EXPECT_FALSE(object.GetValidate());
+    EXPECT_EQ(object.GetLogger(), logger);
+    EXPECT_LOG(logger, {});
+}
+
+TYPED_TEST(RecordObject, EachOperationTracesItsOwnProgressAndNothingOfItsMembers)
+{
+    const TypeParam object = Filled<TypeParam>(1.0);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+
+    EXPECT_XML(object, Facts<TypeParam>::XML);
+    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
+    logger->Reset(true);
+
+    QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
+    EXPECT_LOG(logger,
+               NamedLines<TypeParam>({"INFO: @: Generating binary representation (target: byte array).",
+                                      "INFO: @: Generating binary representation (target: data stream)."}));
+    logger->Reset(true);
+
+    QByteArray compressed = object.GetCompressedBinaryRepresentationAsQByteArray(6);
+    EXPECT_LOG(logger, NamedLines<TypeParam>(
+                           {"INFO: @: Generating compressed binary representation (target: byte array).",
+                            "INFO: @: Generating compressed binary representation (target: data stream)."}));
+    logger->Reset(true);
+
+    TypeParam read;
+    read.SetLogger(logger);
+    EXPECT_TRUE(read.SetXmlString(Support::Text(Facts<TypeParam>::XML), true));
+    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
+    EXPECT_TRUE(read == object);
+    logger->Reset(true);
+
+    for (QByteArray* bytes : {&plain, &compressed}) {
+        read.Reset();
+        EXPECT_TRUE(read.SetBinaryRepresentation(*bytes));
+        EXPECT_LOG(logger,
+                   NamedLines<TypeParam>({"INFO: @: Loading binary representation (source: byte array).",
+                                          "INFO: @: Loading binary representation (source: data stream)."}));
+        EXPECT_TRUE(read == object);
+        logger->Reset(true);
+    }
+
+    const QByteArray raw = Support::RawFormOf(object);
+    EXPECT_EQ(ReadRawForm(read, raw), 0);
+    EXPECT_NO_RG_THROW(object.Check());
+    EXPECT_TRUE(read == read);
+    EXPECT_LOG(logger, {});
+}
+
+TYPED_TEST(RecordObject, EveryFormBringsBackWhatWasWritten)
+{
+    const TypeParam object = Filled<TypeParam>(2.0);
+    TypeParam read = Filled<TypeParam>(1.0);
+    QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
+    EXPECT_TRUE(read.SetBinaryRepresentation(plain));
+    EXPECT_TRUE(read == object);
+
+    for (int level = -1; level <= 9; ++level) {
+        read = Filled<TypeParam>(1.0);
+        QByteArray compressed = object.GetCompressedBinaryRepresentationAsQByteArray(level);
+        EXPECT_TRUE(read.SetBinaryRepresentation(compressed));
+        EXPECT_TRUE(read == object) << level;
+    }
+
+    read = Filled<TypeParam>(1.0);
+    EXPECT_TRUE(read.SetXmlString(object.GetXmlString(), true));
+    EXPECT_TRUE(read == object);
+}
+
+// --- Copying ----------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, CopyOfAnObjectWithoutRecordHasNone)
+{
+    const TypeParam object;
+    const TypeParam copy(object);
+    EXPECT_FALSE(copy.IsInitialized());
+    EXPECT_FALSE(object.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, CopyHasTheFields)
+{
+    const TypeParam object = Filled<TypeParam>(1.0);
+    const TypeParam copy(object);
+    EXPECT_TRUE(copy.IsInitialized());
+    EXPECT_TRUE(copy == object);
+    EXPECT_XML(copy, Facts<TypeParam>::XML);
+}
+
+TYPED_TEST(RecordObject, CopyTakesTheKindButBearsNameAndIdOfTheClass)
+{
+    Derived<TypeParam> object;
+    object.ChangeKind(Task);
+    ASSERT_EQ(object.GetObjectType(), Task);
+    ASSERT_EQ(object.GetObjectId(), 42);
+    ASSERT_TRUE(object.GetObjectName() == QLatin1String("Task"));
+
+    const TypeParam copy(object);
+    EXPECT_EQ(copy.GetObjectType(), Task);
+    EXPECT_TEXT(copy.GetObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_EQ(copy.GetObjectId(), Facts<TypeParam>::ID);
+}
+
+TYPED_TEST(RecordObject, CopyAsksTheOriginalForItsKind)
+{
+    const OfOtherKind<TypeParam> object;
+    const TypeParam copy(object);
+    EXPECT_EQ(copy.GetObjectType(), REPORTGENERATOR::Audio);
+    EXPECT_TEXT(copy.GetObjectName(), Facts<TypeParam>::NAME);
+}
+
+TYPED_TEST(RecordObject, CopyTakesTheValidateFlag)
+{
+    for (const bool validate : {true, false}) {
+        TypeParam object;
+        object.SetValidate(validate);
+        EXPECT_EQ(TypeParam(object).GetValidate(), validate);
+        Facts<TypeParam>::MakeRecord(object);
+        EXPECT_EQ(TypeParam(object).GetValidate(), validate);
+    }
+}
+
+TYPED_TEST(RecordObject, CopyTakesNeitherLoggerNorVersionConverter)
+{
+    TypeParam object = Filled<TypeParam>(1.0);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    TypeParam prototype;
+    object.InjectVersionConverter(ProxyFor(Name<TypeParam>(), &prototype));
+    logger->Reset(true);
+
+    TypeParam copy(object);
+    EXPECT_EQ(copy.GetLogger(), nullptr);
+    EXPECT_XML(copy, Facts<TypeParam>::XML);
+    EXPECT_LOG(logger, {});
+    EXPECT_FALSE(HasConverter(copy, Name<TypeParam>()));
+    EXPECT_TRUE(HasConverter(object, Name<TypeParam>()));
+}
+
+// --- Assigning --------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, AssigningTakesTheFieldsAndNothingElse)
+{
+    Derived<TypeParam> source;
+    source.ChangeKind(Task);
+    source.Rename(QStringLiteral("Source"));
+    source.ChangeId(7);
+    source.SetValidate(false);
+    const auto sourceLogger = Support::NewLogger();
+    source.SetLogger(sourceLogger);
+    TypeParam prototype;
+    source.InjectVersionConverter(ProxyFor(Name<TypeParam>(), &prototype));
+    Facts<TypeParam>::Fill(source, 1.0);
+
+    TypeParam target = Filled<TypeParam>(2.0);
+    const auto targetLogger = Support::NewLogger();
+    target.SetLogger(targetLogger);
+    TypeParam& result = target = source;
+    EXPECT_EQ(&result, &target);
+    EXPECT_TRUE(target == source);
+    EXPECT_EQ(target.GetObjectType(), AnyType);
+    EXPECT_TEXT(target.GetObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_EQ(target.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_TRUE(target.GetValidate());
+    EXPECT_EQ(target.GetLogger(), targetLogger);
+    EXPECT_FALSE(HasConverter(target, Name<TypeParam>()));
+}
+
+TYPED_TEST(RecordObject, AssigningKeepsWhatTheTargetIs)
+{
+    Derived<TypeParam> target;
+    target.ChangeKind(Task);
+    target.ChangeId(7);
+    target.SetValidate(false);
+    TypeParam prototype;
+    target.InjectVersionConverter(ProxyFor(QStringLiteral("Task"), &prototype));
+
+    static_cast<TypeParam&>(target) = Filled<TypeParam>(1.0);
+    EXPECT_TRUE(target == Filled<TypeParam>(1.0));
+    EXPECT_EQ(target.GetObjectType(), Task);
+    EXPECT_TEXT(target.GetObjectName(), "Task");
+    EXPECT_EQ(target.GetObjectId(), 7);
+    EXPECT_FALSE(target.GetValidate());
+    EXPECT_EQ(target.GetLogger(), nullptr);
+    EXPECT_TRUE(HasConverter(target, QStringLiteral("Task")));
+}
+
+TYPED_TEST(RecordObject, AssigningAnObjectWithoutRecordTakesTheRecordAway)
+{
+    TypeParam object = Filled<TypeParam>(1.0);
+    object = TypeParam();
+    EXPECT_FALSE(object.IsInitialized());
+    EXPECT_FALSE(object.AnyData());
+}
+
+TYPED_TEST(RecordObject, SelfAssignmentChangesNothing)
+{
+    TypeParam object = Filled<TypeParam>(1.0);
+    object.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    const TypeParam& same = object;
+    object = same;
+    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
+    EXPECT_FALSE(object.GetValidate());
+    EXPECT_EQ(object.GetLogger(), logger);
+
+    TypeParam fresh;
+    const TypeParam& sameFresh = fresh;
+    fresh = sameFresh;
+    EXPECT_FALSE(fresh.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, AssigningAnObjectThatAlreadySharesTheFieldsChangesNothing)
+{
+    const TypeParam source = Filled<TypeParam>(1.0);
+    TypeParam target;
+    target = source;
+    target = source;
+    EXPECT_TRUE(target == source);
+    EXPECT_XML(target, Facts<TypeParam>::XML);
+}
+
+// --- Comparing --------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, ObjectsWithoutRecordsAreEqualAndStaySo)
+{
+    const TypeParam one;
+    const TypeParam other;
+    EXPECT_TRUE(one == other);
+    EXPECT_FALSE(one != other);
+    EXPECT_TRUE(one == one);
+    EXPECT_FALSE(one.IsInitialized());
+    EXPECT_FALSE(other.IsInitialized());
+}
+
+TYPED_TEST(RecordObject, AnObjectWithoutRecordEqualsOneWithNothingSet)
+{
+    const TypeParam fresh;
+    TypeParam empty = Filled<TypeParam>(1.0);
+    empty.Reset();
+    EXPECT_TRUE(fresh == empty);
+    EXPECT_TRUE(empty == TypeParam());
+    EXPECT_FALSE(TypeParam() != empty);
+}
+
+TYPED_TEST(RecordObject, DifferenceIsTheOppositeOfEquality)
+{
+    const TypeParam fresh;
+    const TypeParam one = Filled<TypeParam>(1.0);
+    const TypeParam two = Filled<TypeParam>(2.0);
+    EXPECT_FALSE(one == two);
+    EXPECT_TRUE(one != two);
+    EXPECT_FALSE(two == one);
+    EXPECT_FALSE(fresh == one);
+    EXPECT_TRUE(fresh != one);
+    EXPECT_FALSE(one == fresh);
+    EXPECT_TRUE(one == Filled<TypeParam>(1.0));
+    EXPECT_FALSE(one != Filled<TypeParam>(1.0));
+}
+
+TYPED_TEST(RecordObject, OnlyTheFieldsAreCompared)
+{
+    Derived<TypeParam> one;
+    one.ChangeKind(Task);
+    one.Rename(QStringLiteral("Other"));
+    one.ChangeId(7);
+    one.SetValidate(false);
+    one.SetLogger(Support::NewLogger());
+    Facts<TypeParam>::Fill(one, 1.0);
+    EXPECT_TRUE(one == Filled<TypeParam>(1.0));
+    EXPECT_TRUE(Filled<TypeParam>(1.0) == one);
+}
+
+// --- Merging ----------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, MergingAnotherClassIsRefusedWithAWarning)
+{
+    TypeParam object = Filled<TypeParam>(1.0);
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    REPORTGENERATOR::Double other;
+    other.SetName(Name<TypeParam>());
+    other.SetValue(5.0);
+    EXPECT_FALSE(object.MergeRGObject(other));
+    EXPECT_LOG(logger,
+               QStringList({Named<TypeParam>(
+                                "WARNING: @: Merging will be aborted, because a type mismatch occurred. ") +
+                            QLatin1String(typeid(REPORTGENERATOR::Double).name()) + QStringLiteral(" != ") +
+                            QLatin1String(typeid(TypeParam).name())}));
+    EXPECT_FALSE(logger->HasErrors());
+    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
+
+    object.ResetLogger();
+    EXPECT_FALSE(object.MergeRGObject(other));
+}
+
+TYPED_TEST(RecordObject, MergingADerivedClassIsRefused)
+{
+    TypeParam object;
+    Derived<TypeParam> derived;
+    Facts<TypeParam>::Fill(derived, 1.0);
+    EXPECT_FALSE(object.MergeRGObject(derived));
+    EXPECT_FALSE(derived.MergeRGObject(Filled<TypeParam>(2.0)));
+    EXPECT_FALSE(object.IsInitialized());
+    EXPECT_TRUE(derived == Filled<TypeParam>(1.0));
+}
+
+TYPED_TEST(RecordObject, MergingTakesWhatTheOtherWritesAsXml)
+{
+    TypeParam object;
+    const auto logger = Support::NewLogger();
+    object.SetLogger(logger);
+    const TypeParam other = Filled<TypeParam>(1.0);
+    const auto otherLogger = Support::NewLogger();
+    other.SetLogger(otherLogger);
+    EXPECT_TRUE(object.MergeRGObject(other));
+    EXPECT_TRUE(object == other);
+    EXPECT_LOG(logger, {});
+    EXPECT_LOG(otherLogger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
+    EXPECT_EQ(object.GetLogger(), logger);
+}
+
+TYPED_TEST(RecordObject, MergingAnObjectOfAnotherNameFindsNothing)
+{
+    Derived<TypeParam> object;
+    Derived<TypeParam> other;
+    Facts<TypeParam>::Fill(other, 1.0);
+    other.Rename(QStringLiteral("Other"));
+    EXPECT_FALSE(object.MergeRGObject(other));
+    EXPECT_FALSE(object.AnyData());
+    object.Rename(QStringLiteral("Other"));
+    EXPECT_TRUE(object.MergeRGObject(other));
+    EXPECT_TRUE(object == other);
+}
+
+// --- Files ------------------------------------------------------------------------------------------------
+
+TYPED_TEST(RecordObject, SavedXmlIsLoadedIntoAUsedObject)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("object.xml"));
+    EXPECT_TRUE(Filled<TypeParam>(1.0).SaveXml(path));
+    TypeParam object = Filled<TypeParam>(2.0);
+    EXPECT_TRUE(object.LoadXml(path));
+    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
+}
+
+TYPED_TEST(RecordObject, BinaryFilesAreLoadedIntoAUsedObject)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("object.bin")));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    QDataStream stream(&file);
+    stream << Filled<TypeParam>(1.0).GetCompressedBinaryRepresentationAsQByteArray(-1);
+    ASSERT_TRUE(file.reset());
+    TypeParam object = Filled<TypeParam>(2.0);
+    EXPECT_TRUE(object.LoadBinary(&file));
+    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
+}
+
+TYPED_TEST(RecordObject, RepresentationsGoStraightToAFileInTheMiddle)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("object.bin")));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const TypeParam object = Filled<TypeParam>(1.0);
+    const QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
+    QDataStream stream(&file);
+    stream << qint32(5);
+    object.GetBinaryRepresentation(stream);
+    stream << qint32(6);
+    ASSERT_TRUE(file.reset());
+    EXPECT_BYTES(file.readAll(), Support::Int32(5).Data() + plain + Support::Int32(6).Data());
+}

@@ -1,0 +1,1423 @@
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/records.h"
+#include "support/states.h"
+
+#include <reportgenerator/reportbase/area.h>
+#include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/ifbandwidth.h>
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
+#include <QtCore/QString>
+#include <QtCore/QXmlStreamWriter>
+
+#include <functional>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using REPORTGENERATOR::Area;
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::IFBandwidth;
+using REPORTGENERATOR::IRGObject;
+using REPORTGENERATOR::ReportBase;
+using Support::AreaState;
+using Support::BodyOf;
+using Support::ByteArray;
+using Support::Bytes;
+using Support::Int32;
+using Support::NullString;
+using Support::ReadElement;
+using Support::ReadElements;
+using Support::ReadRawForm;
+using Support::ReportState;
+using Support::String;
+using Support::Text;
+using Support::Written;
+namespace Tag = Support::Tag;
+
+constexpr int FREQUENCY_FLAG = 1;
+constexpr int BANDWIDTH_FLAG = 2;
+constexpr int AREA_FLAG = 4;
+constexpr int ALL_FLAGS = FREQUENCY_FLAG | BANDWIDTH_FLAG | AREA_FLAG;
+constexpr qint32 GREATEST = std::numeric_limits<qint32>::max();
+constexpr qint32 LEAST = std::numeric_limits<qint32>::min();
+
+const char* const LENGTH_ERROR =
+    "ReportBase::SetBinary(...): Length error occurred during processing of binary representation";
+
+// --- Objects ----------------------------------------------------------------------------------------------
+
+Frequency FrequencyOf(double value)
+{
+    Frequency frequency;
+    frequency.SetValue(value);
+    return frequency;
+}
+
+IFBandwidth BandwidthOf(double value)
+{
+    IFBandwidth bandwidth;
+    bandwidth.SetValue(value);
+    return bandwidth;
+}
+
+/// Name "Lake", one point, (1, 2).
+Area Lake()
+{
+    Coordinate point;
+    point.SetLongitude(1.0);
+    point.SetLatitude(2.0);
+    Area area;
+    area.SetName(QStringLiteral("Lake"));
+    area.AppendCoordinate(point);
+    return area;
+}
+
+/// Name "Lake" and one point without longitude.
+Area IncompleteLake()
+{
+    Coordinate point;
+    point.SetLatitude(2.0);
+    Area area;
+    area.SetName(QStringLiteral("Lake"));
+    area.SetCoordinate({point});
+    return area;
+}
+
+/// Frequency 5, IF bandwidth 6, the lake.
+ReportBase Complete()
+{
+    ReportBase report;
+    report.SetFrequency(FrequencyOf(5.0));
+    report.SetIFBandwidth(BandwidthOf(6.0));
+    report.SetArea(Lake());
+    return report;
+}
+
+ReportState CompleteState()
+{
+    ReportState state;
+    state.frequency = Support::FrequencyState();
+    state.frequency->value = 5.0;
+    state.bandwidth = Support::BandwidthState();
+    state.bandwidth->value = 6.0;
+    state.area = AreaState();
+    state.area->name = QStringLiteral("Lake");
+    state.area->coordinates = {{1.0, 2.0}};
+    return state;
+}
+
+ReportBase NotValidating()
+{
+    ReportBase report;
+    report.SetValidate(false);
+    return report;
+}
+
+/// The complete report with other flags: members that are not carried keep their data.
+ReportBase WithFlags(int flags)
+{
+    ReportBase report = Complete();
+    Bytes raw = Support::Byte(flags);
+    if (flags & FREQUENCY_FLAG)
+        raw += Support::Byte(1) + Support::Double(5.0);
+    if (flags & BANDWIDTH_FLAG)
+        raw += Support::Byte(1) + Support::Double(6.0);
+    if (flags & AREA_FLAG)
+        raw += Support::Byte(3) + String(u"1.0") + String(u"Lake") + Int32(0);
+    EXPECT_EQ(ReadRawForm(report, raw), 0);
+    return report;
+}
+
+std::string Carried(const ReportBase& report)
+{
+    std::string members;
+    if (report.IsFrequencySet())
+        members += "frequency ";
+    if (report.IsIFBandwidthSet())
+        members += "bandwidth ";
+    if (report.IsAreaSet())
+        members += "area ";
+    return members;
+}
+
+/// Renames an object as a class derived from it may.
+class NameAccess : public Frequency
+{
+public:
+    static void Rename(IRGObject& object, const QString& name)
+    {
+        (object.*(&NameAccess::SetObjectName))(name);
+    }
+};
+
+class Renamed : public ReportBase
+{
+public:
+    Renamed() { SetObjectName(QStringLiteral("Summary")); }
+};
+
+// --- Bytes and texts --------------------------------------------------------------------------------------
+
+Bytes Value(const char* text)
+{
+    return Element(Tag::FREQUENCY_VALUE, ByteArray(text));
+}
+
+Bytes AreaElements()
+{
+    return Element(Tag::AREA_VERSION, String(u"1.0")) + Element(Tag::AREA_NAME, ByteArray("Lake")) +
+           Element(Tag::AREA_COORDINATES,
+                   Int32(1) + Support::Body(Element(Tag::COORDINATE_LONGITUDE, ByteArray("1.000000")) +
+                                            Element(Tag::COORDINATE_LATITUDE, ByteArray("2.000000"))));
+}
+
+Bytes FrequencyElement(const char* value)
+{
+    return Element(Tag::REPORT_FREQUENCY, Value(value));
+}
+
+Bytes BandwidthElement(const char* value)
+{
+    return Element(Tag::REPORT_IF_BANDWIDTH, Value(value));
+}
+
+Bytes AreaElement()
+{
+    return Element(Tag::REPORT_AREA, AreaElements());
+}
+
+const char* const LAKE_XML =
+    "<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1.000000</Longitude>"
+    "<Latitude>2.000000</Latitude></Coordinate></Area>";
+
+QString ReportXml(const char* content)
+{
+    return Text("<ReportBase>%1</ReportBase>").arg(Text(content));
+}
+
+} // namespace
+
+// --- Members ----------------------------------------------------------------------------------------------
+
+TEST(ReportBase, DefaultConstructedCarriesNothingButCountsAsData)
+{
+    const ReportBase report;
+    EXPECT_FALSE(report.IsInitialized());
+    EXPECT_EQ(Carried(report), "");
+    EXPECT_FALSE(report.AnyData());
+    EXPECT_TRUE(report.HasData());
+    EXPECT_FALSE(report.IsInitialized());
+}
+
+TEST(ReportBase, ConstantGettersGiveUninitializedMembersAndCarryNothing)
+{
+    const ReportBase report;
+    EXPECT_FALSE(report.GetFrequency().IsInitialized());
+    EXPECT_TRUE(report.IsInitialized());
+    EXPECT_FALSE(report.GetIFBandwidth().IsInitialized());
+    EXPECT_FALSE(report.GetArea().IsInitialized());
+    EXPECT_EQ(Carried(report), "");
+    EXPECT_FALSE(report.AnyData());
+}
+
+TEST(ReportBase, AskingForAModifiableMemberMakesTheReportCarryIt)
+{
+    ReportBase report;
+    EXPECT_FALSE(report.GetFrequency().IsInitialized());
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_FALSE(report.GetIFBandwidth().IsInitialized());
+    EXPECT_EQ(Carried(report), "frequency bandwidth ");
+    EXPECT_FALSE(report.GetArea().IsInitialized());
+    EXPECT_EQ(Carried(report), "frequency bandwidth area ");
+    EXPECT_FALSE(report.AnyData());
+}
+
+TEST(ReportBase, ModifiableMembersAreTheMembersThemselves)
+{
+    ReportBase report;
+    report.GetFrequency().SetValue(5.0);
+    report.GetIFBandwidth().SetValue(6.0);
+    report.GetArea() = Lake();
+    EXPECT_STATE(report, CompleteState());
+    EXPECT_EQ(&report.GetFrequency(), &std::as_const(report).GetFrequency());
+}
+
+TEST(ReportBase, SettersTakeTheFieldsOfTheMember)
+{
+    ReportBase report;
+    report.SetFrequency(FrequencyOf(5.0));
+    EXPECT_EQ(Carried(report), "frequency ");
+    report.SetIFBandwidth(BandwidthOf(6.0));
+    EXPECT_EQ(Carried(report), "frequency bandwidth ");
+    report.SetArea(Lake());
+    EXPECT_EQ(Carried(report), "frequency bandwidth area ");
+    EXPECT_STATE(report, CompleteState());
+
+    report.SetFrequency(Frequency());
+    EXPECT_TRUE(report.IsFrequencySet());
+    EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
+}
+
+TEST(ReportBase, SettersLeaveNameAndSettingsOfTheMemberAlone)
+{
+    ReportBase report;
+    NameAccess::Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    Frequency frequency = FrequencyOf(5.0);
+    frequency.SetValidate(false);
+    const auto logger = Support::NewLogger();
+    frequency.SetLogger(logger);
+    report.SetFrequency(frequency);
+    EXPECT_TEXT(report.GetFrequency().GetObjectName(), "Rx");
+    EXPECT_TRUE(report.GetFrequency().GetValidate());
+    EXPECT_EQ(report.GetFrequency().GetLogger(), nullptr);
+    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
+}
+
+TEST(ReportBase, EveryMemberIsValid)
+{
+    const ReportBase report;
+    EXPECT_TRUE(report.IsValidFrequency(Frequency()));
+    EXPECT_TRUE(report.IsValidIFBandwidth(IFBandwidth()));
+    EXPECT_TRUE(report.IsValidArea(Area()));
+    EXPECT_FALSE(report.IsInitialized());
+}
+
+TEST(ReportBase, ResettingAMemberDropsItAloneAndItsData)
+{
+    ReportBase report = Complete();
+    report.ResetFrequency();
+    EXPECT_EQ(Carried(report), "bandwidth area ");
+    EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
+    report.ResetArea();
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
+    EXPECT_TRUE(report.AnyData());
+    report.ResetIFBandwidth();
+    EXPECT_EQ(Carried(report), "");
+    EXPECT_FALSE(std::as_const(report).GetIFBandwidth().IsInitialized());
+    EXPECT_FALSE(report.AnyData());
+    EXPECT_TRUE(report.IsInitialized());
+}
+
+TEST(ReportBase, ResettingAMemberThatIsNotCarriedDropsItsData)
+{
+    ReportBase report = WithFlags(0);
+    EXPECT_TRUE(std::as_const(report).GetArea().AnyData());
+    report.ResetArea();
+    EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
+    EXPECT_TRUE(std::as_const(report).GetFrequency().AnyData());
+}
+
+TEST(ReportBase, ResetDropsAllMembersAndKeepsTheRecord)
+{
+    for (const bool toDefault : {true, false}) {
+        ReportBase report = Complete();
+        if (toDefault)
+            report.ResetToDefault();
+        else
+            report.Reset();
+        EXPECT_TRUE(report.IsInitialized());
+        EXPECT_EQ(Carried(report), "");
+        EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
+        EXPECT_FALSE(std::as_const(report).GetIFBandwidth().IsInitialized());
+        EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
+    }
+}
+
+TEST(ReportBase, ResetKeepsNamesAndSettingsOfTheMembers)
+{
+    ReportBase report = Complete();
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.SetValidate(false);
+    NameAccess::Rename(report.GetArea(), QStringLiteral("Region"));
+    report.Reset();
+    EXPECT_TEXT(std::as_const(report).GetArea().GetObjectName(), "Region");
+    EXPECT_EQ(std::as_const(report).GetArea().GetLogger(), logger);
+    EXPECT_FALSE(std::as_const(report).GetArea().GetValidate());
+}
+
+TEST(ReportBase, AnyDataAsksTheMembersAndNotTheFlags)
+{
+    EXPECT_TRUE(WithFlags(0).AnyData());
+    ReportBase report;
+    report.GetFrequency();
+    report.GetArea();
+    EXPECT_FALSE(report.AnyData());
+    report.GetIFBandwidth().SetMin(1.0);
+    EXPECT_TRUE(report.AnyData());
+    report.GetIFBandwidth().Reset();
+    EXPECT_FALSE(report.AnyData());
+    report.GetArea().SetScriptID(QStringLiteral(""));
+    EXPECT_TRUE(report.AnyData());
+}
+
+TEST(ReportBase, HasDataIsAlwaysTrue)
+{
+    EXPECT_TRUE(ReportBase().HasData());
+    EXPECT_TRUE(Complete().HasData());
+    ReportBase report = Complete();
+    report.Reset();
+    EXPECT_TRUE(report.HasData());
+}
+
+TEST(ReportBase, OperationsThatMakeTheRecordAndThoseThatDoNot)
+{
+    struct Row
+    {
+        const char* name;
+        std::function<void(ReportBase&)> run;
+        bool makesRecord;
+    };
+    const std::vector<Row> rows = {
+        {"IsInitialized", [](ReportBase& r) { r.IsInitialized(); }, false},
+        {"IsFrequencySet", [](ReportBase& r) { r.IsFrequencySet(); }, false},
+        {"IsIFBandwidthSet", [](ReportBase& r) { r.IsIFBandwidthSet(); }, false},
+        {"IsAreaSet", [](ReportBase& r) { r.IsAreaSet(); }, false},
+        {"AnyData", [](ReportBase& r) { r.AnyData(); }, false},
+        {"HasData", [](ReportBase& r) { r.HasData(); }, false},
+        {"Reset", [](ReportBase& r) { r.Reset(); }, false},
+        {"ResetFrequency", [](ReportBase& r) { r.ResetFrequency(); }, false},
+        {"ResetIFBandwidth", [](ReportBase& r) { r.ResetIFBandwidth(); }, false},
+        {"ResetArea", [](ReportBase& r) { r.ResetArea(); }, false},
+        {"SetValidate", [](ReportBase& r) { r.SetValidate(false); }, false},
+        {"SetLogger", [](ReportBase& r) { r.SetLogger(Support::NewLogger()); }, false},
+        {"comparison without a record", [](ReportBase& r) { EXPECT_TRUE(r == ReportBase()); }, false},
+
+        {"GetFrequency", [](ReportBase& r) { r.GetFrequency(); }, true},
+        {"GetFrequency const", [](ReportBase& r) { std::as_const(r).GetFrequency(); }, true},
+        {"GetIFBandwidth", [](ReportBase& r) { r.GetIFBandwidth(); }, true},
+        {"GetIFBandwidth const", [](ReportBase& r) { std::as_const(r).GetIFBandwidth(); }, true},
+        {"GetArea", [](ReportBase& r) { r.GetArea(); }, true},
+        {"GetArea const", [](ReportBase& r) { std::as_const(r).GetArea(); }, true},
+        {"SetFrequency", [](ReportBase& r) { r.SetFrequency(Frequency()); }, true},
+        {"SetIFBandwidth", [](ReportBase& r) { r.SetIFBandwidth(IFBandwidth()); }, true},
+        {"SetArea", [](ReportBase& r) { r.SetArea(Area()); }, true},
+        {"ResetToDefault", [](ReportBase& r) { r.ResetToDefault(); }, true},
+        {"Check", [](ReportBase& r) { r.Check(); }, true},
+        {"Check(true)", [](ReportBase& r) { r.Check(true); }, true},
+        {"GetXml", [](ReportBase& r) { Support::UnindentedXmlOf(r); }, true},
+        {"GetBinary", [](ReportBase& r) { BodyOf(r); }, true},
+        {"raw writing", [](ReportBase& r) { Support::RawFormOf(r); }, true},
+        {"raw reading", [](ReportBase& r) { ReadRawForm(r, Support::Byte(0)); }, true},
+        {"SetBinary of nothing", [](ReportBase& r) { ReadElements(r, Bytes()); }, true},
+        {"ProcessXml", [](ReportBase& r) { ReadElement(r, QStringLiteral("<ReportBase/>")); }, true},
+        {"comparison with a record",
+         [](ReportBase& r) {
+             ReportBase other;
+             other.ResetToDefault();
+             EXPECT_TRUE(r == other);
+         },
+         true},
+        {"comparison by another with a record",
+         [](ReportBase& r) {
+             ReportBase other;
+             other.ResetToDefault();
+             EXPECT_TRUE(other == r);
+         },
+         true},
+    };
+    for (const Row& row : rows) {
+        ReportBase report;
+        EXPECT_NO_RG_THROW(row.run(report));
+        EXPECT_EQ(report.IsInitialized(), row.makesRecord) << row.name;
+    }
+}
+
+// --- Comparison -------------------------------------------------------------------------------------------
+
+TEST(ReportBase, MembersMatchWhenCarriedByNeitherOrByBothAndEqual)
+{
+    for (int left = 0; left <= ALL_FLAGS; ++left) {
+        for (int right = 0; right <= ALL_FLAGS; ++right) {
+            const ReportBase one = WithFlags(left);
+            const ReportBase other = WithFlags(right);
+            EXPECT_EQ(one == other, left == right) << left << " and " << right;
+            EXPECT_EQ(one != other, left != right) << left << " and " << right;
+        }
+    }
+}
+
+TEST(ReportBase, EachMemberTakesPartInTheComparison)
+{
+    EXPECT_TRUE(Complete() == Complete());
+    ReportBase report = Complete();
+    report.GetFrequency().SetMin(1.0);
+    EXPECT_FALSE(report == Complete());
+    report = Complete();
+    report.GetIFBandwidth().SetValue(7.0);
+    EXPECT_FALSE(report == Complete());
+    report = Complete();
+    report.GetArea().SetScriptID(QStringLiteral("S"));
+    EXPECT_FALSE(report == Complete());
+    EXPECT_TRUE(report != Complete());
+}
+
+TEST(ReportBase, AMemberWithoutDataThatIsCarriedDiffersFromOneThatIsNot)
+{
+    ReportBase report;
+    report.GetFrequency();
+    EXPECT_FALSE(report == ReportBase());
+    EXPECT_FALSE(ReportBase() == report);
+    ReportBase other;
+    other.SetFrequency(Frequency());
+    EXPECT_TRUE(report == other);
+}
+
+TEST(ReportBase, DataOfMembersThatAreNotCarriedDoNotCount)
+{
+    EXPECT_TRUE(WithFlags(0) == ReportBase());
+    EXPECT_TRUE(ReportBase() == WithFlags(0));
+}
+
+// --- Check ------------------------------------------------------------------------------------------------
+
+TEST(ReportBase, AReportThatCarriesNothingPassesTheCheck)
+{
+    for (const ReportBase& report : {ReportBase(), Complete(), WithFlags(0)}) {
+        const auto logger = Support::NewLogger();
+        report.SetLogger(logger);
+        EXPECT_NO_RG_THROW(report.Check());
+        EXPECT_NO_RG_THROW(report.Check(false));
+        EXPECT_NO_RG_THROW(report.Check(true));
+        EXPECT_LOG(logger, {});
+    }
+}
+
+TEST(ReportBase, CheckThrowsWhatTheFirstCarriedMemberThrows)
+{
+    for (const bool validate : {true, false}) {
+        for (const bool logOnly : {true, false}) {
+            ReportBase report;
+            report.SetValidate(validate);
+            report.GetArea();
+            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException", "Area: Please set Name properly.");
+            report.GetIFBandwidth();
+            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException",
+                            "IFBandwidth: Please set Value properly.");
+            report.GetFrequency();
+            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException",
+                            "Frequency: Please set Value properly.");
+            EXPECT_RG_THROW(report.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
+        }
+    }
+}
+
+TEST(ReportBase, CheckWithLoggerLogsTheFirstProblemAsFatalAndThrows)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.GetFrequency();
+    report.GetArea();
+    EXPECT_RG_THROW(report.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
+    EXPECT_LOG(logger, {"FATAL ERROR: OutOfRangeException: Frequency: Please set Value properly."});
+}
+
+TEST(ReportBase, CheckOfTrueWithLoggerLogsTheProblemsOfAllMembersAndReturns)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.GetArea() = IncompleteLake();
+    report.GetArea().ResetName();
+    report.GetFrequency();
+    report.GetIFBandwidth();
+    EXPECT_NO_RG_THROW(report.Check(true));
+    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Frequency: Please set Value properly.",
+                        "ERROR: OutOfRangeException: IFBandwidth: Please set Value properly.",
+                        "ERROR: OutOfRangeException: Area: Please set Name properly.",
+                        "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
+}
+
+TEST(ReportBase, CheckDoesNotAskMembersThatAreNotCarried)
+{
+    ReportBase report;
+    Frequency& frequency = report.GetFrequency();
+    report.ResetFrequency();
+    frequency.SetMin(1.0);
+    EXPECT_TRUE(report.AnyData());
+    EXPECT_NO_RG_THROW(report.Check());
+}
+
+// --- XML writing ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, XmlOfAReportThatCarriesNothingIsAnEmptyElement)
+{
+    EXPECT_XML(ReportBase(), "\n<ReportBase/>");
+    EXPECT_XML(NotValidating(), "\n<ReportBase/>");
+    EXPECT_XML(WithFlags(0), "\n<ReportBase/>");
+}
+
+TEST(ReportBase, XmlHoldsTheCarriedMembersInTheirOrder)
+{
+    ReportBase report;
+    report.SetArea(Lake());
+    report.SetIFBandwidth(BandwidthOf(6.0));
+    report.SetFrequency(FrequencyOf(5.0));
+    EXPECT_XML(report, "\n<ReportBase>\n"
+                       "    <Frequency>5.00</Frequency>\n"
+                       "    <IFBandwidth>6.00</IFBandwidth>\n"
+                       "    <Area Version=\"1.0\">\n"
+                       "        <Name>Lake</Name>\n"
+                       "        <Coordinate>\n"
+                       "            <Longitude>1.000000</Longitude>\n"
+                       "            <Latitude>2.000000</Latitude>\n"
+                       "        </Coordinate>\n"
+                       "    </Area>\n"
+                       "</ReportBase>");
+    EXPECT_XML(WithFlags(BANDWIDTH_FLAG),
+               "\n<ReportBase>\n    <IFBandwidth>6.00</IFBandwidth>\n</ReportBase>");
+}
+
+TEST(ReportBase, XmlElementBearsTheCurrentNameAndSoDoThoseOfTheMembers)
+{
+    Renamed report;
+    report.SetFrequency(FrequencyOf(5.0));
+    NameAccess::Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    report.SetArea(Lake());
+    NameAccess::Rename(report.GetArea(), QStringLiteral("Region"));
+    EXPECT_TEXT(
+        Support::UnindentedXmlOf(report),
+        "<Summary><Rx>5.00</Rx><Region Version=\"1.0\"><Name>Lake</Name><Coordinate>"
+        "<Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Coordinate></Region></Summary>");
+}
+
+TEST(ReportBase, XmlOfACarriedMemberWithoutDataThrowsWhenValidating)
+{
+    ReportBase report;
+    report.GetFrequency();
+    EXPECT_RG_THROW(report.GetXmlString(), "OutOfRangeException", "Frequency: Please set Value properly.");
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    EXPECT_RG_THROW(report.GetXml(writer), "OutOfRangeException", "Frequency: Please set Value properly.");
+    EXPECT_TEXT(xml, "");
+}
+
+TEST(ReportBase, XmlHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
+{
+    ReportBase report = NotValidating();
+    report.GetFrequency();
+    report.GetIFBandwidth();
+    report.GetArea();
+    EXPECT_XML(report, "\n<ReportBase>\n"
+                       "    <Frequency>0.00</Frequency>\n"
+                       "    <IFBandwidth>0.00</IFBandwidth>\n"
+                       "    <Area Version=\"1.0\">\n"
+                       "        <Name></Name>\n"
+                       "    </Area>\n"
+                       "</ReportBase>");
+}
+
+TEST(ReportBase, ACarriedAreaWithAnEmptyListIsLeftOutWhenValidating)
+{
+    ReportBase report;
+    report.GetArea().SetName(QStringLiteral("Lake"));
+    report.GetArea().GetCoordinate();
+    EXPECT_XML(report, "\n<ReportBase/>");
+    EXPECT_BYTES(BodyOf(report), Element(1, Bytes()));
+}
+
+// --- XML reading ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, XmlReadingTakesTheMembersInAnyOrder)
+{
+    ReportBase report;
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml((std::string(LAKE_XML) + "<IFBandwidth>6</IFBandwidth><Frequency>5</Frequency>").c_str()),
+        true));
+    ReportState state = CompleteState();
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+    EXPECT_TRUE(report == Complete());
+}
+
+TEST(ReportBase, XmlReadingDropsWhatIsNotThere)
+{
+    ReportBase report = Complete();
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<IFBandwidth>7</IFBandwidth>"), true));
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    EXPECT_FALSE(std::as_const(report).GetFrequency().AnyData());
+    EXPECT_TRUE(report.SetXmlString(QStringLiteral("<ReportBase/>"), true));
+    EXPECT_EQ(Carried(report), "");
+    EXPECT_TRUE(report.IsInitialized());
+}
+
+TEST(ReportBase, AttributesAndOtherContentAreIgnored)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    EXPECT_TRUE(report.SetXmlString(
+        QStringLiteral("<?xml version=\"1.0\"?><!-- a --><ReportBase Version=\"0.1\" Frequency=\"7\">text"
+                       "<!-- b --><Frequency>5</Frequency><![CDATA[<Area/>]]></ReportBase>"),
+        true));
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
+    EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string."});
+}
+
+TEST(ReportBase, ProcessXmlAddsToWhatIsThere)
+{
+    ReportBase report = Complete();
+    report.GetFrequency().SetMin(1.0);
+    EXPECT_TEXT(ReadElement(report, ReportXml("<Frequency Max=\"9\">8</Frequency>")), "</ReportBase>");
+    ReportState state = CompleteState();
+    state.frequency->value = 8.0;
+    state.frequency->min = 1.0;
+    state.frequency->max = 9.0;
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, RepeatedMembersAddUp)
+{
+    ReportBase report;
+    EXPECT_TRUE(report.SetXmlString(ReportXml((std::string("<Frequency Min=\"1\">2</Frequency>") + LAKE_XML +
+                                               "<Frequency Max=\"3\">4</Frequency>" + LAKE_XML)
+                                                  .c_str()),
+                                    true));
+    ReportState state;
+    state.frequency = Support::FrequencyState();
+    state.frequency->value = 4.0;
+    state.frequency->min = 1.0;
+    state.frequency->max = 3.0;
+    state.area = CompleteState().area;
+    state.area->coordinates = {{1.0, 2.0}, {1.0, 2.0}};
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, ARepeatedAreaOfAnOlderVersionStartsAnew)
+{
+    ReportBase report = NotValidating();
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml((std::string(LAKE_XML) + "<Area Version=\"0.9\"><ScriptID>S</ScriptID></Area>").c_str()),
+        true));
+    ReportState state;
+    state.area = AreaState();
+    state.area->scriptID = QStringLiteral("S");
+    state.area->initialVersionLoaded = QStringLiteral("0.9");
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, UnknownChildrenAreSkippedWithTheirContentWithoutAMessage)
+{
+    for (const bool validate : {true, false}) {
+        ReportBase report;
+        report.SetValidate(validate);
+        const auto logger = Support::NewLogger();
+        report.SetLogger(logger);
+        EXPECT_TRUE(report.SetXmlString(
+            ReportXml((std::string("<New><Frequency>7</Frequency><b><c/></b></New><frequency>8</frequency>"
+                                   "<Frequency>5</Frequency><New/>"
+                                   "<ReportBase><IFBandwidth>9</IFBandwidth></ReportBase>"
+                                   "<IFBandwidth>6</IFBandwidth><Coordinate/>") +
+                       LAKE_XML + "<Last>t</Last>")
+                          .c_str()),
+            true));
+        EXPECT_TRUE(report == Complete());
+        EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string."});
+    }
+}
+
+TEST(ReportBase, SkippingEndsAtTheFirstTagOfTheSameNameSoThatANestedOneEndsTheReading)
+{
+    ReportBase report;
+    const QString xml = ReportXml("<Frequency>5</Frequency><x><x/></x><IFBandwidth>6</IFBandwidth>");
+    EXPECT_TRUE(report.SetXmlString(xml, true));
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_TEXT(ReadElement(report, xml), "</x>");
+}
+
+TEST(ReportBase, AFrequencyWithinAFrequencyEndsTheReading)
+{
+    ReportBase report;
+    const QString xml =
+        ReportXml("<Frequency>1<Frequency>2</Frequency>3</Frequency><IFBandwidth>6</IFBandwidth>");
+    EXPECT_TRUE(report.SetXmlString(xml, true));
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_EQ(report.GetFrequency().GetValue(), 2.0);
+    EXPECT_TEXT(ReadElement(report, xml), "</Frequency>");
+}
+
+TEST(ReportBase, WhatFollowsAnUnknownChildOfTheAreaIsLeftToTheReportWhenNotValidating)
+{
+    const QString xml = ReportXml("<Area Version=\"1.0\"><Name>Lake</Name><Foo/><Frequency>5</Frequency>"
+                                  "<ScriptID>S</ScriptID></Area><IFBandwidth>6</IFBandwidth>");
+    ReportBase report = NotValidating();
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    EXPECT_TRUE(report.SetXmlString(xml, true));
+    ReportState state;
+    state.frequency = CompleteState().frequency;
+    state.area = AreaState();
+    state.area->name = QStringLiteral("Lake");
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+    EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string.",
+                        "WARNING: InvalidXmlException: Unknown Tag 'Foo' in 'Area'."});
+    EXPECT_TEXT(ReadElement(report, xml), "</Area>");
+
+    ReportBase validating;
+    EXPECT_RG_THROW(validating.SetXmlString(xml, true), "InvalidXmlException",
+                    "Unknown Tag 'Foo' in 'Area'.");
+    EXPECT_EQ(Carried(validating), "");
+}
+
+TEST(ReportBase, MembersAreToldApartByTheirCurrentNames)
+{
+    ReportBase report;
+    NameAccess::Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    NameAccess::Rename(report.GetIFBandwidth(), QStringLiteral("Frequency"));
+    NameAccess::Rename(report.GetArea(), QStringLiteral("Region"));
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml("<Rx>1</Rx><Frequency>2</Frequency><IFBandwidth>3</IFBandwidth><Area/>"), true));
+    EXPECT_EQ(Carried(report), "frequency bandwidth ");
+    EXPECT_EQ(report.GetFrequency().GetValue(), 1.0);
+    EXPECT_EQ(report.GetIFBandwidth().GetValue(), 2.0);
+    EXPECT_XML(report, "\n<ReportBase>\n    <Rx>1.00</Rx>\n    <Frequency>2.00</Frequency>\n</ReportBase>");
+}
+
+TEST(ReportBase, OfMembersWithTheSameNameTheFirstTakesTheElement)
+{
+    ReportBase report = NotValidating();
+    NameAccess::Rename(report.GetArea(), QStringLiteral("Same"));
+    NameAccess::Rename(report.GetIFBandwidth(), QStringLiteral("Same"));
+    report.Reset();
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Same>1</Same>"), true));
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    NameAccess::Rename(report.GetFrequency(), QStringLiteral("Same"));
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Same>1</Same>"), true));
+    EXPECT_EQ(Carried(report), "frequency ");
+}
+
+TEST(ReportBase, ACopyBearsTheOriginalNamesOfItsMembers)
+{
+    ReportBase report = Complete();
+    NameAccess::Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    report.ResetIFBandwidth();
+    report.ResetArea();
+    EXPECT_XML(ReportBase(report), "\n<ReportBase>\n    <Frequency>5.00</Frequency>\n</ReportBase>");
+}
+
+TEST(ReportBase, AnIncompleteMemberFailsTheCheckWhenValidating)
+{
+    ReportBase report;
+    EXPECT_RG_THROW(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true),
+                    "OutOfRangeException", "Area: Please set Name properly.");
+    EXPECT_EQ(Carried(report), "frequency area ");
+    report.SetValidate(false);
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true));
+    EXPECT_EQ(Carried(report), "frequency area ");
+}
+
+TEST(ReportBase, MalformedXmlIsReportedAndTheMemberThatMetItIsNotCarried)
+{
+    struct Row
+    {
+        const char* xml;
+        const char* carried;
+    };
+    const Row rows[] = {
+        {"<ReportBase>", ""},
+        {"<ReportBase><Frequency>5</Frequency>", "frequency "},
+        {"<ReportBase><Frequency>5</Frequency><IFBandwidth Min=\"1\">6", "frequency "},
+        {"<ReportBase><Frequency>5</Wrong></ReportBase>", ""},
+        {"<ReportBase><Frequency>5</Frequency></Wrong>", "frequency "},
+        {"<ReportBase><Unknown>", ""},
+        {"<ReportBase><Area Version=\"1.0\"><Name>Lake</Name>", ""},
+        {"<ReportBase><Area Version=\"1.0\"/><Frequency>&x;</Frequency></ReportBase>", "area "},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.xml);
+            const QString xml = Text(row.xml);
+            ReportBase report = Complete();
+            report.SetValidate(validate);
+            EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_EQ(Carried(report), row.carried);
+
+            const auto logger = Support::NewLogger();
+            report.SetLogger(logger);
+            EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+            EXPECT_LOG(logger, QStringList({QStringLiteral("INFO: ReportBase: Loading xml string."),
+                                            QStringLiteral("FATAL ERROR: RGException: ") +
+                                                Support::XmlErrorOf(xml)}));
+        }
+    }
+}
+
+TEST(ReportBase, AttributesOfAMemberThatMetMalformedTextStayInIt)
+{
+    ReportBase report;
+    const QString xml = QStringLiteral("<ReportBase><Frequency Min=\"1\">6");
+    EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+    EXPECT_FALSE(report.IsFrequencySet());
+    EXPECT_TRUE(std::as_const(report).GetFrequency().IsMinSet());
+    EXPECT_TRUE(report.AnyData());
+}
+
+// --- Tagged form ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, BodyHoldsTheCarriedMembersInTheirOrder)
+{
+    EXPECT_BYTES(BodyOf(ReportBase()), Element(1, Bytes()));
+    EXPECT_BYTES(BodyOf(WithFlags(0)), Element(1, Bytes()));
+    EXPECT_BYTES(BodyOf(Complete()),
+                 Element(1, FrequencyElement("5.00") + BandwidthElement("6.00") + AreaElement()));
+    EXPECT_BYTES(BodyOf(Complete(), -3, false),
+                 Support::Body(FrequencyElement("5.00") + BandwidthElement("6.00") + AreaElement()));
+    EXPECT_BYTES(BodyOf(WithFlags(AREA_FLAG)), Element(1, AreaElement()));
+    EXPECT_BYTES(BodyOf(WithFlags(FREQUENCY_FLAG | AREA_FLAG)),
+                 Element(1, FrequencyElement("5.00") + AreaElement()));
+    Written([](QDataStream& stream) { EXPECT_TRUE(ReportBase().GetBinary(stream, 1, true)); });
+}
+
+TEST(ReportBase, BodyGoesIntoTheMiddleOfACallersStream)
+{
+    const Bytes body = Element(7, FrequencyElement("5.00") + BandwidthElement("6.00") + AreaElement());
+    const QByteArray bytes = Written([](QDataStream& stream) {
+        stream << quint8(9);
+        Complete().GetBinary(stream, 7, true);
+        Complete().GetBinary(stream, 7, true);
+        stream << quint8(8);
+    });
+    EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
+}
+
+TEST(ReportBase, BodyOfACarriedMemberWithoutDataThrowsWhenValidatingAndNothingIsWritten)
+{
+    ReportBase report = Complete();
+    report.GetArea().ResetName();
+    const QByteArray bytes = Written([&](QDataStream& stream) {
+        EXPECT_RG_THROW(report.GetBinary(stream, 1, true), "OutOfRangeException",
+                        "Area: Please set Name properly.");
+    });
+    EXPECT_EQ(bytes.size(), 0);
+}
+
+TEST(ReportBase, BodyHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
+{
+    ReportBase report = NotValidating();
+    report.GetFrequency();
+    report.GetArea();
+    EXPECT_BYTES(
+        BodyOf(report),
+        Element(1, FrequencyElement("0.00") +
+                       Element(Tag::REPORT_AREA, Element(Tag::AREA_VERSION, String(u"1.0")) +
+                                                     Element(Tag::AREA_NAME, Support::NullByteArray()) +
+                                                     Element(Tag::AREA_COORDINATES, Int32(0)))));
+}
+
+TEST(ReportBase, MemberElementsMayComeInAnyOrder)
+{
+    ReportBase report;
+    EXPECT_EQ(ReadElements(report, AreaElement() + BandwidthElement("6") + FrequencyElement("5")), 0);
+    EXPECT_TRUE(report == Complete());
+}
+
+TEST(ReportBase, OfRepeatedMemberElementsTheLastCounts)
+{
+    ReportBase report;
+    EXPECT_EQ(
+        ReadElements(
+            report, Element(Tag::REPORT_FREQUENCY, Value("1") + Element(Tag::FREQUENCY_MIN, ByteArray("2"))) +
+                        AreaElement() + FrequencyElement("5") + BandwidthElement("6") + AreaElement()),
+        0);
+    EXPECT_TRUE(report == Complete());
+}
+
+TEST(ReportBase, ReadingIntoAUsedReportGivesWhatWasWrittenAndNothingElse)
+{
+    ReportBase report = Complete();
+    EXPECT_EQ(ReadElements(report, BandwidthElement("7")), 0);
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    EXPECT_FALSE(std::as_const(report).GetFrequency().AnyData());
+    EXPECT_FALSE(std::as_const(report).GetArea().AnyData());
+    EXPECT_EQ(ReadElements(report, 0, BandwidthElement("7")), BandwidthElement("7").Size());
+    EXPECT_EQ(Carried(report), "");
+    EXPECT_FALSE(report.AnyData());
+}
+
+TEST(ReportBase, MemberElementsOfLengthZeroAreCarriedWithoutDataAndNotChecked)
+{
+    ReportBase report;
+    EXPECT_EQ(ReadElements(report, Element(Tag::REPORT_FREQUENCY, Bytes()) +
+                                       Element(Tag::REPORT_IF_BANDWIDTH, Bytes()) +
+                                       Element(Tag::REPORT_AREA, Bytes())),
+              0);
+    EXPECT_EQ(Carried(report), "frequency bandwidth area ");
+    EXPECT_FALSE(report.AnyData());
+}
+
+TEST(ReportBase, UnknownElementsAreSkippedByTheirLength)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    const Bytes unknown = Element(Tag::UNKNOWN, FrequencyElement("7") + Support::Byte(1));
+    EXPECT_EQ(ReadElements(report, unknown + FrequencyElement("5") + unknown + BandwidthElement("6") +
+                                       Element(1, Bytes()) + AreaElement() + unknown),
+              0);
+    EXPECT_TRUE(report == Complete());
+    EXPECT_LOG(logger, {});
+}
+
+TEST(ReportBase, AMembersOwnLengthErrorEndsTheReadingAndTheMemberIsNotCarried)
+{
+    struct Row
+    {
+        const char* name;
+        Bytes elements;
+        const char* carried;
+    };
+    const std::vector<Row> rows = {
+        {"Frequency",
+         BandwidthElement("6") + ElementOfLength(Tag::REPORT_FREQUENCY, 12, Value("5")) + AreaElement(),
+         "bandwidth "},
+        {"IFBandwidth", FrequencyElement("5") + ElementOfLength(Tag::REPORT_IF_BANDWIDTH, 14, Value("6")),
+         "frequency "},
+        {"Area",
+         BandwidthElement("6") +
+             ElementOfLength(Tag::REPORT_AREA, AreaElements().Size() + 1, AreaElements()) +
+             FrequencyElement("5"),
+         "bandwidth "},
+        {"Frequency", ElementOfLength(Tag::REPORT_FREQUENCY, -1, Value("5")), ""},
+        {"Area", ElementOfLength(Tag::REPORT_AREA, LEAST, AreaElements()), ""},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.name);
+            ReportBase report = Complete();
+            report.SetValidate(validate);
+            const auto logger = Support::NewLogger();
+            report.SetLogger(logger);
+            const QString message = Text(row.name) + QStringLiteral("::SetBinary(...): Length error occurred "
+                                                                    "during processing of binary "
+                                                                    "representation");
+            EXPECT_RG_THROW(ReadElements(report, row.elements), "BinaryParsingException", message);
+            EXPECT_EQ(Carried(report), row.carried);
+            EXPECT_LOG(logger,
+                       QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") + message});
+        }
+    }
+}
+
+TEST(ReportBase, LengthsThatDoNotAddUpAreReportedAfterTheMembersHaveBeenRead)
+{
+    const Bytes both = FrequencyElement("5") + BandwidthElement("6");
+    struct Row
+    {
+        const char* name;
+        int length;
+        Bytes bytes;
+        const char* carried;
+    };
+    const std::vector<Row> rows = {
+        {"body 4 too long", both.Size() + 4, both, "frequency bandwidth "},
+        {"body 1 too short", both.Size() - 1, both, "frequency bandwidth "},
+        {"body ends within the second element", FrequencyElement("5").Size() + 1, both,
+         "frequency bandwidth "},
+        {"unknown element overruns", both.Size() + 8, both + ElementOfLength(Tag::UNKNOWN, 1, Bytes()),
+         "frequency bandwidth "},
+        {"unknown element of the greatest length", both.Size() + 8,
+         FrequencyElement("5") + ElementOfLength(Tag::UNKNOWN, GREATEST, Bytes()) + BandwidthElement("6"),
+         "frequency "},
+        {"unknown element of the least length", both.Size() + 8,
+         ElementOfLength(Tag::UNKNOWN, LEAST, Bytes()) + both, "frequency bandwidth "},
+        {"unknown element of negative length", both.Size() + 8,
+         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + both, "frequency bandwidth "},
+        {"negative body", -1, both, ""},
+        {"least body", LEAST, both, ""},
+        {"greatest body", GREATEST, both, "frequency bandwidth "},
+        {"no bytes at all", 8, Bytes(), ""},
+    };
+    for (const Row& row : rows) {
+        for (const bool validate : {true, false}) {
+            SCOPED_TRACE(row.name);
+            ReportBase report = Complete();
+            report.SetValidate(validate);
+            EXPECT_RG_THROW(ReadElements(report, row.length, row.bytes), "BinaryParsingException",
+                            LENGTH_ERROR);
+            EXPECT_EQ(Carried(report), row.carried);
+            const auto logger = Support::NewLogger();
+            report.SetLogger(logger);
+            EXPECT_RG_THROW(ReadElements(report, row.length, row.bytes), "BinaryParsingException",
+                            LENGTH_ERROR);
+            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") +
+                                           Text(LENGTH_ERROR)});
+        }
+    }
+}
+
+TEST(ReportBase, MessagesBeginWithTheCurrentName)
+{
+    Renamed report;
+    EXPECT_RG_THROW(ReadElements(report, 4, Bytes()), "BinaryParsingException",
+                    "Summary::SetBinary(...): Length error occurred during processing of binary "
+                    "representation");
+}
+
+TEST(ReportBase, WhatFollowsTheBodyStaysOnTheStream)
+{
+    ReportBase report;
+    const Bytes frequency = FrequencyElement("5");
+    EXPECT_EQ(ReadElements(report, frequency.Size(), frequency + BandwidthElement("6")),
+              BandwidthElement("6").Size());
+    EXPECT_EQ(Carried(report), "frequency ");
+}
+
+TEST(ReportBase, AMemberThatRefusesItsElementsIsNotCarried)
+{
+    ReportBase report;
+    const Bytes nullName = Element(Tag::REPORT_AREA, Element(Tag::AREA_SCRIPT_ID, ByteArray("S")) +
+                                                         Element(Tag::AREA_NAME, Support::NullByteArray()));
+    EXPECT_RG_THROW(ReadElements(report, FrequencyElement("5") + nullName), "OutOfRangeException",
+                    "Area: Please set Name properly (origin: Setter).");
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_TEXT(std::as_const(report).GetArea().GetScriptID(), "S");
+
+    report.SetValidate(false);
+    EXPECT_EQ(ReadElements(report, FrequencyElement("5") + nullName), 0);
+    EXPECT_EQ(Carried(report), "frequency area ");
+}
+
+// --- Raw form ---------------------------------------------------------------------------------------------
+
+TEST(ReportBase, RawFormHoldsTheFlagsAndTheRawFormsOfTheCarriedMembers)
+{
+    const Bytes frequency = Support::Byte(1) + Support::Double(5.0);
+    const Bytes bandwidth = Support::Byte(1) + Support::Double(6.0);
+    const Bytes area = Support::Byte(3) + String(u"1.0") + String(u"Lake") + Int32(1) + Support::Byte(3) +
+                       Support::Double(1.0) + Support::Double(2.0);
+    EXPECT_BYTES(Support::RawFormOf(ReportBase()), Support::Byte(0));
+    EXPECT_BYTES(Support::RawFormOf(Complete()), Support::Byte(7) + frequency + bandwidth + area);
+    EXPECT_BYTES(Support::RawFormOf(WithFlags(FREQUENCY_FLAG | AREA_FLAG)),
+                 Support::Byte(5) + frequency + area);
+
+    ReportBase read;
+    EXPECT_EQ(ReadRawForm(read, Support::Byte(7) + frequency + bandwidth + area + Support::Byte(9)), 1);
+    EXPECT_TRUE(read == Complete());
+}
+
+TEST(ReportBase, RawFormIsNeitherCheckedNorTraced)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.GetFrequency();
+    report.GetArea();
+    const Bytes raw = Support::Byte(5) + Support::Byte(0) + Support::Double(0.0) + Support::Byte(0) +
+                      String(u"1.0") + NullString() + Int32(0);
+    EXPECT_BYTES(Support::RawFormOf(report), raw);
+    ReportBase read;
+    read.SetLogger(logger);
+    EXPECT_EQ(ReadRawForm(read, raw), 0);
+    EXPECT_EQ(Carried(read), "frequency area ");
+    EXPECT_FALSE(read.AnyData());
+    EXPECT_LOG(logger, {});
+}
+
+TEST(ReportBase, RawReadingTakesTheFlagsAndResetsNoMember)
+{
+    ReportBase report = Complete();
+    EXPECT_EQ(ReadRawForm(report, Support::Byte(BANDWIDTH_FLAG) + Support::Byte(2) + Support::Double(1.5) +
+                                      Support::Double(2.5)),
+              0);
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    EXPECT_EQ(std::as_const(report).GetFrequency().GetValue(), 5.0);
+    EXPECT_TEXT(std::as_const(report).GetArea().GetName(), "Lake");
+    EXPECT_TRUE(report.GetIFBandwidth().IsMinSet());
+    EXPECT_FALSE(report.GetIFBandwidth().IsValueSet());
+}
+
+TEST(ReportBase, FlagsWithoutAMemberAreKeptAndWrittenBack)
+{
+    ReportBase report;
+    const Bytes raw = Support::Byte(0xf8 | FREQUENCY_FLAG) + Support::Byte(1) + Support::Double(5.0);
+    EXPECT_EQ(ReadRawForm(report, raw), 0);
+    EXPECT_EQ(Carried(report), "frequency ");
+    EXPECT_BYTES(Support::RawFormOf(report), raw);
+    EXPECT_BYTES(Support::RawFormOf(ReportBase(report)), raw);
+    EXPECT_XML(report, "\n<ReportBase>\n    <Frequency>5.00</Frequency>\n</ReportBase>");
+    ReportBase same;
+    same.SetFrequency(FrequencyOf(5.0));
+    EXPECT_TRUE(report == same);
+}
+
+TEST(ReportBase, AnOlderAreaInTheRawFormLeavesItsScriptIdentifierOnTheStream)
+{
+    ReportBase report;
+    EXPECT_EQ(ReadRawForm(report, Support::Byte(AREA_FLAG) + Support::Byte(7) + String(u"0.9") +
+                                      String(u"Lake") + Int32(0) + String(u"S")),
+              6);
+    EXPECT_EQ(Carried(report), "area ");
+    EXPECT_TEXT(report.GetArea().GetName(), "Lake");
+    EXPECT_FALSE(report.GetArea().IsNameSet());
+    EXPECT_FALSE(report.GetArea().IsScriptIDSet());
+}
+
+// --- Settings of the members ------------------------------------------------------------------------------
+
+namespace {
+
+std::vector<const IRGObject*> MembersOf(const ReportBase& report)
+{
+    std::vector<const IRGObject*> members = {&report.GetFrequency(), &report.GetIFBandwidth(),
+                                             &report.GetArea()};
+    for (const Coordinate& coordinate : report.GetArea().GetCoordinate())
+        members.push_back(&coordinate);
+    return members;
+}
+
+} // namespace
+
+TEST(ReportBase, SettingsReachTheMembersAtOnce)
+{
+    ReportBase report = Complete();
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.SetValidate(false);
+    for (const IRGObject* member : MembersOf(report)) {
+        EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
+        EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
+    }
+    report.SetLogger(nullptr);
+    report.SetValidate(true);
+    for (const IRGObject* member : MembersOf(report)) {
+        EXPECT_EQ(member->GetLogger(), nullptr) << member->GetObjectName().toStdString();
+        EXPECT_TRUE(member->GetValidate()) << member->GetObjectName().toStdString();
+    }
+}
+
+TEST(ReportBase, SettingsGivenBeforeTheRecordReachTheMembersWhenItIsMade)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.SetValidate(false);
+    EXPECT_FALSE(report.IsInitialized());
+    for (const IRGObject* member : MembersOf(report)) {
+        EXPECT_EQ(member->GetLogger(), logger);
+        EXPECT_FALSE(member->GetValidate());
+    }
+}
+
+TEST(ReportBase, EveryOperationAppliesTheSettingsToMembersHoweverTheyCameIn)
+{
+    const Bytes incompleteArea =
+        Element(Tag::AREA_VERSION, String(u"1.0")) + Element(Tag::AREA_NAME, ByteArray("Lake")) +
+        Element(Tag::AREA_COORDINATES,
+                Int32(1) + Support::Body(Element(Tag::COORDINATE_LATITUDE, ByteArray("2"))));
+    const std::vector<std::pair<const char*, std::function<void(ReportBase&)>>> waysIn = {
+        {"setters",
+         [](ReportBase& r) {
+             r.SetFrequency(Frequency());
+             r.SetIFBandwidth(IFBandwidth());
+             r.SetArea(IncompleteLake());
+         }},
+        {"assignment to the members",
+         [](ReportBase& r) {
+             r.GetFrequency() = Frequency();
+             r.GetIFBandwidth() = IFBandwidth();
+             r.GetArea() = IncompleteLake();
+         }},
+        {"assignment",
+         [](ReportBase& r) {
+             ReportBase other;
+             other.SetLogger(Support::NewLogger());
+             other.SetFrequency(Frequency());
+             other.SetIFBandwidth(IFBandwidth());
+             other.SetArea(IncompleteLake());
+             r = other;
+         }},
+        {"XML",
+         [](ReportBase& r) {
+             ReadElement(r, ReportXml("<Frequency/><IFBandwidth/><Area Version=\"1.0\"><Name>Lake</Name>"
+                                      "<Coordinate><Latitude>2</Latitude></Coordinate></Area>"));
+             r.GetFrequency().ResetValue();
+             r.GetIFBandwidth().ResetValue();
+         }},
+        {"elements",
+         [&](ReportBase& r) {
+             ReadElements(r, Element(Tag::REPORT_FREQUENCY, Bytes()) +
+                                 Element(Tag::REPORT_IF_BANDWIDTH, Bytes()) +
+                                 Element(Tag::REPORT_AREA, incompleteArea));
+         }},
+        {"raw form",
+         [](ReportBase& r) {
+             ReadRawForm(r, Support::Byte(ALL_FLAGS) + Support::Byte(0) + Support::Double(0.0) +
+                                Support::Byte(0) + Support::Double(0.0) + Support::Byte(3) + String(u"1.0") +
+                                String(u"Lake") + Int32(1) + Support::Byte(2) + Support::Double(0.0) +
+                                Support::Double(2.0));
+         }},
+    };
+    for (const auto& [name, comeIn] : waysIn) {
+        SCOPED_TRACE(name);
+        const auto logger = Support::NewLogger(REPORTGENERATOR::ERROR);
+        ReportBase report = NotValidating();
+        report.SetLogger(logger);
+        comeIn(report);
+
+        // A validating member would refuse to be written, one without logger would throw from Check.
+        EXPECT_NO_RG_THROW(report.GetXmlString());
+        EXPECT_NO_RG_THROW(BodyOf(report));
+        EXPECT_LOG(logger, {});
+        EXPECT_NO_RG_THROW(report.Check(true));
+        EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Frequency: Please set Value properly.",
+                            "ERROR: OutOfRangeException: IFBandwidth: Please set Value properly.",
+                            "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
+        for (const IRGObject* member : MembersOf(report)) {
+            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
+            EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
+        }
+    }
+}
+
+TEST(ReportBase, EveryOperationAppliesTheSettingsAgainToMembersThatWereGivenOthers)
+{
+    using Operation = std::function<void(const ReportBase&)>;
+    const std::vector<std::pair<const char*, Operation>> operations = {
+        {"GetXml", [](const ReportBase& r) { Support::UnindentedXmlOf(r); }},
+        {"GetBinary", [](const ReportBase& r) { BodyOf(r); }},
+        {"Check", [](const ReportBase& r) { r.Check(true); }},
+    };
+    for (const auto& operation : operations) {
+        SCOPED_TRACE(operation.first);
+        const Operation& run = operation.second;
+        const auto logger = Support::NewLogger();
+        const auto otherLogger = Support::NewLogger();
+        ReportBase report = NotValidating();
+        report.SetLogger(logger);
+        report.GetFrequency();
+        report.GetIFBandwidth();
+        report.GetArea() = IncompleteLake();
+        EXPECT_NO_RG_THROW(run(report));
+        for (const IRGObject* member : MembersOf(report)) {
+            member->SetValidate(true);
+            member->SetLogger(otherLogger);
+        }
+        EXPECT_NO_RG_THROW(run(report));
+        for (const IRGObject* member : MembersOf(report)) {
+            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
+            EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
+        }
+        EXPECT_LOG(otherLogger, {});
+    }
+}
+
+TEST(ReportBase, ReadingAppliesTheSettingsToMembersThatWereGivenOthers)
+{
+    const QString outOfRange =
+        ReportXml("<Area Version=\"1.0\"><Name>Lake</Name><Coordinate>"
+                  "<Longitude>181</Longitude><Latitude>2</Latitude></Coordinate></Area>");
+    const QString warning =
+        QStringLiteral("WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
+                       "(-180, 180) in 'Coordinate'.");
+    const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+    const auto otherLogger = Support::NewLogger();
+    ReportBase report = NotValidating();
+    report.SetLogger(logger);
+    std::as_const(report).GetArea().SetValidate(true);
+    std::as_const(report).GetArea().SetLogger(otherLogger);
+    EXPECT_TRUE(report.SetXmlString(outOfRange, true));
+    EXPECT_LOG(logger, QStringList{warning});
+
+    std::as_const(report).GetArea().SetValidate(true);
+    std::as_const(report).GetArea().SetLogger(otherLogger);
+    EXPECT_EQ(
+        ReadElements(
+            report,
+            Element(Tag::REPORT_AREA,
+                    Element(Tag::AREA_COORDINATES,
+                            Int32(1) + Support::Body(Element(Tag::COORDINATE_LONGITUDE, ByteArray("181")) +
+                                                     Element(Tag::COORDINATE_LATITUDE, ByteArray("2")))))),
+        0);
+    EXPECT_LOG(logger, QStringList({warning, warning}));
+    EXPECT_LOG(otherLogger, {});
+}
+
+TEST(ReportBase, MembersOfACopyHaveItsValidateFlagAndNoLogger)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = Support::NewLogger();
+        ReportBase report = Complete();
+        report.GetArea() = IncompleteLake();
+        report.SetValidate(validate);
+        report.SetLogger(logger);
+        std::as_const(report).GetFrequency().SetValidate(!validate);
+        const ReportBase copy(report);
+        for (const IRGObject* member : MembersOf(copy))
+            EXPECT_EQ(member->GetValidate(), validate) << member->GetObjectName().toStdString();
+        EXPECT_EQ(std::as_const(report).GetFrequency().GetValidate(), !validate);
+        EXPECT_RG_THROW(copy.Check(true), "OutOfRangeException",
+                        "Coordinate: Please set Longitude properly.");
+        for (const IRGObject* member : MembersOf(copy))
+            EXPECT_EQ(member->GetLogger(), nullptr) << member->GetObjectName().toStdString();
+        for (const IRGObject* member : MembersOf(report))
+            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
+        EXPECT_LOG(logger, {});
+    }
+}
+
+TEST(ReportBase, ResetLoggerTakesEffectOnTheMembersWithTheNextOperation)
+{
+    ReportBase report;
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.GetFrequency();
+    report.ResetLogger();
+    EXPECT_RG_THROW(report.Check(true), "OutOfRangeException", "Frequency: Please set Value properly.");
+    EXPECT_LOG(logger, {});
+}
+
+// --- Merging ----------------------------------------------------------------------------------------------
+
+TEST(ReportBase, MergingLaysTheMembersOfTheOtherOverThose)
+{
+    ReportBase report;
+    report.GetFrequency().SetValue(1.0);
+    report.GetFrequency().SetMin(2.0);
+    report.SetArea(Lake());
+    ReportBase other;
+    other.GetFrequency().SetValue(5.0);
+    other.SetIFBandwidth(BandwidthOf(6.0));
+    EXPECT_TRUE(report.MergeRGObject(other));
+    ReportState state = CompleteState();
+    state.frequency->min = 2.0;
+    EXPECT_STATE(report, state);
+
+    EXPECT_TRUE(report.MergeRGObject(Complete()));
+    state.area->coordinates.push_back({1.0, 2.0});
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, MergingAReportThatCarriesNothingChangesNothing)
+{
+    ReportBase report = Complete();
+    EXPECT_TRUE(report.MergeRGObject(ReportBase()));
+    EXPECT_TRUE(report.MergeRGObject(WithFlags(0)));
+    EXPECT_STATE(report, CompleteState());
+}
+
+TEST(ReportBase, MergingAReportWithAnIncompleteMemberThrowsWhatItsCheckThrows)
+{
+    ReportBase report = Complete();
+    ReportBase other;
+    other.GetFrequency();
+    EXPECT_RG_THROW(report.MergeRGObject(other), "OutOfRangeException",
+                    "Frequency: Please set Value properly.");
+    EXPECT_STATE(report, CompleteState());
+}

@@ -1,0 +1,145 @@
+#include "samples.h"
+#include "toolrun.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using ToolTest::RunTool;
+using ToolTest::Scratch;
+using ToolTest::ToolRun;
+
+constexpr char TRY_HELP[] = "\nTry 'reporttool --help'.";
+
+TEST(ToolCommandLine, HelpNamesTheCommandsAndTheExitCodes)
+{
+    const ToolRun run = RunTool({"--help"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TEXT(run.Errors(), "");
+    for (const char* part :
+         {"show FILE...", "convert IN OUT --to F", "check FILE...", "Exit codes", "--version"})
+        EXPECT_TRUE(run.output.contains(part)) << part;
+}
+
+TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
+{
+    struct
+    {
+        const char* command;
+        std::initializer_list<const char*> parts;
+    } const rows[] = {{"show", {"show FILE...", "--json", "--all", "--dump", "Exit codes"}},
+                      {"convert",
+                       {"convert IN OUT", "--to <form>", "--level <level>", "xml", "plain", "compressed",
+                        "it holds a plain representation, or a compressed one if --level", "Exit codes"}},
+                      {"check", {"check FILE...", "Exit codes"}}};
+    for (const auto& row : rows) {
+        const ToolRun run = RunTool({row.command, "--help"});
+        EXPECT_EQ(run.exitCode, 0) << row.command;
+        EXPECT_TEXT(run.Errors(), "");
+        for (const char* part : row.parts)
+            EXPECT_TRUE(run.output.contains(part)) << row.command << ": " << part;
+    }
+}
+
+TEST(ToolCommandLine, VersionIsThatOfTheProject)
+{
+    const ToolRun run = RunTool({"--version"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TEXT(run.Output(), "reporttool " REPORTGENERATOR_TEST_VERSION "\n");
+    EXPECT_TEXT(run.Errors(), "");
+}
+
+struct WrongUse
+{
+    const char* name;
+    std::vector<const char*> arguments;
+    const char* text;
+};
+
+void PrintTo(const WrongUse& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
+std::string NameOf(const testing::TestParamInfo<WrongUse>& row)
+{
+    return row.param.name;
+}
+
+class ToolUsage : public testing::TestWithParam<WrongUse>
+{
+};
+
+TEST_P(ToolUsage, IsToldAndEndsWithTwo)
+{
+    QStringList arguments;
+    for (const char* argument : GetParam().arguments)
+        arguments << QString::fromUtf8(argument);
+    const ToolRun run = ToolTest::RunProgram(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL), arguments, {});
+    EXPECT_UNUSABLE(run, QString::fromUtf8(GetParam().text) + QLatin1String(TRY_HELP));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, ToolUsage,
+    testing::Values(
+        WrongUse{"NoCommand", {}, "no command is given"},
+        WrongUse{"UnknownCommand", {"print"}, "no command is called 'print'"},
+        WrongUse{"OptionBeforeCommand", {"--json", "show", "a"}, "Unknown option 'json'."},
+        WrongUse{"UnknownOption", {"show", "--jsn", "a"}, "Unknown option 'jsn'."},
+        WrongUse{"OptionOfAnotherCommand", {"check", "--json", "a"}, "Unknown option 'json'."},
+        WrongUse{"ShowWithoutFile", {"show"}, "no file is given"},
+        WrongUse{"CheckWithoutFile", {"check"}, "no file is given"},
+        WrongUse{"CheckOfInputTwice", {"check", "-", "-"}, "standard input can be read only once"},
+        WrongUse{"JsonAndDump", {"show", "--json", "--dump", "a"}, "--json and --dump do not go together"},
+        WrongUse{"ConvertWithoutOut", {"convert", "a", "--to", "xml"}, "convert takes IN and OUT"},
+        WrongUse{"ConvertOfThree", {"convert", "a", "b", "c", "--to", "xml"}, "convert takes IN and OUT"},
+        WrongUse{"ConvertWithoutForm", {"convert", "a", "b"}, "--to is missing"},
+        WrongUse{"FormMissing", {"convert", "a", "b", "--to"}, "Missing value after '--to'."},
+        WrongUse{"FormUnknown", {"convert", "a", "b", "--to", "json"}, "no form is called 'json'"},
+        WrongUse{"LevelForXml",
+                 {"convert", "a", "b", "--to", "xml", "--level", "1"},
+                 "--level is for compressed forms"},
+        WrongUse{"LevelForPlain",
+                 {"convert", "a", "b", "--to", "plain", "--level", "1"},
+                 "--level is for compressed forms"},
+        WrongUse{"LevelTooHigh",
+                 {"convert", "a", "b", "--to", "file", "--level", "10"},
+                 "a level is a number from -1 to 9, not '10'"},
+        WrongUse{"LevelTooLow",
+                 {"convert", "a", "b", "--to", "file", "--level", "-2"},
+                 "a level is a number from -1 to 9, not '-2'"},
+        WrongUse{"LevelNoNumber",
+                 {"convert", "a", "b", "--to", "file", "--level", "best"},
+                 "a level is a number from -1 to 9, not 'best'"}),
+    NameOf);
+
+TEST(ToolCommandLine, DoubleDashEndsTheOptions)
+{
+    const Scratch scratch;
+    scratch.Write("--json", "<ReportBase/>");
+    const ToolRun run = RunTool({"check", "--", "--json"}, {{}, scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TEXT(run.Errors(), "");
+
+    const ToolRun inFront = RunTool({"--", "check", "--json"}, {{}, scratch.Folder(), {}});
+    EXPECT_EQ(inFront.exitCode, 0);
+    EXPECT_TEXT(inFront.Errors(), "");
+}
+
+TEST(ToolCommandLine, FileNamesBeyondAsciiWorkInThePlainLocale)
+{
+    const Scratch scratch;
+    const QString path = scratch.Write("Zürich.xml", "<ReportBase><Area/></ReportBase>");
+    const ToolRun run = RunTool({"check", path}, {{}, {}, QStringLiteral("C")});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Output(),
+                path + QStringLiteral(": OutOfRangeException: Area: Please set Name properly.\n") + path +
+                    QStringLiteral(": OutOfRangeException: Area: Please set Coordinate properly.\n"));
+    EXPECT_TEXT(run.Errors(), "");
+}
+
+} // namespace

@@ -1,0 +1,48 @@
+#ifndef TESTS_REPORTTOOL_SAMPLES_H
+#define TESTS_REPORTTOOL_SAMPLES_H
+
+// One report in all its forms, from the golden vectors: a frequency with all fields, an IF bandwidth, and an
+// area with two points and a script identifier. And what is needed to make reports that are not as they
+// should be.
+
+#include "support/bytes.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <string_view>
+
+namespace ToolTest {
+
+// Tags of the elements.
+constexpr long long FREQUENCY = 0xCF452ADA;
+constexpr long long BANDWIDTH = 0xCA8F8C7C;
+constexpr long long AREA = 0xA838BE37;
+constexpr long long VALUE = 0x8AFF57B3;
+constexpr long long USE = 0xAA39C731;
+constexpr long long VERSION = 0xCCFEDFA1;
+constexpr long long NAME = 0x8C9FBCA8;
+constexpr long long COORDINATES = 0x6F69083F;
+constexpr long long LONGITUDE = 0x247E7491;
+constexpr long long LATITUDE = 0xCB2F4B76;
+
+QByteArray FullXml();
+QByteArray FullPlain();
+QByteArray FullCompressed();
+
+/// The representation behind its size.
+QByteArray InFile(const QByteArray& representation);
+
+/// The body of the full report: root tag, root length and elements.
+QByteArray FullBody();
+
+/// A plain representation of a report with these elements.
+QByteArray Plain(const Support::Bytes& elements);
+
+/// An area of version 1.0 with this name and one point, in XML and as an element.
+QByteArray NamedAreaXml(const char* name);
+Support::Bytes NamedArea(std::string_view name);
+
+} // namespace ToolTest
+
+#endif

@@ -1,0 +1,95 @@
+#include "toolrun.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+
+namespace ToolTest {
+
+namespace {
+
+constexpr int PATIENCE_IN_MS = 60 * 1000;
+constexpr int UNUSABLE = 2;
+
+QProcessEnvironment EnvironmentFor(const QString& locale)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!locale.isEmpty())
+        environment.insert(QStringLiteral("LC_ALL"), locale);
+    return environment;
+}
+
+} // namespace
+
+ToolRun RunProgram(const QString& program, const QStringList& arguments, const Surroundings& surroundings)
+{
+    QProcess process;
+    process.setProcessEnvironment(EnvironmentFor(surroundings.locale));
+    process.setWorkingDirectory(surroundings.folder);
+    process.start(program, arguments);
+    process.write(surroundings.input);
+    process.closeWriteChannel();
+    ToolRun run;
+    if (!process.waitForFinished(PATIENCE_IN_MS)) {
+        ADD_FAILURE() << program.toStdString() << " did not run: " << process.errorString().toStdString();
+        return run;
+    }
+    if (process.exitStatus() == QProcess::NormalExit)
+        run.exitCode = process.exitCode();
+    run.output = process.readAllStandardOutput();
+    run.errors = process.readAllStandardError();
+    return run;
+}
+
+ToolRun RunTool(Arguments arguments, const Surroundings& surroundings)
+{
+    QStringList texts;
+    for (const Argument& argument : arguments)
+        texts << argument.Text();
+    return RunProgram(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL), texts, surroundings);
+}
+
+Scratch::Scratch()
+{
+    EXPECT_TRUE(m_folder.isValid());
+}
+
+QString Scratch::Path(const char* name) const
+{
+    return m_folder.filePath(QString::fromUtf8(name));
+}
+
+QString Scratch::Write(const char* name, const QByteArray& bytes) const
+{
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name;
+    EXPECT_EQ(file.write(bytes), bytes.size()) << name;
+    return Path(name);
+}
+
+QByteArray Scratch::Read(const char* name) const
+{
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return file.readAll();
+}
+
+QStringList Scratch::Names() const
+{
+    return QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                    QDir::Name);
+}
+
+::testing::AssertionResult Complains(const char* runExpression, const char* /*textExpression*/,
+                                     const ToolRun& run, const QString& text)
+{
+    const QString expected = QStringLiteral("reporttool: %1\n").arg(text);
+    if (run.exitCode == UNUSABLE && run.output.isEmpty() && run.Errors() == expected)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << runExpression << " ended with " << run.exitCode << ", wrote "
+           << ::testing::PrintToString(run.output) << "\nand told " << ::testing::PrintToString(run.Errors())
+           << "\ninstead of " << ::testing::PrintToString(expected);
+}
+
+} // namespace ToolTest

@@ -1,0 +1,50 @@
+#include <reporttool/byterange.h>
+
+#include <QtCore/QtEndian>
+
+namespace ReportTool {
+
+namespace {
+
+/// Qt 5 counts bytes as `int`, Qt 6 as `qsizetype`.
+using ByteCount = decltype(QByteArray().size());
+
+constexpr qint64 UTF16_UNIT = 2;
+
+} // namespace
+
+ByteRange::ByteRange(const QByteArray& bytes) : m_data(bytes.constData()), m_end(bytes.size()) {}
+
+ByteRange ByteRange::Take(qint64 count)
+{
+    ByteRange taken = *this;
+    if (Has(count))
+        taken.m_end = m_begin + count;
+    m_begin = taken.m_end;
+    return taken;
+}
+
+quint32 ByteRange::Word() const
+{
+    return qFromBigEndian<quint32>(m_data + m_begin);
+}
+
+QByteArray ByteRange::Bytes() const
+{
+    return QByteArray::fromRawData(m_data + m_begin, static_cast<ByteCount>(Size()));
+}
+
+QString ByteRange::Utf8() const
+{
+    return QString::fromUtf8(m_data + m_begin, static_cast<ByteCount>(Size()));
+}
+
+QString ByteRange::Utf16() const
+{
+    QString text;
+    for (qint64 i = m_begin; m_end - i >= UTF16_UNIT; i += UTF16_UNIT)
+        text += QChar(qFromBigEndian<quint16>(m_data + i));
+    return text;
+}
+
+} // namespace ReportTool

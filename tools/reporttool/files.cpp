@@ -1,0 +1,113 @@
+#include <reporttool/files.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+namespace {
+
+constexpr qint64 CHUNK = qint64(1024) * 1024;
+
+[[noreturn]] void RefuseDirectory(const QString& name)
+{
+    throw UnusableFile{name, QStringLiteral("is a directory")};
+}
+
+void RequireOpen(bool isOpen, const QFileDevice& file, const QString& name)
+{
+    if (!isOpen)
+        throw UnusableFile{name, file.errorString()};
+}
+
+void RequireBelowCeiling(qint64 size, const QString& name)
+{
+    if (size > INPUT_CEILING)
+        throw UnusableFile{name, QStringLiteral("holds more than %1 bytes").arg(INPUT_CEILING)};
+}
+
+void OpenForReading(QFile& file, const QString& name)
+{
+    if (IsStandardStream(name)) {
+        RequireOpen(file.open(STANDARD_INPUT, QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
+        return;
+    }
+    const QFileInfo info(name);
+    if (!info.exists())
+        throw UnusableFile{name, QStringLiteral("no such file")};
+    if (info.isDir())
+        RefuseDirectory(name);
+    RequireOpen(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
+}
+
+/// Through a temporary file that takes the other's place when it is complete. It has no buffer: what is
+/// written only by commit() may get lost there without an error.
+void ReplaceFile(const QString& name, const QByteArray& bytes)
+{
+    QSaveFile file(name);
+    RequireOpen(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered), file, name);
+    WriteAll(file, bytes, name);
+    if (!file.commit())
+        throw UnusableFile{name, file.errorString()};
+}
+
+} // namespace
+
+bool IsStandardStream(const QString& name)
+{
+    return name == QLatin1String("-");
+}
+
+QByteArray ReadInput(const QString& name)
+{
+    QFile file(name);
+    OpenForReading(file, name);
+    RequireBelowCeiling(file.size(), name);
+    // The size is only a hint: pipes have none, and files of the kernel claim to be empty.
+    QByteArray bytes;
+    for (;;) {
+        const QByteArray chunk = file.read(std::max(file.size() - bytes.size(), CHUNK));
+        if (file.error() != QFileDevice::NoError)
+            throw UnusableFile{name, file.errorString()};
+        if (chunk.isEmpty())
+            return bytes;
+        RequireBelowCeiling(bytes.size() + chunk.size(), name);
+        bytes += chunk;
+    }
+}
+
+void WriteOutput(const QString& name, const QByteArray& bytes)
+{
+    if (IsStandardStream(name)) {
+        QFile file;
+        RequireOpen(file.open(STANDARD_OUTPUT, QIODevice::WriteOnly | QIODevice::Unbuffered), file, name);
+        WriteAll(file, bytes, name);
+        return;
+    }
+    const QFileInfo info(name);
+    if (info.isDir())
+        RefuseDirectory(name);
+    if (!info.exists() || info.isFile()) {
+        ReplaceFile(name, bytes);
+        return;
+    }
+    QFile device(name);
+    RequireOpen(device.open(QIODevice::WriteOnly | QIODevice::Unbuffered), device, name);
+    WriteAll(device, bytes, name);
+}
+
+void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name)
+{
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 count = device.write(bytes.constData() + written, bytes.size() - written);
+        if (count <= 0)
+            throw UnusableFile{name, device.errorString()};
+        written += count;
+    }
+}
+
+} // namespace ReportTool

@@ -1,0 +1,44 @@
+#ifndef REPORTTOOL_FILES_H
+#define REPORTTOOL_FILES_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+class QIODevice;
+
+namespace ReportTool {
+
+/// No report comes near this size: an area of a million points takes half of it as XML.
+constexpr qint64 INPUT_CEILING = qint64(256) * 1024 * 1024;
+
+// The numbers under which a program finds its standard streams open.
+
+constexpr int STANDARD_INPUT = 0;
+constexpr int STANDARD_OUTPUT = 1;
+constexpr int STANDARD_ERROR = 2;
+
+/// A file that cannot be read or written; the text is for people.
+struct UnusableFile
+{
+    QString file;
+    QString text;
+};
+
+/// Whether a name on the command line, "-", stands for standard input or output.
+bool IsStandardStream(const QString& name);
+
+/// Everything that the file or standard input holds. Throws `UnusableFile` when it cannot be read or holds
+/// more than `INPUT_CEILING` bytes.
+QByteArray ReadInput(const QString& name);
+
+/// Puts `bytes` in place of what the file holds, or sends them to standard output. Until all is written the
+/// bytes stand in a temporary file beside it, so that a failure leaves the old file as it is; only devices
+/// and pipes are written to directly. Throws `UnusableFile`.
+void WriteOutput(const QString& name, const QByteArray& bytes);
+
+/// Writes all bytes or throws `UnusableFile` with the given name.
+void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name);
+
+} // namespace ReportTool
+
+#endif

@@ -1,0 +1,55 @@
+#include <reporttool/commands.h>
+#include <reporttool/files.h>
+#include <reporttool/textoutput.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+
+#ifdef Q_OS_WIN
+#    include <fcntl.h>
+#    include <io.h>
+#endif
+
+namespace {
+
+/// Qt's own remarks, on damaged compressed data for example, are not meant for our users.
+void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
+
+/// Reports are bytes: line ends stay as they are.
+void KeepStreamsBinary()
+{
+#ifdef Q_OS_WIN
+    _setmode(ReportTool::STANDARD_INPUT, _O_BINARY);
+    _setmode(ReportTool::STANDARD_OUTPUT, _O_BINARY);
+#endif
+}
+
+int RunOnStreams(QFile& output, QFile& errors)
+{
+    ReportTool::TextOutput outputText(output, QStringLiteral("standard output"));
+    ReportTool::TextOutput errorText(errors, QStringLiteral("standard error"));
+    const int exitCode = ReportTool::Run(QCoreApplication::arguments(), outputText, errorText);
+    errorText.Flush();
+    return exitCode;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qInstallMessageHandler(DropMessage);
+    const QCoreApplication application(argc, argv);
+    KeepStreamsBinary();
+
+    QFile output;
+    QFile errors;
+    const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    if (!output.open(ReportTool::STANDARD_OUTPUT, mode) || !errors.open(ReportTool::STANDARD_ERROR, mode))
+        return ReportTool::EXIT_UNUSABLE;
+    try {
+        return RunOnStreams(output, errors);
+    } catch (const ReportTool::UnusableFile&) {
+        // There is nobody left to tell.
+        return ReportTool::EXIT_UNUSABLE;
+    }
+}

@@ -1,0 +1,16 @@
+#ifndef REPORTTOOL_SHOWTEXT_H
+#define REPORTTOOL_SHOWTEXT_H
+
+#include <reporttool/reportfile.h>
+
+namespace ReportTool {
+
+class TextOutput;
+
+/// Writes for people what a file holds, of a long list of coordinates only the first ones unless
+/// `withAllPoints` is true.
+void ShowText(const QString& name, const ReportFile& file, bool withAllPoints, TextOutput& output);
+
+} // namespace ReportTool
+
+#endif

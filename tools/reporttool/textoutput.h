@@ -1,0 +1,34 @@
+#ifndef REPORTTOOL_TEXTOUTPUT_H
+#define REPORTTOOL_TEXTOUTPUT_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+class QIODevice;
+
+namespace ReportTool {
+
+/// Text for people, as UTF-8 whatever the locale.
+class TextOutput
+{
+public:
+    /// The device must be open for writing and outlive this; `name` is for messages.
+    TextOutput(QIODevice& device, const QString& name);
+
+    /// Throws `UnusableFile` when the device takes no more.
+    void Line(const QString& text);
+    void Text(const QString& text);
+    void Bytes(const QByteArray& bytes);
+
+    /// Hands on what is still kept back. Throws as `Line`.
+    void Flush();
+
+private:
+    QIODevice& m_device;
+    QString m_name;
+    QByteArray m_pending;
+};
+
+} // namespace ReportTool
+
+#endif

@@ -1,0 +1,20 @@
+#ifndef REPORTTOOL_TEXTS_H
+#define REPORTTOOL_TEXTS_H
+
+#include <QtCore/QString>
+
+namespace ReportTool {
+
+/// The text with escapes in place of what would end a line or change how a terminal shows the rest of it.
+QString Printable(const QString& text);
+
+/// The printable text in double quotes, in which quotes and backslashes are escaped too.
+QString Quoted(const QString& text);
+
+/// The shortest text in fixed notation that reads back as the same number, whatever the locale; "nan", "inf"
+/// and "-inf" for what is no number.
+QString NumberText(double number);
+
+} // namespace ReportTool
+
+#endif

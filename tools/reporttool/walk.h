@@ -1,0 +1,120 @@
+#ifndef REPORTTOOL_WALK_H
+#define REPORTTOOL_WALK_H
+
+#include <reporttool/byterange.h>
+#include <reporttool/files.h>
+#include <reporttool/layouts.h>
+#include <reporttool/problem.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <functional>
+#include <optional>
+
+namespace ReportTool {
+
+constexpr char PLAIN_MARKER[] = "IRGObject";
+constexpr char COMPRESSED_MARKER[] = "IRGObjectQCompress";
+
+/// Most that compressed data may hold by their own account, where their size makes that possible: what a file
+/// may hold that is not compressed.
+constexpr qint64 UNCOMPRESSED_CEILING = INPUT_CEILING;
+
+/// What the bytes of a field are.
+enum class Kind
+{
+    Tag,
+    Length,
+    SizeOfBytes,
+    SizeOfUtf8,
+    SizeOfUtf16,
+    Count,
+    Prefix,
+    Utf8,
+    Utf16,
+    Bool,
+    Other
+};
+
+/// One field of a binary form.
+struct Field
+{
+    Kind kind = Kind::Other;
+    ByteRange bytes;
+    int depth = 0;          ///< how many lengths and counts stand around it
+    const char* name = "";  ///< what it is, or of which element it is a part
+    qint64 number = 0;      ///< which of several elements of that name, from 1; 0 for a single one
+    const char* fault = ""; ///< name of the problem; empty for a field that is as it should be
+    QString faultText = {}; ///< what is wrong with it
+
+    bool IsFaulty() const { return *fault != '\0'; }
+};
+
+/// Walks a binary form field by field and hands each to the visitor.
+///
+/// No length is trusted: an element that claims more than there is gets what there is, and the field with the
+/// claim is told to be faulty. The walk tells what the bytes are; what they mean to a report is the library's
+/// to say.
+class Walk
+{
+public:
+    using Visitor = std::function<void(const Field& field)>;
+
+    /// The array, which must outlive the walk, holds a representation, or is a binary file that holds one.
+    Walk(const QByteArray& bytes, bool isBinaryFile, Visitor visit);
+
+    /// The fields around the report: marker, object name, compressed data.
+    void Frame();
+
+    /// The report's own fields; after `Frame`.
+    void Body();
+
+    /// What stands behind all of that; after `Frame`.
+    void End();
+
+    // After `Frame`:
+
+    bool IsCompressed() const { return m_isCompressed; }
+
+    /// Name of the object that was written.
+    const QString& ObjectName() const { return m_objectName; }
+
+    /// Root tag, root length and elements, uncompressed. Valid as long as the walk.
+    QByteArray BodyBytes() const { return m_body.Bytes(); }
+
+private:
+    std::optional<ByteRange> Counted(ByteRange& range, Field field);
+    ByteRange Text(ByteRange& range, Kind sizeKind, const char* name, int depth);
+    void Uncompress(ByteRange data, int depth);
+    void Elements(ByteRange range, const Layout* layout, int depth);
+    void Element(ByteRange& range, const Layout* layout, int depth);
+    void Payload(ByteRange payload, const ElementType& type, int depth);
+    void Bool(ByteRange& payload, const ElementType& type, int depth);
+    void Coordinates(ByteRange& payload, const ElementType& type, int depth);
+    void Visit(Kind kind, const ByteRange& bytes, int depth, const char* name);
+    void Fault(const ByteRange& bytes, int depth, const char* fault, const QString& text);
+    void Behind(const ByteRange& bytes, int depth);
+
+    Visitor m_visit;
+    ByteRange m_all;
+    bool m_isBinaryFile;
+    bool m_isCompressed = false;
+    int m_depth = 0;
+    QString m_objectName;
+    QByteArray m_uncompressed;
+    ByteRange m_body;
+    ByteRange m_behindData;
+    ByteRange m_behindRepresentation;
+};
+
+/// What a field is, without its kind: "bytes of longitude"; what is wrong with it stands behind: "bytes of
+/// longitude: 12 claimed, 8 left".
+QString Describe(const Field& field);
+
+/// A faulty field for those who don't see its bytes: "length of longitude: 12 claimed, 8 left".
+QString DescribeFault(const Field& field);
+
+} // namespace ReportTool
+
+#endif
