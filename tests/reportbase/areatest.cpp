@@ -683,6 +683,18 @@ TEST(Area, TheVersionThatWasLoadedDoesNotCount)
     EXPECT_TRUE(recent == old);
 }
 
+TEST(Area, AreasOfDifferentVersionsDiffer)
+{
+    OfVersion area(QStringLiteral("1.0"));
+    OfVersion same(QStringLiteral("1.0"));
+    OfVersion other(QStringLiteral("1"));
+    for (OfVersion* each : {&area, &same, &other})
+        each->SetName(QStringLiteral("Lake"));
+    EXPECT_TRUE(area == same);
+    EXPECT_FALSE(area == other);
+    EXPECT_TRUE(other != area);
+}
+
 TEST(Area, AnEmptyListMatchesWhetherItIsSetOrNot)
 {
     Area flagged;
@@ -2109,6 +2121,44 @@ TEST(Area, EveryOperationAppliesTheSettingsAgainToCoordinatesThatWereGivenOthers
         EXPECT_EQ(std::as_const(area).GetCoordinate().at(0).GetLogger(), logger);
         EXPECT_FALSE(std::as_const(area).GetCoordinate().at(0).GetValidate());
         EXPECT_LOG(otherLogger, {});
+    }
+}
+
+TEST(Area, ReadingAChildAppliesTheSettingsAgainToCoordinatesThatWereGivenOthers)
+{
+    const auto logger = Support::NewLogger();
+    const std::vector<std::pair<const char*, std::function<void(Area&)>>> disturbances = {
+        {"through the constant list",
+         [](Area& a) {
+             std::as_const(a).GetCoordinate().at(0).SetValidate(true);
+             std::as_const(a).GetCoordinate().at(0).SetLogger(Support::NewLogger());
+         }},
+        {"through the modifiable list",
+         [](Area& a) {
+             a.GetCoordinate()[0].SetValidate(true);
+             a.GetCoordinate()[0].SetLogger(nullptr);
+         }},
+        {"by another list", [](Area& a) { a.SetCoordinate({At(1.0, 2.0)}); }},
+        {"by an assignment and an appended coordinate",
+         [](Area& a) {
+             Area other = Lake();
+             a = other;
+             a.AppendCoordinate(At(3.0, 4.0));
+         }},
+    };
+    for (const auto& [name, disturb] : disturbances) {
+        SCOPED_TRACE(name);
+        Area area = NotValidating();
+        area.SetLogger(logger);
+        area.AppendCoordinate(At(1.0, 2.0));
+        const QString xml = QStringLiteral("<Area Version=\"1.0\"><Name>N</Name></Area>");
+        ReadElement(area, xml);
+        disturb(area);
+        ReadElement(area, xml);
+        for (const Coordinate& coordinate : std::as_const(area).GetCoordinate()) {
+            EXPECT_EQ(coordinate.GetLogger(), logger);
+            EXPECT_FALSE(coordinate.GetValidate());
+        }
     }
 }
 

@@ -409,6 +409,18 @@ TEST(ReportBase, OperationsThatMakeTheRecordAndThoseThatDoNot)
         {"Check(true)", [](ReportBase& r) { r.Check(true); }, true},
         {"GetXml", [](ReportBase& r) { Support::UnindentedXmlOf(r); }, true},
         {"GetBinary", [](ReportBase& r) { BodyOf(r); }, true},
+        {"GetXml, not validating",
+         [](ReportBase& r) {
+             r.SetValidate(false);
+             EXPECT_TEXT(Support::UnindentedXmlOf(r), "<ReportBase/>");
+         },
+         true},
+        {"GetBinary, not validating",
+         [](ReportBase& r) {
+             r.SetValidate(false);
+             EXPECT_BYTES(BodyOf(r), Element(1, Bytes()));
+         },
+         true},
         {"raw writing", [](ReportBase& r) { Support::RawFormOf(r); }, true},
         {"raw reading", [](ReportBase& r) { ReadRawForm(r, Support::Byte(0)); }, true},
         {"SetBinary of nothing", [](ReportBase& r) { ReadElements(r, Bytes()); }, true},

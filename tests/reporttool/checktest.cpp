@@ -331,7 +331,8 @@ TEST(ToolCheck, EndsWithTwoWhenThereIsNothingToRead)
 #ifdef Q_OS_LINUX
 TEST(ToolCheck, EndsWithTwoWhenReadingFails)
 {
-    EXPECT_UNUSABLE(RunTool({"check", "/proc/self/mem"}), "/proc/self/mem: Input/output error");
+    EXPECT_UNUSABLE(RunTool({"check", "/proc/self/mem"}, ToolTest::PlainLocale()),
+                    "/proc/self/mem: Input/output error");
 }
 
 TEST(ToolCheck, InputWithoutEndIsRefusedAtTheCeiling)

@@ -189,7 +189,7 @@ TEST(ToolConvert, WriteThatFailsHalfwayLeavesTheOldFile)
         {QStringLiteral("-c"),
          QStringLiteral("export LC_ALL=C; trap '' XFSZ; ulimit -f 1; exec \"$0\" convert in out --to xml"),
          QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)},
-        {{}, scratch.Folder(), {}});
+        ToolTest::PlainLocale({}, scratch.Folder()));
     EXPECT_UNUSABLE(run, "out: File too large");
     EXPECT_BYTES(scratch.Read("out"), QByteArray(OLD_CONTENT));
     EXPECT_EQ(scratch.Names(), QStringList({QStringLiteral("in"), QStringLiteral("out")}));
@@ -199,7 +199,7 @@ TEST(ToolConvert, DeviceIsWrittenToAndNotReplaced)
 {
     const Scratch scratch;
     const QString in = scratch.Write("in", FullXml());
-    EXPECT_UNUSABLE(RunTool({"convert", in, "/dev/full", "--to", "xml"}),
+    EXPECT_UNUSABLE(RunTool({"convert", in, "/dev/full", "--to", "xml"}, ToolTest::PlainLocale()),
                     "/dev/full: No space left on device");
     EXPECT_EQ(RunTool({"convert", in, "/dev/null", "--to", "xml"}).exitCode, 0);
     for (const char* device : {"/dev/full", "/dev/null"}) {
@@ -214,7 +214,7 @@ TEST(ToolConvert, FullStandardOutputEndsWithTwo)
                                              {QStringLiteral("-c"),
                                               QStringLiteral("exec \"$0\" convert - - --to xml >/dev/full"),
                                               QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)},
-                                             {FullXml(), {}, {}});
+                                             ToolTest::PlainLocale(FullXml()));
     EXPECT_UNUSABLE(run, "-: No space left on device");
 }
 #endif

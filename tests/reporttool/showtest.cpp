@@ -239,7 +239,7 @@ TEST(ToolShow, TellsWhenStandardOutputIsFull)
         ToolTest::RunProgram(QStringLiteral("/bin/sh"),
                              {QStringLiteral("-c"), QStringLiteral("exec \"$0\" show - >/dev/full"),
                               QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)},
-                             {FullPlain(), {}, {}});
+                             ToolTest::PlainLocale(FullPlain()));
     EXPECT_UNUSABLE(run, "standard output: No space left on device");
 }
 #endif

@@ -55,6 +55,12 @@ struct Surroundings
     QString locale = {};
 };
 
+/// In which the operating system gives its reasons in English.
+inline Surroundings PlainLocale(const QByteArray& input = {}, const QString& folder = {})
+{
+    return {input, folder, QStringLiteral("C")};
+}
+
 ToolRun RunProgram(const QString& program, const QStringList& arguments, const Surroundings& surroundings);
 
 ToolRun RunTool(Arguments arguments, const Surroundings& surroundings = {});

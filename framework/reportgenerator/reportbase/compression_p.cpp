@@ -4,8 +4,7 @@
 
 #include <QtCore/QtEndian>
 
-namespace REPORTGENERATOR {
-namespace compression {
+namespace REPORTGENERATOR::compression {
 
 namespace {
 
@@ -29,5 +28,4 @@ QByteArray Uncompress(const QByteArray& data)
     return qUncompress(honest);
 }
 
-} // namespace compression
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::compression

@@ -3,14 +3,12 @@
 
 #include <QtCore/QByteArray>
 
-namespace REPORTGENERATOR {
-namespace compression {
+namespace REPORTGENERATOR::compression {
 
 /// What `qUncompress` gives, without room being made for more than the data can hold: their length prefix may
 /// claim anything. Empty for damaged data and for claims beyond `limits::MAX_BYTE_ARRAY`.
 QByteArray Uncompress(const QByteArray& data);
 
-} // namespace compression
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::compression
 
 #endif

@@ -37,7 +37,7 @@ const QDateTime& FrequencyListValue::GetTimeStamp() const
 
 bool FrequencyListValue::AnyData() const
 {
-    return m_frequency.AnyData() || m_timeStamp != QDateTime();
+    return m_frequency.AnyData() || !m_timeStamp.isNull();
 }
 
 bool FrequencyListValue::HasData() const
@@ -63,7 +63,7 @@ void FrequencyListValue::GetXml(QXmlStreamWriter& writer) const
         return;
     writer.writeStartElement(GetObjectName());
     m_frequency.GetXml(writer);
-    if (m_timeStamp != QDateTime())
+    if (!m_timeStamp.isNull())
         writer.writeTextElement(TIME_STAMP.Text(), Converters::ToString(m_timeStamp));
     writer.writeEndElement();
 }

@@ -6,7 +6,7 @@ IXmlConverter::IXmlConverter() = default;
 
 IXmlConverter::IXmlConverter(const IXmlConverter& other) = default;
 
-IXmlConverter& IXmlConverter::operator=(const IXmlConverter& other) = default;
+IXmlConverter& IXmlConverter::operator=(const IXmlConverter& /*other*/) = default;
 
 IXmlConverter::~IXmlConverter() = default;
 

@@ -4,8 +4,7 @@
 #include <reportgenerator/reportbase/numbers_p.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
-namespace REPORTGENERATOR {
-namespace messages {
+namespace REPORTGENERATOR::messages {
 
 namespace {
 
@@ -248,5 +247,4 @@ QString ConvertingFailed(const QString& rootClass, const QString& version, const
            QLatin1Char(' ') + errorText;
 }
 
-} // namespace messages
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::messages

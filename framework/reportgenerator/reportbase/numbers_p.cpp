@@ -1,7 +1,6 @@
 #include <reportgenerator/reportbase/numbers_p.h>
 
-namespace REPORTGENERATOR {
-namespace numbers {
+namespace REPORTGENERATOR::numbers {
 
 namespace {
 
@@ -34,5 +33,4 @@ float VersionFromText(const QString& text)
     return text.toFloat();
 }
 
-} // namespace numbers
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::numbers

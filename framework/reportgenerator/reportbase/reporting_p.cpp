@@ -4,8 +4,7 @@
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/outofrangeexception.h>
 
-namespace REPORTGENERATOR {
-namespace reporting {
+namespace REPORTGENERATOR::reporting {
 
 void Missing(const IRGObject& object, const Name& field, bool logOnly)
 {
@@ -20,5 +19,4 @@ void Questionable(const IRGObject& object, RGException& exception)
     object.Trace(LogLevel::WARNING, exception);
 }
 
-} // namespace reporting
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::reporting

@@ -7,8 +7,7 @@
 
 #include <QtCore/QtEndian>
 
-namespace REPORTGENERATOR {
-namespace elements {
+namespace REPORTGENERATOR::elements {
 
 namespace {
 
@@ -43,7 +42,7 @@ bool IsForeignByteOrder(const QDataStream& stream)
 
 } // namespace
 
-LengthField::LengthField(QDataStream& stream) : m_stream(stream), m_start(0)
+LengthField::LengthField(QDataStream& stream) : m_stream(stream)
 {
     m_stream << qint32(0);
     m_start = m_stream.device() ? m_stream.device()->pos() : 0;
@@ -121,5 +120,4 @@ void ThrowLengthError(const IRGObject& reader)
     Q_UNREACHABLE();
 }
 
-} // namespace elements
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::elements

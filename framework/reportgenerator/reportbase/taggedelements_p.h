@@ -38,7 +38,7 @@ public:
 
 private:
     QDataStream& m_stream;
-    qint64 m_start;
+    qint64 m_start = 0;
 };
 
 /// Writes a body: the tag if `withTag` is true, the length, and what `writePayload` writes.

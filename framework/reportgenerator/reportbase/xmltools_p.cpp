@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace REPORTGENERATOR {
-namespace xmltools {
+namespace REPORTGENERATOR::xmltools {
 
 namespace {
 
@@ -17,14 +16,14 @@ namespace {
 constexpr char16_t ANY_CHARACTER = u'.';
 
 /// Characters that mean something in a regular expression. A name with one of them cannot be an element's.
-constexpr QLatin1String SPECIAL_CHARACTERS("\\^$*+?()[]{}|");
+constexpr Name SPECIAL_CHARACTERS = REPORTBASE_NAME("\\^$*+?()[]{}|");
 
 /// Those of them that let the expression's rest take part in what the name matches.
-constexpr QLatin1String REACHING_CHARACTERS("\\$|");
+constexpr Name REACHING_CHARACTERS = REPORTBASE_NAME("\\$|");
 
-bool ContainsAny(const QString& name, QLatin1String characters)
+bool ContainsAny(const QString& name, const Name& characters)
 {
-    return std::any_of(name.cbegin(), name.cend(), [&](QChar c) { return characters.contains(c); });
+    return std::any_of(name.cbegin(), name.cend(), [&](QChar c) { return characters.Latin1().contains(c); });
 }
 
 bool MatchesName(QChar character, QChar pattern)
@@ -79,5 +78,4 @@ void SkipElement(QXmlStreamReader& reader)
     ReadToName(reader, name);
 }
 
-} // namespace xmltools
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::xmltools

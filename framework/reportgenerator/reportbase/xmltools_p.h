@@ -5,8 +5,7 @@
 
 class QXmlStreamReader;
 
-namespace REPORTGENERATOR {
-namespace xmltools {
+namespace REPORTGENERATOR::xmltools {
 
 /// Whether `xml` matches the regular expression "<name([^>]*)?/?>" somewhere: a quick test for the start tag
 /// of an element whose name begins with `name`. Takes time in proportion to the text for every name that an
@@ -22,7 +21,6 @@ void ReadToName(QXmlStreamReader& reader, const QString& name);
 /// Skips the element that the reader stands on: reads on to the next token of the same name, or to the end.
 void SkipElement(QXmlStreamReader& reader);
 
-} // namespace xmltools
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::xmltools
 
 #endif

@@ -1,0 +1,275 @@
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/channelspacing.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using REPORTGENERATOR::ChannelSpacing;
+using Support::Text;
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+
+constexpr const char* MISSING_SAME_DISTANCE = "ChannelSpacing: Please set Samedistance!";
+constexpr const char* MISSING_VALUES = "ChannelSpacing: Please set ChannelSpacing!";
+
+ChannelSpacing Values(const QVector<double>& values)
+{
+    ChannelSpacing spacing;
+    spacing.SetValues(values);
+    return spacing;
+}
+
+ChannelSpacing Of(bool sameDistance, const QVector<double>& values)
+{
+    ChannelSpacing spacing = Values(values);
+    spacing.SetSameDistance(sameDistance);
+    return spacing;
+}
+
+/// Has a new object read children, without a check.
+ChannelSpacing Read(const char* children)
+{
+    ChannelSpacing spacing;
+    spacing.SetValidate(false);
+    EXPECT_NO_RG_THROW(
+        spacing.SetXmlString(Text("<ChannelSpacing>") + Text(children) + Text("</ChannelSpacing>"), true));
+    return spacing;
+}
+
+} // namespace
+
+TEST(ChannelSpacing, StartsWithNothingSetAndPasses)
+{
+    const ChannelSpacing spacing;
+    EXPECT_TEXT(spacing.GetVisual(), "");
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_FALSE(spacing.IsValidSameDistance());
+    EXPECT_TRUE(spacing.GetValues().isEmpty());
+    EXPECT_NO_RG_THROW(spacing.Check());
+    EXPECT_XML(spacing, "");
+}
+
+TEST(ChannelSpacing, SetFalseIsSet)
+{
+    ChannelSpacing spacing;
+    spacing.SetSameDistance(false);
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_TRUE(spacing.IsValidSameDistance());
+    EXPECT_TRUE(spacing.AnyData());
+    EXPECT_FALSE(spacing.HasData());
+    spacing.SetSameDistance(true);
+    EXPECT_TRUE(spacing.IsSameDistance());
+    EXPECT_TRUE(spacing.IsValidSameDistance());
+}
+
+TEST(ChannelSpacing, ValuesKeepTheirOrderAndAreReplacedWhole)
+{
+    ChannelSpacing spacing = Values({3.0, 1.0, 2.0, 1.0});
+    EXPECT_EQ(spacing.GetValues(), (QVector<double>{3.0, 1.0, 2.0, 1.0}));
+    EXPECT_TRUE(spacing.AnyData());
+    EXPECT_FALSE(spacing.HasData());
+    spacing.SetValues({5.0});
+    EXPECT_EQ(spacing.GetValues(), QVector<double>{5.0});
+    spacing.SetValues({});
+    EXPECT_FALSE(spacing.AnyData());
+}
+
+TEST(ChannelSpacing, VisualTextDoesNotCountAsData)
+{
+    ChannelSpacing spacing;
+    spacing.SetVisual(Text("12,5 kHz"));
+    EXPECT_TEXT(spacing.GetVisual(), "12,5 kHz");
+    EXPECT_FALSE(spacing.AnyData());
+    EXPECT_FALSE(spacing.HasData());
+    EXPECT_NO_RG_THROW(spacing.Check());
+    EXPECT_XML(spacing, "");
+}
+
+TEST(ChannelSpacing, ValuesWithoutSameDistanceAskForSamedistance)
+{
+    EXPECT_RG_THROW(Values({1.0}).Check(), "RGException", MISSING_SAME_DISTANCE);
+    EXPECT_TEXT(Support::UnindentedXmlOf(Values({1.0})), "");
+}
+
+TEST(ChannelSpacing, SameDistanceWithoutValuesNamesTheObjectTwice)
+{
+    EXPECT_RG_THROW(Of(true, {}).Check(), "RGException", MISSING_VALUES);
+    EXPECT_RG_THROW(Of(false, {}).Check(), "RGException", MISSING_VALUES);
+    EXPECT_TEXT(Support::UnindentedXmlOf(Of(true, {})), "");
+
+    class Renamed : public ChannelSpacing
+    {
+    public:
+        Renamed() { SetObjectName(Text("Raster")); }
+    };
+    Renamed renamed;
+    renamed.SetSameDistance(true);
+    EXPECT_RG_THROW(renamed.Check(), "RGException", "Raster: Please set Raster!");
+}
+
+TEST(ChannelSpacing, NumbersAreNotChecked)
+{
+    EXPECT_NO_RG_THROW(Of(false, {-1.0, 0.0, -111111.11, NOT_A_NUMBER, INFINITE}).Check());
+    EXPECT_TRUE(Of(false, {-111111.11}).HasData());
+}
+
+TEST(ChannelSpacing, ResetClearsTheTextsToNull)
+{
+    ChannelSpacing spacing = Of(true, {1.0});
+    spacing.SetVisual(Text("x"));
+    spacing.Reset();
+    EXPECT_TRUE(spacing.GetVisual().isNull());
+    EXPECT_FALSE(spacing.IsValidSameDistance());
+    EXPECT_TRUE(spacing.GetValues().isEmpty());
+}
+
+TEST(ChannelSpacing, ComparesVisualSameDistanceAndValues)
+{
+    EXPECT_TRUE(Of(true, {1.0, 2.0}) == Of(true, {1.0, 2.0}));
+    EXPECT_FALSE(Of(true, {1.0, 2.0}) != Of(true, {1.0, 2.0}));
+    EXPECT_FALSE(Of(true, {1.0}) == Of(false, {1.0}));
+    EXPECT_TRUE(Of(true, {1.0}) != Of(false, {1.0}));
+    EXPECT_FALSE(Of(true, {1.0, 2.0}) == Of(true, {2.0, 1.0}));
+    EXPECT_FALSE(Of(true, {1.0}) == Of(true, {1.0, 1.0}));
+    EXPECT_FALSE(Of(true, {1.0, 1.0}) == Of(true, {1.0}));
+    EXPECT_TRUE(Of(true, {0.0}) == Of(true, {-0.0}));
+
+    ChannelSpacing other = Of(true, {1.0});
+    other.SetVisual(Text("x"));
+    EXPECT_FALSE(other == Of(true, {1.0}));
+    other.SetVisual(QLatin1String(""));
+    other.SetValidate(false);
+    EXPECT_TRUE(other == Of(true, {1.0}));
+}
+
+TEST(ChannelSpacing, FalseAndUnsetSameDistanceAreEqual)
+{
+    EXPECT_TRUE(Of(false, {1.0}) == Values({1.0}));
+    EXPECT_FALSE(Of(false, {1.0}) != Values({1.0}));
+    EXPECT_TRUE(Read("<Samedistance>TRUE</Samedistance>") == ChannelSpacing());
+}
+
+TEST(ChannelSpacing, NotANumberDiffersEvenFromItsOwnSharedCopy)
+{
+    const ChannelSpacing spacing = Of(true, {1.0, NOT_A_NUMBER});
+    const ChannelSpacing copy(spacing);
+    EXPECT_FALSE(spacing == copy);
+    EXPECT_TRUE(spacing != copy);
+    EXPECT_FALSE(spacing == spacing);
+}
+
+TEST(ChannelSpacing, WritesFalseAndOneValue)
+{
+    const ChannelSpacing spacing = Of(false, {2.5});
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_TRUE(spacing.IsValidSameDistance());
+    EXPECT_XML(spacing, "\n<ChannelSpacing>"
+                        "\n    <Samedistance>false</Samedistance>"
+                        "\n    <Value>2.50</Value>"
+                        "\n</ChannelSpacing>");
+}
+
+TEST(ChannelSpacing, WritesEachValueWithTwoDecimals)
+{
+    ChannelSpacing spacing = Of(true, {12.5, 0.025, 1.005, -0.125, 1e15, NOT_A_NUMBER, -INFINITE});
+    spacing.SetVisual(Text("a<b & c"));
+    EXPECT_XML(spacing, "\n<ChannelSpacing>"
+                        "\n    <Visual>a&lt;b &amp; c</Visual>"
+                        "\n    <Samedistance>true</Samedistance>"
+                        "\n    <Value>12.50</Value>"
+                        "\n    <Value>0.03</Value>"
+                        "\n    <Value>1.00</Value>"
+                        "\n    <Value>-0.13</Value>"
+                        "\n    <Value>1000000000000000.00</Value>"
+                        "\n    <Value>nan</Value>"
+                        "\n    <Value>-inf</Value>"
+                        "\n</ChannelSpacing>");
+}
+
+TEST(ChannelSpacing, ReadSameDistanceIsKeptAsItIs)
+{
+    const ChannelSpacing upper = Read("<Samedistance>TRUE</Samedistance><Value>1</Value>");
+    EXPECT_FALSE(upper.IsSameDistance());
+    EXPECT_TRUE(upper.IsValidSameDistance());
+    EXPECT_XML(upper, "\n<ChannelSpacing>"
+                      "\n    <Samedistance>TRUE</Samedistance>"
+                      "\n    <Value>1.00</Value>"
+                      "\n</ChannelSpacing>");
+    EXPECT_TRUE(Read("<Samedistance>true</Samedistance>").IsSameDistance());
+    EXPECT_FALSE(Read("<Samedistance> true</Samedistance>").IsSameDistance());
+    EXPECT_TRUE(Read("<Samedistance> </Samedistance>").IsValidSameDistance());
+    EXPECT_FALSE(Read("<Samedistance></Samedistance>").IsValidSameDistance());
+}
+
+TEST(ChannelSpacing, ReadValuesAreAppendedInTheirOrder)
+{
+    const ChannelSpacing spacing = Read("<Value>3</Value><Visual>v</Visual><Value>1</Value>"
+                                        "<Samedistance>true</Samedistance><Value>2</Value>");
+    EXPECT_EQ(spacing.GetValues(), (QVector<double>{3.0, 1.0, 2.0}));
+    EXPECT_TEXT(spacing.GetVisual(), "v");
+}
+
+TEST(ChannelSpacing, LoadingReplacesEarlierValues)
+{
+    ChannelSpacing spacing = Of(true, {1.0});
+    spacing.SetVisual(Text("x"));
+    EXPECT_NO_RG_THROW(spacing.SetXmlString(
+        Text("<ChannelSpacing><Samedistance>false</Samedistance><Value>5</Value></ChannelSpacing>"), true));
+    EXPECT_EQ(spacing.GetValues(), QVector<double>{5.0});
+    EXPECT_TEXT(spacing.GetVisual(), "");
+}
+
+TEST(ChannelSpacing, TextsThatAreNotNumbersReadAsZero)
+{
+    for (const Support::NumberText& number : Support::NumberTexts()) {
+        ChannelSpacing spacing;
+        spacing.SetValidate(false);
+        EXPECT_NO_RG_THROW(spacing.SetXmlString(
+            Text("<ChannelSpacing><Value>") + number.text + Text("</Value></ChannelSpacing>"), true));
+        EXPECT_EQ(spacing.GetValues(), QVector<double>{number.number}) << number.text.toStdString();
+    }
+}
+
+TEST(ChannelSpacing, IncompleteLoadedObjectIsRefusedOnlyWhenValidating)
+{
+    ChannelSpacing spacing;
+    EXPECT_RG_THROW(spacing.SetXmlString(Text("<ChannelSpacing><Value>1</Value></ChannelSpacing>"), true),
+                    "RGException", MISSING_SAME_DISTANCE);
+    EXPECT_RG_THROW(
+        spacing.SetXmlString(Text("<ChannelSpacing><Samedistance>x</Samedistance></ChannelSpacing>"), true),
+        "RGException", MISSING_VALUES);
+    EXPECT_NO_RG_THROW(
+        spacing.SetXmlString(Text("<ChannelSpacing><Visual>x</Visual></ChannelSpacing>"), true));
+    EXPECT_TEXT(spacing.GetVisual(), "x");
+}
+
+TEST(ChannelSpacing, OtherChildrenAreUnknownEvenWhenNotValidating)
+{
+    for (const char* name : {"Step", "SameDistance", "value", "ChannelSpacing"}) {
+        ChannelSpacing spacing;
+        spacing.SetValidate(false);
+        EXPECT_RG_THROW(
+            spacing.SetXmlString(Text("<ChannelSpacing><") + Text(name) + Text("/></ChannelSpacing>"), true),
+            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'ChannelSpacing'."));
+    }
+}
+
+TEST(ChannelSpacing, MergeAppendsTheValues)
+{
+    ChannelSpacing spacing = Of(true, {1.0});
+    spacing.SetVisual(Text("x"));
+    EXPECT_TRUE(spacing.MergeRGObject(Of(false, {2.0, 3.0})));
+    EXPECT_EQ(spacing.GetValues(), (QVector<double>{1.0, 2.0, 3.0}));
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_TEXT(spacing.GetVisual(), "x") << "the other has none";
+}

@@ -1,0 +1,243 @@
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/frequencylistvalue.h>
+#include <reportgenerator/reportbase/minmax.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QDate>
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+#include <QtCore/QTime>
+
+#include <limits>
+
+namespace {
+
+using REPORTGENERATOR::FrequencyListValue;
+using REPORTGENERATOR::MinMax;
+using Support::Text;
+
+constexpr double NOT_SET = -111111.11;
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+constexpr const char* MISSING_VALUE = "FrequencyList: Please set Value!";
+
+FrequencyListValue AtFrequency(double frequency)
+{
+    FrequencyListValue entry;
+    entry.SetFrequency(frequency);
+    return entry;
+}
+
+/// An entry with the time stamp read from `text`.
+FrequencyListValue Stamped(const char* text)
+{
+    FrequencyListValue entry;
+    Support::ReadElement(entry, Text("<Value><TimeStamp>") + Text(text) + Text("</TimeStamp></Value>"));
+    return entry;
+}
+
+} // namespace
+
+TEST(FrequencyListValue, StartsWithNothingSetAndPasses)
+{
+    const FrequencyListValue entry;
+    EXPECT_EQ(entry.GetFrequency(), NOT_SET);
+    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
+    EXPECT_EQ(entry.GetFrequencyMax(), NOT_SET);
+    EXPECT_TRUE(entry.GetTimeStamp().isNull());
+    EXPECT_NO_RG_THROW(entry.Check());
+    EXPECT_XML(entry, "");
+}
+
+TEST(FrequencyListValue, FrequencyAndBoundsAreStoredWithoutACheck)
+{
+    FrequencyListValue entry;
+    entry.SetFrequency(-5.0);
+    entry.SetFrequencyMin(3.0);
+    entry.SetFrequencyMax(1.0);
+    EXPECT_EQ(entry.GetFrequency(), -5.0);
+    double min = 0.0;
+    double max = 0.0;
+    entry.GetFrequencyMinMax(min, max);
+    EXPECT_EQ(min, 3.0);
+    EXPECT_EQ(max, 1.0);
+    entry.SetFrequencyMinMax(10.0, 20.0);
+    const MinMax bounds = entry.GetFrequencyMinMax();
+    EXPECT_EQ(bounds.GetMin(), 10.0);
+    EXPECT_EQ(bounds.GetMax(), 20.0);
+    entry.SetFrequencyMinMax(MinMax(30.0, 40.0));
+    EXPECT_EQ(entry.GetFrequencyMin(), 30.0);
+    EXPECT_EQ(entry.GetFrequencyMax(), 40.0);
+}
+
+TEST(FrequencyListValue, BoundsAloneAreNoData)
+{
+    FrequencyListValue entry;
+    entry.SetFrequencyMinMax(1.0, 2.0);
+    EXPECT_FALSE(entry.AnyData());
+    EXPECT_NO_RG_THROW(entry.Check());
+    EXPECT_XML(entry, "");
+}
+
+TEST(FrequencyListValue, TimeStampAloneIsAnyDataAndRefused)
+{
+    const FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    EXPECT_TRUE(entry.AnyData());
+    EXPECT_FALSE(entry.HasData());
+    EXPECT_RG_THROW(entry.Check(), "RGException", MISSING_VALUE);
+    EXPECT_TEXT(Support::UnindentedXmlOf(entry), "");
+
+    FrequencyListValue read;
+    EXPECT_RG_THROW(
+        read.SetXmlString(Text("<Value><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>"), true),
+        "RGException", MISSING_VALUE);
+    EXPECT_TRUE(read.AnyData());
+}
+
+TEST(FrequencyListValue, RefusalIsNotNamedAfterTheObject)
+{
+    class Renamed : public FrequencyListValue
+    {
+    public:
+        Renamed() { SetObjectName(Text("Entry")); }
+    };
+    Renamed entry;
+    EXPECT_RG_THROW(
+        entry.SetXmlString(Text("<Entry><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Entry>"), true),
+        "RGException", MISSING_VALUE);
+}
+
+TEST(FrequencyListValue, ResetUnsetsFrequencyAndTimeStamp)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    entry.SetFrequency(1.0);
+    entry.SetFrequencyMinMax(1.0, 2.0);
+    entry.Reset();
+    EXPECT_EQ(entry.GetFrequency(), NOT_SET);
+    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
+    EXPECT_EQ(entry.GetFrequencyMax(), NOT_SET);
+    EXPECT_TRUE(entry.GetTimeStamp().isNull());
+    entry.SetFrequency(1.0);
+    EXPECT_XML(entry, "\n<Value>\n    <Frequency>1.00</Frequency>\n</Value>");
+}
+
+TEST(FrequencyListValue, ComparesTheFrequencyAlone)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    entry.SetFrequency(1.0);
+    entry.SetFrequencyMinMax(0.5, 1.5);
+    EXPECT_TRUE(entry == AtFrequency(1.0));
+    EXPECT_FALSE(entry != AtFrequency(1.0));
+    EXPECT_FALSE(AtFrequency(1.0) == AtFrequency(2.0));
+    EXPECT_TRUE(AtFrequency(1.0) != AtFrequency(2.0));
+    EXPECT_TRUE(FrequencyListValue() == Stamped("2017-02-03T14:05:09.007Z"));
+    EXPECT_TRUE(AtFrequency(0.0) == AtFrequency(-0.0));
+}
+
+TEST(FrequencyListValue, NotANumberDiffersFromEverything)
+{
+    const FrequencyListValue nan = AtFrequency(NOT_A_NUMBER);
+    EXPECT_FALSE(nan == nan);
+    EXPECT_TRUE(nan != nan);
+    EXPECT_TRUE(nan != AtFrequency(1.0));
+    EXPECT_TRUE(AtFrequency(1.0) != nan);
+    EXPECT_TRUE(nan.HasData());
+    EXPECT_XML(nan, "\n<Value>\n    <Frequency>nan</Frequency>\n</Value>");
+}
+
+TEST(FrequencyListValue, WritesTheTimeStampOnlyWhenThereIsOne)
+{
+    FrequencyListValue entry = AtFrequency(1.005);
+    EXPECT_XML(entry, "\n<Value>\n    <Frequency>1.00</Frequency>\n</Value>");
+    entry = Stamped("2017-02-03T14:05:09.007Z");
+    entry.SetFrequency(1.0);
+    EXPECT_XML(entry, "\n<Value>"
+                      "\n    <Frequency>1.00</Frequency>"
+                      "\n    <TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp>"
+                      "\n</Value>");
+}
+
+TEST(FrequencyListValue, WritesTheTimeStampInUtcWithMilliseconds)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09+02:00");
+    entry.SetFrequency(1.0);
+    EXPECT_XML(entry, "\n<Value>"
+                      "\n    <Frequency>1.00</Frequency>"
+                      "\n    <TimeStamp>2017-02-03T12:05:09.000Z</TimeStamp>"
+                      "\n</Value>");
+}
+
+TEST(FrequencyListValue, ReadsChildrenInAnyOrder)
+{
+    FrequencyListValue entry;
+    EXPECT_NO_RG_THROW(entry.SetXmlString(Text("<Value><TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp>"
+                                               "<Frequency Max=\"3\">2</Frequency></Value>"),
+                                          true));
+    EXPECT_EQ(entry.GetFrequency(), 2.0);
+    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
+    EXPECT_EQ(entry.GetFrequencyMax(), 3.0);
+    EXPECT_EQ(entry.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9, 7), Qt::UTC));
+}
+
+TEST(FrequencyListValue, TextThatIsNoDateReadsAsNoTimeStamp)
+{
+    for (const char* text : {"", " ", "rubbish", "14:05:09", "03.02.2017 14:05:09"}) {
+        FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+        Support::ReadElement(entry, Text("<Value><TimeStamp>") + Text(text) + Text("</TimeStamp></Value>"));
+        EXPECT_TRUE(entry.GetTimeStamp().isNull()) << text;
+        EXPECT_FALSE(entry.AnyData()) << text;
+    }
+}
+
+// Comparing date-times takes the beginning of the epoch for a null one in some time zones.
+TEST(FrequencyListValue, BeginningOfTheEpochIsATimeStamp)
+{
+    FrequencyListValue entry = Stamped("1970-01-01T00:00:00Z");
+    EXPECT_TRUE(entry.AnyData());
+    EXPECT_RG_THROW(entry.Check(), "RGException", MISSING_VALUE);
+    entry.SetFrequency(1.0);
+    EXPECT_XML(entry, "\n<Value>"
+                      "\n    <Frequency>1.00</Frequency>"
+                      "\n    <TimeStamp>1970-01-01T00:00:00.000Z</TimeStamp>"
+                      "\n</Value>");
+}
+
+TEST(FrequencyListValue, OtherChildrenAreUnknown)
+{
+    for (const char* name : {"Value", "frequency", "Timestamp", "FrequencyRange"}) {
+        FrequencyListValue entry;
+        EXPECT_RG_THROW(entry.SetXmlString(Text("<Value><") + Text(name) + Text("/></Value>"), true),
+                        "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'Value'."));
+    }
+}
+
+TEST(FrequencyListValue, CopyTakesBoundsAndTimeStamp)
+{
+    FrequencyListValue source = Stamped("2017-02-03T14:05:09.007Z");
+    source.SetFrequency(1.0);
+    source.SetFrequencyMinMax(0.5, 1.5);
+    const FrequencyListValue copy(source);
+    FrequencyListValue assigned;
+    assigned = source;
+    source.Reset();
+    for (const FrequencyListValue& object : {copy, assigned}) {
+        EXPECT_EQ(object.GetFrequency(), 1.0);
+        EXPECT_EQ(object.GetFrequencyMin(), 0.5);
+        EXPECT_EQ(object.GetFrequencyMax(), 1.5);
+        EXPECT_EQ(object.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9, 7), Qt::UTC));
+    }
+}
+
+TEST(FrequencyListValue, MergeKeepsATimeStampThatTheOtherDoesNotHave)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    entry.SetFrequency(1.0);
+    entry.SetFrequencyMin(0.5);
+    EXPECT_TRUE(entry.MergeRGObject(AtFrequency(2.0)));
+    EXPECT_EQ(entry.GetFrequency(), 2.0);
+    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
+    EXPECT_FALSE(entry.GetTimeStamp().isNull());
+}

@@ -1,0 +1,161 @@
+#include "support/expect.h"
+#include "support/records.h"
+
+#include <reportgenerator/reportbase/frequencyrangeold.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QString>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using REPORTGENERATOR::FrequencyRangeOld;
+using Support::Text;
+
+constexpr double NOT_SET = -111111.11;
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+
+FrequencyRangeOld Range(double start, double stop)
+{
+    FrequencyRangeOld range;
+    range.SetStartFrequency(start);
+    range.SetStopFrequency(stop);
+    return range;
+}
+
+} // namespace
+
+TEST(FrequencyRangeOld, StartsWithNeitherEndSet)
+{
+    const FrequencyRangeOld range;
+    EXPECT_EQ(range.GetStartFrequency(), NOT_SET);
+    EXPECT_EQ(range.GetStopFrequency(), NOT_SET);
+    EXPECT_TEXT(Support::UnindentedXmlOf(range), "");
+    EXPECT_RG_THROW(range.GetXmlString(), "RGException", "FrequencyRange: Please set StartFrequency");
+}
+
+TEST(FrequencyRangeOld, SettersStoreAnyNumberInTheirOwnField)
+{
+    for (const Support::NamedNumber& number : Support::OddNumbers()) {
+        const FrequencyRangeOld start = Range(number.value, 1.0);
+        EXPECT_EQ(Support::BitsOf(start.GetStartFrequency()), Support::BitsOf(number.value)) << number.name;
+        EXPECT_EQ(start.GetStopFrequency(), 1.0) << number.name;
+        const FrequencyRangeOld stop = Range(1.0, number.value);
+        EXPECT_EQ(Support::BitsOf(stop.GetStopFrequency()), Support::BitsOf(number.value)) << number.name;
+        EXPECT_EQ(stop.GetStartFrequency(), 1.0) << number.name;
+    }
+}
+
+TEST(FrequencyRangeOld, StartAloneIsAnyDataAndIsNotWritten)
+{
+    FrequencyRangeOld range;
+    range.SetStartFrequency(1.0);
+    EXPECT_TRUE(range.AnyData());
+    EXPECT_FALSE(range.HasData());
+    EXPECT_TEXT(Support::UnindentedXmlOf(range), "");
+    EXPECT_RG_THROW(range.Check(), "RGException", "FrequencyRange: Please set StopFrequency");
+}
+
+TEST(FrequencyRangeOld, StopAloneIsAnyDataAndIsNotWritten)
+{
+    FrequencyRangeOld range;
+    range.SetStopFrequency(1.0);
+    EXPECT_TRUE(range.AnyData());
+    EXPECT_FALSE(range.HasData());
+    EXPECT_TEXT(Support::UnindentedXmlOf(range), "");
+    EXPECT_RG_THROW(range.Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+}
+
+TEST(FrequencyRangeOld, CheckNamesTheStartFirst)
+{
+    EXPECT_RG_THROW(FrequencyRangeOld().Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+    EXPECT_NO_RG_THROW(Range(2.0, 1.0).Check());
+    EXPECT_NO_RG_THROW(Range(-5.0, -5.0).Check());
+    EXPECT_NO_RG_THROW(Range(NOT_A_NUMBER, INFINITE).Check());
+}
+
+TEST(FrequencyRangeOld, NumberForNotSetCountsAsUnset)
+{
+    EXPECT_FALSE(Range(NOT_SET, NOT_SET).AnyData());
+    EXPECT_RG_THROW(Range(NOT_SET, 1.0).Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+    EXPECT_RG_THROW(Range(1.0, NOT_SET).Check(), "RGException", "FrequencyRange: Please set StopFrequency");
+    EXPECT_TRUE(Range(std::nextafter(NOT_SET, 0.0), -111111.0).HasData());
+    EXPECT_TRUE(Range(NOT_A_NUMBER, NOT_A_NUMBER).HasData());
+}
+
+TEST(FrequencyRangeOld, ComparesBothEnds)
+{
+    EXPECT_TRUE(Range(1.0, 2.0) == Range(1.0, 2.0));
+    EXPECT_FALSE(Range(1.0, 2.0) != Range(1.0, 2.0));
+    EXPECT_FALSE(Range(1.0, 2.0) == Range(1.0, 3.0));
+    EXPECT_TRUE(Range(1.0, 2.0) != Range(1.0, 3.0));
+    EXPECT_FALSE(Range(1.0, 2.0) == Range(3.0, 2.0));
+    EXPECT_TRUE(FrequencyRangeOld() == FrequencyRangeOld());
+    EXPECT_TRUE(Range(0.0, -0.0) == Range(-0.0, 0.0));
+    for (const FrequencyRangeOld& nan : {Range(NOT_A_NUMBER, 1.0), Range(1.0, NOT_A_NUMBER)}) {
+        EXPECT_FALSE(nan == nan);
+        EXPECT_TRUE(nan != nan);
+    }
+    const FrequencyRangeOld range = Range(1.0, 2.0);
+    FrequencyRangeOld other = range;
+    other.SetValidate(false);
+    EXPECT_TRUE(range == other);
+}
+
+TEST(FrequencyRangeOld, WritesTwoDecimalsRoundedHalfAwayFromZero)
+{
+    EXPECT_XML(Range(1.005, 0.125), "\n<FrequencyRange>"
+                                    "\n    <StartFrequency>1.00</StartFrequency>"
+                                    "\n    <StopFrequency>0.13</StopFrequency>"
+                                    "\n</FrequencyRange>");
+    EXPECT_XML(Range(NOT_A_NUMBER, -INFINITE), "\n<FrequencyRange>"
+                                               "\n    <StartFrequency>nan</StartFrequency>"
+                                               "\n    <StopFrequency>-inf</StopFrequency>"
+                                               "\n</FrequencyRange>");
+}
+
+TEST(FrequencyRangeOld, ReadsItsChildrenInAnyOrderAndTheLastOfEach)
+{
+    FrequencyRangeOld range;
+    EXPECT_TRUE(range.SetXmlString(Text("<FrequencyRange><StopFrequency>9</StopFrequency>"
+                                        "<StartFrequency>1<!-- -->2</StartFrequency>"
+                                        "<StopFrequency>3.5</StopFrequency></FrequencyRange>"),
+                                   true));
+    EXPECT_TRUE(range == Range(2.0, 3.5));
+}
+
+TEST(FrequencyRangeOld, TextsThatAreNotNumbersReadAsZero)
+{
+    for (const Support::NumberText& number : Support::NumberTexts()) {
+        FrequencyRangeOld range = Range(7.0, 7.0);
+        range.SetValidate(false);
+        EXPECT_NO_RG_THROW(range.SetXmlString(Text("<FrequencyRange><StartFrequency>") + number.text +
+                                                  Text("</StartFrequency><StopFrequency>") + number.text +
+                                                  Text("</StopFrequency></FrequencyRange>"),
+                                              true));
+        EXPECT_TRUE(range == Range(number.number, number.number)) << number.text.toStdString();
+    }
+}
+
+TEST(FrequencyRangeOld, ChildOfAnotherSpellingIsUnknown)
+{
+    FrequencyRangeOld range;
+    for (const char* name : {"Start", "startFrequency", "Stopfrequency", "FrequencyRange"})
+        EXPECT_RG_THROW(
+            range.SetXmlString(Text("<FrequencyRange><") + Text(name) + Text("/></FrequencyRange>"), true),
+            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'FrequencyRange'."));
+}
+
+TEST(FrequencyRangeOld, LoadedRangeWithOneEndIsRefusedOnlyWhenValidating)
+{
+    const QString xml = Text("<FrequencyRange><StartFrequency>1</StartFrequency></FrequencyRange>");
+    FrequencyRangeOld range = Range(5.0, 6.0);
+    EXPECT_RG_THROW(range.SetXmlString(xml, true), "RGException", "FrequencyRange: Please set StopFrequency");
+    EXPECT_TRUE(range == Range(1.0, NOT_SET));
+    range.SetValidate(false);
+    EXPECT_TRUE(range.SetXmlString(xml, true));
+}
