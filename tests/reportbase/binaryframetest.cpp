@@ -147,6 +147,28 @@ public:
     }
 };
 
+/// Notes the version of the stream that it is handed.
+class VersionNotingObject : public PlainObject
+{
+public:
+    bool GetBinary(QDataStream& stream, int, bool) const override
+    {
+        m_version = stream.version();
+        return true;
+    }
+    void SetBinary(QDataStream& stream, int) override { m_version = stream.version(); }
+
+    int TakeVersion()
+    {
+        const int version = m_version;
+        m_version = 0;
+        return version;
+    }
+
+private:
+    mutable int m_version = 0;
+};
+
 /// Takes any length without reading.
 class LengthObject : public PlainObject
 {
@@ -566,6 +588,19 @@ TEST(BinaryFrame, EveryStreamIsSetToVersionTwelve)
             EXPECT_TEXT(read.label, "Zoo");
         }
     }
+}
+
+TEST(BinaryFrame, BodiesAreWrittenToAndReadFromStreamsOfVersionTwelve)
+{
+    VersionNotingObject object;
+    QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
+    EXPECT_EQ(object.TakeVersion(), STREAM_VERSION);
+    QByteArray compressed = object.GetCompressedBinaryRepresentationAsQByteArray(-1);
+    EXPECT_EQ(object.TakeVersion(), STREAM_VERSION);
+    EXPECT_TRUE(object.SetBinaryRepresentation(plain));
+    EXPECT_EQ(object.TakeVersion(), STREAM_VERSION);
+    EXPECT_TRUE(object.SetBinaryRepresentation(compressed));
+    EXPECT_EQ(object.TakeVersion(), STREAM_VERSION);
 }
 
 TEST(BinaryFrame, RepresentationIsReadFromWhereTheStreamStandsUpToItsEnd)

@@ -697,6 +697,17 @@ TEST_F(VersionConverterProxy, MalformedFileForgetsEverythingAndGivesFalse)
     }
 }
 
+TEST_F(VersionConverterProxy, MalformedFileForgetsTheVersionToo)
+{
+    // Without a target a version below -1 would ask for an upgrade, none at all asks for a downgrade.
+    Inject(std::make_unique<RefusingConverter>());
+    EXPECT_FALSE(Load("<Task Version=\"-2\"/>"));
+    EXPECT_FALSE(Load("not XML"));
+    g_conversions.clear();
+    EXPECT_FALSE(Load("<Unknown/>"));
+    EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, nullptr, nullptr}}));
+}
+
 TEST_F(VersionConverterProxy, FileThatIsMalformedInsideTheRootIsAFailedLoad)
 {
     Inject(std::make_unique<RefusingConverter>());
