@@ -998,6 +998,19 @@ private:
     QFile m_file;
 };
 
+/// A file that behaves as a pipe does: it is read from front to back and never says how much is to come.
+class Pipe : private TemporaryFolder, public QFile
+{
+public:
+    explicit Pipe(const Bytes& content) : QFile(TemporaryFolder::Write("pipe", content.Data()))
+    {
+        EXPECT_TRUE(open(QIODevice::ReadOnly));
+    }
+
+    bool isSequential() const override { return true; }
+    qint64 bytesAvailable() const override { return 0; }
+};
+
 } // namespace
 
 TEST(BinaryFrame, LoadingAFileTracesThenResetsThenReadsThenChecks)
@@ -1027,6 +1040,39 @@ TEST(BinaryFrame, FileMayHoldEitherRepresentation)
         EXPECT_EQ(read.count, 5);
         EXPECT_TEXT(read.label, "Zoo");
     }
+}
+
+TEST(BinaryFrame, FileMayBeAPipe)
+{
+    const SmallSample sample;
+    for (const Bytes& representation :
+         {Representation(u"Other", sample.elements), CompressedRepresentation(u"Other", sample.elements)}) {
+        Pipe pipe(BinaryFile(representation));
+        SmallObject read;
+        EXPECT_TRUE(read.LoadBinary(&pipe));
+        EXPECT_EQ(read.count, 5);
+        EXPECT_TEXT(read.label, "Zoo");
+    }
+}
+
+TEST(BinaryFrame, StreamMayReadACompressedRepresentationFromAPipe)
+{
+    const SmallSample sample;
+    Pipe pipe(CompressedRepresentation(u"Other", sample.elements));
+    QDataStream stream(&pipe);
+    SmallObject read;
+    EXPECT_TRUE(read.SetBinaryRepresentation(stream));
+    EXPECT_EQ(read.count, 5);
+    EXPECT_TEXT(read.label, "Zoo");
+}
+
+TEST(BinaryFrame, PipeThatEndsWithinWhatItAnnouncesHoldsNoRepresentation)
+{
+    Pipe pipe(Raw("\x7F\xFF\xFF\xF0") + Raw("abc"));
+    SmallObject read;
+    read.SetValidate(false);
+    EXPECT_TRUE(read.LoadBinary(&pipe));
+    EXPECT_EQ(read.calls.setBinary, 0);
 }
 
 TEST(BinaryFrame, FileIsReadFromWhereItStands)

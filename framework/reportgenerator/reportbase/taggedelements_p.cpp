@@ -35,6 +35,21 @@ qint64 ReadLength(QDataStream& stream)
     return length;
 }
 
+/// A pipe or a socket doesn't know what is left, so that lengths can't be compared with it. The stream's own
+/// reading makes room step by step and is taken there.
+bool IsSequential(const QDataStream& stream)
+{
+    return stream.device() != nullptr && stream.device()->isSequential();
+}
+
+template <class Value>
+Value ReadByStream(QDataStream& stream)
+{
+    Value value;
+    stream >> value;
+    return value;
+}
+
 bool IsForeignByteOrder(const QDataStream& stream)
 {
     return (stream.byteOrder() == QDataStream::BigEndian) != (Q_BYTE_ORDER == Q_BIG_ENDIAN);
@@ -66,6 +81,8 @@ qint64 BytesLeft(const QDataStream& stream)
 
 QByteArray ReadBytes(QDataStream& stream)
 {
+    if (IsSequential(stream))
+        return ReadByStream<QByteArray>(stream);
     const qint64 length = ReadLength(stream);
     if (length < 0)
         return QByteArray();
@@ -76,6 +93,8 @@ QByteArray ReadBytes(QDataStream& stream)
 
 QString ReadText(QDataStream& stream)
 {
+    if (IsSequential(stream))
+        return ReadByStream<QString>(stream);
     const qint64 length = ReadLength(stream);
     if (length < 0)
         return QString();

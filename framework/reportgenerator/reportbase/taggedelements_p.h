@@ -59,9 +59,10 @@ void WriteElement(QDataStream& stream, qint32 tag, WritePayload&& writePayload)
     WriteBody(stream, tag, true, writePayload);
 }
 
-// Reading. Nothing here makes room for more than the stream still holds.
+// Reading. Nothing here makes room for more than the stream still holds; of a sequential device, which cannot
+// tell, room is made as the bytes arrive.
 
-/// Bytes that the stream can still give.
+/// Bytes that the stream can still give, of a sequential device those that have arrived.
 qint64 BytesLeft(const QDataStream& stream);
 
 /// A serialised byte array; null, with the stream at its end, when its length is more than what is left.
