@@ -599,6 +599,21 @@ TEST(SettingsNotifier, EmptyElementIsTakenWithoutASignal)
     EXPECT_EQ(heard.signalled, QStringList());
 }
 
+TEST(SettingsNotifier, CenterWithoutAnObjectIsPassedOver)
+{
+    Traces traces(0x20);
+    SettingsNotifier notifier;
+    notifier.NotifyOnChanged(new RegisterCenter);
+    ExpectInvalid(notifier, Text("<A></A>"));
+    EXPECT_EQ(traces.entries, QStringList());
+
+    const Offered* object = RegisterOffered(notifier, JOB);
+    EXPECT_NO_RG_THROW(notifier.SetSettings(Text("<A></A>"), false));
+    EXPECT_EQ(object->fragments.size(), 1);
+    ASSERT_NE(notifier.GetCenter(-1LL), nullptr);
+    EXPECT_EQ(notifier.GetCenter(-1LL)->GetInterface(), nullptr);
+}
+
 // --- Objects that throw
 // --------------------------------------------------------------------------------------
 
@@ -772,6 +787,62 @@ TEST(SettingsNotifier, HandlerMayUnregisterAnObjectThatHasBeenServed)
     EXPECT_TRUE(deleted);
     EXPECT_EQ(notifier.GetCenter(JOB), nullptr);
     EXPECT_EQ(last->fragments.size(), 1);
+}
+
+TEST(SettingsNotifier, ObjectThatAHandlerUnregistersIsNotServedAnyMore)
+{
+    bool deleted = false;
+    OpenNotifier notifier;
+    Heard heard(notifier);
+    RegisterOffered(notifier, JOB);
+    Register(notifier, new Offered(JOB_HEADER, &deleted));
+    RegisterOffered(notifier, TASK);
+    QObject::connect(&notifier, qOverload<RegisterCenter*>(&SettingsNotifier::SettingsChanged),
+                     [&](RegisterCenter* center) {
+                         if (center->GetInterfaceId() == 40)
+                             notifier.UnRegister(41);
+                     });
+    EXPECT_NO_RG_THROW(notifier.SetSettings(Text("<A></A>"), false));
+    EXPECT_TRUE(deleted);
+    EXPECT_EQ(heard.signalled, Support::Lines({"object 40", "center 40", "object 42", "center 42"}));
+}
+
+TEST(SettingsNotifier, ObjectThatItsOwnHandlerUnregistersIsSignalledWithoutItsCenter)
+{
+    OpenNotifier notifier;
+    Heard heard(notifier);
+    RegisterOffered(notifier, JOB);
+    RegisterOffered(notifier, TASK);
+    QObject::connect(&notifier, qOverload<IRGObject*>(&SettingsNotifier::SettingsChanged),
+                     [&](IRGObject* object) {
+                         if (object->GetObjectId() == 40)
+                             notifier.UnRegister(40);
+                     });
+    EXPECT_NO_RG_THROW(notifier.SetSettings(Text("<A></A>"), false));
+    EXPECT_EQ(heard.signalled, Support::Lines({"object 40", "object 42", "center 42"}));
+}
+
+TEST(SettingsNotifier, HandlerMayReplaceAnObjectThatIsYetToBeServed)
+{
+    OpenNotifier notifier;
+    Heard heard(notifier);
+    RegisterOffered(notifier, JOB);
+    RegisterOffered(notifier, TASK);
+    // Made before the old center goes, so that it has another place in memory.
+    std::unique_ptr<RegisterCenter> center(NewCenter(new Offered(TASK)));
+    const auto* replacement = static_cast<const Offered*>(center->GetInterface());
+    QObject::connect(&notifier, qOverload<RegisterCenter*>(&SettingsNotifier::SettingsChanged),
+                     [&](RegisterCenter* changed) {
+                         if (changed->GetInterfaceId() != 40 || !center)
+                             return;
+                         notifier.UnRegister(42);
+                         notifier.NotifyOnChanged(center.release());
+                     });
+    EXPECT_NO_RG_THROW(notifier.SetSettings(Text("<A></A>"), false));
+    EXPECT_EQ(replacement->fragments, QStringList()) << "registered by a handler, served the next time";
+    EXPECT_EQ(heard.signalled, Support::Lines({"object 40", "center 40"}));
+    EXPECT_NO_RG_THROW(notifier.SetSettings(Text("<A></A>"), false));
+    EXPECT_EQ(replacement->fragments.size(), 1);
 }
 
 TEST(SettingsNotifier, HandlerMaySetSettingsAgain)

@@ -58,12 +58,17 @@ RegisterCenter* SettingsNotifier::GetCenter(ObjectTypes type) const
 void SettingsNotifier::SetSettings(const QString& xml, bool checkRoot)
 {
     const QString fragment = CheckXmlSyntax(xml) ? xml : AddDummyRoot(xml);
-    // A receiver of a signal may register further centers; they take part from the next settings on.
+    // A receiver of a signal may register further centers; they take part from the next settings on. It may
+    // also unregister some, which are gone at once.
     const QMap<long long, RegisterCenter*> centers = m_centers;
     bool accepted = false;
-    for (RegisterCenter* center : centers) {
+    for (auto entry = centers.cbegin(); entry != centers.cend(); ++entry) {
+        RegisterCenter* center = entry.value();
+        const auto isRegistered = [&] { return GetCenter(entry.key()) == center; };
+        IRGObject* object = isRegistered() ? center->GetInterface() : nullptr;
+        if (!object)
+            continue;
         try {
-            IRGObject* object = center->GetInterface();
             object->Reset();
             if (!object->SetXmlString(fragment, checkRoot))
                 continue;
@@ -71,7 +76,8 @@ void SettingsNotifier::SetSettings(const QString& xml, bool checkRoot)
             if (!object->HasData())
                 continue;
             Q_EMIT SettingsChanged(object);
-            Q_EMIT SettingsChanged(center);
+            if (isRegistered())
+                Q_EMIT SettingsChanged(center);
         } catch (const RGException& exception) {
             if ((ErrorHandler::Instance().GetFlags() & TRACE_FLAG) != 0)
                 _Q_Trace(messages::SetSettingsFailed(exception.GetErrorText()), TRACE_SOURCE, TRACE_LINE);

@@ -41,8 +41,9 @@ public:
     /// other. `checkRoot` goes to `IRGObject::SetXmlString`. Emits both signals for each object that took its
     /// settings and has data.
     ///
-    /// An object that throws `RGException` is traced and passed over. Throws `InvalidXmlException` "Invalid
-    /// XML-Fragment!" when no object took anything.
+    /// An object that throws `RGException` is traced and passed over; so, untraced, is a center without an
+    /// object and one that a receiver of a signal has unregistered meanwhile. Throws `InvalidXmlException`
+    /// "Invalid XML-Fragment!" when no object took anything.
     void SetSettings(const QString& xml, bool checkRoot);
 
 Q_SIGNALS:
