@@ -10,14 +10,22 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
 using REPORTGENERATOR::ChannelSpacing;
+using Support::NewLogger;
 using Support::Text;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
+
+// What callers keep references to.
+static_assert(std::is_same_v<decltype(std::declval<const ChannelSpacing&>().GetVisual()), const QString&>);
+static_assert(
+    std::is_same_v<decltype(std::declval<const ChannelSpacing&>().GetValues()), const QVector<double>&>);
 
 constexpr const char* MISSING_SAME_DISTANCE = "ChannelSpacing: Please set Samedistance!";
 constexpr const char* MISSING_VALUES = "ChannelSpacing: Please set ChannelSpacing!";
@@ -115,6 +123,23 @@ TEST(ChannelSpacing, SameDistanceWithoutValuesNamesTheObjectTwice)
     Renamed renamed;
     renamed.SetSameDistance(true);
     EXPECT_RG_THROW(renamed.Check(), "RGException", "Raster: Please set Raster!");
+}
+
+TEST(ChannelSpacing, BothRefusalsAreThrownWithoutALineInAllSettings)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        const ChannelSpacing withoutFlag = Values({1.0});
+        const ChannelSpacing withoutValues = Of(false, {});
+        for (const ChannelSpacing* spacing : {&withoutFlag, &withoutValues}) {
+            spacing->SetValidate(validate);
+            spacing->SetLogger(logger);
+        }
+        EXPECT_RG_THROW(withoutFlag.Check(), "RGException", MISSING_SAME_DISTANCE);
+        EXPECT_RG_THROW(withoutValues.Check(), "RGException", MISSING_VALUES);
+        EXPECT_TEXT(Support::UnindentedXmlOf(withoutValues), "");
+        EXPECT_LOG(logger, {});
+    }
 }
 
 TEST(ChannelSpacing, NumbersAreNotChecked)
@@ -272,4 +297,39 @@ TEST(ChannelSpacing, MergeAppendsTheValues)
     EXPECT_EQ(spacing.GetValues(), (QVector<double>{1.0, 2.0, 3.0}));
     EXPECT_FALSE(spacing.IsSameDistance());
     EXPECT_TEXT(spacing.GetVisual(), "x") << "the other has none";
+}
+
+TEST(ChannelSpacing, ReadTextsAreWrittenAsTheyWere)
+{
+    const char* xml = "\n<ChannelSpacing>"
+                      "\n    <Visual> 8,33 &lt; 25 &quot;kHz&quot; </Visual>"
+                      "\n    <Samedistance>a &amp; b</Samedistance>"
+                      "\n    <Value>8.33</Value>"
+                      "\n</ChannelSpacing>";
+    const ChannelSpacing spacing = Read("<Visual> 8,33 &lt; 25 \"kHz\" </Visual>"
+                                        "<Samedistance>a &amp; b</Samedistance><Value>8.33</Value>");
+    EXPECT_TEXT(spacing.GetVisual(), " 8,33 < 25 \"kHz\" ");
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_XML(spacing, xml);
+}
+
+TEST(ChannelSpacing, LastOfSeveralTextsCounts)
+{
+    const ChannelSpacing spacing = Read("<Visual>a</Visual><Samedistance>true</Samedistance>"
+                                        "<Visual/><Samedistance>false</Samedistance>");
+    EXPECT_TEXT(spacing.GetVisual(), "");
+    EXPECT_FALSE(spacing.IsSameDistance());
+    EXPECT_TRUE(spacing.IsValidSameDistance());
+}
+
+TEST(ChannelSpacing, ChildrenBeforeAnUnknownOneAreKept)
+{
+    ChannelSpacing spacing = Of(true, {7.0});
+    EXPECT_RG_THROW(spacing.SetXmlString(Text("<ChannelSpacing><Value>1</Value><Visual>v</Visual><Step/>"
+                                              "<Value>2</Value></ChannelSpacing>"),
+                                         true),
+                    "RGException", "Unknown Tag 'Step' in 'ChannelSpacing'.");
+    EXPECT_EQ(spacing.GetValues(), QVector<double>{1.0});
+    EXPECT_TEXT(spacing.GetVisual(), "v");
+    EXPECT_FALSE(spacing.IsValidSameDistance());
 }

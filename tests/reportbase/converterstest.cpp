@@ -24,6 +24,10 @@ static_assert(std::is_same_v<decltype(&Converters::ToString), QString (*)(const 
 static_assert(std::is_same_v<decltype(&Converters::GetFormatedCurrentDateTime), QString (*)()>);
 static_assert(std::is_same_v<decltype(&Converters::ToDateTime), QDateTime (*)(const QString&)>);
 static_assert(std::is_same_v<decltype(&Converters::ToValidXmlString), QString (*)(const QString&)>);
+static_assert(std::is_same_v<decltype(static_cast<QString (*)(const QString&)>(&Converters::ToUrl)),
+                             QString (*)(const QString&)>);
+static_assert(std::is_same_v<decltype(static_cast<QString (*)(const QFileInfo&)>(&Converters::ToUrl)),
+                             QString (*)(const QFileInfo&)>);
 
 QDateTime Utc(const QDate& date, const QTime& time)
 {
@@ -195,6 +199,14 @@ TEST(Converters, SecondsAndMillisecondsMayBeMissing)
               Utc(QDate(2014, 7, 3), QTime(8, 5, 9)));
     EXPECT_EQ(Converters::ToDateTime(QStringLiteral("2014-07-03T08:05Z")),
               Utc(QDate(2014, 7, 3), QTime(8, 5)));
+}
+
+TEST(Converters, DateAloneIsItsMidnightInLocalTime)
+{
+    const QDateTime dateTime = Converters::ToDateTime(QStringLiteral("2014-07-03"));
+    EXPECT_EQ(dateTime.timeSpec(), Qt::LocalTime);
+    EXPECT_EQ(dateTime.date(), QDate(2014, 7, 3));
+    EXPECT_EQ(dateTime.time(), QTime(0, 0));
 }
 
 TEST(Converters, TextWithoutADateTimeGivesAnInvalidOne)

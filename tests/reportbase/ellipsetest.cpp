@@ -13,6 +13,7 @@
 namespace {
 
 using REPORTGENERATOR::Ellipse;
+using Support::NewLogger;
 using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
@@ -70,8 +71,14 @@ TEST(Ellipse, CheckNamesTheFirstMissingValue)
         EXPECT_TRUE(ellipse.AnyData());
         EXPECT_FALSE(ellipse.HasData());
         EXPECT_TEXT(Support::UnindentedXmlOf(ellipse), "");
-        EXPECT_RG_THROW(ellipse.Check(), "RGException",
-                        Text("Ellipse: Please set ") + Text(row.missing) + Text("!"));
+        for (const bool validate : {true, false}) {
+            const auto logger = NewLogger();
+            ellipse.SetValidate(validate);
+            ellipse.SetLogger(logger);
+            EXPECT_RG_THROW(ellipse.Check(), "RGException",
+                            Text("Ellipse: Please set ") + Text(row.missing) + Text("!"));
+            EXPECT_LOG(logger, {});
+        }
     }
 }
 
@@ -175,4 +182,24 @@ TEST(Ellipse, MergeTakesTheWrittenNumbers)
     EXPECT_TRUE(ellipse == Of(10.13, 20.0, 30.0)) << "with two decimals";
     EXPECT_TRUE(ellipse.MergeRGObject(Ellipse()));
     EXPECT_TRUE(ellipse == Of(10.13, 20.0, 30.0));
+}
+
+TEST(Ellipse, ChildrenBeforeAnUnknownOneAreKept)
+{
+    Ellipse ellipse = Of(7.0, 8.0, 9.0);
+    ellipse.SetValidate(false);
+    EXPECT_RG_THROW(ellipse.SetXmlString(Text("<Ellipse><Rotation>3</Rotation><Radius>1</Radius>"
+                                              "<MinRadius>1</MinRadius></Ellipse>"),
+                                         true),
+                    "RGException", "Unknown Tag 'Radius' in 'Ellipse'.");
+    EXPECT_TRUE(ellipse == Of(NOT_SET, NOT_SET, 3.0));
+}
+
+TEST(Ellipse, NumberForNotSetIsReadAsUnset)
+{
+    Ellipse ellipse;
+    EXPECT_RG_THROW(ellipse.SetXmlString(Text("<Ellipse><MinRadius>1</MinRadius><MaxRadius>-111111.11"
+                                              "</MaxRadius><Rotation>3</Rotation></Ellipse>"),
+                                         true),
+                    "RGException", "Ellipse: Please set MaxRadius!");
 }

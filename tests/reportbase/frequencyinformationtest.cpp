@@ -8,8 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -22,6 +24,12 @@ using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+// What callers keep references to.
+static_assert(std::is_same_v<decltype(std::declval<const FrequencyInformation&>().GetFrequencyRange()),
+                             const FrequencyRangeOld&>);
+static_assert(
+    std::is_same_v<decltype(std::declval<FrequencyInformation&>().GetFrequencyRange()), FrequencyRangeOld&>);
 
 constexpr const char* EITHER_OR = "FrequencyInformation: Please set either Frequency or FrequencyRange!";
 
@@ -172,6 +180,15 @@ TEST(FrequencyInformation, ComparesTheNumbersOnly)
     EXPECT_FALSE(nan == nan);
     EXPECT_TRUE(nan != nan);
 
+    other = AtFrequency(1.0);
+    other.SetFrequencyMinMax(NOT_A_NUMBER, 2.0);
+    EXPECT_FALSE(other == other);
+    other.SetFrequencyMinMax(1.0, NOT_A_NUMBER);
+    EXPECT_TRUE(other != other);
+    const FrequencyInformation nanRange = InRange(1.0, NOT_A_NUMBER);
+    EXPECT_FALSE(nanRange == nanRange);
+    EXPECT_TRUE(nanRange != nanRange);
+
     other = FrequencyInformation();
     other.SetValidate(false);
     other.SetFrequencyRange(NamedRange("Band"));
@@ -317,4 +334,83 @@ TEST(FrequencyInformation, MergedFrequencyBringsItsBounds)
     information.SetFrequencyMinMax(0.5, 1.5);
     EXPECT_TRUE(information.MergeRGObject(AtFrequency(3.0)));
     EXPECT_TRUE(information == AtFrequency(3.0)) << "a bound that the other doesn't have is unset";
+}
+
+TEST(FrequencyInformation, NeitherAlternativeIsRefusedInAllSettings)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        const FrequencyInformation information;
+        information.SetValidate(validate);
+        EXPECT_RG_THROW(information.Check(), "RGException", EITHER_OR);
+        information.SetLogger(logger);
+        EXPECT_RG_THROW(information.Check(), "RGException", EITHER_OR);
+        EXPECT_LOG(logger, {});
+    }
+    FrequencyInformation information;
+    EXPECT_RG_THROW(information.SetXmlString(Text("<FrequencyInformation/>"), true), "RGException",
+                    EITHER_OR);
+}
+
+TEST(FrequencyInformation, ChildNamedFrequencyIsTheFrequencyWhateverTheRangeIsNamed)
+{
+    FrequencyInformation information;
+    information.SetFrequencyRange(NamedRange("Frequency"));
+    EXPECT_NO_RG_THROW(information.SetXmlString(
+        Text("<FrequencyInformation><Frequency>5</Frequency></FrequencyInformation>"), true));
+    EXPECT_EQ(information.GetFrequency(), 5.0);
+    EXPECT_FALSE(information.GetFrequencyRange().AnyData());
+}
+
+TEST(FrequencyInformation, SecondElementOfTheRangeAddsToTheFirst)
+{
+    FrequencyInformation information;
+    EXPECT_NO_RG_THROW(
+        information.SetXmlString(Text("<FrequencyInformation>"
+                                      "<FrequencyRange><StartFrequency>1</StartFrequency></FrequencyRange>"
+                                      "<FrequencyRange><StopFrequency>2</StopFrequency></FrequencyRange>"
+                                      "</FrequencyInformation>"),
+                                 true));
+    EXPECT_TRUE(information == InRange(1.0, 2.0));
+}
+
+TEST(FrequencyInformation, ChildrenBeforeAnUnknownOneAreKept)
+{
+    FrequencyInformation information = InRange(1.0, 2.0);
+    EXPECT_RG_THROW(information.SetXmlString(Text("<FrequencyInformation><Frequency Min=\"4\">5</Frequency>"
+                                                  "<Nonsense/><Frequency>6</Frequency>"
+                                                  "</FrequencyInformation>"),
+                                             true),
+                    "RGException", "Unknown Tag 'Nonsense' in 'FrequencyInformation'.");
+    FrequencyInformation expected = AtFrequency(5.0);
+    expected.SetFrequencyMin(4.0);
+    EXPECT_TRUE(information == expected);
+}
+
+// The logger belongs to the object that was given it; the members have none of their own.
+TEST(FrequencyInformation, MalformedMemberIsThrownWithoutALineOfTheHolder)
+{
+    for (const char* text : {"<FrequencyInformation><Frequency Min=\"4\">5",
+                             "<FrequencyInformation><FrequencyRange><StartFrequency>5"}) {
+        const QString xml = Text(text);
+        const QString error = Support::XmlErrorOf(xml);
+        ASSERT_FALSE(error.isEmpty());
+        const auto logger = NewLogger();
+        FrequencyInformation information = AtFrequency(1.0);
+        information.SetLogger(logger);
+        EXPECT_RG_THROW(information.SetXmlString(xml, true), "RGException", error);
+        EXPECT_LOG(logger, {"INFO: FrequencyInformation: Loading xml string."});
+        EXPECT_EQ(information.GetFrequency(), NOT_SET);
+        EXPECT_EQ(information.GetFrequencyRange().GetStartFrequency(), NOT_SET);
+    }
+}
+
+TEST(FrequencyInformation, MalformedRangeIsLoggedByALoggerOfItsOwn)
+{
+    const QString xml = Text("<FrequencyInformation><FrequencyRange><StartFrequency>5");
+    const auto logger = NewLogger();
+    FrequencyInformation information;
+    information.GetFrequencyRange().SetLogger(logger);
+    EXPECT_RG_THROW(information.SetXmlString(xml, true), "RGException", Support::XmlErrorOf(xml));
+    EXPECT_LOG(logger, QStringList{Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(xml)});
 }

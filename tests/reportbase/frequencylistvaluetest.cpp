@@ -9,18 +9,27 @@
 #include <QtCore/QDate>
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QTime>
 
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
 using REPORTGENERATOR::FrequencyListValue;
 using REPORTGENERATOR::MinMax;
+using Support::NewLogger;
 using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+// What callers keep a reference to. There is no way to set it but reading.
+static_assert(
+    std::is_same_v<decltype(std::declval<const FrequencyListValue&>().GetTimeStamp()), const QDateTime&>);
+static_assert(std::is_same_v<decltype(std::declval<FrequencyListValue&>().GetTimeStamp()), const QDateTime&>);
 
 constexpr const char* MISSING_VALUE = "FrequencyList: Please set Value!";
 
@@ -240,4 +249,79 @@ TEST(FrequencyListValue, MergeKeepsATimeStampThatTheOtherDoesNotHave)
     EXPECT_EQ(entry.GetFrequency(), 2.0);
     EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
     EXPECT_FALSE(entry.GetTimeStamp().isNull());
+}
+
+TEST(FrequencyListValue, MergeTakesTheTimeStampOfTheOther)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    entry.SetFrequency(1.0);
+    FrequencyListValue other = Stamped("2018-03-04T15:06:10.008Z");
+    other.SetFrequency(2.0);
+    EXPECT_TRUE(entry.MergeRGObject(other));
+    EXPECT_XML(entry, "\n<Value>"
+                      "\n    <Frequency>2.00</Frequency>"
+                      "\n    <TimeStamp>2018-03-04T15:06:10.008Z</TimeStamp>"
+                      "\n</Value>");
+}
+
+TEST(FrequencyListValue, TimeStampWithoutOffsetIsLocalTimeAndWrittenInUtc)
+{
+    // 1400000000.123 s after the beginning of 1970 in UTC are 2014-05-13T16:53:20.123Z.
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(1400000000123);
+    const QString text =
+        local.date().toString(Qt::ISODate) + Text("T") + local.time().toString(Qt::ISODateWithMs);
+    FrequencyListValue entry;
+    EXPECT_NO_RG_THROW(entry.SetXmlString(
+        Text("<Value><Frequency>1</Frequency><TimeStamp>") + text + Text("</TimeStamp></Value>"), true));
+    EXPECT_EQ(entry.GetTimeStamp().timeSpec(), Qt::LocalTime);
+    EXPECT_XML(entry, "\n<Value>"
+                      "\n    <Frequency>1.00</Frequency>"
+                      "\n    <TimeStamp>2014-05-13T16:53:20.123Z</TimeStamp>"
+                      "\n</Value>");
+}
+
+TEST(FrequencyListValue, IncompleteLoadedEntryIsRefusedOnlyWhenValidating)
+{
+    const QString xml = Text("<Value><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>");
+    for (const bool logging : {true, false}) {
+        const auto logger = NewLogger();
+        FrequencyListValue entry = AtFrequency(1.0);
+        if (logging)
+            entry.SetLogger(logger);
+        EXPECT_RG_THROW(entry.SetXmlString(xml, true), "RGException", MISSING_VALUE);
+        EXPECT_EQ(entry.GetFrequency(), NOT_SET);
+        EXPECT_EQ(entry.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9), Qt::UTC));
+        EXPECT_LOG(logger, (logging ? Support::Lines({"INFO: Value: Loading xml string."}) : QStringList()));
+        entry.SetValidate(false);
+        EXPECT_TRUE(entry.SetXmlString(xml, true));
+    }
+}
+
+TEST(FrequencyListValue, ChildrenBeforeAnUnknownOneAreKept)
+{
+    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
+    EXPECT_RG_THROW(entry.SetXmlString(Text("<Value><Frequency Min=\"4\">5</Frequency><Nonsense/>"
+                                            "<TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>"),
+                                       true),
+                    "RGException", "Unknown Tag 'Nonsense' in 'Value'.");
+    EXPECT_EQ(entry.GetFrequency(), 5.0);
+    EXPECT_EQ(entry.GetFrequencyMin(), 4.0);
+    EXPECT_TRUE(entry.GetTimeStamp().isNull());
+}
+
+// The logger belongs to the object that was given it; the frequency has none of its own.
+TEST(FrequencyListValue, OnlyAMalformedTimeStampIsLoggedByTheEntry)
+{
+    const QString inFrequency = Text("<Value><Frequency>5");
+    const QString inTimeStamp = Text("<Value><TimeStamp>2017");
+    const auto logger = NewLogger();
+    FrequencyListValue entry;
+    entry.SetLogger(logger);
+    EXPECT_RG_THROW(entry.SetXmlString(inFrequency, true), "RGException", Support::XmlErrorOf(inFrequency));
+    EXPECT_LOG(logger, {"INFO: Value: Loading xml string."});
+    logger->Reset(true);
+    EXPECT_RG_THROW(entry.SetXmlString(inTimeStamp, true), "RGException", Support::XmlErrorOf(inTimeStamp));
+    EXPECT_LOG(logger, (QStringList{Text("INFO: Value: Loading xml string."),
+                                    Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(inTimeStamp)}));
+    EXPECT_TRUE(entry.GetTimeStamp().isNull());
 }

@@ -13,6 +13,7 @@
 namespace {
 
 using REPORTGENERATOR::FrequencyRangeOld;
+using Support::NewLogger;
 using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
@@ -76,6 +77,22 @@ TEST(FrequencyRangeOld, CheckNamesTheStartFirst)
     EXPECT_NO_RG_THROW(Range(2.0, 1.0).Check());
     EXPECT_NO_RG_THROW(Range(-5.0, -5.0).Check());
     EXPECT_NO_RG_THROW(Range(NOT_A_NUMBER, INFINITE).Check());
+}
+
+TEST(FrequencyRangeOld, RefusalHasNoMarkAtItsEndInAllSettings)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        const FrequencyRangeOld withoutStart = Range(NOT_SET, 2.0);
+        const FrequencyRangeOld withoutStop = Range(1.0, NOT_SET);
+        for (const FrequencyRangeOld* range : {&withoutStart, &withoutStop}) {
+            range->SetValidate(validate);
+            range->SetLogger(logger);
+        }
+        EXPECT_RG_THROW(withoutStart.Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+        EXPECT_RG_THROW(withoutStop.Check(), "RGException", "FrequencyRange: Please set StopFrequency");
+        EXPECT_LOG(logger, {});
+    }
 }
 
 TEST(FrequencyRangeOld, NumberForNotSetCountsAsUnset)
@@ -158,4 +175,34 @@ TEST(FrequencyRangeOld, LoadedRangeWithOneEndIsRefusedOnlyWhenValidating)
     EXPECT_TRUE(range == Range(1.0, NOT_SET));
     range.SetValidate(false);
     EXPECT_TRUE(range.SetXmlString(xml, true));
+}
+
+TEST(FrequencyRangeOld, EmptyElementIsRefusedOnlyWhenValidating)
+{
+    FrequencyRangeOld range = Range(5.0, 6.0);
+    EXPECT_RG_THROW(range.SetXmlString(Text("<FrequencyRange/>"), true), "RGException",
+                    "FrequencyRange: Please set StartFrequency");
+    EXPECT_TRUE(range == FrequencyRangeOld());
+}
+
+TEST(FrequencyRangeOld, ChildrenBeforeAnUnknownOneAreKept)
+{
+    FrequencyRangeOld range = Range(5.0, 6.0);
+    EXPECT_RG_THROW(range.SetXmlString(Text("<FrequencyRange><StopFrequency>2</StopFrequency><Start>1</Start>"
+                                            "<StartFrequency>1</StartFrequency></FrequencyRange>"),
+                                       true),
+                    "RGException", "Unknown Tag 'Start' in 'FrequencyRange'.");
+    EXPECT_TRUE(range == Range(NOT_SET, 2.0));
+}
+
+TEST(FrequencyRangeOld, MergeTakesTheWrittenNumbers)
+{
+    FrequencyRangeOld range = Range(1.0, 2.0);
+    EXPECT_TRUE(range.MergeRGObject(Range(10.126, 20.0)));
+    EXPECT_TRUE(range == Range(10.13, 20.0)) << "with two decimals";
+    FrequencyRangeOld half = Range(5.0, NOT_SET);
+    EXPECT_RG_THROW(range.MergeRGObject(half), "RGException", "FrequencyRange: Please set StopFrequency");
+    half.SetValidate(false);
+    EXPECT_TRUE(range.MergeRGObject(half)) << "which writes nothing";
+    EXPECT_TRUE(range == Range(10.13, 20.0));
 }

@@ -1,4 +1,5 @@
 #include "support/expect.h"
+#include "support/files.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/double.h>
@@ -10,6 +11,8 @@
 #include <QtCore/QStringList>
 
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -20,6 +23,16 @@ using Support::NewLogger;
 using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
+
+// What callers keep references to.
+static_assert(std::is_same_v<decltype(std::declval<const MeasurementTime&>().GetMeasurementMode()),
+                             const MeasurementTime::MeasurementModeType&>);
+static_assert(
+    std::is_same_v<decltype(std::declval<const MeasurementTime&>().GetMeasurementTime()), const Double&>);
+static_assert(std::is_same_v<decltype(std::declval<MeasurementTime&>().GetMeasurementTime()), Double&>);
+static_assert(
+    std::is_same_v<decltype(std::declval<const MeasurementTime&>().GetMeasurementTimeValue()), double>);
+static_assert(sizeof(MeasurementTime::MeasurementModeType) == 4);
 
 constexpr const char* MISSING_MODE = "MeasurementTime: Please set MeasurementMode!";
 constexpr const char* INVALID_MODE = "'MeasurementTime': Invalid MeasurementModeType '-1'.";
@@ -76,6 +89,46 @@ TEST(MeasurementTime, OtherNumbersAreRefusedAndKeepTheMode)
                             Text("'."));
         EXPECT_EQ(time.GetMeasurementMode(), 1);
     }
+}
+
+TEST(MeasurementTime, SettersRefuseWithoutALineInAllSettings)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        MeasurementTime time = Of(1, 2.0);
+        time.SetValidate(validate);
+        time.SetLogger(logger);
+        EXPECT_RG_THROW(time.SetMeasurementMode(Mode(2)), "RGException",
+                        "'MeasurementTime': Invalid MeasurementModeType '2'.");
+        EXPECT_RG_THROW(time.SetMeasurementModeStringList(Lines({"A"})), "RGException",
+                        "'MeasurementTime': List has the wrong length! It should be '2'.");
+        EXPECT_LOG(logger, {});
+        EXPECT_EQ(time.GetMeasurementMode(), 1);
+        EXPECT_EQ(time.NameToMeasurementModeType(Text("Periodic")), 1);
+    }
+}
+
+TEST(MeasurementTime, RefusalsNameTheObjectByItsCurrentName)
+{
+    class Renamed : public MeasurementTime
+    {
+    public:
+        Renamed() { SetObjectName(Text("Span")); }
+    };
+    Renamed time;
+    EXPECT_RG_THROW(time.SetMeasurementMode(Mode(-1)), "RGException",
+                    "'Span': Invalid MeasurementModeType '-1'.");
+    EXPECT_RG_THROW(time.SetMeasurementModeStringList(QStringList()), "RGException",
+                    "'Span': List has the wrong length! It should be '2'.");
+    EXPECT_RG_THROW(time.Check(), "RGException", "Span: Please set MeasurementMode!");
+    time.SetMeasurementMode(MeasurementTime::Continuous);
+    time.GetMeasurementTime().SetValue(2.5);
+    EXPECT_XML(time, "\n<Span>"
+                     "\n    <MeasurementTime>"
+                     "\n        <DoubleValue>2.500000</DoubleValue>"
+                     "\n    </MeasurementTime>"
+                     "\n    <MeasurementMode></MeasurementMode>"
+                     "\n</Span>");
 }
 
 TEST(MeasurementTime, ModeIsHandedOutByReference)
@@ -141,8 +194,15 @@ TEST(MeasurementTime, CheckAsksForTheModeAndThenTheTimeIfItHasAnyData)
     EXPECT_NO_RG_THROW(Of(1, 2.0).Check());
     MeasurementTime unitOnly = Of(1, NOT_SET);
     unitOnly.GetMeasurementTime().SetUnit(Text("s"));
-    EXPECT_RG_THROW(unitOnly.Check(), "RGException",
-                    "MeasurementTimeThe double has not been set! Please use SetValue first");
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        unitOnly.SetValidate(validate);
+        unitOnly.SetLogger(logger);
+        EXPECT_RG_THROW(unitOnly.Check(), "RGException",
+                        "MeasurementTimeThe double has not been set! Please use SetValue first");
+        EXPECT_TEXT(Support::UnindentedXmlOf(unitOnly), "");
+        EXPECT_LOG(logger, {});
+    }
 }
 
 TEST(MeasurementTime, ModeWithoutTimeWritesNothing)
@@ -163,7 +223,9 @@ TEST(MeasurementTime, NamesAreReplacedOnlyByTwo)
     EXPECT_EQ(time.NameToMeasurementModeType(Text("A")), 0);
     EXPECT_EQ(time.NameToMeasurementModeType(Text("B")), 1);
     EXPECT_EQ(time.NameToMeasurementModeType(Text("Continuous")), -1);
+    time.SetMeasurementMode(MeasurementTime::Periodic);
     time.Reset();
+    EXPECT_EQ(time.GetMeasurementMode(), -1);
     EXPECT_EQ(time.NameToMeasurementModeType(Text("B")), 1) << "the names stay";
     EXPECT_EQ(MeasurementTime().NameToMeasurementModeType(Text("B")), -1) << "they belong to the object";
 }
@@ -189,8 +251,12 @@ TEST(MeasurementTime, InvertedTestLeavesTheModesWithoutAName)
 TEST(MeasurementTime, NumbersBehindTheListHaveNoNameEither)
 {
     const MeasurementTime time;
-    for (const int mode : NO_MODES)
+    MeasurementTime renamed;
+    renamed.SetMeasurementModeStringList(Lines({"A", "B"}));
+    for (const int mode : NO_MODES) {
         EXPECT_TEXT(time.MeasurementModeTypeToName(Mode(mode)), "") << mode;
+        EXPECT_TEXT(renamed.MeasurementModeTypeToName(Mode(mode)), "") << mode;
+    }
 }
 
 TEST(MeasurementTime, WrittenModeCannotBeReadBack)
@@ -276,6 +342,9 @@ TEST(MeasurementTime, ComparesModeTimeAndNames)
     EXPECT_FALSE(Of(1, 2.0) == Of(0, 2.0));
     EXPECT_TRUE(Of(1, 2.0) != Of(0, 2.0));
     EXPECT_FALSE(Of(1, 2.0) == Of(1, 3.0));
+    MeasurementTime inSeconds = Of(1, 2.0);
+    inSeconds.GetMeasurementTime().SetUnit(Text("s"));
+    EXPECT_FALSE(inSeconds == Of(1, 2.0));
 
     MeasurementTime other = Of(1, 2.0);
     other.GetMeasurementTime().SetName(Text("T"));
@@ -328,4 +397,105 @@ TEST(MeasurementTime, MergeTakesTheTimeAndFailsAtTheMode)
     EXPECT_RG_THROW(time.MergeRGObject(Of(1, 2.0)), "RGException", INVALID_MODE);
     EXPECT_EQ(time.GetMeasurementTimeValue(), 2.0);
     EXPECT_EQ(time.GetMeasurementMode(), 0);
+}
+
+TEST(MeasurementTime, SavedFileCannotBeLoadedAgain)
+{
+    const Support::TemporaryFolder folder;
+    EXPECT_TRUE(Of(1, 2.5).SaveXml(folder.Path("time.xml")));
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        MeasurementTime time = Of(0, 1.0);
+        time.SetValidate(validate);
+        time.SetLogger(logger);
+        EXPECT_RG_THROW(time.LoadXml(folder.Path("time.xml")), "RGException", INVALID_MODE);
+        EXPECT_LOG(logger, QStringList{Text("INFO: MeasurementTime: Loading xml file \"") +
+                                       folder.Path("time.xml") + Text("\".")});
+        EXPECT_EQ(time.GetMeasurementMode(), -1);
+        EXPECT_EQ(time.GetMeasurementTimeValue(), 2.5) << "read before";
+    }
+}
+
+TEST(MeasurementTime, FileWithTheNameOfAModeIsLoaded)
+{
+    const Support::TemporaryFolder folder;
+    const QString path =
+        folder.Write("time.xml", "<MeasurementTime><MeasurementMode>Continuous</MeasurementMode>"
+                                 "<MeasurementTime><DoubleValue>2.5</DoubleValue>"
+                                 "</MeasurementTime></MeasurementTime>");
+    MeasurementTime time;
+    bool found = false;
+    EXPECT_NO_RG_THROW(found = time.LoadXml(path));
+    EXPECT_TRUE(found);
+    EXPECT_TRUE(time == Of(0, 2.5));
+}
+
+TEST(MeasurementTime, ChildNamedMeasurementModeIsTheModeWhateverTheTimeIsNamed)
+{
+    MeasurementTime time = Of(0, 1.0);
+    time.GetMeasurementTime().SetName(Text("MeasurementMode"));
+    Support::ReadElement(
+        time, Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode></MeasurementTime>"));
+    EXPECT_EQ(time.GetMeasurementMode(), 1);
+    EXPECT_EQ(time.GetMeasurementTimeValue(), 1.0);
+}
+
+TEST(MeasurementTime, RefusedNameOfAModeKeepsTheModeReadBefore)
+{
+    MeasurementTime time;
+    EXPECT_RG_THROW(time.SetXmlString(Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode>"
+                                           "<MeasurementMode>Sometimes</MeasurementMode></MeasurementTime>"),
+                                      true),
+                    "RGException", INVALID_MODE);
+    EXPECT_EQ(time.GetMeasurementMode(), 1);
+}
+
+TEST(MeasurementTime, ChildrenBeforeAnUnknownOneAreKept)
+{
+    MeasurementTime time = Of(0, 1.0);
+    EXPECT_RG_THROW(
+        time.SetXmlString(Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode><Nonsense/>"
+                               "<MeasurementTime><DoubleValue>4</DoubleValue></MeasurementTime>"
+                               "</MeasurementTime>"),
+                          true),
+        "RGException", "Unknown Tag 'Nonsense' in 'MeasurementTime'.");
+    EXPECT_EQ(time.GetMeasurementMode(), 1);
+    EXPECT_EQ(time.GetMeasurementTimeValue(), NOT_SET);
+}
+
+// The time takes the end of a child that it doesn't know for its own end.
+TEST(MeasurementTime, UnknownChildOfTheTimeEndsTheTime)
+{
+    MeasurementTime time;
+    EXPECT_RG_THROW(
+        time.SetXmlString(Text("<MeasurementTime><MeasurementTime><X/><DoubleValue>4</DoubleValue>"
+                               "</MeasurementTime></MeasurementTime>"),
+                          true),
+        "RGException", "Unknown Tag 'DoubleValue' in 'MeasurementTime'.");
+
+    const QString xml = Text("<MeasurementTime><MeasurementTime><DoubleValue>4</DoubleValue><X/>"
+                             "</MeasurementTime><MeasurementMode>Periodic</MeasurementMode>"
+                             "</MeasurementTime>");
+    EXPECT_RG_THROW(time.SetXmlString(xml, true), "RGException", MISSING_MODE);
+    time.SetValidate(false);
+    EXPECT_TRUE(time.SetXmlString(xml, true));
+    EXPECT_EQ(time.GetMeasurementTimeValue(), 4.0);
+    EXPECT_EQ(time.GetMeasurementMode(), -1) << "the time's own end ended the object";
+}
+
+// The logger belongs to the object that was given it; the time has none of its own.
+TEST(MeasurementTime, MalformedTimeIsThrownWithoutALineOfTheHolder)
+{
+    const QString inTime = Text("<MeasurementTime><MeasurementTime><DoubleValue>5");
+    const QString inMode = Text("<MeasurementTime><MeasurementMode>Periodic");
+    const auto logger = NewLogger();
+    MeasurementTime time = Of(0, 1.0);
+    time.SetLogger(logger);
+    EXPECT_RG_THROW(time.SetXmlString(inTime, true), "RGException", Support::XmlErrorOf(inTime));
+    EXPECT_LOG(logger, {"INFO: MeasurementTime: Loading xml string."});
+    logger->Reset(true);
+    EXPECT_RG_THROW(time.SetXmlString(inMode, true), "RGException", Support::XmlErrorOf(inMode));
+    EXPECT_LOG(logger, (QStringList{Text("INFO: MeasurementTime: Loading xml string."),
+                                    Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(inMode)}));
+    EXPECT_TRUE(time == MeasurementTime());
 }

@@ -12,6 +12,10 @@ namespace {
 
 using REPORTGENERATOR::MinMax;
 
+// A number is no pair of bounds by itself.
+static_assert(std::is_constructible_v<MinMax, double>);
+static_assert(!std::is_convertible_v<double, MinMax>);
+
 } // namespace
 
 TEST(MinMax, BothBoundsAreZeroUnlessGiven)

@@ -20,6 +20,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
+#include <QtCore/QFile>
 #include <QtCore/QIODevice>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -486,6 +487,22 @@ TYPED_TEST(PlainClass, CheckThrowsDirectlyInAllSettings)
     }
 }
 
+TYPED_TEST(PlainClass, RefusalNamesTheObjectByItsCurrentName)
+{
+    // Two classes have a fixed text, which doesn't begin with the name.
+    QString problem = Text(Sample<TypeParam>::PROBLEM);
+    const QString start = this->Line("", ":");
+    const bool isFixed =
+        std::is_same_v<TypeParam, ValueMinMax> || std::is_same_v<TypeParam, FrequencyListValue>;
+    ASSERT_EQ(problem.startsWith(start), !isFixed);
+    if (!isFixed)
+        problem.replace(0, start.size(), Text("Renamed:"));
+
+    Opened<TypeParam> object(Sample<TypeParam>::Refused());
+    object.SetObjectName(Text("Renamed"));
+    EXPECT_RG_THROW(object.Check(), "RGException", problem);
+}
+
 TYPED_TEST(PlainClass, RefusedObjectThrowsWhenValidatingAndWritesNothingOtherwise)
 {
     const TypeParam object = Sample<TypeParam>::Refused();
@@ -555,8 +572,8 @@ TYPED_TEST(PlainClass, UnknownChildThrowsDirectlyInAllSettings)
             } else {
                 // The base's reading, which looks at no child.
                 EXPECT_NO_RG_THROW(EXPECT_TRUE(object.SetXmlString(xml, true)));
-                EXPECT_FALSE(object.HasData());
             }
+            EXPECT_FALSE(object.AnyData()) << "reset before";
             EXPECT_LOG(logger, (logging ? QStringList{this->Line("INFO: ", ": Loading xml string.")}
                                         : QStringList()));
         }
@@ -656,6 +673,75 @@ TYPED_TEST(PlainClass, IsSavedToAFileAndLoadedWithoutMoreLines)
     }
 }
 
+TYPED_TEST(PlainClass, RefusedObjectIsSavedAsAnEmptyFileOnlyWhenNotValidating)
+{
+    const Support::TemporaryFolder folder;
+    const TypeParam object = Sample<TypeParam>::Refused();
+    EXPECT_RG_THROW(object.SaveXml(folder.Path("refused.xml")), "RGException", Sample<TypeParam>::PROBLEM);
+    object.SetValidate(false);
+    EXPECT_TRUE(object.SaveXml(folder.Path("saved.xml")));
+    EXPECT_BYTES(folder.Read("saved.xml"), QByteArray());
+}
+
+TYPED_TEST(PlainClass, SavingWhereNoFileCanBeGivesFalse)
+{
+    const Support::TemporaryFolder folder;
+    const auto logger = NewLogger();
+    const TypeParam object = Sample<TypeParam>::Filled();
+    object.SetLogger(logger);
+    EXPECT_FALSE(object.SaveXml(folder.Path("none/object.xml")));
+    EXPECT_LOG(logger, {});
+}
+
+TYPED_TEST(PlainClass, LoadingAMissingFileThrowsAndLeavesTheObjectAlone)
+{
+    const Support::TemporaryFolder folder;
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        TypeParam object = Sample<TypeParam>::Filled();
+        object.SetValidate(validate);
+        object.SetLogger(logger);
+        EXPECT_RG_THROW(object.LoadXml(folder.Path("none.xml")), "RGException",
+                        Text("Can't open file for reading: '") + folder.Path("none.xml") + Text("'"));
+        EXPECT_LOG(logger, {});
+        EXPECT_XML(object, Sample<TypeParam>::XML);
+    }
+}
+
+TYPED_TEST(PlainClass, LoadedFileWithAnUnknownChildIsRefusedInAllSettings)
+{
+    const Support::TemporaryFolder folder;
+    const QString path = folder.Write("object.xml", this->Element("<Nonsense/>").toUtf8());
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        TypeParam object = Sample<TypeParam>::Filled();
+        object.SetValidate(validate);
+        object.SetLogger(logger);
+        if (Sample<TypeParam>::READS_CHILDREN) {
+            EXPECT_RG_THROW(object.LoadXml(path), "RGException",
+                            this->Line("Unknown Tag 'Nonsense' in '", "'."));
+        } else {
+            EXPECT_NO_RG_THROW(EXPECT_TRUE(object.LoadXml(path)));
+        }
+        EXPECT_FALSE(object.AnyData());
+        EXPECT_LOG(logger, QStringList{this->Line("INFO: ", ": Loading xml file \"") + path + Text("\".")});
+    }
+}
+
+TYPED_TEST(PlainClass, FileWithoutItsElementResetsTheObjectAndGivesFalse)
+{
+    const Support::TemporaryFolder folder;
+    const QString path = folder.Write("object.xml", "<Nonsense/>");
+    for (const bool validate : {true, false}) {
+        TypeParam object = Sample<TypeParam>::Filled();
+        object.SetValidate(validate);
+        bool found = true;
+        EXPECT_NO_RG_THROW(found = object.LoadXml(path));
+        EXPECT_FALSE(found);
+        EXPECT_FALSE(object.AnyData());
+    }
+}
+
 // --- Merging
 // -------------------------------------------------------------------------------------------------
 
@@ -705,6 +791,24 @@ TYPED_TEST(PlainClass, MergeIntoAnEmptyObjectTakesEverything)
         EXPECT_RG_THROW(object.MergeRGObject(other), "RGException",
                         "'MeasurementTime': Invalid MeasurementModeType '-1'.");
     }
+}
+
+TYPED_TEST(PlainClass, MergeTracesTheWritingOfTheOtherOnly)
+{
+    const auto logger = NewLogger();
+    const auto otherLogger = NewLogger();
+    const TypeParam other = Sample<TypeParam>::Filled();
+    other.SetLogger(otherLogger);
+    TypeParam object = Sample<TypeParam>::Filled();
+    object.SetLogger(logger);
+    if constexpr (std::is_same_v<TypeParam, MeasurementTime>) {
+        EXPECT_RG_THROW(object.MergeRGObject(other), "RGException",
+                        "'MeasurementTime': Invalid MeasurementModeType '-1'.");
+    } else {
+        EXPECT_EQ(object.MergeRGObject(other), Sample<TypeParam>::READS_WHAT_IT_WRITES);
+    }
+    EXPECT_LOG(logger, {});
+    EXPECT_LOG(otherLogger, QStringList{this->Line("INFO: ", ": Generating xml string.")});
 }
 
 // --- No binary form
@@ -777,8 +881,15 @@ TYPED_TEST(PlainClass, RepresentationsRefuseWhenValidating)
 
     QByteArray representation =
         Support::Representation(Sample<TypeParam>::WIDE_NAME, Support::Bytes()).Data();
+    logger->Reset(true);
     EXPECT_RG_THROW(object.SetBinaryRepresentation(representation), "RGException",
                     "SetBinary is not implemented for object of type 80.");
+    EXPECT_LOG(logger,
+               (QStringList{this->Line("INFO: ", ": Loading binary representation (source: byte array)."),
+                            this->Line("INFO: ", ": Loading binary representation (source: data stream)."),
+                            Text("FATAL ERROR: RGException: SetBinary is not implemented for object of type "
+                                 "80.")}));
+    EXPECT_XML(object, Sample<TypeParam>::XML);
 
     const TypeParam refused = Sample<TypeParam>::Refused();
     EXPECT_RG_THROW(refused.GetBinaryRepresentationAsQByteArray(), "RGException", Sample<TypeParam>::PROBLEM);
@@ -797,4 +908,52 @@ TYPED_TEST(PlainClass, RepresentationsHoldTheNameAloneWhenNotValidating)
         Support::Representation(Sample<TypeParam>::WIDE_NAME, Support::Raw("abcd")).Data();
     EXPECT_TRUE(object.SetBinaryRepresentation(representation));
     EXPECT_XML(object, Sample<TypeParam>::XML);
+}
+
+TYPED_TEST(PlainClass, CompressedRepresentationHoldsAnEmptyBodyWhenNotValidating)
+{
+    TypeParam object = Sample<TypeParam>::Filled();
+    object.SetValidate(false);
+    QByteArray representation = object.GetCompressedBinaryRepresentationAsQByteArray(9);
+    const QByteArray start = (String(u"IRGObjectQCompress") + String(Sample<TypeParam>::WIDE_NAME)).Data();
+    EXPECT_BYTES(representation.left(start.size()), start);
+
+    QByteArray compressed;
+    QDataStream stream(representation.mid(start.size()));
+    stream.setVersion(QDataStream::Qt_4_6);
+    stream >> compressed;
+    EXPECT_TRUE(stream.atEnd());
+    EXPECT_TRUE(TypeParam::UncompressBinary(compressed).isEmpty());
+
+    EXPECT_TRUE(object.SetBinaryRepresentation(representation));
+    EXPECT_XML(object, Sample<TypeParam>::XML);
+}
+
+TYPED_TEST(PlainClass, BinaryFileIsRefusedWhenValidatingAndResetsTheObjectInAllSettings)
+{
+    const Support::TemporaryFolder folder;
+    const QByteArray representation =
+        Support::Representation(Sample<TypeParam>::WIDE_NAME, Support::Raw("abcd")).Data();
+    const QString path =
+        folder.Write("object.bin", Support::Written([&](QDataStream& stream) { stream << representation; }));
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        TypeParam object = Sample<TypeParam>::Filled();
+        object.SetValidate(validate);
+        object.SetLogger(logger);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        QStringList lines = {this->Line("INFO: ", ": Loading binary file \"") + path + Text("\"."),
+                             this->Line("INFO: ", ": Loading binary representation (source: byte array)."),
+                             this->Line("INFO: ", ": Loading binary representation (source: data stream).")};
+        if (validate) {
+            EXPECT_RG_THROW(object.LoadBinary(&file), "RGException",
+                            "SetBinary is not implemented for object of type 80.");
+            lines << Text("FATAL ERROR: RGException: SetBinary is not implemented for object of type 80.");
+        } else {
+            EXPECT_NO_RG_THROW(EXPECT_TRUE(object.LoadBinary(&file)));
+        }
+        EXPECT_LOG(logger, lines);
+        EXPECT_FALSE(object.AnyData());
+    }
 }

@@ -7,8 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
+#include <cmath>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -20,6 +23,20 @@ using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+template <class T, class = void>
+constexpr bool CAN_BE_COMPARED = false;
+template <class T>
+constexpr bool
+    CAN_BE_COMPARED<T, std::void_t<decltype(std::declval<const T&>() == std::declval<const T&>())>> = true;
+
+static_assert(CAN_BE_COMPARED<FrequencyRangeOld> && !CAN_BE_COMPARED<ScanParameter>);
+
+// What callers keep references to.
+static_assert(std::is_same_v<decltype(std::declval<const ScanParameter&>().GetFrequencyRange()),
+                             const FrequencyRangeOld&>);
+static_assert(
+    std::is_same_v<decltype(std::declval<ScanParameter&>().GetFrequencyRange()), FrequencyRangeOld&>);
 
 constexpr const char* MISSING_STEP = "ScanParameter: PLease set FrequencyStep!";
 
@@ -106,6 +123,56 @@ TEST(ScanParameter, CheckAsksForTheRangeThenForTheStep)
     EXPECT_NO_RG_THROW(Scan(2.0, 1.0, -1.0).Check());
 }
 
+TEST(ScanParameter, RefusalsAreThrownWithoutALineInAllSettings)
+{
+    for (const bool validate : {true, false}) {
+        const auto logger = NewLogger();
+        const ScanParameter withoutRange = Scan(NOT_SET, NOT_SET, 3.0);
+        const ScanParameter withoutStep = Scan(1.0, 2.0, NOT_SET);
+        for (const ScanParameter* scan : {&withoutRange, &withoutStep}) {
+            scan->SetValidate(validate);
+            scan->SetLogger(logger);
+        }
+        EXPECT_RG_THROW(withoutRange.Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+        EXPECT_RG_THROW(withoutStep.Check(), "RGException", MISSING_STEP);
+        EXPECT_TEXT(Support::UnindentedXmlOf(withoutRange), "");
+        EXPECT_LOG(logger, {});
+    }
+}
+
+TEST(ScanParameter, NumberForNotSetCountsAsUnset)
+{
+    ScanParameter scan;
+    scan.SetStepFrequency(NOT_SET);
+    scan.SetDwellTime(NOT_SET);
+    scan.SetHoldTime(NOT_SET);
+    EXPECT_FALSE(scan.AnyData());
+    EXPECT_NO_RG_THROW(scan.Check());
+    for (const double set :
+         {std::nextafter(NOT_SET, -200000.0), std::nextafter(NOT_SET, 0.0), NOT_A_NUMBER}) {
+        scan.SetDwellTime(set);
+        EXPECT_TRUE(scan.AnyData()) << set;
+        EXPECT_RG_THROW(scan.Check(), "RGException", "FrequencyRange: Please set StartFrequency");
+    }
+
+    scan = Scan(1.0, 2.0, NOT_SET);
+    scan.SetDwellTime(std::nextafter(NOT_SET, 0.0));
+    EXPECT_RG_THROW(scan.Check(), "RGException", MISSING_STEP);
+    scan.SetStepFrequency(std::nextafter(NOT_SET, 0.0));
+    EXPECT_NO_RG_THROW(scan.Check());
+    EXPECT_TRUE(scan.HasData());
+}
+
+TEST(ScanParameter, OptionalTimesAreNeverAskedFor)
+{
+    ScanParameter scan = Scan(1.0, 2.0, 3.0);
+    EXPECT_NO_RG_THROW(scan.Check());
+    scan.SetDwellTime(-1.0);
+    EXPECT_NO_RG_THROW(scan.Check());
+    scan.SetHoldTime(NOT_A_NUMBER);
+    EXPECT_NO_RG_THROW(scan.Check());
+}
+
 TEST(ScanParameter, MissingStepIsReportedWithACapitalL)
 {
     class Renamed : public ScanParameter
@@ -169,6 +236,17 @@ TEST(ScanParameter, WritesDwellAndHoldTimeOnlyWhenSet)
                      "\n    </FrequencyRange>"
                      "\n    <FrequencyStep>12.35</FrequencyStep>"
                      "\n    <DwellTime>nan</DwellTime>"
+                     "\n</ScanParameter>");
+    scan.SetDwellTime(-0.001);
+    scan.SetHoldTime(NOT_A_NUMBER);
+    EXPECT_XML(scan, "\n<ScanParameter Version=\"1.0\">"
+                     "\n    <FrequencyRange>"
+                     "\n        <StartFrequency>1.00</StartFrequency>"
+                     "\n        <StopFrequency>0.13</StopFrequency>"
+                     "\n    </FrequencyRange>"
+                     "\n    <FrequencyStep>12.35</FrequencyStep>"
+                     "\n    <DwellTime>-0.00</DwellTime>"
+                     "\n    <HoldTime>nan</HoldTime>"
                      "\n</ScanParameter>");
 }
 
@@ -284,4 +362,57 @@ TEST(ScanParameter, MergeKeepsWhatTheOtherDoesNotHave)
     other.SetHoldTime(50.0);
     EXPECT_TRUE(scan.MergeRGObject(other));
     ExpectFields(scan, 10.0, 20.0, 30.0, 4.0, 50.0);
+}
+
+TEST(ScanParameter, ChildOfTheRangesNameIsTheRangeWhateverElseIsNamedSo)
+{
+    ScanParameter scan;
+    scan.SetFrequencyRange(NamedRange("DwellTime"));
+    scan.SetValidate(false);
+    EXPECT_NO_RG_THROW(
+        scan.SetXmlString(Text("<ScanParameter><DwellTime><StartFrequency>1</StartFrequency></DwellTime>"
+                               "<HoldTime>5</HoldTime></ScanParameter>"),
+                          true));
+    ExpectFields(scan, 1.0, NOT_SET, NOT_SET, NOT_SET, 5.0);
+}
+
+TEST(ScanParameter, ReadsItsChildrenInAnyOrderAndTheLastOfEach)
+{
+    ScanParameter scan = Scan(7.0, 7.0, 7.0);
+    EXPECT_NO_RG_THROW(
+        scan.SetXmlString(Text("<ScanParameter><HoldTime>9</HoldTime><FrequencyStep>3</FrequencyStep>"
+                               "<FrequencyRange><StopFrequency>2</StopFrequency></FrequencyRange>"
+                               "<HoldTime>5</HoldTime><DwellTime>4</DwellTime>"
+                               "<FrequencyRange><StartFrequency>1</StartFrequency></FrequencyRange>"
+                               "</ScanParameter>"),
+                          true));
+    ExpectFields(scan, 1.0, 2.0, 3.0, 4.0, 5.0);
+}
+
+TEST(ScanParameter, ChildrenBeforeAnUnknownOneAreKept)
+{
+    ScanParameter scan = Scan(7.0, 8.0, 9.0);
+    EXPECT_RG_THROW(scan.SetXmlString(Text("<ScanParameter><FrequencyRange><StartFrequency>1</StartFrequency>"
+                                           "</FrequencyRange><DwellTime>4</DwellTime><Nonsense/>"
+                                           "<FrequencyStep>3</FrequencyStep></ScanParameter>"),
+                                      true),
+                    "RGException", "Unknown Tag 'Nonsense' in 'ScanParameter'.");
+    ExpectFields(scan, 1.0, NOT_SET, NOT_SET, 4.0, NOT_SET);
+}
+
+// The logger belongs to the object that was given it; the range has none of its own.
+TEST(ScanParameter, MalformedRangeIsThrownWithoutALineOfTheHolder)
+{
+    const QString inRange = Text("<ScanParameter><FrequencyRange><StartFrequency>5");
+    const QString inStep = Text("<ScanParameter><FrequencyStep>5");
+    const auto logger = NewLogger();
+    ScanParameter scan = Scan(7.0, 8.0, 9.0);
+    scan.SetLogger(logger);
+    EXPECT_RG_THROW(scan.SetXmlString(inRange, true), "RGException", Support::XmlErrorOf(inRange));
+    EXPECT_LOG(logger, {"INFO: ScanParameter: Loading xml string."});
+    logger->Reset(true);
+    EXPECT_RG_THROW(scan.SetXmlString(inStep, true), "RGException", Support::XmlErrorOf(inStep));
+    EXPECT_LOG(logger, (QStringList{Text("INFO: ScanParameter: Loading xml string."),
+                                    Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(inStep)}));
+    ExpectFields(scan, NOT_SET, NOT_SET, NOT_SET, NOT_SET, NOT_SET);
 }

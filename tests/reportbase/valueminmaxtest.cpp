@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QXmlStreamReader>
 
 #include <cmath>
@@ -17,7 +19,12 @@ namespace {
 
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ValueMinMax;
+using Support::NewLogger;
 using Support::Text;
+
+// A number is no value range by itself.
+static_assert(std::is_constructible_v<ValueMinMax, double>);
+static_assert(!std::is_convertible_v<double, ValueMinMax>);
 
 constexpr double NOT_SET = -111111.11;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
@@ -110,6 +117,25 @@ TEST(ValueMinMax, ValidityOfADoubleHidesTheBasesOperation)
     ValueMinMax object;
     EXPECT_FALSE((object.*own)(NOT_SET));
     EXPECT_TRUE((object.*own)(1.0));
+}
+
+TEST(ValueMinMax, ValidityOfTheOtherTypesIsThatOfTheBase)
+{
+    ValueMinMax object;
+    EXPECT_FALSE(object.IsValid(-111111)) << "an int, not the double next to it";
+    EXPECT_FALSE(object.IsValid(-1111111.0f));
+    EXPECT_FALSE(object.IsValid(4294967295u));
+    EXPECT_FALSE(object.IsValid(-111111ll));
+    EXPECT_FALSE(object.IsValid(QString()));
+    EXPECT_FALSE(object.IsValid(QDateTime()));
+    EXPECT_TRUE(object.IsValid(false));
+    EXPECT_TRUE(object.IsValid(0));
+    EXPECT_TRUE(object.IsValid(Text("N")));
+
+    const ValueMinMax constant;
+    EXPECT_FALSE(constant.IsValid(-111111));
+    EXPECT_FALSE(constant.IsValid(NOT_SET));
+    EXPECT_TRUE(constant.IsValid(1.0));
 }
 
 TEST(ValueMinMax, OnlyTheValueCountsAsData)
@@ -352,4 +378,37 @@ TEST(ValueMinMax, MergeFindsNoElementOfTheObjectName)
     EXPECT_EQ(object.GetValue(), 1.0);
     EXPECT_TRUE(object.MergeRGObject(Named("AnyType", 2.0))) << "found, but the frame reads children only";
     EXPECT_EQ(object.GetValue(), 1.0);
+}
+
+TEST(ValueMinMax, MalformedElementIsReportedAndLeavesTheValue)
+{
+    const QString xml = Text("<N Min=\"3\" Max=\"4\">5");
+    const QString error = Support::XmlErrorOf(xml);
+    ASSERT_FALSE(error.isEmpty());
+    for (const bool logging : {true, false}) {
+        const auto logger = NewLogger();
+        ValueMinMax object = Named("N", 1.0);
+        object.SetMin(0.5);
+        if (logging)
+            object.SetLogger(logger);
+        QXmlStreamReader reader(xml);
+        ASSERT_TRUE(reader.readNextStartElement());
+        EXPECT_RG_THROW(object.ReadValuesFromXml(reader), "RGException", error);
+        EXPECT_LOG(logger,
+                   (logging ? QStringList{Text("FATAL ERROR: RGException: ") + error} : QStringList()));
+        EXPECT_EQ(object.GetValue(), 1.0);
+        EXPECT_EQ(object.GetMin(), 3.0) << "the attributes were complete";
+        EXPECT_EQ(object.GetMax(), 4.0);
+    }
+}
+
+TEST(ValueMinMax, ReadingTracesNothingAndChecksNothing)
+{
+    const auto logger = NewLogger();
+    ValueMinMax nameless;
+    nameless.SetLogger(logger);
+    EXPECT_NO_RG_THROW(ReadValues(nameless, Text("<N Min=\"9\" Max=\"1\">5</N>")));
+    EXPECT_EQ(nameless.GetValue(), 5.0);
+    EXPECT_TEXT(nameless.GetName(), "");
+    EXPECT_LOG(logger, {});
 }

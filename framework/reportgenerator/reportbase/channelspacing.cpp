@@ -12,6 +12,7 @@ struct ChannelSpacing::Description
     using Text = PlainField<ChannelSpacing, QString>;
 
     static constexpr Text VISUAL = {&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"), Written::WhenSet};
+    // The files spell it with a small d, and so does the message that asks for it.
     static constexpr Text SAME_DISTANCE = {&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance"),
                                            Written::Always};
     static constexpr auto FIELDS = std::make_tuple(VISUAL, SAME_DISTANCE);
@@ -47,7 +48,8 @@ ChannelSpacing::~ChannelSpacing() = default;
 
 bool ChannelSpacing::operator==(const ChannelSpacing& other) const
 {
-    // One by one: vectors that share their data would otherwise be equal in spite of a NaN.
+    // What the flag means counts, not its text, so that "false" and no text at all are the same. The spacings
+    // one by one: vectors that share their data would otherwise be equal in spite of a NaN.
     return m_visual == other.m_visual && IsSameDistance() == other.IsSameDistance() &&
            std::equal(m_values.cbegin(), m_values.cend(), other.m_values.cbegin(), other.m_values.cend());
 }
@@ -94,6 +96,7 @@ void ChannelSpacing::SetValues(const QVector<double>& values)
 
 bool ChannelSpacing::AnyData() const
 {
+    // A display text alone describes no raster.
     return IsValidSameDistance() || !m_values.isEmpty();
 }
 

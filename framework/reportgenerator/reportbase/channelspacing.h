@@ -33,17 +33,19 @@ public:
     bool operator==(const ChannelSpacing& other) const;
     bool operator!=(const ChannelSpacing& other) const;
 
+    /// The text to show for the raster, empty when there is none.
     const QString& GetVisual() const;
     void SetVisual(const QString& visual);
 
-    /// Whether the channels lie at the same distance. Any text is kept as it was read; only "true" means
-    /// true.
+    /// Whether the channels lie at the same distance. Set as "true" or "false"; any text is kept as it was
+    /// read, and only "true" in lower case means true.
     bool IsSameDistance() const;
     void SetSameDistance(bool sameDistance);
 
     /// Whether that has been set, to whatever text.
     bool IsValidSameDistance() const;
 
+    /// The spacings in their order, each any number. Setting replaces them all; reading appends.
     const QVector<double>& GetValues() const;
     void SetValues(const QVector<double>& values);
 
@@ -53,6 +55,7 @@ public:
     /// Whether "same distance" and at least one spacing are set.
     bool HasData() const override;
 
+    /// Clears both texts to null and removes the spacings.
     void Reset() override;
 
     using IRGObject::Check;
@@ -61,12 +64,12 @@ public:
     /// without it, and "ChannelSpacing: Please set ChannelSpacing!" for it without spacings.
     void Check() const override;
 
-    /// Writes the element; nothing unless `HasData`.
+    /// Writes the element; nothing unless `HasData`. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:
-    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for other children; a text that is not a number reads
-    /// as 0.
+    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for other children; a spacing that is not a number
+    /// reads as 0.
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:

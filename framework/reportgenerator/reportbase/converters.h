@@ -29,18 +29,19 @@ public:
     static QString GetFormatedCurrentDateTime();
 
     /// The date-time that a text in ISO 8601 form holds: in UTC when it ends in Z, at its offset when it has
-    /// one, else in local time. Invalid when the text holds none.
+    /// one, else in local time. Seconds and milliseconds may be missing, and a date alone stands for its
+    /// midnight. Invalid when the text holds none.
     static QDateTime ToDateTime(const QString& text);
 
     /// The URL of a file reference. Nothing is looked up or encoded, and a relative path stays relative.
     ///
-    /// Backslashes become slashes. A network path (`//host/share`) gets "file:" in front. A text that then
-    /// holds
-    /// "://" anywhere, or that starts with the system's own scheme "vemox:/", is taken for a URL; any other
-    /// text gets "file:///" in front. Upper and lower case are told apart. An empty text stays empty.
+    /// Backslashes become slashes. A network path (`//host/share`) gets "file:" in front. A text is taken for
+    /// a URL when it then holds "://" anywhere, or when it starts with the system's own scheme "vemox:/"; any
+    /// other text gets "file:///" in front. Upper and lower case are told apart. An empty text stays empty.
     static QString ToUrl(const QString& path);
 
-    /// The URL of the file's absolute path, with the characters encoded that a URL needs encoded.
+    /// The URL of the file's absolute path; empty when there is no file name. Only the characters are encoded
+    /// that would change its meaning ("%23" for #, "%25" for %); blanks and letters of any script stay.
     static QString ToUrl(const QFileInfo& info);
 
     /// The text without bell (U+0007), vertical tab (U+000B) and form feed (U+000C), which XML 1.0 does not

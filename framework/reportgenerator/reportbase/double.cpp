@@ -121,6 +121,7 @@ void Double::SetDefaultInvalidValue(double value)
 
 void Double::SetFormat(char /*format*/, int /*precision*/)
 {
+    // Callers hand over a format of their own; the files rely on this one.
     m_format = FORMAT;
     m_precision = PRECISION;
 }

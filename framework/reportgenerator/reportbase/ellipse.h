@@ -8,8 +8,9 @@ namespace REPORTGENERATOR {
 /// An ellipse by its two radii and its rotation.
 ///
 /// Its XML element is named "Ellipse", with the child elements "MinRadius", "MaxRadius" and "Rotation", all
-/// with two decimals. There is no binary form. -111111.11 stands for "not set". The units are the client's;
-/// no relation between the values is enforced. A copy is complete, base included. One thread at a time.
+/// with two decimals. There is no binary form. -111111.11 stands for "not set"; any other number, NaN
+/// included, may be stored. The units are the client's; no relation between the values is enforced. A copy is
+/// complete, base included. One thread at a time.
 ///
 ///     REPORTGENERATOR::Ellipse ellipse;
 ///     ellipse.SetMinRadius(100.0);
@@ -29,12 +30,15 @@ public:
     bool operator==(const Ellipse& other) const;
     bool operator!=(const Ellipse& other) const;
 
+    /// The one radius, meant to be the smaller; it may exceed the other and may be negative.
     double GetMinRadius() const;
     void SetMinRadius(double radius);
 
+    /// The other radius.
     double GetMaxRadius() const;
     void SetMaxRadius(double radius);
 
+    /// By how much the ellipse is turned; neither range nor direction is fixed.
     double GetRotation() const;
     void SetRotation(double rotation);
 
@@ -44,6 +48,7 @@ public:
     /// Whether all three are set.
     bool HasData() const override;
 
+    /// Unsets all three.
     void Reset() override;
 
     using IRGObject::Check;
@@ -52,7 +57,7 @@ public:
     /// Rotation), for the first that is not set.
     void Check() const override;
 
-    /// Writes the element; nothing unless all three are set.
+    /// Writes the element; nothing unless all three are set. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:

@@ -82,6 +82,7 @@ void FrequencyInformation::GetXml(QXmlStreamWriter& writer) const
 
 void FrequencyInformation::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
+    // The range goes by the name that it was assigned with.
     if (reader.name() == FrequencyName())
         m_frequency.ReadValuesFromXml(reader);
     else if (reader.name() == m_range.GetObjectName())

@@ -10,8 +10,9 @@ namespace REPORTGENERATOR {
 /// Exactly one of the two must have data.
 ///
 /// Its XML element is named "FrequencyInformation" and holds the element of the one that has data,
-/// "Frequency" or "FrequencyRange". There is no binary form. A copy is complete, base included. One thread at
-/// a time.
+/// "Frequency" (see `ValueMinMax`) or "FrequencyRange" (see `FrequencyRangeOld`). There is no binary form.
+/// The validate flag and the logger are not passed on to the range. A copy is complete, base included. One
+/// thread at a time.
 ///
 ///     REPORTGENERATOR::FrequencyInformation where;
 ///     where.SetFrequency(121500000.0);
@@ -29,16 +30,19 @@ public:
     bool operator==(const FrequencyInformation& other) const;
     bool operator!=(const FrequencyInformation& other) const;
 
+    /// The range. The setter takes it whole, base included; the element of the range then bears its object
+    /// name.
     const FrequencyRangeOld& GetFrequencyRange() const;
     FrequencyRangeOld& GetFrequencyRange();
     void SetFrequencyRange(const FrequencyRangeOld& range);
 
-    /// Whether frequency or range has any data.
+    /// Whether the frequency or an end of the range is set; bounds of the frequency don't count.
     bool AnyData() const;
 
     /// Whether one of the two is complete and the other has no data.
     bool HasData() const override;
 
+    /// Unsets frequency, bounds and range.
     void Reset() override;
 
     using IRGObject::Check;
@@ -47,11 +51,12 @@ public:
     /// both have data or neither has; otherwise what the check of the one that has data throws.
     void Check() const override;
 
-    /// Writes the element; nothing unless `HasData`.
+    /// Writes the element; nothing unless `HasData`. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:
-    /// Throws `RGException` "Unknown Tag '%1' in '%2'." for children that are neither frequency nor range.
+    /// Reads frequency or range, into what they hold already. Throws `RGException` "Unknown Tag '%1' in
+    /// '%2'." for children that are neither.
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:

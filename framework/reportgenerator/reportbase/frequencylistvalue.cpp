@@ -22,6 +22,7 @@ FrequencyListValue::~FrequencyListValue() = default;
 
 bool FrequencyListValue::operator==(const FrequencyListValue& other) const
 {
+    // The frequency is what an entry stands for in its list; bounds and time stamp only describe it.
     return GetFrequency() == other.GetFrequency();
 }
 
@@ -37,6 +38,7 @@ const QDateTime& FrequencyListValue::GetTimeStamp() const
 
 bool FrequencyListValue::AnyData() const
 {
+    // Not compared with a null date-time: in some time zones the beginning of 1970 would be equal to it.
     return m_frequency.AnyData() || !m_timeStamp.isNull();
 }
 
@@ -53,6 +55,7 @@ void FrequencyListValue::Reset()
 
 void FrequencyListValue::Check() const
 {
+    // The text names the list instead of the entry: programs recognise the message by its whole text.
     if (AnyData() && !m_frequency.HasData())
         throw RGException(messages::FrequencyListWithoutValue());
 }

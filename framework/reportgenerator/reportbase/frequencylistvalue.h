@@ -9,10 +9,9 @@ namespace REPORTGENERATOR {
 
 /// One entry of a list of frequencies: a frequency with optional bounds and an optional time stamp.
 ///
-/// Its XML element is named "Value" and holds the element "Frequency" and, when there is a time stamp,
-/// "TimeStamp" in UTC
-/// ("yyyy-MM-ddThh:mm:ss.zzzZ"). There is no binary form. A copy is complete, base included. One thread at a
-/// time.
+/// Its XML element is named "Value" and holds the element "Frequency" (see `ValueMinMax`) and, when there is
+/// a time stamp, "TimeStamp" in UTC (see `Converters::ToString`). There is no binary form. A copy is
+/// complete, base included. One thread at a time.
 ///
 ///     REPORTGENERATOR::FrequencyListValue entry;
 ///     entry.SetFrequency(121500000.0);
@@ -31,15 +30,16 @@ public:
     bool operator==(const FrequencyListValue& other) const;
     bool operator!=(const FrequencyListValue& other) const;
 
-    /// When the frequency was entered, null when unknown. Set by reading only.
+    /// The moment that belongs to the frequency, null when there is none. Set by reading only.
     const QDateTime& GetTimeStamp() const;
 
-    /// Whether the frequency or the time stamp is set.
+    /// Whether the frequency or the time stamp is set; the bounds don't count.
     bool AnyData() const;
 
     /// Whether the frequency is set.
     bool HasData() const override;
 
+    /// Unsets frequency, bounds and time stamp.
     void Reset() override;
 
     using IRGObject::Check;
@@ -48,12 +48,13 @@ public:
     /// without a frequency.
     void Check() const override;
 
-    /// Writes the element; nothing without a frequency.
+    /// Writes the element; nothing without a frequency. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:
     /// Throws `RGException` "Unknown Tag '%1' in '%2'." for children that are neither frequency nor time
-    /// stamp. A text that is not a date-time reads as null.
+    /// stamp. The time stamp is read as by `Converters::ToDateTime`: a text that is not a date-time reads as
+    /// null.
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:

@@ -75,6 +75,7 @@ void FrequencyRangeOld::Reset()
 
 void FrequencyRangeOld::Check() const
 {
+    // Without a mark at its end, unlike the other classes: programs recognise the message by its whole text.
     RequireFields(*this, Description::FIELDS, messages::PleaseSetWithoutMark);
 }
 

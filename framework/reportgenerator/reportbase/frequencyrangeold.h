@@ -9,7 +9,8 @@ namespace REPORTGENERATOR {
 ///
 /// The range of `FrequencyInformation` and of `ScanParameter`. Its XML element is named "FrequencyRange",
 /// with the child elements "StartFrequency" and "StopFrequency", both with two decimals. There is no binary
-/// form. -111111.11 stands for "not set". A copy is complete, base included. One thread at a time.
+/// form. -111111.11 stands for "not set"; any other number, NaN included, may be stored. The unit is the
+/// client's. A copy is complete, base included. One thread at a time.
 ///
 ///     REPORTGENERATOR::FrequencyRangeOld band;
 ///     band.SetStartFrequency(87500000.0);
@@ -28,11 +29,11 @@ public:
     bool operator==(const FrequencyRangeOld& other) const;
     bool operator!=(const FrequencyRangeOld& other) const;
 
-    /// The lower end, in the unit that all programs of a system use. No relation to the upper end is
-    /// enforced.
+    /// Where the range starts, the child element "StartFrequency". No relation to its other end is enforced.
     double GetStartFrequency() const;
     void SetStartFrequency(double frequency);
 
+    /// Where the range stops, the child element "StopFrequency".
     double GetStopFrequency() const;
     void SetStopFrequency(double frequency);
 
@@ -42,15 +43,16 @@ public:
     /// Whether both are set.
     bool HasData() const override;
 
+    /// Unsets both.
     void Reset() override;
 
     using IRGObject::Check;
 
     /// Throws `RGException`, "FrequencyRange: Please set StartFrequency" (or StopFrequency), for the first
-    /// that is not set.
+    /// that is not set. The message has no mark at its end.
     void Check() const override;
 
-    /// Writes the element; nothing unless both are set.
+    /// Writes the element; nothing unless both are set. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:

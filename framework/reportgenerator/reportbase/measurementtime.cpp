@@ -142,6 +142,7 @@ void MeasurementTime::GetXml(QXmlStreamWriter& writer) const
 
 void MeasurementTime::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
+    // A mode that was written comes back as an empty text, which names no mode and is refused.
     if (reader.name() == MEASUREMENT_MODE.Latin1())
         SetMeasurementMode(NameToMeasurementModeType(GetTextValue(reader)));
     else if (reader.name() == m_time.GetObjectName())

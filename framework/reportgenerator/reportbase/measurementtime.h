@@ -11,7 +11,8 @@ namespace REPORTGENERATOR {
 ///
 /// Its XML element is named "MeasurementTime" and holds the element of the time, of the same name (see
 /// `Double`), and the child element "MeasurementMode". There is no binary form. The names of the modes can be
-/// replaced. A copy is complete, base included. One thread at a time.
+/// replaced. The validate flag and the logger are not passed on to the time. A copy is complete, base
+/// included. One thread at a time.
 ///
 ///     REPORTGENERATOR::MeasurementTime time;
 ///     time.SetMeasurementMode(REPORTGENERATOR::MeasurementTime::Periodic);
@@ -19,10 +20,11 @@ namespace REPORTGENERATOR {
 class REPORTBASE_EXPORT MeasurementTime : public IRGObject
 {
 public:
+    /// The mode of a measurement; any other number is no mode.
     enum MeasurementModeType : int
     {
-        Continuous = 0,
-        Periodic = 1
+        Continuous = 0, ///< without a break
+        Periodic = 1    ///< again and again
     };
 
     /// No mode and no time.
@@ -31,7 +33,7 @@ public:
     MeasurementTime& operator=(const MeasurementTime& other);
     ~MeasurementTime() override;
 
-    /// Compare mode, time and the names of the modes.
+    /// Compare mode, time (as `Double` does: numbers and unit) and the names of the modes.
     bool operator==(const MeasurementTime& other) const;
     bool operator!=(const MeasurementTime& other) const;
 
@@ -40,19 +42,23 @@ public:
     const MeasurementModeType& GetMeasurementMode() const;
     void SetMeasurementMode(const MeasurementModeType& mode);
 
+    /// Whether the number is 0 or 1.
     bool IsValidMeasurementModeType(const MeasurementModeType& mode) const;
+
+    /// -1, the mode that is not set.
     static MeasurementModeType GetInvalidMeasurementModeType();
 
+    /// The time, with its unit as text. Its name is the name of its element, "MeasurementTime" until another
+    /// is set or assigned.
     const Double& GetMeasurementTime() const;
     Double& GetMeasurementTime();
     void SetMeasurementTime(const Double& time);
 
-    /// The plain number of the time.
+    /// The plain number of the time, -111111.11 when not set.
     double GetMeasurementTimeValue() const;
 
-    /// Replaces the names "Continuous" and "Periodic". Throws `RGException` "'%1': List has the wrong length!
-    /// It should be
-    /// '%2'." unless there are two, and keeps the old ones.
+    /// Replaces the names "Continuous" and "Periodic" in this object. Throws `RGException` unless there are
+    /// two ("'%1': List has the wrong length! It should be '%2'.") and keeps the old ones.
     void SetMeasurementModeStringList(const QStringList& names);
 
     /// The mode with exactly this name, -1 when there is none.
@@ -79,7 +85,7 @@ public:
     /// the time if it has any data.
     void Check() const override;
 
-    /// Writes the element; nothing unless `HasData`.
+    /// Writes the element; nothing unless `HasData`. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
 protected:

@@ -10,14 +10,16 @@ namespace REPORTGENERATOR {
 class REPORTBASE_EXPORT MinMax
 {
 public:
-    /// Both bounds default to 0.0.
+    /// A bound that is not given is 0.0.
     MinMax();
     explicit MinMax(double min);
     MinMax(double min, double max);
 
+    /// The lower bound, in the unit of the object that it is handed to.
     double GetMin() const;
     void SetMin(double min);
 
+    /// The upper bound, in the same unit. It may lie below the lower one.
     double GetMax() const;
     void SetMax(double max);
 

@@ -99,6 +99,7 @@ void ScanParameter::Check() const
     if (!AnyData())
         return;
     m_range.Check();
+    // Spelled with two capitals, and it stays so: programs recognise the message by its whole text.
     RequireFields(*this, Description::FIELDS, messages::PLeaseSet);
 }
 

@@ -9,8 +9,9 @@ namespace REPORTGENERATOR {
 ///
 /// Its XML element is named "ScanParameter", with the attribute "Version" ("1.0", not read back), the element
 /// of the range, and the child elements "FrequencyStep" and, when set, "DwellTime" and "HoldTime", all with
-/// two decimals. There is no binary form. -111111.11 stands for "not set"; the units are the client's. A copy
-/// is complete, base included. One thread at a time.
+/// two decimals. There is no binary form. -111111.11 stands for "not set"; any other number, NaN included,
+/// may be stored. The units are the client's. The validate flag and the logger are not passed on to the
+/// range. A copy is complete, base included. One thread at a time.
 ///
 ///     REPORTGENERATOR::ScanParameter scan;
 ///     scan.GetFrequencyRange().SetStartFrequency(118000000.0);
@@ -26,18 +27,22 @@ public:
     ScanParameter& operator=(const ScanParameter& other);
     ~ScanParameter() override;
 
+    /// The range to scan. The setter takes it whole, base included; the element of the range then bears its
+    /// object name.
     const FrequencyRangeOld& GetFrequencyRange() const;
     FrequencyRangeOld& GetFrequencyRange();
     void SetFrequencyRange(const FrequencyRangeOld& range);
 
+    /// From one channel to the next, the child element "FrequencyStep".
     double GetStepFrequency() const;
     void SetStepFrequency(double frequency);
 
-    /// How long a channel is listened to.
+    /// How long a channel is listened to, the child element "DwellTime". Optional.
     double GetDwellTime() const;
     void SetDwellTime(double time);
 
-    /// How long the scan stays after a signal has gone.
+    /// How long the scan stays after a signal has gone, the child element "HoldTime". Optional; alone it does
+    /// not count as data.
     double GetHoldTime() const;
     void SetHoldTime(double time);
 
@@ -47,15 +52,16 @@ public:
     /// Whether range and step are set.
     bool HasData() const override;
 
+    /// Unsets everything; the version stays.
     void Reset() override;
 
     using IRGObject::Check;
 
     /// Parameters without any data pass. Throws `RGException`: what the check of the range throws, then
-    /// "ScanParameter: PLease set FrequencyStep!" when the step is not set.
+    /// "ScanParameter: PLease set FrequencyStep!" (with that capital L) when the step is not set.
     void Check() const override;
 
-    /// Writes the element; nothing unless range and step are set.
+    /// Writes the element; nothing unless range and step are set. Throws nothing.
     void GetXml(QXmlStreamWriter& writer) const override;
 
     /// The format version of this class, "1.0".

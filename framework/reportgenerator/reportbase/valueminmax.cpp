@@ -85,6 +85,7 @@ bool ValueMinMax::IsValid(double value)
 
 bool ValueMinMax::AnyData() const
 {
+    // Bounds alone bound nothing.
     return HasData();
 }
 
@@ -100,6 +101,7 @@ void ValueMinMax::Reset()
 
 void ValueMinMax::Check() const
 {
+    // The text means the element's name; it stays because programs recognise the message by its whole text.
     if (m_name.isEmpty())
         throw RGException(messages::ValueMinMaxWithoutName());
 }
