@@ -1,5 +1,6 @@
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/pipe.h"
 #include "support/records.h"
 #include "support/states.h"
 
@@ -34,6 +35,7 @@ using Support::Bytes;
 using Support::CoordinateState;
 using Support::Int32;
 using Support::NullString;
+using Support::Pipe;
 using Support::ReadElement;
 using Support::ReadElements;
 using Support::ReadRawForm;
@@ -1985,6 +1987,61 @@ TEST(Area, RawCountsThatNothingFollowsEndWithTheStream)
             EXPECT_TEXT(area.GetName(), "N");
             EXPECT_EQ(CountOf(area), count < 0 ? 0 : 1);
         }
+    }
+}
+
+// A pipe hands its bytes over in pieces; an area that is longer than one of them is not at its end there.
+
+TEST(Area, LongListIsReadWholeFromAPipe)
+{
+    Area area = Lake();
+    area.SetCoordinate(QVector<Coordinate>(5000, At(3.0, 4.0)));
+    Pipe pipe(area.GetBinaryRepresentationAsQByteArray());
+    QDataStream stream(&pipe);
+    Area read;
+    bool known = false;
+    EXPECT_NO_RG_THROW(known = read.SetBinaryRepresentation(stream));
+    EXPECT_TRUE(known);
+    EXPECT_EQ(CountOf(read), 5000);
+    EXPECT_TRUE(read == area);
+}
+
+TEST(Area, ListThatIsCutOffInAPipeEndsInTheLengthError)
+{
+    Area area = Lake();
+    area.SetCoordinate(QVector<Coordinate>(5000, At(3.0, 4.0)));
+    const QByteArray bytes = area.GetBinaryRepresentationAsQByteArray();
+    // A coordinate takes 44 bytes: its length, and two elements of 12 bytes and a text of 8. The first one
+    // ends 28 bytes behind the beginning of its first text; two bytes of a next one are left.
+    Pipe pipe(bytes.left(bytes.indexOf("3.000000") + 3000 * 44 + 28 + 2));
+    QDataStream stream(&pipe);
+    Area read;
+    EXPECT_RG_THROW(read.SetBinaryRepresentation(stream), "BinaryParsingException", LENGTH_ERROR);
+    EXPECT_EQ(CountOf(read), 3001);
+}
+
+TEST(Area, LongRawListIsReadWholeFromAPipe)
+{
+    Area area = Lake();
+    area.SetCoordinate(QVector<Coordinate>(5000, At(3.0, 4.0)));
+    Pipe pipe(Written([&](QDataStream& stream) { area.GetVersionSpecificBinaryWithoutValidation(stream); }));
+    QDataStream stream(&pipe);
+    stream.setVersion(QDataStream::Qt_4_6);
+    Area read;
+    EXPECT_NO_RG_THROW(read.SetVersionSpecificBinaryWithoutValidation(stream));
+    EXPECT_EQ(CountOf(read), 5000);
+    EXPECT_TRUE(read == area);
+}
+
+TEST(Area, VersionThatEndsWithinACharacterIsNoneAndReadingGoesOnBehindItsSize)
+{
+    for (const int size : {1, 0x8d, 0x7fffffff}) {
+        SCOPED_TRACE(size);
+        Area area = Lake();
+        const Bytes elements = Element(Tag::AREA_VERSION, Int32(size)) + Name("New");
+        EXPECT_EQ(ReadElements(area, elements), 0);
+        EXPECT_TEXT(area.GetName(), "New");
+        EXPECT_TRUE(area.GetInitialVersionLoaded().isNull());
     }
 }
 

@@ -2,6 +2,7 @@
 #include "support/expect.h"
 #include "support/files.h"
 #include "support/journal.h"
+#include "support/pipe.h"
 #include "support/plainobject.h"
 
 #include <reportgenerator/reportbase/binaryparsingexception.h>
@@ -998,19 +999,6 @@ private:
     QFile m_file;
 };
 
-/// A file that behaves as a pipe does: it is read from front to back and never says how much is to come.
-class Pipe : private TemporaryFolder, public QFile
-{
-public:
-    explicit Pipe(const Bytes& content) : QFile(TemporaryFolder::Write("pipe", content.Data()))
-    {
-        EXPECT_TRUE(open(QIODevice::ReadOnly));
-    }
-
-    bool isSequential() const override { return true; }
-    qint64 bytesAvailable() const override { return 0; }
-};
-
 } // namespace
 
 TEST(BinaryFrame, LoadingAFileTracesThenResetsThenReadsThenChecks)
@@ -1047,7 +1035,7 @@ TEST(BinaryFrame, FileMayBeAPipe)
     const SmallSample sample;
     for (const Bytes& representation :
          {Representation(u"Other", sample.elements), CompressedRepresentation(u"Other", sample.elements)}) {
-        Pipe pipe(BinaryFile(representation));
+        Support::Pipe pipe(BinaryFile(representation).Data());
         SmallObject read;
         EXPECT_TRUE(read.LoadBinary(&pipe));
         EXPECT_EQ(read.count, 5);
@@ -1058,7 +1046,7 @@ TEST(BinaryFrame, FileMayBeAPipe)
 TEST(BinaryFrame, StreamMayReadACompressedRepresentationFromAPipe)
 {
     const SmallSample sample;
-    Pipe pipe(CompressedRepresentation(u"Other", sample.elements));
+    Support::Pipe pipe(CompressedRepresentation(u"Other", sample.elements).Data());
     QDataStream stream(&pipe);
     SmallObject read;
     EXPECT_TRUE(read.SetBinaryRepresentation(stream));
@@ -1068,7 +1056,7 @@ TEST(BinaryFrame, StreamMayReadACompressedRepresentationFromAPipe)
 
 TEST(BinaryFrame, PipeThatEndsWithinWhatItAnnouncesHoldsNoRepresentation)
 {
-    Pipe pipe(Raw("\x7F\xFF\xFF\xF0") + Raw("abc"));
+    Support::Pipe pipe((Raw("\x7F\xFF\xFF\xF0") + Raw("abc")).Data());
     SmallObject read;
     read.SetValidate(false);
     EXPECT_TRUE(read.LoadBinary(&pipe));

@@ -20,14 +20,18 @@ void ReadToEnd(QDataStream& stream)
     stream.setStatus(QDataStream::ReadPastEnd);
 }
 
-/// Reads the length of a text or byte array. Returns -1 for a null one and for one that is longer than what
-/// is left.
-qint64 ReadLength(QDataStream& stream)
+/// Reads the length of a text or byte array in bytes, of which a character takes `characterSize`. Returns -1
+/// for a null one, for one that ends within a character and for one that is longer than what is left.
+qint64 ReadLength(QDataStream& stream, quint32 characterSize)
 {
     quint32 length = NULL_LENGTH;
     stream >> length;
     if (length == NULL_LENGTH || stream.device() == nullptr)
         return -1;
+    if (length % characterSize != 0) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return -1;
+    }
     if (length > BytesLeft(stream) || length > limits::MAX_BYTE_ARRAY) {
         ReadToEnd(stream);
         return -1;
@@ -79,11 +83,19 @@ qint64 BytesLeft(const QDataStream& stream)
     return stream.device() ? stream.device()->bytesAvailable() : 0;
 }
 
+bool HasBytes(const QDataStream& stream, qint64 count)
+{
+    if (!IsSequential(stream))
+        return BytesLeft(stream) >= count;
+    char bytes[WORD_SIZE] = {};
+    return stream.device()->peek(bytes, count) == count;
+}
+
 QByteArray ReadBytes(QDataStream& stream)
 {
     if (IsSequential(stream))
         return ReadByStream<QByteArray>(stream);
-    const qint64 length = ReadLength(stream);
+    const qint64 length = ReadLength(stream, 1);
     if (length < 0)
         return QByteArray();
     QByteArray bytes(static_cast<int>(length), Qt::Uninitialized);
@@ -95,13 +107,9 @@ QString ReadText(QDataStream& stream)
 {
     if (IsSequential(stream))
         return ReadByStream<QString>(stream);
-    const qint64 length = ReadLength(stream);
+    const qint64 length = ReadLength(stream, sizeof(QChar));
     if (length < 0)
         return QString();
-    if (length % qint64(sizeof(QChar)) != 0) {
-        stream.setStatus(QDataStream::ReadCorruptData);
-        return QString();
-    }
     if (length == 0)
         return QLatin1String("");
     QString text(static_cast<int>(length / qint64(sizeof(QChar))), Qt::Uninitialized);
