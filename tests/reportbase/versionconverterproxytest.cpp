@@ -3,6 +3,7 @@
 #include "support/plainobject.h"
 #include "support/readererror.h"
 
+#include <reportgenerator/reportbase/binaryparsingexception.h>
 #include <reportgenerator/reportbase/irgobject.h>
 #include <reportgenerator/reportbase/ixmlconverter.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
@@ -17,8 +18,10 @@
 #include <QtCore/QVector>
 #include <QtCore/QXmlStreamWriter>
 
+#include <functional>
 #include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -107,6 +110,14 @@ public:
     bool Downgrade(const IRGObject*, IRGObject*) override { throw RGException(Text("no downgrade")); }
 };
 
+/// Ends with what no RGException is.
+class FailingConverter : public IXmlConverter
+{
+public:
+    bool Upgrade(const IRGObject*, IRGObject*) override { throw std::runtime_error("other"); }
+    bool Downgrade(const IRGObject*, IRGObject*) override { throw ReportException(); }
+};
+
 /// Lets the protected operation out.
 class OpenProxy : public Proxy
 {
@@ -124,12 +135,15 @@ public:
     {
         position = file->pos();
         file->readAll();
+        if (onLoad)
+            onLoad();
         if (!problemOfLoading.isEmpty())
             throw RGException(problemOfLoading);
         return result;
     }
 
     bool result = false;
+    std::function<void()> onLoad;
     QString problemOfLoading;
     qint64 position = -1;
 };
@@ -496,6 +510,16 @@ TEST_F(VersionConverterProxy, NewerFileIsLoadedIntoItsObjectAndDowngraded)
     EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &newTask, &oldTask}}));
 }
 
+TEST_F(VersionConverterProxy, RegisteredObjectLoadsByItsOwnSettings)
+{
+    oldTask.SetValidate(false);
+    oldTask.problem = Text("incomplete");
+    Inject(std::make_unique<CopyingConverter>());
+    EXPECT_TRUE(Load(OLD_FILE));
+    EXPECT_EQ(oldTask.calls.check, 0);
+    EXPECT_EQ(newTask.children, Upgraded());
+}
+
 TEST_F(VersionConverterProxy, ResultIsThatOfTheConverter)
 {
     EXPECT_FALSE(Load(OLD_FILE));
@@ -605,6 +629,10 @@ TEST_F(VersionConverterProxy, ConvertTakesVersionsAsNumbersAndUnknownNamesAsMinu
         {"empty is 0", "Task", "", UPGRADE, true},
         {"newer, first in order", "Task", "3", DOWNGRADE, true},
         {"equal number, other text", "Task", "1.00", nullptr, true},
+        {"equal number with blanks", "Task", " 1 ", nullptr, true},
+        {"a comma makes no number", "Task", "3,0", UPGRADE, true},
+        {"newer by its exponent", "Task", "1e1", DOWNGRADE, true},
+        {"not comparable", "Task", "nan", nullptr, true},
         {"unknown name", "Job", "1.0", DOWNGRADE, false},
         {"unknown name, no number", "Job", "", DOWNGRADE, false},
         {"unknown name, -1", "Job", "-1", nullptr, false},
@@ -744,6 +772,35 @@ TEST_F(VersionConverterProxy, ThrowingConverterIsCaughtAndGivesTheLoadResult)
     EXPECT_FALSE(result);
 }
 
+TEST_F(VersionConverterProxy, ExceptionsOfOtherTypesPassOut)
+{
+    Inject(std::make_unique<FailingConverter>());
+    EXPECT_THROW(Load(OLD_FILE), std::runtime_error);
+
+    // The root of the family is no RGException.
+    EXPECT_THROW(Load(NEW_FILE), ReportException);
+
+    Inject(std::make_unique<RefusingConverter>());
+    StubbornObject stubborn;
+    proxy->RegisterRootClass(Text("Job"), Text("1.0"), &stubborn);
+    stubborn.onLoad = [] { throw std::runtime_error("other"); };
+    EXPECT_THROW(Load("<Job Version=\"1.0\"/>"), std::runtime_error);
+    stubborn.onLoad = [] { throw ReportException(); };
+    EXPECT_THROW(Load("<Job Version=\"1.0\"/>"), ReportException);
+}
+
+TEST_F(VersionConverterProxy, DerivedExceptionOfARegisteredObjectIsAFailedLoadToo)
+{
+    StubbornObject stubborn;
+    PlainObject other;
+    stubborn.onLoad = [] { throw BinaryParsingException(Text("damaged")); };
+    proxy->RegisterRootClass(Text("Job"), Text("1.0"), &stubborn);
+    proxy->RegisterRootClass(Text("Job"), Text("2.0"), &other);
+    Inject(std::make_unique<RefusingConverter>());
+    EXPECT_NO_RG_THROW(EXPECT_FALSE(Load("<Job Version=\"1.0\"/>")));
+    EXPECT_EQ(g_conversions, Conversions({{UPGRADE, nullptr, &other}}));
+}
+
 // --- Two root classes --------------------------------------------------------------------------------------
 
 TEST_F(VersionConverterProxy, EveryRootClassIsLookedForAndTheLastOneIsConverted)
@@ -807,6 +864,47 @@ TEST_F(VersionConverterProxy, LaterRootThatDoesNotLoadTakesTheResultBack)
     EXPECT_TRUE(Load(content));
     stubborn.problemOfLoading = Text("broken");
     EXPECT_TRUE(Load(content));
+}
+
+TEST_F(VersionConverterProxy, LongFileIsConvertedAlsoWhenAnotherRootClassIsLookedForBehindIt)
+{
+    // Longer than what a reader takes at once: the search goes on in a file that the object has read on.
+    PlainObject zone = NamedObject("Zone");
+    proxy->RegisterRootClass(Text("Zone"), Text("1.0"), &zone);
+    Inject(std::make_unique<CopyingConverter>());
+    constexpr int COUNT = 50000;
+    EXPECT_TRUE(Load(QByteArray("<Task Version=\"1.0\">") + QByteArray("<A>1</A>").repeated(COUNT) +
+                     QByteArray("</Task>")));
+    EXPECT_EQ(oldTask.children.size(), COUNT);
+    EXPECT_EQ(newTask.children.size(), COUNT + 1);
+    EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
+}
+
+TEST_F(VersionConverterProxy, SecondRootClassIsFoundBehindALongFirstOne)
+{
+    PlainObject oldZone = NamedObject("Zone");
+    PlainObject newZone = NamedObject("Zone");
+    proxy->RegisterRootClass(Text("Zone"), Text("1.0"), &oldZone);
+    proxy->RegisterRootClass(Text("Zone"), Text("2.0"), &newZone);
+    Inject(std::make_unique<CopyingConverter>());
+    const QByteArray many = QByteArray("<A>1</A>").repeated(5000);
+    EXPECT_TRUE(Load("<Task Version=\"1.0\">" + many + "<Zone Version=\"2.0\">" + many + "</Zone>" + many +
+                     "</Task>"));
+    EXPECT_EQ(newZone.children.size(), 5000);
+    EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &newZone, &oldZone}}));
+}
+
+TEST_F(VersionConverterProxy, ObjectThatThrowsDoesNotDisturbTheSearchInALongFile)
+{
+    StubbornObject stubborn;
+    PlainObject zone = NamedObject("Zone");
+    stubborn.problemOfLoading = Text("broken");
+    proxy->RegisterRootClass(Text("Task"), Text("0.5"), &stubborn);
+    proxy->RegisterRootClass(Text("Zone"), Text("1.0"), &zone);
+    Inject(std::make_unique<RefusingConverter>());
+    Load("<Task Version=\"0.5\">" + QByteArray("<A>1</A>").repeated(5000) + "<Zone Version=\"1.0\"/></Task>");
+    EXPECT_EQ(zone.calls.reset, 1);
+    EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &zone, nullptr}}));
 }
 
 // --- The whole road from a root object ---------------------------------------------------------------------
@@ -908,6 +1006,90 @@ TEST_F(VersionConverterProxy, FailureOfARegisteredObjectDoesNotReachTheRootObjec
     EXPECT_FALSE(result);
     EXPECT_LOG(logger, QStringList(Text("INFO: Task: Using version converter to load the xml file \"") +
                                    file.Path() + Text("\".")));
+}
+
+TEST_F(VersionConverterProxy, ThrowingConverterLeavesAnEmptyRootObjectThatCountsAsLoaded)
+{
+    const auto logger = NewLogger();
+    Inject(std::make_unique<ThrowingConverter>());
+    newTask.InjectVersionConverter(proxy);
+    newTask.SetLogger(logger);
+    newTask.children = {{Text("Left"), Text("over")}};
+    OpenFile file(OLD_FILE);
+    bool result = false;
+    EXPECT_NO_RG_THROW(result = newTask.LoadXml(file.Get()));
+    EXPECT_TRUE(result);
+    EXPECT_TRUE(newTask.children.isEmpty());
+    EXPECT_LOG(logger, QStringList(Text("INFO: Task: Using version converter to load the xml file \"") +
+                                   file.Path() + Text("\".")));
+}
+
+TEST_F(VersionConverterProxy, RegisteredObjectsMayHaveTheProxyToo)
+{
+    const auto ofOldTask = NewLogger();
+    Inject(std::make_unique<CopyingConverter>());
+    oldTask.InjectVersionConverter(proxy);
+    newTask.InjectVersionConverter(proxy);
+    oldTask.SetLogger(ofOldTask);
+    OpenFile file(OLD_FILE);
+    EXPECT_TRUE(newTask.LoadXml(file.Get()));
+    EXPECT_EQ(newTask.children, Upgraded());
+    EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
+    EXPECT_LOG(ofOldTask, QStringList(Text("INFO: Task: Loading xml file \"") + file.Path() + Text("\".")));
+}
+
+TEST_F(VersionConverterProxy, RegisteredObjectWithTheProxyReadsAFileOfTwoRootsItself)
+{
+    // Zone makes the proxy usable for the file, also for the object that the proxy has asked to load it.
+    PlainObject zone = NamedObject("Zone");
+    proxy->RegisterRootClass(Text("Zone"), Text("2.0"), &zone);
+    Inject(std::make_unique<RefusingConverter>());
+    oldTask.InjectVersionConverter(proxy);
+    newTask.InjectVersionConverter(proxy);
+    OpenFile file("<Task Version=\"1.0\"><A>1</A><Zone Version=\"2.0\"/></Task>");
+    EXPECT_FALSE(newTask.LoadXml(file.Get()));
+    EXPECT_EQ(oldTask.children.size(), 2);
+    EXPECT_EQ(oldTask.calls.reset, 1);
+    EXPECT_EQ(zone.calls.reset, 1);
+    EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &zone, nullptr}}));
+    EXPECT_TRUE(proxy->CanUseProxy(file.Get(), &newTask)) << "nothing is being loaded any more";
+}
+
+TEST_F(VersionConverterProxy, RegisteredObjectThatThrowsIsNotLoadingAnyMore)
+{
+    StubbornObject stubborn;
+    stubborn.problemOfLoading = Text("broken");
+    proxy->RegisterRootClass(Text("Job"), Text("1.0"), &stubborn);
+    OpenFile file("<Job Version=\"1.0\"/>");
+    bool usableMeanwhile = true;
+    stubborn.onLoad = [&] { usableMeanwhile = proxy->CanUseProxy(file.Get(), &oldTask); };
+    proxy->LoadXml(file.Get());
+    EXPECT_FALSE(usableMeanwhile);
+    EXPECT_TRUE(proxy->CanUseProxy(file.Get(), &oldTask));
+}
+
+TEST_F(VersionConverterProxy, RegisteredObjectMayLoadAnotherFileThroughTheProxy)
+{
+    StubbornObject stubborn;
+    proxy->RegisterRootClass(Text("Task"), Text("3.0"), &stubborn);
+    Inject(std::make_unique<CopyingConverter>());
+    newTask.InjectVersionConverter(proxy);
+    OpenFile other(OLD_FILE);
+    stubborn.onLoad = [&] { EXPECT_TRUE(newTask.LoadXml(other.Get())); };
+    Load("<Task Version=\"3.0\"/>");
+    EXPECT_EQ(newTask.children, Upgraded());
+}
+
+TEST_F(VersionConverterProxy, RootObjectThatIsNotRegisteredIsNotFilledButItsRegisteredSiblingIs)
+{
+    PlainObject stranger = NamedObject("Task");
+    stranger.children = {{Text("Left"), Text("over")}};
+    stranger.InjectVersionConverter(proxy);
+    Inject(std::make_unique<CopyingConverter>());
+    OpenFile file(OLD_FILE);
+    EXPECT_TRUE(stranger.LoadXml(file.Get()));
+    EXPECT_TRUE(stranger.children.isEmpty());
+    EXPECT_EQ(newTask.children, Upgraded());
 }
 
 TEST_F(VersionConverterProxy, MalformedFilePassesOutOfTheRootObject)

@@ -12,6 +12,31 @@
 
 namespace REPORTGENERATOR {
 
+/// The time in which a registered object loads the file. The object may read as far as it likes: the search
+/// for further root classes goes on where it stood.
+class VersionConverterProxy::Loading
+{
+public:
+    Loading(VersionConverterProxy& proxy, QFile* file)
+        : m_proxy(proxy), m_file(file), m_outerFile(proxy.m_loadingFile), m_searchPosition(file->pos())
+    {
+        m_proxy.m_loadingFile = file;
+    }
+    ~Loading()
+    {
+        m_file->seek(m_searchPosition);
+        m_proxy.m_loadingFile = m_outerFile;
+    }
+    Loading(const Loading& other) = delete;
+    Loading& operator=(const Loading& other) = delete;
+
+private:
+    VersionConverterProxy& m_proxy;
+    QFile* m_file;
+    QFile* m_outerFile;
+    qint64 m_searchPosition;
+};
+
 VersionConverterProxy::VersionConverterProxy() = default;
 
 VersionConverterProxy::~VersionConverterProxy() = default;
@@ -47,7 +72,8 @@ bool VersionConverterProxy::CanUseProxy(QFile* file, IRGObject* target)
         canUse = registered != root->constEnd() && *registered != target;
     }
     file->QIODevice::reset();
-    return canUse;
+    // A registered object that has the proxy too is asking: it has to read the file itself.
+    return canUse && file != m_loadingFile;
 }
 
 bool VersionConverterProxy::HasData() const
@@ -90,6 +116,7 @@ bool VersionConverterProxy::LoadXml(QFile* file)
         }
         return Convert(m_rootClass, m_loadedObject, m_version);
     } catch (const RGException&) {
+        // A converter's exception ends like malformed XML: what was loaded before still counts.
         m_version.clear();
         m_rootClass.clear();
         m_loadedObject = nullptr;
@@ -97,8 +124,10 @@ bool VersionConverterProxy::LoadXml(QFile* file)
     }
 }
 
+/// The result of the last root counts, also when it takes an earlier success back.
 bool VersionConverterProxy::LoadRegistered(QFile* file, IRGObject* object, bool loadedBefore)
 {
+    const Loading loading(*this, file);
     try {
         file->QIODevice::reset();
         const bool loaded = object->LoadXml(file);
@@ -125,6 +154,7 @@ bool VersionConverterProxy::Convert(const QString& name, IRGObject* loaded, cons
         targetVersion = numbers::FromText(other.key());
         break;
     }
+    // Without another version the converter is asked to downgrade into nothing and has to refuse that itself.
     if (targetVersion > fileVersion)
         return Upgrade(loaded, target);
     if (fileVersion > targetVersion)

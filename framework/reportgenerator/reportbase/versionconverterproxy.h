@@ -45,9 +45,9 @@ public:
     /// Takes the converter over; one injected earlier is destroyed (see `IXmlConverter` for its destructor).
     void InjectXmlConverter(std::unique_ptr<IXmlConverter> converter);
 
-    /// Whether the file names a registered root class in a registered version whose object is not `target`.
-    /// Reads the file from its start and rewinds it. Throws `RGException` with the XML reader's text for
-    /// malformed XML.
+    /// Whether the file names a registered root class in a registered version whose object is not `target`;
+    /// false while a registered object is loading the file. Reads the file from its start and rewinds it.
+    /// Throws `RGException` with the XML reader's text for malformed XML.
     bool CanUseProxy(QFile* file, IRGObject* target);
 
     bool HasData() const override;
@@ -79,12 +79,14 @@ private:
     VersionConverterProxy& operator=(const VersionConverterProxy& other) = delete;
 
     using Versions = QMap<QString, IRGObject*>;
+    class Loading;
 
     bool LoadRegistered(QFile* file, IRGObject* object, bool loadedBefore);
 
     QString m_version;
     QString m_rootClass;
     IRGObject* m_loadedObject = nullptr;
+    QFile* m_loadingFile = nullptr;
     QStringList m_errors;
     QMap<QString, Versions> m_rootClasses;
     std::unique_ptr<IXmlConverter> m_converter;
