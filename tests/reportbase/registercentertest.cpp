@@ -254,6 +254,39 @@ TEST(RegisterCenter, SecondObjectReplacesTheFirstWithoutDeletingIt)
     EXPECT_EQ(secondDeleted, 1);
 }
 
+TEST(RegisterCenter, SameObjectTwiceIsDeletedOnce)
+{
+    int deleted = 0;
+    {
+        RegisterCenter center;
+        auto* object = new CountedObject(deleted, JOB_HEADER);
+        center.RegisterInterface(object);
+        center.RegisterInterface(object);
+        EXPECT_EQ(deleted, 0);
+    }
+    EXPECT_EQ(deleted, 1);
+}
+
+TEST(RegisterCenter, NothingIsLogged)
+{
+    const auto logger = Support::NewLogger();
+    PlainObject refused(NO_KIND);
+    refused.SetLogger(logger);
+    {
+        RegisterCenter center;
+        auto* object = new PlainObject(JOB_HEADER);
+        object->SetLogger(logger);
+        center.RegisterInterface(object);
+        center.RegisterInterface(object, TASK);
+        center.RegisterInterface(nullptr);
+        ExpectUnsupported(center, refused, TASK);
+        EXPECT_TEXT(center.GetObjectName(), "JobHeader");
+        EXPECT_EQ(center.GetInterfaceId(), 41);
+        EXPECT_EQ(object->calls.reset, 0);
+    }
+    EXPECT_LOG(logger, {});
+}
+
 // Only one of two centers may be destroyed while it holds the shared object, so the copies below get another
 // object before their end.
 
@@ -289,6 +322,9 @@ TEST(RegisterCenter, AssignmentSharesTheObjectAndDeletesNothing)
         EXPECT_EQ(target.GetInterface(), object);
         EXPECT_EQ(target.GetInterfaceId(), 41);
         EXPECT_EQ(replacedDeleted, 0);
+        const RegisterCenter& same = target;
+        EXPECT_EQ(&(target = same), &target);
+        EXPECT_EQ(target.GetInterface(), object);
         target.RegisterInterface(new PlainObject);
     }
     EXPECT_EQ(deleted, 0);

@@ -229,8 +229,7 @@ const char* const ELLIPSE = "<Ellipse><MinRadius>1</MinRadius><MaxRadius>2</MaxR
 
 } // namespace
 
-// --- Meta-object
-// ---------------------------------------------------------------------------------------------
+// --- Meta-object ------------------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, MetaObjectHasTwoSignalsAndNothingMore)
 {
@@ -267,8 +266,7 @@ TEST(SettingsNotifier, IsFoundByTheMetaObjectOperations)
     EXPECT_EQ(notifier.parent(), nullptr);
 }
 
-// --- Registration
-// --------------------------------------------------------------------------------------------
+// --- Registration -----------------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, FindsACenterByIdAndByKind)
 {
@@ -302,6 +300,27 @@ TEST(SettingsNotifier, FilesACenterUnderTheObjectsOwnId)
     notifier.NotifyOnChanged(center);
     EXPECT_EQ(notifier.GetCenter(TASK), nullptr);
     EXPECT_EQ(notifier.GetCenter(JOB_HEADER), center);
+}
+
+TEST(SettingsNotifier, CenterStaysUnderTheIdThatItWasRegisteredWith)
+{
+    SettingsNotifier notifier;
+    Heard heard(notifier);
+    Offered* object = RegisterOffered(notifier, JOB_HEADER);
+    RegisterCenter* center = notifier.GetCenter(JOB_HEADER);
+    RegisterOffered(notifier, TASK);
+    object->SetObjectId(99);
+    EXPECT_EQ(notifier.GetCenter(JOB_HEADER), center);
+    EXPECT_EQ(notifier.GetCenter(99LL), nullptr);
+    notifier.SetSettings(Text("<A></A>"), false);
+    EXPECT_EQ(heard.signalled, Support::Lines({"object 99", "center 99", "object 42", "center 42"}));
+
+    // The id is free for another object now.
+    EXPECT_NO_RG_THROW(Register(notifier, new Offered(JOB)));
+    const std::unique_ptr<RegisterCenter> again(NewCenter(new Offered(JOB_HEADER)));
+    ExpectThrows<InterfaceAlreadyRegisteredException>(
+        [&] { notifier.NotifyOnChanged(again.get()); }, "InterfaceAlreadyRegisteredException",
+        "Interface JobHeader already registered in SettingsNotifier");
 }
 
 TEST(SettingsNotifier, SecondObjectOfAKindIsRefusedByItsName)
@@ -377,8 +396,7 @@ TEST(SettingsNotifier, DeletesCentersAndObjectsAtItsEnd)
     EXPECT_TRUE(deleted[0] && deleted[1] && deleted[2]);
 }
 
-// --- Fragments
-// -----------------------------------------------------------------------------------------------
+// --- Fragments --------------------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, OneElementIsPassedAsItIs)
 {
@@ -449,6 +467,17 @@ TEST(SettingsNotifier, LongTagNameIsReadWhole)
     EXPECT_TEXT(FragmentOf(palindromeOnly), Wrapped("<abc>1</cba>"));
 }
 
+TEST(SettingsNotifier, HugeFragmentIsLookedAtInTimeThatGrowsWithItsLength)
+{
+    // Neither a name without an end nor blanks or a name before a '>' cost more than one pass.
+    const QString million(1000000, QLatin1Char('n'));
+    EXPECT_TRUE(FragmentOf(Text("<") + million).startsWith(Text("<Dummy>\n<n")));
+    EXPECT_TRUE(FragmentOf(million + Text(">")).startsWith(Text("<Dummy>\n")));
+    const QString blanks(1000000, QLatin1Char(' '));
+    EXPECT_EQ(FragmentOf(Text("<A></A>") + blanks).size(), 1000007);
+    EXPECT_TRUE(FragmentOf(blanks).startsWith(Text("<Dummy>\n ")));
+}
+
 TEST(SettingsNotifier, FlagIsPassedOnUnchanged)
 {
     SettingsNotifier notifier;
@@ -459,8 +488,7 @@ TEST(SettingsNotifier, FlagIsPassedOnUnchanged)
     EXPECT_EQ(object->flags, (std::vector<bool>{true, true, false}));
 }
 
-// --- Distribution
-// --------------------------------------------------------------------------------------------
+// --- Distribution -----------------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, OffersInAscendingOrderOfIdsAndSignalsObjectBeforeCenter)
 {
@@ -506,6 +534,18 @@ TEST(SettingsNotifier, SignalsCarryTheRegisteredPointers)
     notifier.SetSettings(Text("<A></A>"), false);
     EXPECT_EQ(heardObject, center->GetInterface());
     EXPECT_EQ(heardCenter, center);
+}
+
+TEST(SettingsNotifier, SignalsComeWhenTheObjectHoldsItsNewSettings)
+{
+    SettingsNotifier notifier;
+    const auto* ellipse = Register(notifier, new Numbered<Ellipse>(1));
+    std::vector<double> rotations;
+    const auto note = [&] { rotations.push_back(ellipse->GetRotation()); };
+    QObject::connect(&notifier, qOverload<IRGObject*>(&SettingsNotifier::SettingsChanged), note);
+    QObject::connect(&notifier, qOverload<RegisterCenter*>(&SettingsNotifier::SettingsChanged), note);
+    notifier.SetSettings(Text(ELLIPSE), true);
+    EXPECT_EQ(rotations, (std::vector<double>{3.0, 3.0}));
 }
 
 TEST(SettingsNotifier, EveryObjectIsResetBeforeItsOfferAlsoOneThatTakesNothing)
@@ -614,8 +654,7 @@ TEST(SettingsNotifier, CenterWithoutAnObjectIsPassedOver)
     EXPECT_EQ(notifier.GetCenter(-1LL)->GetInterface(), nullptr);
 }
 
-// --- Objects that throw
-// --------------------------------------------------------------------------------------
+// --- Objects that throw -----------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, ObjectThatThrowsIsTracedAndTheOthersAreServed)
 {
@@ -629,6 +668,20 @@ TEST(SettingsNotifier, ObjectThatThrowsIsTracedAndTheOthersAreServed)
               Support::Lines({"SettingsNotifier::SetSettings: Unknown Tag 'Step' in 'Ellipse'. | "
                               "framework/reportgenerator/reportbase/settingsnotifier | 110"}));
     EXPECT_EQ(heard.signalled, Support::Lines({"object 2", "center 2"}));
+}
+
+TEST(SettingsNotifier, TraceTellsWhySiblingsFailTheRootCheck)
+{
+    Traces traces(0x20);
+    SettingsNotifier notifier;
+    Register(notifier, new Numbered<Ellipse>(1));
+    Register(notifier, new Numbered<ScanParameter>(2));
+    ExpectInvalid(notifier, Text(ELLIPSE) + Text(SCAN), true);
+    const QString place = Text(" | framework/reportgenerator/reportbase/settingsnotifier | 110");
+    EXPECT_EQ(
+        traces.entries,
+        QStringList({Text("SettingsNotifier::SetSettings: Unsuitable XML for Ellipse!") + place,
+                     Text("SettingsNotifier::SetSettings: Unsuitable XML for ScanParameter!") + place}));
 }
 
 TEST(SettingsNotifier, OnlyTheTraceFlagTurnsTracingOn)
@@ -747,8 +800,7 @@ TEST(SettingsNotifier, ExceptionsOfOtherTypesPassOut)
     EXPECT_EQ(heard.signalled.size(), 6) << "the first object was signalled each time";
 }
 
-// --- Changes from within a handler
-// ---------------------------------------------------------------------------
+// --- Changes from within a handler ------------------------------------------------------------------------
 
 TEST(SettingsNotifier, CenterRegisteredByAHandlerIsServedTheNextTime)
 {
@@ -863,8 +915,7 @@ TEST(SettingsNotifier, HandlerMaySetSettingsAgain)
     EXPECT_EQ(heard.signalled.size(), 4);
 }
 
-// --- Connections
-// ---------------------------------------------------------------------------------------------
+// --- Connections ------------------------------------------------------------------------------------------
 
 TEST(SettingsNotifier, SignalsCanBeConnectedByTheirText)
 {
@@ -877,6 +928,21 @@ TEST(SettingsNotifier, SignalsCanBeConnectedByTheirText)
     Heard heard(relay);
     RegisterOffered(notifier, JOB);
     notifier.SetSettings(Text("<A></A>"), false);
+    EXPECT_EQ(heard.signalled, Support::Lines({"object 40", "center 40"}));
+}
+
+TEST(SettingsNotifier, SignalsAreReachedByTheirIndexes)
+{
+    SettingsNotifier notifier;
+    Heard heard(notifier);
+    IRGObject* object = RegisterOffered(notifier, JOB);
+    RegisterCenter* center = notifier.GetCenter(JOB);
+    const QMetaObject* meta = notifier.metaObject();
+    EXPECT_TRUE(meta->method(meta->methodOffset())
+                    .invoke(&notifier, Qt::DirectConnection, Q_ARG(REPORTGENERATOR::IRGObject*, object)));
+    EXPECT_TRUE(
+        meta->method(meta->methodOffset() + 1)
+            .invoke(&notifier, Qt::DirectConnection, Q_ARG(REPORTGENERATOR::RegisterCenter*, center)));
     EXPECT_EQ(heard.signalled, Support::Lines({"object 40", "center 40"}));
 }
 

@@ -10,9 +10,14 @@
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
+#include <atomic>
 #include <thread>
+#include <vector>
 
 namespace {
+
+// Asked before any test has set it.
+const unsigned int FLAGS_AT_START = ErrorHandler::Instance().GetFlags();
 
 using Support::Lines;
 using Support::Text;
@@ -74,6 +79,11 @@ TEST_F(Wendbase, ErrorHandlerIsOnePerProcess)
 {
     EXPECT_EQ(&ErrorHandler::Instance(), &ErrorHandler::Instance());
     EXPECT_EQ(static_cast<unsigned int>(ErrorHandler::TRACE), 0x20U);
+}
+
+TEST_F(Wendbase, FlagWordIsZeroAtStart)
+{
+    EXPECT_EQ(FLAGS_AT_START, 0U);
 }
 
 TEST_F(Wendbase, FlagWordKeepsEveryBit)
@@ -147,7 +157,28 @@ TEST_F(Wendbase, WithoutASinkTracesGoToTheLoggingCategory)
     SetTraceSink(TraceSink());
     _Q_Trace(Text("Grüße %1"), "folder/source", 110);
     ASSERT_EQ(TraceCategory::Messages().size(), 1);
-    const QString message = TraceCategory::Messages().constFirst();
-    EXPECT_TRUE(message.contains(Text("Grüße %1"))) << message.toStdString();
+    EXPECT_TEXT(TraceCategory::Messages().constFirst(), "folder/source:110: Grüße %1");
     EXPECT_EQ(m_traces.size(), 1);
+}
+
+TEST_F(Wendbase, SeveralThreadsMayTraceAndReplaceTheSinkAtOnce)
+{
+    constexpr int THREADS = 4;
+    constexpr int TRACES = 500;
+    std::atomic<int> taken{0};
+    const auto take = [&taken](const QString&, const QString&, int) { ++taken; };
+    SetTraceSink(take);
+    std::vector<std::thread> threads;
+    threads.reserve(THREADS);
+    for (int i = 0; i < THREADS; ++i) {
+        threads.emplace_back([take] {
+            for (int trace = 0; trace < TRACES; ++trace) {
+                SetTraceSink(take);
+                _Q_Trace(Text("text"), "source", trace);
+            }
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(taken.load(), THREADS * TRACES);
 }
