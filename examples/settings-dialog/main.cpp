@@ -26,7 +26,8 @@ bool ApplyFile(SettingsDialog& dialog, const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        std::fprintf(stderr, "settings-dialog: cannot read %s\n", path.toUtf8().constData());
+        std::fprintf(stderr, "settings-dialog: cannot read %s: %s\n", path.toUtf8().constData(),
+                     file.errorString().toUtf8().constData());
         return false;
     }
     dialog.SetFragment(QString::fromUtf8(file.readAll()));
@@ -60,7 +61,7 @@ int main(int argc, char** argv)
     parser.process(application);
 
     SettingsDialog dialog;
-    dialog.resize(900, 640);
+    dialog.resize(900, 680);
     for (const QString& path : parser.positionalArguments()) {
         if (!ApplyFile(dialog, path))
             return 1;

@@ -9,8 +9,13 @@
 #include <reportgenerator/reportbase/registercenter.h>
 #include <reportgenerator/reportbase/scanparameter.h>
 
+#include <QtCore/QXmlStreamWriter>
+#include <QtGui/QColor>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QTextCharFormat>
 #include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
@@ -31,6 +36,13 @@ constexpr long long SCAN_PARAMETER_ID = 1001;
 constexpr long long CHANNEL_SPACING_ID = 1002;
 constexpr long long ELLIPSE_ID = 1003;
 
+// More than these are only counted.
+constexpr int MOST_SHOWN_VALUES = 100;
+constexpr int MOST_SHOWN_REMARKS = 20;
+
+constexpr int MESSAGE_LINES = 6;
+constexpr QRgb PROBLEM_COLOR = 0xffb00020;
+
 QString Shown(const IRGObject& object, double value)
 {
     return object.IsValid(value) ? QString::number(value, 'f', 2) : QString();
@@ -45,10 +57,36 @@ QString SameDistanceText(const ChannelSpacing& spacing)
 
 QString ValuesText(const ChannelSpacing& spacing)
 {
+    const auto& values = spacing.GetValues();
     QStringList texts;
-    for (const double value : spacing.GetValues())
+    for (const double value : values) {
+        if (texts.size() == MOST_SHOWN_VALUES) {
+            texts.append(SettingsDialog::tr("... (%1 in all)").arg(values.size()));
+            break;
+        }
         texts.append(Shown(spacing, value));
+    }
     return texts.join(QStringLiteral("; "));
+}
+
+/// Adds a remark with the items, if there are any.
+void AddRemark(QStringList& remarks, const QString& remark, const QStringList& items)
+{
+    if (items.isEmpty())
+        return;
+    QString text = QStringList(items.mid(0, MOST_SHOWN_REMARKS)).join(QStringLiteral(", "));
+    if (items.size() > MOST_SHOWN_REMARKS)
+        text += SettingsDialog::tr(" and %1 more").arg(items.size() - MOST_SHOWN_REMARKS);
+    remarks.append(remark.arg(text));
+}
+
+/// What the object holds, without a line in its log.
+QString XmlOf(const IRGObject& object)
+{
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    object.GetXml(writer);
+    return xml;
 }
 
 QPlainTextEdit* TextPane(const QString& name, QWidget* parent)
@@ -64,7 +102,7 @@ QPlainTextEdit* TextPane(const QString& name, QWidget* parent)
 SettingsDialog::SettingsDialog(QWidget* parent)
     : QDialog(parent), m_logger(std::make_shared<ListLogger>(REPORTGENERATOR::INFO)),
       m_fragment(TextPane(QStringLiteral("fragment"), this)), m_apply(new QPushButton(tr("&Apply"), this)),
-      m_restore(new QPushButton(tr("&Restore"), this)), m_message(new QLabel(this)),
+      m_restore(new QPushButton(tr("&Restore last good"), this)), m_message(new QPlainTextEdit(this)),
       m_log(TextPane(QStringLiteral("log"), this))
 {
     RegisterSettings();
@@ -150,9 +188,13 @@ void SettingsDialog::CreateWidgets()
     m_restore->setToolTip(tr("Bring the last good fragment back and apply it"));
     m_restore->setEnabled(false);
     m_message->setObjectName(QStringLiteral("message"));
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_message->setWordWrap(true);
+    m_message->setReadOnly(true);
+    m_message->setFrameShape(QFrame::NoFrame);
+    m_message->viewport()->setAutoFillBackground(false);
+    m_message->setTabChangesFocus(true);
+    // A long message is scrolled and takes no room from the fragment.
+    m_message->document()->setDocumentMargin(0);
+    m_message->setFixedHeight(MESSAGE_LINES * m_message->fontMetrics().lineSpacing());
     m_log->setReadOnly(true);
     m_log->setLineWrapMode(QPlainTextEdit::NoWrap);
 
@@ -182,37 +224,40 @@ void SettingsDialog::CreateWidgets()
     layout->addWidget(m_log, 1);
 }
 
+/// Escape would close the dialog, and what has been typed would be gone.
+void SettingsDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        event->ignore();
+    else
+        QDialog::keyPressEvent(event);
+}
+
 void SettingsDialog::Apply()
 {
-    const QString fragment = m_fragment->toPlainText();
+    const QString fragment = GetFragment();
+    QStringList objectNames;
+    for (const Entry& entry : m_entries)
+        objectNames.append(entry.object->GetObjectName());
+
     QStringList problems = Distribute(fragment);
-    const QStringList taken = ObjectNames(true);
-    if (problems.isEmpty() && taken.isEmpty())
+    const Leftovers leftovers = FindLeftovers(fragment, objectNames);
+    if (!leftovers.problem.isEmpty() && !problems.contains(leftovers.problem))
+        problems.append(leftovers.problem);
+    if (problems.isEmpty() && ObjectNames(true).isEmpty())
         problems.append(tr("The fragment holds no settings."));
 
     QStringList remarks;
-    if (problems.isEmpty()) {
-        QStringList objectNames;
-        for (const Entry& entry : m_entries)
-            objectNames.append(entry.object->GetObjectName());
-        const Leftovers leftovers = FindLeftovers(fragment, objectNames);
-        if (!leftovers.problem.isEmpty())
-            problems.append(leftovers.problem);
-        if (!leftovers.ignored.isEmpty())
-            remarks.append(tr("Nobody took: %1").arg(leftovers.ignored.join(QStringLiteral(", "))));
-    }
-    if (!taken.isEmpty())
-        remarks.prepend(tr("Applied: %1").arg(taken.join(QStringLiteral(", "))));
-    const QStringList notTaken = ObjectNames(false);
-    if (!notTaken.isEmpty())
-        remarks.append(tr("Now empty: %1").arg(notTaken.join(QStringLiteral(", "))));
+    AddRemark(remarks, tr("Applied: %1"), ObjectNames(true));
+    AddRemark(remarks, tr("Nobody took: %1"), leftovers.ignored);
+    AddRemark(remarks, tr("Not kept as given: %1"), ChangedValues(fragment));
+    AddRemark(remarks, tr("Now empty: %1"), ObjectNames(false));
 
-    const bool isGood = problems.isEmpty();
-    if (isGood) {
+    if (problems.isEmpty()) {
         m_lastGoodFragment = fragment;
         m_restore->setEnabled(true);
     }
-    ShowMessage(problems + remarks, !isGood);
+    ShowMessage(problems, remarks);
     ShowLog();
 }
 
@@ -236,6 +281,15 @@ void SettingsDialog::MarkTaken(RegisterCenter* center)
         if (entry.id == center->GetInterfaceId())
             entry.isTaken = true;
     }
+}
+
+/// The text of the pane. Its own plain text would have blanks in place of no-break spaces.
+QString SettingsDialog::GetFragment() const
+{
+    QString text = m_fragment->document()->toRawText();
+    text.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+    text.replace(QChar(QChar::LineSeparator), QLatin1Char('\n'));
+    return text;
 }
 
 /// Gives the fragment to all objects. Returns what went wrong, one line for each problem.
@@ -273,10 +327,29 @@ QStringList SettingsDialog::ObjectNames(bool isTaken) const
     return names;
 }
 
-void SettingsDialog::ShowMessage(const QStringList& lines, bool isProblem)
+/// What the objects that have taken settings hold otherwise than the fragment.
+QStringList SettingsDialog::ChangedValues(const QString& fragment) const
 {
-    m_message->setStyleSheet(isProblem ? QStringLiteral("color: #b00020") : QString());
-    m_message->setText(lines.join(QLatin1Char('\n')));
+    QStringList changed;
+    for (const Entry& entry : m_entries) {
+        if (entry.isTaken)
+            changed += FindChangedValues(fragment, entry.object->GetObjectName(), XmlOf(*entry.object));
+    }
+    return changed;
+}
+
+/// One line for each; problems stand out.
+void SettingsDialog::ShowMessage(const QStringList& problems, const QStringList& remarks)
+{
+    m_message->clear();
+    QTextCharFormat problemFormat;
+    problemFormat.setForeground(QColor(PROBLEM_COLOR));
+    QTextCursor cursor(m_message->document());
+    cursor.insertText(problems.join(QLatin1Char('\n')), problemFormat);
+    const bool needsBreak = !problems.isEmpty() && !remarks.isEmpty();
+    cursor.insertText((needsBreak ? QStringLiteral("\n") : QString()) + remarks.join(QLatin1Char('\n')),
+                      QTextCharFormat());
+    m_message->moveCursor(QTextCursor::Start);
 }
 
 /// Moves the lines of the logger into the log pane.

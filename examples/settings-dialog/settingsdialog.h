@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-class QLabel;
+class QKeyEvent;
 class QPlainTextEdit;
 class QPushButton;
 class SettingsForm;
@@ -18,10 +18,11 @@ class TakingSettings;
 /// Hands XML fragments to the settings objects of a program and shows what became of them.
 ///
 /// "Apply" gives the text of the fragment pane to the notifier, and the forms follow its signals. Applying
-/// resets the objects that the fragment leaves out; a message says which, and what in the fragment nobody
-/// took. A fragment that an object cannot read, or that is malformed, is told and stays where it is; the last
-/// good one is kept, and "Restore" brings it back into pane and objects. The replaced text can be had back by
-/// the pane's undo.
+/// resets the objects that the fragment leaves out; a message says which, what in the fragment nobody took,
+/// and which values an object did not keep as they were given. A fragment that an object cannot read, or that
+/// is malformed, is told and stays where it is; the last good one is kept, and "Restore last good" brings it
+/// back into pane and objects. The replaced text can be had back by the pane's undo. The Escape key does not
+/// close the dialog.
 ///
 /// The widgets are named "fragment", "apply", "restore", "message" and "log".
 class SettingsDialog : public QDialog
@@ -36,6 +37,9 @@ public:
 
     /// The last fragment that was applied without a problem, null when there has been none.
     const QString& GetLastGoodFragment() const;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     /// A settings object, by its id, and the form that shows it.
@@ -58,9 +62,11 @@ private:
     void ShowSettings(REPORTGENERATOR::IRGObject* object);
     void MarkTaken(REPORTGENERATOR::RegisterCenter* center);
 
+    QString GetFragment() const;
     QStringList Distribute(const QString& fragment);
     QStringList ObjectNames(bool isTaken) const;
-    void ShowMessage(const QStringList& lines, bool isProblem);
+    QStringList ChangedValues(const QString& fragment) const;
+    void ShowMessage(const QStringList& problems, const QStringList& remarks);
     void ShowLog();
 
     std::shared_ptr<REPORTGENERATOR::ListLogger> m_logger;
@@ -71,7 +77,7 @@ private:
     QPlainTextEdit* m_fragment;
     QPushButton* m_apply;
     QPushButton* m_restore;
-    QLabel* m_message;
+    QPlainTextEdit* m_message;
     QPlainTextEdit* m_log;
 };
 

@@ -3,8 +3,8 @@
 
 #include <reportgenerator/reportbase/ixmlconverter.h>
 
-/// Turns missions of the versions 1.0 and 2.0 into one another. It has no fields, since the proxy that owns
-/// it does not run its destructor.
+/// Turns complete missions of the versions 1.0 and 2.0 into one another. It has no fields, since the proxy
+/// that owns it does not run its destructor.
 class MissionConverter final : public REPORTGENERATOR::IXmlConverter
 {
 public:

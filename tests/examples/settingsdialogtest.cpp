@@ -4,7 +4,10 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QXmlStreamReader>
-#include <QtWidgets/QLabel>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QTextBlock>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
@@ -46,7 +49,8 @@ protected:
     QPlainTextEdit* Pane() const { return Find<QPlainTextEdit>("fragment"); }
     QPushButton* RestoreButton() const { return Find<QPushButton>("restore"); }
     std::string PaneText() const { return Pane()->toPlainText().toStdString(); }
-    std::string Message() const { return Find<QLabel>("message")->text().toStdString(); }
+    QPlainTextEdit* MessagePane() const { return Find<QPlainTextEdit>("message"); }
+    std::string Message() const { return MessagePane()->toPlainText().toStdString(); }
     std::string LastGoodFragment() const { return m_dialog.GetLastGoodFragment().toStdString(); }
 
     void Apply(const std::string& fragment)
@@ -223,10 +227,22 @@ TEST_F(SettingsDialogTest, UndoBringsBackTheTextThatRestoreReplaced)
 
 TEST_F(SettingsDialogTest, TellsThatNoObjectAcceptsAFragment)
 {
-    for (const char* fragment : {"", "nonsense", "<Frequency>1</Frequency>"}) {
+    const struct
+    {
+        const char* fragment;
+        const char* ignored;
+    } rows[] = {
+        {"", ""},
+        {"  \n", ""},
+        {"nonsense", "Nobody took: \"nonsense\"\n"},
+        {"<Frequency>1</Frequency>", "Nobody took: Frequency\n"},
+        {"<Elipse><Rotation>1</Rotation></Elipse>", "Nobody took: Elipse\n"},
+    };
+    for (const auto& [fragment, ignored] : rows) {
         Apply(All());
         Apply(fragment);
-        EXPECT_EQ(Message(), "Invalid XML-Fragment!\nNow empty: ScanParameter, ChannelSpacing, Ellipse")
+        EXPECT_EQ(Message(), std::string("Invalid XML-Fragment!\n") + ignored +
+                                 "Now empty: ScanParameter, ChannelSpacing, Ellipse")
             << fragment;
         EXPECT_EQ(Scan(), NO_SCAN) << fragment;
         EXPECT_EQ(Spacing(), NO_SPACING) << fragment;
@@ -274,7 +290,133 @@ TEST_F(SettingsDialogTest, AFragmentThatOnlyEmptiesTheObjectsIsNotGood)
 
 TEST_F(SettingsDialogTest, MarkupInAMessageIsShownAsItStands)
 {
-    EXPECT_EQ(Find<QLabel>("message")->textFormat(), Qt::PlainText);
+    Apply(std::string(ELLIPSE) + "&lt;b&gt;bold&lt;/b&gt; &amp;amp;");
+    EXPECT_EQ(Message(), "Applied: Ellipse\nNobody took: \"<b>bold</b> &amp;\"\n"
+                         "Now empty: ScanParameter, ChannelSpacing");
+}
+
+TEST_F(SettingsDialogTest, ATagThatIsNotEndedIsToldWithItsReason)
+{
+    Apply("<a");
+    EXPECT_EQ(Message(), "Invalid XML-Fragment!\n" + ReaderError("<Fragment><a</Fragment>") +
+                             "\nNow empty: ScanParameter, ChannelSpacing, Ellipse");
+    EXPECT_EQ(PaneText(), "<a");
+    EXPECT_FALSE(RestoreButton()->isEnabled());
+}
+
+TEST_F(SettingsDialogTest, AGoodFragmentAfterAProblemIsAppliedAndTheProblemIsGone)
+{
+    Apply(MALFORMED_ELLIPSE);
+    Apply(All());
+    EXPECT_EQ(Message(), "Applied: ScanParameter, ChannelSpacing, Ellipse");
+    EXPECT_EQ(EllipseValues(), (Texts{"100.00", "250.50", "30.00"}));
+    EXPECT_EQ(LastGoodFragment(), All());
+}
+
+TEST_F(SettingsDialogTest, ProblemsStandOutFromRemarks)
+{
+    const auto colorOfLine = [this](int line) {
+        const QTextBlock block = MessagePane()->document()->findBlockByNumber(line);
+        return block.begin().fragment().charFormat().foreground();
+    };
+    Apply(std::string(SCAN) + ELLIPSE_WITHOUT_ROTATION);
+    EXPECT_NE(colorOfLine(0).style(), Qt::NoBrush);
+    EXPECT_EQ(colorOfLine(1).style(), Qt::NoBrush);
+    Apply(All());
+    EXPECT_EQ(colorOfLine(0).style(), Qt::NoBrush);
+}
+
+TEST_F(SettingsDialogTest, ALongMessageTakesNoRoomFromTheFragment)
+{
+    m_dialog.show();
+    QCoreApplication::sendPostedEvents();
+    const QSize dialogSize = m_dialog.size();
+    const QSize paneSize = Pane()->size();
+
+    std::string fragment = ELLIPSE;
+    for (int i = 0; i < 25; ++i)
+        fragment += "<Unknown" + std::to_string(i) + "/>";
+    Apply(fragment);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(m_dialog.size(), dialogSize);
+    EXPECT_EQ(Pane()->size(), paneSize);
+    EXPECT_NE(Message().find("Nobody took: Unknown0, Unknown1, "), std::string::npos);
+    EXPECT_NE(Message().find(", Unknown19 and 5 more\n"), std::string::npos);
+    EXPECT_EQ(Message().find("Unknown20"), std::string::npos);
+}
+
+TEST_F(SettingsDialogTest, TellsWhichValuesWereNotKeptAsGiven)
+{
+    Apply("<Ellipse unit=\"m\"><MinRadius>12,5</MinRadius><MaxRadius>7</MaxRadius><MaxRadius>8</MaxRadius>"
+          "<Rotation>9.126</Rotation></Ellipse>");
+    EXPECT_EQ(EllipseValues(), (Texts{"0.00", "8.00", "9.13"}));
+    EXPECT_EQ(Message(), "Applied: Ellipse\n"
+                         "Not kept as given: Ellipse@unit \"m\", Ellipse.MinRadius \"12,5\", "
+                         "Ellipse.MaxRadius \"7\"\n"
+                         "Now empty: ScanParameter, ChannelSpacing");
+}
+
+TEST_F(SettingsDialogTest, ComparingValuesLeavesNoLineInTheLog)
+{
+    Apply(ELLIPSE);
+    EXPECT_EQ(Log(),
+              (Texts{"INFO: ScanParameter: Loading xml string.", "INFO: ChannelSpacing: Loading xml string.",
+                     "INFO: Ellipse: Loading xml string."}));
+}
+
+TEST_F(SettingsDialogTest, NoBreakSpacesReachTheObjects)
+{
+    const std::string name = "Air\xc2\xa0"
+                             "band";
+    Apply("<ChannelSpacing><Visual>" + name +
+          "</Visual><Samedistance>true</Samedistance><Value>1</Value></ChannelSpacing>");
+    EXPECT_EQ(Spacing(), (Texts{name, "yes", "1.00"}));
+    RestoreButton()->click();
+    EXPECT_EQ(Spacing(), (Texts{name, "yes", "1.00"}));
+}
+
+TEST_F(SettingsDialogTest, LongTextsAreShownWholeAndFromTheirStart)
+{
+    const std::string name(100000, 'x');
+    Apply("<ChannelSpacing><Visual>" + name +
+          "</Visual><Samedistance>true</Samedistance><Value>1</Value></ChannelSpacing>");
+    EXPECT_TRUE(Spacing().front() == name);
+    EXPECT_EQ(Find<QLineEdit>("ChannelSpacing.Visual")->cursorPosition(), 0);
+}
+
+TEST_F(SettingsDialogTest, ValuesBeyondTheHundredthAreCounted)
+{
+    const auto applyValues = [this](int count) {
+        std::string values;
+        for (int i = 0; i < count; ++i)
+            values += "<Value>1</Value>";
+        Apply("<ChannelSpacing><Samedistance>true</Samedistance>" + values + "</ChannelSpacing>");
+        return Spacing().back();
+    };
+    std::string hundred;
+    for (int i = 0; i < 100; ++i)
+        hundred += i == 0 ? "1.00" : "; 1.00";
+    EXPECT_EQ(applyValues(100), hundred);
+    EXPECT_EQ(applyValues(101), hundred + "; ... (101 in all)");
+    EXPECT_EQ(applyValues(50000), hundred + "; ... (50000 in all)");
+    EXPECT_EQ(Message(), "Applied: ChannelSpacing\nNow empty: ScanParameter, Ellipse");
+}
+
+TEST_F(SettingsDialogTest, EscapeDoesNotThrowTheTextAway)
+{
+    m_dialog.show();
+    Pane()->setPlainText(QStringLiteral("<Ellipse>"));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(Pane(), &escape);
+    EXPECT_TRUE(m_dialog.isVisible());
+    EXPECT_EQ(PaneText(), "<Ellipse>");
+}
+
+TEST_F(SettingsDialogTest, HasAFormForEachOfItsThreeSettings)
+{
+    for (const char* name : {"ScanParameter", "ChannelSpacing", "Ellipse"})
+        EXPECT_EQ(Find<QGroupBox>(name)->title().toStdString(), name);
+    EXPECT_EQ(m_dialog.findChildren<QGroupBox*>().size(), 3);
 }
 
 TEST_F(SettingsDialogTest, SampleFragmentsDoWhatTheyAreNamedAfter)
