@@ -53,7 +53,8 @@ public:
     IRGObject& operator=(const IRGObject& other);
 
     // The virtual operations. Other programs call them by their place in the virtual table: keep their order
-    // and declare nothing virtual between them.
+    // and declare nothing virtual between them. MSVC enters the overloads of one name in the reverse order of
+    // their declarations, so that for it each such group is declared the other way round.
 
     virtual ~IRGObject();
 
@@ -63,13 +64,19 @@ public:
     /// Puts every field back to its unset or default value.
     virtual void Reset() = 0;
 
+#ifndef _MSC_VER
     /// As `Check()`. Classes that can go on after a failure take `logOnly` to mean: with a logger attached,
     /// log every failure as an ERROR and throw none. The base ignores the flag.
     virtual void Check(bool logOnly) const;
 
     /// Throws `RGException` when the object is incomplete or holds a wrong value.
     virtual void Check() const = 0;
+#else
+    virtual void Check() const = 0;
+    virtual void Check(bool logOnly) const;
+#endif
 
+#ifndef _MSC_VER
     /// Whether a value is set, which is to say differs from the value of its type that stands for "not set":
     /// -1111111.0 for `float`, 4294967295 for `unsigned int`, -111111 for `int` and `long long`, -111111.11
     /// for `double`, the empty string, the null date-time. A `bool` is always set, and so is a NaN.
@@ -81,7 +88,18 @@ public:
     virtual bool IsValid(const QString& value) const;
     virtual bool IsValid(double value) const;
     virtual bool IsValid(int value) const;
+#else
+    virtual bool IsValid(int value) const;
+    virtual bool IsValid(double value) const;
+    virtual bool IsValid(const QString& value) const;
+    virtual bool IsValid(const QDateTime& value) const;
+    virtual bool IsValid(long long value) const;
+    virtual bool IsValid(unsigned int value) const;
+    virtual bool IsValid(bool value) const;
+    virtual bool IsValid(float value) const;
+#endif
 
+#ifndef _MSC_VER
     /// Stores the value that stands for "not set". There is none for `bool` and `QDateTime`.
     virtual void SetInvalid(float& value) const;
     virtual void SetInvalid(unsigned int& value) const;
@@ -89,6 +107,14 @@ public:
     virtual void SetInvalid(QString& value) const;
     virtual void SetInvalid(double& value) const;
     virtual void SetInvalid(int& value) const;
+#else
+    virtual void SetInvalid(int& value) const;
+    virtual void SetInvalid(double& value) const;
+    virtual void SetInvalid(QString& value) const;
+    virtual void SetInvalid(long long& value) const;
+    virtual void SetInvalid(unsigned int& value) const;
+    virtual void SetInvalid(float& value) const;
+#endif
 
     /// Writes the object's element.
     virtual void GetXml(QXmlStreamWriter& writer) const = 0;
@@ -117,11 +143,16 @@ public:
     /// malformed XML, and what `Check` throws when validating. Returns whether the element was found.
     virtual bool SetXmlString(const QString& xml, bool checkRoot);
 
+#ifndef _MSC_VER
     /// Reads a plain or compressed representation. Traces INFO. Returns false, with the object untouched,
     /// when it begins with neither marker. Throws what `SetBinary` throws; the object then holds what was
     /// read so far.
     virtual bool SetBinaryRepresentation(QByteArray& representation);
     virtual bool SetBinaryRepresentation(QDataStream& stream);
+#else
+    virtual bool SetBinaryRepresentation(QDataStream& stream);
+    virtual bool SetBinaryRepresentation(QByteArray& representation);
+#endif
 
     /// Lays the contents of `other`, an object of the same class, over this object: fields that are present
     /// in `other` replace those of this object. Returns false, and traces WARNING, when the classes or the
@@ -149,6 +180,7 @@ public:
     virtual void GetCompressedBinaryRepresentation(QDataStream& stream, int level) const;
     virtual QByteArray GetCompressedBinaryRepresentationAsQByteArray(int level) const;
 
+#ifndef _MSC_VER
     /// Loads the object from the XML file at `path`. Throws `RGException` "Can't open file for reading:
     /// '%1'".
     virtual bool LoadXml(const QString& path);
@@ -157,6 +189,10 @@ public:
     /// when the file is of another version. The object is reset first. Traces INFO; checks the object
     /// afterwards when validating. Returns whether the object's element was found.
     virtual bool LoadXml(QFile* file);
+#else
+    virtual bool LoadXml(QFile* file);
+    virtual bool LoadXml(const QString& path);
+#endif
 
     /// Loads the object from a binary file that is open for reading. The object is reset first. Traces INFO;
     /// checks the object afterwards when validating. Returns true also when the file begins with neither

@@ -33,11 +33,19 @@ public:
     /// `level` is the least severe level that the logger is interested in.
     explicit Logger(LogLevel level);
 
+    // Other programs call the virtual operations by their place in the virtual table. MSVC enters overloads
+    // in reverse.
+
+#ifndef _MSC_VER
     /// Traces "name: text" of the exception through the other overload, with the same level and flag.
     virtual void Trace(LogLevel level, const ReportException& exception, bool fatal);
 
     /// Takes one message; `fatal` says that the operation ends with it.
     virtual void Trace(LogLevel level, const QString& text, bool fatal) = 0;
+#else
+    virtual void Trace(LogLevel level, const QString& text, bool fatal) = 0;
+    virtual void Trace(LogLevel level, const ReportException& exception, bool fatal);
+#endif
 
     /// Whether a message of the level ERROR has been taken since the last `Reset`.
     virtual bool HasErrors() const = 0;
