@@ -364,7 +364,7 @@ void Area::ReadCoordinates(QDataStream& stream)
     stream >> count;
     ReserveCoordinates(count, elements::BytesLeft(stream) / SHORTEST_COORDINATE_BODY);
     for (qint32 i = 0; i < count; ++i) {
-        if (!elements::HasBytes(stream, elements::WORD_SIZE))
+        if (!elements::HasWord(stream))
             elements::ThrowLengthError(*this);
         qint32 length = 0;
         stream >> length;
@@ -456,7 +456,7 @@ void Area::SetVersionSpecificBinaryWithoutValidation(QDataStream& stream)
     qint32 count = 0;
     stream >> count;
     ReserveCoordinates(count, elements::BytesLeft(stream) / RAW_COORDINATE);
-    for (qint32 i = 0; i < count && elements::HasBytes(stream, 1); ++i) {
+    for (qint32 i = 0; i < count && !elements::AtEnd(stream); ++i) {
         Coordinate coordinate;
         PassSettingsTo(coordinate);
         coordinate.SetVersionSpecificBinaryWithoutValidation(stream);

@@ -46,6 +46,13 @@ bool IsSequential(const QDataStream& stream)
     return stream.device() != nullptr && stream.device()->isSequential();
 }
 
+/// Waits for so many bytes, at most a word, and leaves them there.
+bool ComesOfPipe(const QDataStream& stream, qint64 count)
+{
+    char bytes[WORD_SIZE] = {};
+    return stream.device()->peek(bytes, count) == count;
+}
+
 template <class Value>
 Value ReadByStream(QDataStream& stream)
 {
@@ -83,12 +90,14 @@ qint64 BytesLeft(const QDataStream& stream)
     return stream.device() ? stream.device()->bytesAvailable() : 0;
 }
 
-bool HasBytes(const QDataStream& stream, qint64 count)
+bool AtEnd(const QDataStream& stream)
 {
-    if (!IsSequential(stream))
-        return BytesLeft(stream) >= count;
-    char bytes[WORD_SIZE] = {};
-    return stream.device()->peek(bytes, count) == count;
+    return IsSequential(stream) ? !ComesOfPipe(stream, 1) : stream.atEnd();
+}
+
+bool HasWord(const QDataStream& stream)
+{
+    return IsSequential(stream) ? ComesOfPipe(stream, WORD_SIZE) : BytesLeft(stream) >= WORD_SIZE;
 }
 
 QByteArray ReadBytes(QDataStream& stream)

@@ -65,9 +65,12 @@ void WriteElement(QDataStream& stream, qint32 tag, WritePayload&& writePayload)
 /// Bytes that the stream can still give, of a sequential device those that have arrived.
 qint64 BytesLeft(const QDataStream& stream);
 
-/// Whether the stream can still give `count` bytes, at most WORD_SIZE. Unlike `BytesLeft` and `atEnd` it
-/// waits for what a pipe has not handed over yet.
-bool HasBytes(const QDataStream& stream, qint64 count);
+/// Whether the stream has nothing more to give. Unlike its own `atEnd` this waits for what a pipe has not
+/// handed over yet.
+bool AtEnd(const QDataStream& stream);
+
+/// Whether the stream still gives a tag or a length; waits like `AtEnd`.
+bool HasWord(const QDataStream& stream);
 
 /// A serialised byte array; null, with the stream at its end, when its length is more than what is left.
 QByteArray ReadBytes(QDataStream& stream);
@@ -95,7 +98,7 @@ template <class ReadPayload>
 void ReadBody(const IRGObject& reader, QDataStream& stream, qint32 length, ReadPayload&& readPayload)
 {
     qint64 remaining = length;
-    while (remaining > 0 && HasBytes(stream, 1)) {
+    while (remaining > 0 && !AtEnd(stream)) {
         qint32 tag = 0;
         qint32 payloadLength = 0;
         stream >> tag >> payloadLength;
