@@ -624,6 +624,42 @@ TEST(XmlFrame, NameThatIsNoRegularExpressionIsNeverFound)
     }
 }
 
+TEST(XmlFrame, CharacterSetThatANameLeavesOpenIsClosedByTheRestOfTheExpression)
+{
+    FilledObject filled;
+    filled.object.SetObjectName(Text("(A["));
+    EXPECT_FALSE(filled.object.SetXmlString(Text("<A/>"), false));
+    EXPECT_TRUE(filled.IsReset());
+}
+
+// Qt 6 has regular expressions of Perl's dialect only.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+
+TEST(XmlFrame, NameThatIsARegularExpressionOnlyInOtherDialectsIsNeverFound)
+{
+    // Perl's dialect takes a lone bracket literally and knows lazy and possessive repetition and comments.
+    for (const char* name : {"A{", "A}", "A]", "A??", "A*?", "A+?", "A++", "A(?#x)"}) {
+        SCOPED_TRACE(name);
+        FilledObject filled;
+        filled.object.SetObjectName(Text(name));
+        const QString element = Text("<") + Text(name) + Text("/>");
+        EXPECT_NO_RG_THROW(EXPECT_FALSE(filled.object.SetXmlString(element, false)));
+        EXPECT_NO_RG_THROW(EXPECT_FALSE(filled.object.SetXmlString(Text("<A/>"), false)));
+        EXPECT_TRUE(filled.IsUntouched());
+    }
+}
+
+TEST(XmlFrame, NameThatIsARegularExpressionOnlyInThisDialectPassesTheQuickTest)
+{
+    // Perl's dialect knows no repetition without a lower bound.
+    FilledObject filled;
+    filled.object.SetObjectName(Text("A{,2}"));
+    EXPECT_FALSE(filled.object.SetXmlString(Text("<AA/>"), false));
+    EXPECT_TRUE(filled.IsReset());
+}
+
+#endif
+
 TEST(XmlFrame, AnyCharacterOfANameMayBeALineFeedToTheQuickTest)
 {
     const QString xml = Text("<A\nB/>");

@@ -2,8 +2,13 @@
 
 #include <reportgenerator/reportbase/xmlnames_p.h>
 
-#include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#    include <QtCore/QRegExp>
+#else
+#    include <QtCore/QRegularExpression>
+#endif
 
 #include <algorithm>
 
@@ -18,12 +23,12 @@ constexpr char16_t ANY_CHARACTER = u'.';
 /// Characters that mean something in a regular expression. A name with one of them cannot be an element's.
 constexpr Name SPECIAL_CHARACTERS = REPORTBASE_NAME("\\^$*+?()[]{}|");
 
-/// Those of them that let the expression's rest take part in what the name matches.
-constexpr Name REACHING_CHARACTERS = REPORTBASE_NAME("\\$|");
+constexpr QLatin1Char ALTERNATIVE = QLatin1Char('|');
 
-bool ContainsAny(const QString& name, const Name& characters)
+bool ContainsSpecialCharacter(const QString& name)
 {
-    return std::any_of(name.cbegin(), name.cend(), [&](QChar c) { return characters.Latin1().contains(c); });
+    return std::any_of(name.cbegin(), name.cend(),
+                       [](QChar c) { return SPECIAL_CHARACTERS.Latin1().contains(c); });
 }
 
 bool MatchesName(QChar character, QChar pattern)
@@ -31,27 +36,34 @@ bool MatchesName(QChar character, QChar pattern)
     return pattern.unicode() == ANY_CHARACTER || character == pattern;
 }
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+bool Matches(const QString& xml, const QString& pattern)
+{
+    return xml.contains(QRegExp(pattern));
+}
+#else
+/// Of Perl's dialect, which takes some names for a regular expression that the older one refused.
 bool Matches(const QString& xml, const QString& pattern)
 {
     const QRegularExpression expression(pattern, QRegularExpression::DotMatchesEverythingOption);
     return expression.isValid() && expression.match(xml).hasMatch();
 }
+#endif
 
 bool MatchesExpression(const QString& xml, const QString& name)
 {
-    if (ContainsAny(name, REACHING_CHARACTERS))
-        return Matches(xml, QStringLiteral("<%1([^>]*)?/?>").arg(name));
-    // The rest of the expression asks for any '>' behind the name; asked by itself it would look for one at
-    // each place.
-    const auto last = xml.lastIndexOf(QLatin1Char('>'));
-    return last >= 0 && Matches(xml.left(last), QLatin1Char('<') + name);
+    // A match ends with a '>' unless the name has alternatives. What stands behind the last one would be
+    // searched anew from each start tag.
+    const bool endsWithTag = !name.contains(ALTERNATIVE);
+    const QString searched = endsWithTag ? xml.left(xml.lastIndexOf(QLatin1Char('>')) + 1) : xml;
+    return Matches(searched, QStringLiteral("<%1([^>]*)?/?>").arg(name));
 }
 
 } // namespace
 
 bool MayContainElement(const QString& xml, const QString& name)
 {
-    if (ContainsAny(name, SPECIAL_CHARACTERS))
+    if (ContainsSpecialCharacter(name))
         return MatchesExpression(xml, name);
     const QString pattern = QLatin1Char('<') + name;
     const auto start = std::search(xml.cbegin(), xml.cend(), pattern.cbegin(), pattern.cend(), MatchesName);
