@@ -155,7 +155,7 @@ protected:
 class CommaLocale
 {
 public:
-    CommaLocale() : m_cLocale(std::setlocale(LC_ALL, nullptr)), m_cppLocale(std::locale())
+    CommaLocale() : m_cLocale(std::setlocale(LC_ALL, nullptr))
     {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
@@ -177,7 +177,7 @@ public:
 
 private:
     std::string m_cLocale;
-    std::locale m_cppLocale;
+    std::locale m_cppLocale; // begins as the global one
     QLocale m_qtLocale;
 };
 
@@ -342,11 +342,10 @@ TEST_P(Numbers, BothWaysOfWritingXmlGiveTheSameTexts)
 
 TEST_P(Numbers, TextsOfManyNumbersReadAsQtReadsThem)
 {
-    const std::vector<double> numbers = SomeNumbers(7);
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        const QString shortest = QString::number(numbers[i], 'g', QLocale::FloatingPointShortest);
-        const QString rounded = Fixed(numbers[i], 6);
-        const QString exponent = QString::number(numbers[i], 'E', 20);
+    for (const double number : SomeNumbers(7)) {
+        const QString shortest = QString::number(number, 'g', QLocale::FloatingPointShortest);
+        const QString rounded = Fixed(number, 6);
+        const QString exponent = QString::number(number, 'E', 20);
         Frequency frequency;
         ASSERT_TRUE(frequency.SetXmlString(QStringLiteral("<Frequency Min=\"%1\" Max=\"%2\">%3</Frequency>")
                                                .arg(shortest, rounded, exponent),
@@ -397,15 +396,15 @@ TEST_P(Numbers, OddTextsReadAsQtReadsThem)
         "1.000,5",
         "1.000.000",
         "1 000",
-        "1\xc2\xa0"
-        "000",
-        "\xc2\xa0"
-        "5",
+        ("1\xc2\xa0"
+         "000"),
+        ("\xc2\xa0"
+         "5"),
         "5\xc2\xa0",
-        "\xe2\x80\x89"
-        "5",
-        "\xe2\x88\x92"
-        "5",
+        ("\xe2\x80\x89"
+         "5"),
+        ("\xe2\x88\x92"
+         "5"),
         "\xef\xbc\x95",
         "\xd9\xa5",
         "5\xe2\x82\xac",
@@ -477,20 +476,19 @@ TEST_P(Numbers, ACommaIsNoDecimalPoint)
 
 TEST_P(Numbers, WhatIsWrittenReadsAsTheRoundedNumber)
 {
-    const std::vector<double> numbers = SomeNumbers(11);
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
+    for (const double number : SomeNumbers(11)) {
         Frequency frequency;
-        frequency.SetValue(numbers[i]);
-        const double rounded = Fixed(numbers[i], 2).toDouble();
+        frequency.SetValue(number);
+        const double rounded = Fixed(number, 2).toDouble();
         Frequency read;
         ASSERT_TRUE(read.SetXmlString(frequency.GetXmlString(), true));
-        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(rounded)) << Shown(numbers[i]);
+        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(rounded)) << Shown(number);
         QByteArray bytes = frequency.GetBinaryRepresentationAsQByteArray();
         ASSERT_TRUE(read.SetBinaryRepresentation(bytes));
-        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(rounded)) << Shown(numbers[i]);
+        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(rounded)) << Shown(number);
 
         ASSERT_EQ(Support::ReadRawForm(read, Support::RawFormOf(frequency)), 0);
-        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(numbers[i])) << Shown(numbers[i]);
+        ASSERT_EQ(BitsOf(read.GetValue()), BitsOf(number)) << Shown(number);
     }
 }
 

@@ -23,6 +23,7 @@
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -38,7 +39,6 @@ using REPORTGENERATOR::ReportBase;
 using Support::ByteArray;
 using Support::Bytes;
 using Support::Int32;
-using Support::String;
 using Support::Text;
 namespace Tag = Support::Tag;
 
@@ -340,7 +340,7 @@ TEST(Scaling, EachIncompleteCoordinateIsReportedOncePerOperation)
     EXPECT_NO_RG_THROW(area.Check(true));
     EXPECT_EQ(logger->lines[REPORTGENERATOR::ERROR], 2 * FEW);
 
-    const Bytes emptyBodies = Encoded(std::string(4 * FEW, '\0'));
+    const Bytes emptyBodies = Encoded(std::string(std::size_t{4} * FEW, '\0'));
     EXPECT_EQ(Support::ReadElements(area, Element(Tag::AREA_COORDINATES, Int32(FEW) + emptyBodies)), 0);
     EXPECT_EQ(CountOf(area), FEW);
     EXPECT_EQ(logger->lines[REPORTGENERATOR::WARNING], 2 * FEW);
