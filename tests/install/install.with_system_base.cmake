@@ -1,0 +1,18 @@
+# The full system takes the sources in, with its own base library in place of the tree's.
+
+include("${SETTINGS}")
+
+set(build "${SCRATCH}/fullsystem")
+# Without a build type, which is the quickest to compile.
+run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/fullsystem" -B "${build}" ${CONFIGURE_ARGUMENTS} -DCMAKE_BUILD_TYPE=
+    "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}" "-DREPORTGENERATOR_SOURCE_DIR=${SOURCE_DIR}")
+run("${CMAKE_COMMAND}" --build "${build}" --target fullsystem)
+run("${build}/fullsystem")
+set(expected "system base: SettingsNotifier::SetSettings: Unknown Tag 'Step' in 'Ellipse'. | \
+framework/reportgenerator/reportbase/settingsnotifier | 110\n")
+if(NOT RUN_OUTPUT STREQUAL expected)
+    message(FATAL_ERROR "the trace should be\n${expected}")
+endif()
+if(EXISTS "${build}/reportgenerator/framework/wendbase")
+    message(FATAL_ERROR "the tree's base library has been taken in too")
+endif()
