@@ -86,10 +86,10 @@ private:
     QString m_version;
     QString m_rootClass;
     IRGObject* m_loadedObject = nullptr;
-    QFile* m_loadingFile = nullptr;
     QStringList m_errors;
     QMap<QString, Versions> m_rootClasses;
     std::unique_ptr<IXmlConverter> m_converter;
+    QFile* m_loadingFile = nullptr;
 };
 
 } // namespace REPORTGENERATOR
