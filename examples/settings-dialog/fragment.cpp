@@ -4,11 +4,16 @@
 #include <QtCore/QSet>
 #include <QtCore/QXmlStreamReader>
 
+#include <cstddef>
 #include <vector>
 
 namespace {
 
 constexpr int LONGEST_QUOTATION = 40;
+
+// No settings object has elements that are nested deeper; what lies deeper is named after its place down to
+// here.
+constexpr std::size_t DEEPEST_PLACE = 4;
 
 /// An element that is not an object's, but may hold some.
 struct Container
@@ -54,6 +59,16 @@ void AddAttributes(std::vector<Value>& values, const QXmlStreamReader& reader, c
             {place + QLatin1Char('@') + attribute.qualifiedName().toString(), attribute.value().toString()});
 }
 
+/// The place of an element within the open ones. It doesn't grow beyond a few levels, since deep elements
+/// would otherwise take room by the square of their depth.
+QString PlaceWithin(const std::vector<OpenElement>& open, const QString& name)
+{
+    const QString& place = open.back().place;
+    if (open.size() < DEEPEST_PLACE)
+        return place + QLatin1Char('.') + name;
+    return open.size() == DEEPEST_PLACE ? place + QStringLiteral("...") : place;
+}
+
 /// Reads the element that the reader stands on.
 std::vector<Value> ReadValues(QXmlStreamReader& reader)
 {
@@ -64,8 +79,7 @@ std::vector<Value> ReadValues(QXmlStreamReader& reader)
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::StartElement) {
             open.back().hasChildren = true;
-            open.push_back(
-                {open.back().place + QLatin1Char('.') + reader.name().toString(), QString(), false});
+            open.push_back({PlaceWithin(open, reader.name().toString()), QString(), false});
             AddAttributes(values, reader, open.back().place);
         } else if (token == QXmlStreamReader::Characters) {
             open.back().text += reader.text();

@@ -21,7 +21,8 @@ Leftovers FindLeftovers(const QString& fragment, QStringList objectNames);
 /// The values of an object's element in a fragment that are not in `written`, the XML of the object after it
 /// has read that element: a text where a number belongs, the first of two values where only one is kept, an
 /// attribute or a text that the object passes over. Numbers may differ by rounding to two decimals. Each is
-/// named like "Ellipse.Rotation", an attribute "Ellipse@unit", and followed by its text in quotes.
+/// named like "Ellipse.Rotation", an attribute "Ellipse@unit", down to four levels, and followed by its text
+/// in quotes.
 QStringList FindChangedValues(const QString& fragment, const QString& objectName, const QString& written);
 
 #endif

@@ -124,6 +124,20 @@ TEST(ChangedValues, AnEmptyTextThatSetsNothingIsNoLoss)
     EXPECT_EQ(Changed("<A><X></X><Y/></A>", "<A/>"), QStringList());
 }
 
+TEST(ChangedValues, DeepElementsAreNamedAfterTheOneThatTheyAreIn)
+{
+    EXPECT_EQ(Changed("<A><B><C><D><E><F>1</F></E></D></C></B></A>", "<A/>"), Names({"A.B.C.D... \"1\""}));
+    EXPECT_EQ(Changed("<A><B><C><D>1</D></C></B></A>", "<A/>"), Names({"A.B.C.D \"1\""}));
+}
+
+TEST(ChangedValues, DeepElementsTakeRoomThatGrowsWithTheirDepth)
+{
+    constexpr int DEPTH = 100000;
+    const QString fragment = QStringLiteral("<A>") + QStringLiteral("<Deep>").repeated(DEPTH) +
+                             QStringLiteral("</Deep>").repeated(DEPTH) + QStringLiteral("</A>");
+    EXPECT_EQ(FindChangedValues(fragment, QStringLiteral("A"), QStringLiteral("<A/>")), QStringList());
+}
+
 TEST(ChangedValues, OnlyTheObjectsFirstElementCounts)
 {
     EXPECT_EQ(Changed("<B><X>1</X></B><A><X>2</X></A><A><X>3</X></A>", "<A><X>2.00</X></A>"), QStringList());
