@@ -61,12 +61,19 @@ public:
     using T::SetObjectType;
 };
 
+/// What holds for all samples but those that say otherwise.
+struct SampleDefaults
+{
+    static constexpr bool READS_CHILDREN = true;
+    static constexpr bool READS_WHAT_IT_WRITES = true;
+};
+
 /// An object of a class with everything set, one that its check refuses, and what belongs to them.
 template <class T>
 struct Sample;
 
 template <>
-struct Sample<ValueMinMax>
+struct Sample<ValueMinMax> : SampleDefaults
 {
     static constexpr const char* NAME = "AnyType";
     static constexpr const char16_t* WIDE_NAME = u"AnyType";
@@ -90,7 +97,7 @@ struct Sample<ValueMinMax>
 };
 
 template <>
-struct Sample<FrequencyRangeOld>
+struct Sample<FrequencyRangeOld> : SampleDefaults
 {
     static constexpr const char* NAME = "FrequencyRange";
     static constexpr const char16_t* WIDE_NAME = u"FrequencyRange";
@@ -99,8 +106,6 @@ struct Sample<FrequencyRangeOld>
                                        "\n    <StopFrequency>108.00</StopFrequency>"
                                        "\n</FrequencyRange>";
     static constexpr const char* PROBLEM = "FrequencyRange: Please set StopFrequency";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     static FrequencyRangeOld Filled()
     {
@@ -119,7 +124,7 @@ struct Sample<FrequencyRangeOld>
 };
 
 template <>
-struct Sample<FrequencyInformation>
+struct Sample<FrequencyInformation> : SampleDefaults
 {
     static constexpr const char* NAME = "FrequencyInformation";
     static constexpr const char16_t* WIDE_NAME = u"FrequencyInformation";
@@ -128,8 +133,6 @@ struct Sample<FrequencyInformation>
                                        "\n</FrequencyInformation>";
     static constexpr const char* PROBLEM =
         "FrequencyInformation: Please set either Frequency or FrequencyRange!";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     static FrequencyInformation Filled()
     {
@@ -148,7 +151,7 @@ struct Sample<FrequencyInformation>
 };
 
 template <>
-struct Sample<FrequencyListValue>
+struct Sample<FrequencyListValue> : SampleDefaults
 {
     static constexpr const char* NAME = "Value";
     static constexpr const char16_t* WIDE_NAME = u"Value";
@@ -157,8 +160,6 @@ struct Sample<FrequencyListValue>
                                        "\n    <TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp>"
                                        "\n</Value>";
     static constexpr const char* PROBLEM = "FrequencyList: Please set Value!";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     /// The time stamp can only be read.
     static FrequencyListValue Refused()
@@ -178,7 +179,7 @@ struct Sample<FrequencyListValue>
 };
 
 template <>
-struct Sample<Ellipse>
+struct Sample<Ellipse> : SampleDefaults
 {
     static constexpr const char* NAME = "Ellipse";
     static constexpr const char16_t* WIDE_NAME = u"Ellipse";
@@ -188,8 +189,6 @@ struct Sample<Ellipse>
                                        "\n    <Rotation>30.00</Rotation>"
                                        "\n</Ellipse>";
     static constexpr const char* PROBLEM = "Ellipse: Please set MinRadius!";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     static Ellipse Refused()
     {
@@ -208,7 +207,7 @@ struct Sample<Ellipse>
 };
 
 template <>
-struct Sample<ChannelSpacing>
+struct Sample<ChannelSpacing> : SampleDefaults
 {
     static constexpr const char* NAME = "ChannelSpacing";
     static constexpr const char16_t* WIDE_NAME = u"ChannelSpacing";
@@ -219,8 +218,6 @@ struct Sample<ChannelSpacing>
                                        "\n    <Value>25.00</Value>"
                                        "\n</ChannelSpacing>";
     static constexpr const char* PROBLEM = "ChannelSpacing: Please set Samedistance!";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     static ChannelSpacing Refused()
     {
@@ -239,7 +236,7 @@ struct Sample<ChannelSpacing>
 };
 
 template <>
-struct Sample<ScanParameter>
+struct Sample<ScanParameter> : SampleDefaults
 {
     static constexpr const char* NAME = "ScanParameter";
     static constexpr const char16_t* WIDE_NAME = u"ScanParameter";
@@ -253,8 +250,6 @@ struct Sample<ScanParameter>
                                        "\n    <HoldTime>3.00</HoldTime>"
                                        "\n</ScanParameter>";
     static constexpr const char* PROBLEM = "ScanParameter: PLease set FrequencyStep!";
-    static constexpr bool READS_CHILDREN = true;
-    static constexpr bool READS_WHAT_IT_WRITES = true;
 
     static ScanParameter Refused()
     {
@@ -274,7 +269,7 @@ struct Sample<ScanParameter>
 };
 
 template <>
-struct Sample<MeasurementTime>
+struct Sample<MeasurementTime> : SampleDefaults
 {
     static constexpr const char* NAME = "MeasurementTime";
     static constexpr const char16_t* WIDE_NAME = u"MeasurementTime";
@@ -285,7 +280,6 @@ struct Sample<MeasurementTime>
                                        "\n    <MeasurementMode></MeasurementMode>"
                                        "\n</MeasurementTime>";
     static constexpr const char* PROBLEM = "MeasurementTime: Please set MeasurementMode!";
-    static constexpr bool READS_CHILDREN = true;
 
     /// The name of the mode is written empty.
     static constexpr bool READS_WHAT_IT_WRITES = false;
