@@ -1971,25 +1971,6 @@ TEST(Area, RawFlagsWithoutAFieldAreKeptAndWrittenBack)
     EXPECT_STATE(area, state);
 }
 
-TEST(Area, RawCountsThatNothingFollowsEndWithTheStream)
-{
-    for (const long long count : {2LL, 1000000LL, (long long)GREATEST, -1LL, (long long)LEAST}) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(count);
-            Area area;
-            area.SetValidate(validate);
-            const Bytes raw = Support::Byte(NAME_FLAG | COORDINATES_FLAG) + String(u"1.0") + String(u"N") +
-                              Int32(count) + RawPoint(3, 1.0, 2.0);
-            try {
-                ReadRawForm(area, raw);
-            } catch (const RGException&) {
-            }
-            EXPECT_TEXT(area.GetName(), "N");
-            EXPECT_EQ(CountOf(area), count < 0 ? 0 : 1);
-        }
-    }
-}
-
 // A pipe hands its bytes over in pieces; an area that is longer than one of them is not at its end there.
 
 TEST(Area, LongListIsReadWholeFromAPipe)

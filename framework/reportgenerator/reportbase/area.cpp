@@ -27,18 +27,11 @@ struct CoordinateList
     /// logger.
     const QVector<Coordinate>& Own()
     {
-        if (!items.isDetached()) {
-            items.detach();
-            settled = 0;
-        }
+        items.detach();
         return items;
     }
 
     QVector<Coordinate> items;
-
-    /// So many coordinates from the front are known to have the area's validate flag and logger, so that a
-    /// reader needs to pass these on to the new ones only.
-    int settled = 0;
 };
 
 bool operator==(const CoordinateList& left, const CoordinateList& right)
@@ -101,6 +94,43 @@ struct Description<AreaData>
 
 template class RecordObject<AreaData>;
 
+/// The coordinates that a reading has already given the area's validate flag and logger, so that it serves
+/// the new ones only. Nothing is remembered from one reading to the next: the coordinates can be given others
+/// meanwhile.
+struct Area::Settled
+{
+    explicit Settled(Area& reader) : area(reader), outer(reader.m_settled) { area.m_settled = this; }
+    ~Settled() { area.m_settled = outer; }
+    Settled(const Settled& other) = delete;
+    Settled& operator=(const Settled& other) = delete;
+
+    /// How many from the front: all that were there, unless the area's settings or the list are others by
+    /// now.
+    int CountOf(const QVector<Coordinate>& items) const
+    {
+        const bool isSame = first == items.constData() && validate == area.GetValidate() &&
+                            logger == area.GetLogger() && count <= items.size();
+        return isSame ? count : 0;
+    }
+
+    void Remember(const QVector<Coordinate>& items)
+    {
+        hasBegun = true;
+        first = items.constData();
+        count = items.size();
+        validate = area.GetValidate();
+        logger = area.GetLogger();
+    }
+
+    Area& area;
+    Settled* outer;
+    bool hasBegun = false;
+    const Coordinate* first = nullptr;
+    int count = 0;
+    bool validate = true;
+    std::shared_ptr<Logger> logger;
+};
+
 Area::Area() = default;
 
 Area::Area(const Area& other) : RecordObject(other)
@@ -108,7 +138,11 @@ Area::Area(const Area& other) : RecordObject(other)
     Area::SetValidate(other.GetValidate());
 }
 
-Area& Area::operator=(const Area& other) = default;
+Area& Area::operator=(const Area& other)
+{
+    RecordObject::operator=(other);
+    return *this;
+}
 
 Area::~Area() = default;
 
@@ -180,7 +214,6 @@ QString Area::GetDefaultName() const
 const QVector<Coordinate>& Area::GetCoordinate() const
 {
     InitData();
-    m_data->coordinates.settled = 0;
     return m_data->coordinates.items;
 }
 
@@ -188,7 +221,6 @@ QVector<Coordinate>& Area::GetCoordinate()
 {
     InitData();
     SetFlag(*m_data, COORDINATES.Mask());
-    m_data->coordinates.settled = 0;
     return m_data->coordinates.items;
 }
 
@@ -197,7 +229,6 @@ void Area::SetCoordinate(const QVector<Coordinate>& coordinates)
     InitData();
     m_data->coordinates.items = coordinates;
     m_data->coordinates.Own();
-    m_data->coordinates.settled = 0;
     SetFlag(*m_data, COORDINATES.Mask());
 }
 
@@ -274,7 +305,7 @@ const QString& Area::GetVersion() const
     return ModelVersion();
 }
 
-const QString& Area::GetInitialVersionLoaded() const
+QString Area::GetInitialVersionLoaded() const
 {
     InitData();
     return m_data.constData()->initialVersionLoaded;
@@ -355,7 +386,7 @@ void Area::SetBinary(QDataStream& stream, int length)
         }
         return ReadFieldElement(stream, tag, TEXT_FIELDS, store);
     });
-    PassSettingsToNewCoordinates();
+    SettleCoordinates();
 }
 
 void Area::ReadCoordinates(QDataStream& stream)
@@ -387,14 +418,17 @@ void Area::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
     ApplyLoadedVersion(xmltools::VersionAttribute(reader));
+    const Settled settled(*this);
     IRGObject::ProcessXml(reader);
-    PassSettingsToNewCoordinates();
+    // Without a child nothing has been passed on, and nothing has come that would need it.
+    if (settled.hasBegun)
+        SettleCoordinates();
 }
 
 void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     InitData();
-    PassSettingsToNewCoordinates();
+    SettleCoordinates();
     if (reader.name() == COORDINATES.name.Latin1()) {
         Coordinate coordinate;
         PassSettingsTo(coordinate);
@@ -456,7 +490,10 @@ void Area::SetVersionSpecificBinaryWithoutValidation(QDataStream& stream)
     qint32 count = 0;
     stream >> count;
     ReserveCoordinates(count, elements::BytesLeft(stream) / RAW_COORDINATE);
-    for (qint32 i = 0; i < count && !elements::AtEnd(stream); ++i) {
+    bool isLast = false;
+    for (qint32 i = 0; i < count && !isLast; ++i) {
+        // The first one that is missing is offered like the others: it reads as an empty one.
+        isLast = elements::AtEnd(stream);
         Coordinate coordinate;
         PassSettingsTo(coordinate);
         coordinate.SetVersionSpecificBinaryWithoutValidation(stream);
@@ -484,13 +521,15 @@ void Area::PassSettingsTo(const Coordinate& coordinate) const
     coordinate.SetLogger(GetLogger());
 }
 
-/// Applied for each child that is read, so that it must not walk the whole list.
-void Area::PassSettingsToNewCoordinates() const
+/// Applied for each child that is read: within one reading only the new coordinates are looked at.
+void Area::SettleCoordinates() const
 {
-    CoordinateList& coordinates = m_data->coordinates;
-    const QVector<Coordinate>& items = coordinates.Own();
-    for (; coordinates.settled < items.size(); ++coordinates.settled)
-        PassSettingsTo(items.at(coordinates.settled));
+    const QVector<Coordinate>& items = m_data->coordinates.Own();
+    int count = m_settled ? m_settled->CountOf(items) : 0;
+    for (; count < items.size(); ++count)
+        PassSettingsTo(items.at(count));
+    if (m_settled)
+        m_settled->Remember(items);
 }
 
 /// Data of an older version start from an empty area.

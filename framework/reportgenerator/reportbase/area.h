@@ -99,7 +99,7 @@ public:
     const QString& GetVersion() const override;
 
     /// The version found in the data last read, empty before.
-    const QString& GetInitialVersionLoaded() const;
+    QString GetInitialVersionLoaded() const;
 
     using RecordObject::Check;
 
@@ -132,7 +132,9 @@ public:
     /// The raw form: a byte with a bit for each field that is set (name, coordinates, script identifier, from
     /// bit 0), version, name, the number of coordinates, the raw form of each, and the script identifier when
     /// set. The reader appends to the coordinates that are there and checks that each is complete when
-    /// validating, and nothing else.
+    /// validating, and nothing else. When fewer follow than their number says, the first one that is missing
+    /// counts as an empty one, which is refused when validating; otherwise it is the last one, and the
+    /// stream's status is `ReadPastEnd`.
     void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
     void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 
@@ -140,15 +142,20 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
+    struct Settled;
+
     template <class FieldOfData>
     void StoreText(const FieldOfData& field, const QString& text);
     void PassSettingsTo(const Coordinate& coordinate) const;
-    void PassSettingsToNewCoordinates() const;
+    void SettleCoordinates() const;
     void ApplyLoadedVersion(const QString& version);
     bool IsLoadedVersionOlder() const;
     void WriteCoordinates(QDataStream& stream) const;
     void ReadCoordinates(QDataStream& stream);
     void ReserveCoordinates(qint32 count, qint64 possible);
+
+    /// Of the reading that is going on, null while there is none.
+    Settled* m_settled = nullptr;
 };
 
 } // namespace REPORTGENERATOR

@@ -68,12 +68,16 @@ Coordinate::~Coordinate() = default;
 
 bool Coordinate::operator==(const Coordinate& other) const
 {
-    return HasEqualRecord(other);
+    // Unlike the other classes' comparison this one makes no records: without one nothing is set.
+    const auto record = [](const Coordinate& coordinate) -> const CoordinateData& {
+        return coordinate.IsInitialized() ? *coordinate.m_data.constData() : FreshRecord<CoordinateData>();
+    };
+    return AreFieldsEqual(record(*this), record(other), FIELDS);
 }
 
 bool Coordinate::operator!=(const Coordinate& other) const
 {
-    return !HasEqualRecord(other);
+    return !(*this == other);
 }
 
 bool Coordinate::AnyData() const

@@ -88,7 +88,7 @@ void Double::SetDefault(double value)
     m_default = value;
 }
 
-const QString& Double::GetUnit() const
+QString Double::GetUnit() const
 {
     return m_unit;
 }

@@ -49,7 +49,7 @@ public:
     void SetDefault(double value);
 
     /// The unit as free text, empty when there is none.
-    const QString& GetUnit() const;
+    QString GetUnit() const;
     void SetUnit(const QString& unit);
 
     /// The object name, which is the XML element name.

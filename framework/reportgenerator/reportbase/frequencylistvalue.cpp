@@ -38,8 +38,7 @@ const QDateTime& FrequencyListValue::GetTimeStamp() const
 
 bool FrequencyListValue::AnyData() const
 {
-    // Not compared with a null date-time: in some time zones the beginning of 1970 would be equal to it.
-    return m_frequency.AnyData() || !m_timeStamp.isNull();
+    return m_frequency.AnyData() || IsTimeStampSet();
 }
 
 bool FrequencyListValue::HasData() const
@@ -66,9 +65,15 @@ void FrequencyListValue::GetXml(QXmlStreamWriter& writer) const
         return;
     writer.writeStartElement(GetObjectName());
     m_frequency.GetXml(writer);
-    if (!m_timeStamp.isNull())
+    if (IsTimeStampSet())
         writer.writeTextElement(TIME_STAMP.Text(), Converters::ToString(m_timeStamp));
     writer.writeEndElement();
+}
+
+/// A local time that a clock change leaves out is not null, but is no time either.
+bool FrequencyListValue::IsTimeStampSet() const
+{
+    return m_timeStamp != QDateTime();
 }
 
 void FrequencyListValue::ProcessXmlStartElement(QXmlStreamReader& reader)

@@ -58,6 +58,8 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
+    bool IsTimeStampSet() const;
+
     QDateTime m_timeStamp;
 };
 

@@ -73,8 +73,10 @@ void RecordObject<Data>::Reset()
 template <class Data>
 void RecordObject<Data>::ResetToDefault()
 {
-    Reset();
-    InitData();
+    if (IsInitialized())
+        this->Reset();
+    else
+        InitData();
 }
 
 template <class Data>

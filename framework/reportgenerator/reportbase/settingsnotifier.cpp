@@ -9,6 +9,10 @@
 
 #include <algorithm>
 
+// Known here only, so that a program can declare them itself.
+Q_DECLARE_METATYPE(REPORTGENERATOR::IRGObject*)
+Q_DECLARE_METATYPE(REPORTGENERATOR::RegisterCenter*)
+
 namespace REPORTGENERATOR {
 
 namespace {

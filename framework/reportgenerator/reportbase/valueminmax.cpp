@@ -38,7 +38,7 @@ bool ValueMinMax::operator!=(const ValueMinMax& other) const
     return !(*this == other);
 }
 
-const QString& ValueMinMax::GetName() const
+QString ValueMinMax::GetName() const
 {
     return m_name;
 }

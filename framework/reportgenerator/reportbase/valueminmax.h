@@ -36,7 +36,7 @@ public:
     bool operator!=(const ValueMinMax& other) const;
 
     /// The name of the XML element, empty until it is set; the object name stays "AnyType".
-    const QString& GetName() const;
+    QString GetName() const;
     void SetName(const QString& name);
 
     /// The number itself; neither bound restricts it.
