@@ -46,8 +46,7 @@ constexpr std::size_t PREFIX = 5;
 
 const QLatin1String LENGTH_ERROR("BinaryParsingException");
 
-// --- What happened
-// ------------------------------------------------------------------------------------------------
+// --- What happened ----------------------------------------------------------------------------------------
 
 struct Result
 {
@@ -106,8 +105,7 @@ std::unique_ptr<Subject> NewSubject(const QString& folder, bool validate)
     return subject;
 }
 
-// --- The vectors
-// --------------------------------------------------------------------------------------------------
+// --- The vectors ------------------------------------------------------------------------------------------
 
 QString FolderOf(const Vector& vector)
 {
@@ -219,8 +217,7 @@ private:
     int m_failures = Failures();
 };
 
-// --- A reader of its own
-// ------------------------------------------------------------------------------------------
+// --- A reader of its own ----------------------------------------------------------------------------------
 
 /// What a stream of version 12 does: a read beyond the end gives 0 or nothing, and ends at the end.
 class ModelStream
@@ -412,8 +409,7 @@ void ExpectPredicted(const QString& folder, const QByteArray& bytes)
     EXPECT_EQ(subject->Description(), prediction.description);
 }
 
-// --- What holds for every input
-// -----------------------------------------------------------------------------------
+// --- What holds for every input ---------------------------------------------------------------------------
 
 bool IsKnownError(const Result& result, bool validate)
 {

@@ -62,8 +62,7 @@ struct Outcome
     SubjectMaker equal; ///< an object that equals it; none when the setters can't make one
 };
 
-// --- What differs between the classes
-// ---------------------------------------------------------------------------
+// --- What differs between the classes ---------------------------------------------------------------------
 
 template <class T>
 struct ClassOf;
@@ -211,8 +210,7 @@ DoubleState Fresh<Double, DoubleState>(const DoubleState& state)
     return {state.name};
 }
 
-// --- Cases that are written and read
-// ----------------------------------------------------------------------------
+// --- Cases that are written and read ----------------------------------------------------------------------
 
 struct GoldenCase
 {
@@ -485,8 +483,7 @@ std::vector<GoldenCase> BinaryCases()
     return cases;
 }
 
-// --- Cases that are only read
-// -----------------------------------------------------------------------------------
+// --- Cases that are only read -----------------------------------------------------------------------------
 
 struct ReadCase
 {
@@ -889,8 +886,7 @@ std::vector<MalformedCase> AllMalformed()
                    ReportMalformed(), DoubleMalformed()});
 }
 
-// --- Steps of the tests
-// -----------------------------------------------------------------------------------------
+// --- Steps of the tests -----------------------------------------------------------------------------------
 
 void ExpectOutcome(const Subject& subject, const Outcome& outcome)
 {
@@ -1043,8 +1039,7 @@ class GoldenMalformed : public ::testing::TestWithParam<MalformedCase>
 
 } // namespace
 
-// --- XML
-// ----------------------------------------------------------------------------------------------------------
+// --- XML --------------------------------------------------------------------------------------------------
 
 TEST_P(Golden, WritesTheXmlText)
 {
@@ -1092,8 +1087,7 @@ TEST_P(Golden, SavesAndLoadsTheXmlFile)
     }
 }
 
-// --- Plain representation
-// -----------------------------------------------------------------------------------------
+// --- Plain representation ---------------------------------------------------------------------------------
 
 TEST_P(GoldenBinary, WritesThePlainRepresentation)
 {
@@ -1179,8 +1173,7 @@ TEST_P(GoldenBinary, ReadsTheBody)
         GetParam().fromTagged, GetParam().taggedReadingWarnings);
 }
 
-// --- Compressed representation
-// ------------------------------------------------------------------------------------
+// --- Compressed representation ----------------------------------------------------------------------------
 
 TEST_P(GoldenBinary, WritesTheFrameAndTheBodyOfTheCompressedRepresentation)
 {
@@ -1243,8 +1236,7 @@ TEST_P(GoldenBinary, ReadsTheCompressedRepresentationAmidAStream)
         GetParam().fromTagged, LinesOfReadingBytes(ClassName()).mid(1) + GetParam().taggedReadingWarnings);
 }
 
-// --- Binary file
-// --------------------------------------------------------------------------------------------------
+// --- Binary file ------------------------------------------------------------------------------------------
 
 TEST_P(GoldenBinary, LoadsTheBinaryFileOfEitherRepresentation)
 {
@@ -1265,8 +1257,7 @@ TEST_P(GoldenBinary, LoadsTheBinaryFileOfEitherRepresentation)
     }
 }
 
-// --- Raw form
-// -----------------------------------------------------------------------------------------------------
+// --- Raw form ---------------------------------------------------------------------------------------------
 
 TEST_P(GoldenBinary, WritesTheRawForm)
 {
@@ -1314,8 +1305,7 @@ TEST_P(GoldenBinary, WritesTheRawFormAgainAfterReadingIt)
     EXPECT_BYTES(WriteRaw(*subject), bytes);
 }
 
-// --- Input that the library would not write
-// -------------------------------------------------------------------------
+// --- Input that the library would not write ---------------------------------------------------------------
 
 namespace {
 
@@ -1418,8 +1408,7 @@ TEST_P(GoldenMalformed, IsReportedWithoutValidationUnlessOnlyACheckFoundIt)
     EXPECT_EQ(subject->Description(), malformed.leaves);
 }
 
-// --- What no table says
-// -------------------------------------------------------------------------------------------
+// --- What no table says -----------------------------------------------------------------------------------
 
 TEST(GoldenRawForm, KeepsFlagBitsThatMeanNothing)
 {

@@ -338,8 +338,7 @@ protected:
 
 TYPED_TEST_SUITE(PlainClass, Classes, ClassNames);
 
-// --- Identity and copies
-// -------------------------------------------------------------------------------------
+// --- Identity and copies ----------------------------------------------------------------------------------
 
 TYPED_TEST(PlainClass, IsOfNoKindOfItsOwn)
 {
@@ -438,8 +437,7 @@ TYPED_TEST(PlainClass, AssignmentReturnsTheObjectAndMayBeToItself)
     EXPECT_XML(object, Sample<TypeParam>::XML);
 }
 
-// --- Writing and checking
-// ------------------------------------------------------------------------------------
+// --- Writing and checking ---------------------------------------------------------------------------------
 
 TYPED_TEST(PlainClass, WritesTheSameXmlInAllSettings)
 {
@@ -520,8 +518,7 @@ TYPED_TEST(PlainClass, ElementOfARefusedObjectIsLeftOutWithoutACheck)
     }
 }
 
-// --- Reading
-// -------------------------------------------------------------------------------------------------
+// --- Reading ----------------------------------------------------------------------------------------------
 
 TYPED_TEST(PlainClass, ReadsWhatItWrites)
 {
@@ -736,8 +733,7 @@ TYPED_TEST(PlainClass, FileWithoutItsElementResetsTheObjectAndGivesFalse)
     }
 }
 
-// --- Merging
-// -------------------------------------------------------------------------------------------------
+// --- Merging ----------------------------------------------------------------------------------------------
 
 TYPED_TEST(PlainClass, MergeOfAnotherClassIsRefusedWithAWarning)
 {
@@ -805,8 +801,7 @@ TYPED_TEST(PlainClass, MergeTracesTheWritingOfTheOtherOnly)
     EXPECT_LOG(otherLogger, QStringList{this->Line("INFO: ", ": Generating xml string.")});
 }
 
-// --- No binary form
-// ------------------------------------------------------------------------------------------
+// --- No binary form ---------------------------------------------------------------------------------------
 
 TYPED_TEST(PlainClass, RefusesItsBinaryBodyWhenValidating)
 {

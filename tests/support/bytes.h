@@ -61,8 +61,7 @@ private:
 
 void PrintTo(const Bytes& bytes, std::ostream* stream);
 
-// --- Values
-// -------------------------------------------------------------------------------------------------
+// --- Values -----------------------------------------------------------------------------------------------
 
 Bytes Raw(std::string_view bytes, const std::string& meaning = "bytes");
 Bytes Byte(int value, const std::string& meaning = "byte");
@@ -87,8 +86,7 @@ Bytes NullByteArray();
 /// A serialised QByteArray that holds `content`.
 Bytes ByteArrayOf(const Bytes& content);
 
-// --- Elements and bodies
-// --------------------------------------------------------------------------------------
+// --- Elements and bodies ----------------------------------------------------------------------------------
 
 /// Tag, length, payload: a field of an object, or a member object with its elements as payload.
 Bytes Element(long long tag, const Bytes& payload);
@@ -100,8 +98,7 @@ Bytes ElementOfLength(long long tag, long long length, const Bytes& payload);
 Bytes Body(const Bytes& elements);
 Bytes BodyOfLength(long long length, const Bytes& elements);
 
-// --- Representations
-// ------------------------------------------------------------------------------------------
+// --- Representations --------------------------------------------------------------------------------------
 
 /// The plain representation: marker, object name, root tag 1, root length, elements.
 Bytes Representation(std::u16string_view name, const Bytes& elements);
@@ -120,8 +117,7 @@ Bytes Stored(const Bytes& content);
 /// A binary file: one serialised QByteArray that holds a representation.
 Bytes BinaryFile(const Bytes& representation);
 
-// --- Comparison
-// -------------------------------------------------------------------------------------------------
+// --- Comparison -------------------------------------------------------------------------------------------
 
 ::testing::AssertionResult SameBytes(const char* actualExpression, const char* expectedExpression,
                                      const QByteArray& actual, const Bytes& expected);

@@ -77,8 +77,7 @@ QStringList Lines(const List& lines)
                                  const QStringList& expected);
 
 /// The logger's lines without their time stamps. A line without a well-formed time stamp comes back as it is,
-/// with
-/// "(no time stamp) " in front.
+/// with "(no time stamp) " in front.
 QStringList LinesWithoutTime(REPORTGENERATOR::ListLogger& logger);
 
 ::testing::AssertionResult ErrorIs(const char* exceptionExpression, const char* nameExpression,

@@ -109,8 +109,7 @@ public:
     void Check(bool logOnly) const override;
 
     /// Writes the element, the name also when it is not set. An incomplete coordinate is refused when
-    /// validating
-    /// ("IncompleteDefinitionException"), otherwise written after a WARNING. Throws as `Check` when
+    /// validating ("IncompleteDefinitionException"), otherwise written after a WARNING. Throws as `Check` when
     /// validating.
     void GetXml(QXmlStreamWriter& writer) const override;
 

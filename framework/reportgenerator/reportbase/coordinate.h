@@ -61,8 +61,7 @@ public:
     double GetDefaultLongitude() const;
 
     /// Degrees north, [-90, 90], 0.0 when not set. The setter is as that of the longitude, with "m_latitude"
-    /// and
-    /// "(-90, 90)" in its message.
+    /// and "(-90, 90)" in its message.
     double GetLatitude() const;
     void SetLatitude(double latitude);
     bool IsLatitudeSet() const;

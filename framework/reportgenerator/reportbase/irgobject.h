@@ -30,7 +30,7 @@ class VersionConverterProxy;
 /// - XML: one element named after the object; read from a string, a file or a path.
 /// - plain representation: the marker "IRGObject", the object name, and the object's tagged elements.
 /// - compressed representation: the marker "IRGObjectQCompress", the object name, and the elements
-/// compressed.
+///   compressed.
 /// - binary file: one serialised `QByteArray` that holds either representation.
 ///
 /// With the validate flag on, which is the default, writing and loading check the object and throw when it is

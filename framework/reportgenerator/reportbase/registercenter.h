@@ -30,9 +30,9 @@ public:
     void RegisterInterface(IRGObject* object);
 
     /// Takes the object over, filed under `type`, whatever that number is. Throws
-    /// `InterfaceNotSupportedException`
-    /// ("RegisterCenter:: While trying to register an interface that isn't defined") when the object's own
-    /// kind has no name; the center stays as it was and the object the caller's. `object` must not be null.
+    /// `InterfaceNotSupportedException` ("RegisterCenter:: While trying to register an interface that isn't
+    /// defined") when the object's own kind has no name; the center stays as it was and the object the
+    /// caller's. `object` must not be null.
     void RegisterInterface(IRGObject* object, ObjectTypes type);
 
     /// The object, null when there is none.
