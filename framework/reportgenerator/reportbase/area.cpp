@@ -1,13 +1,13 @@
 #include <reportgenerator/reportbase/area.h>
 
-#include <reportgenerator/reportbase/fieldforms_p.h>
+#include <reportgenerator/reportbase/forms/fieldforms.h>
+#include <reportgenerator/reportbase/forms/xmlnames.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/incompletedefinitionexception.h>
 #include <reportgenerator/reportbase/invalidxmlexception.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/outofrangeexception.h>
-#include <reportgenerator/reportbase/recordobject_p.h>
-#include <reportgenerator/reportbase/xmlnames_p.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
+#include <reportgenerator/reportbase/records/recordobject.h>
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/converters.h>
 
-#include <reportgenerator/reportbase/name_p.h>
+#include <reportgenerator/reportbase/forms/name.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>

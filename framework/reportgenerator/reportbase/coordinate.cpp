@@ -1,10 +1,10 @@
 #include <reportgenerator/reportbase/coordinate.h>
 
-#include <reportgenerator/reportbase/fieldforms_p.h>
+#include <reportgenerator/reportbase/forms/fieldforms.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/outofrangeexception.h>
-#include <reportgenerator/reportbase/recordobject_p.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
+#include <reportgenerator/reportbase/records/recordobject.h>
 
 namespace REPORTGENERATOR {
 

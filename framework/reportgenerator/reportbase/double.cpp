@@ -1,10 +1,10 @@
 #include <reportgenerator/reportbase/double.h>
 
-#include <reportgenerator/reportbase/invalidvalues_p.h>
+#include <reportgenerator/reportbase/forms/invalidvalues.h>
+#include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/messages_p.h>
-#include <reportgenerator/reportbase/numbers_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
 
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>

@@ -2,7 +2,7 @@
 
 #include <reportgenerator/reportbase/converters.h>
 #include <reportgenerator/reportbase/messages_p.h>
-#include <reportgenerator/reportbase/plainfield_p.h>
+#include <reportgenerator/reportbase/records/plainfield.h>
 
 namespace REPORTGENERATOR {
 

@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/ifbandwidth.h>
 
-#include <reportgenerator/reportbase/boundedvalue_p.h>
+#include <reportgenerator/reportbase/records/boundedvalue.h>
 
 namespace REPORTGENERATOR {
 

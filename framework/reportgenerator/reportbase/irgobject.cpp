@@ -1,13 +1,13 @@
 #include <reportgenerator/reportbase/irgobject.h>
 
-#include <reportgenerator/reportbase/compression_p.h>
-#include <reportgenerator/reportbase/invalidvalues_p.h>
+#include <reportgenerator/reportbase/forms/compression.h>
+#include <reportgenerator/reportbase/forms/invalidvalues.h>
+#include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/taggedelements.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/messages_p.h>
-#include <reportgenerator/reportbase/numbers_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
-#include <reportgenerator/reportbase/taggedelements_p.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDataStream>

@@ -1,8 +1,8 @@
 #ifndef REPORTGENERATOR_MESSAGES_P_H
 #define REPORTGENERATOR_MESSAGES_P_H
 
+#include <reportgenerator/reportbase/forms/name.h>
 #include <reportgenerator/reportbase/logger.h>
-#include <reportgenerator/reportbase/name_p.h>
 
 #include <QtCore/QString>
 

@@ -1,8 +1,8 @@
 #include <reportgenerator/reportbase/reportbase.h>
 
-#include <reportgenerator/reportbase/recordobject_p.h>
-#include <reportgenerator/reportbase/taggedelements_p.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
+#include <reportgenerator/reportbase/forms/taggedelements.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/records/recordobject.h>
 
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>

@@ -1,7 +1,7 @@
 #ifndef REPORTGENERATOR_REPORTING_P_H
 #define REPORTGENERATOR_REPORTING_P_H
 
-#include <reportgenerator/reportbase/name_p.h>
+#include <reportgenerator/reportbase/forms/name.h>
 
 class RGException;
 

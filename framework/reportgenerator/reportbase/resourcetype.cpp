@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/resourcetype.h>
 
-#include <reportgenerator/reportbase/nametable_p.h>
+#include <reportgenerator/reportbase/forms/nametable.h>
 
 #include <QtCore/QtGlobal>
 

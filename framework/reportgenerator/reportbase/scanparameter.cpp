@@ -1,8 +1,8 @@
 #include <reportgenerator/reportbase/scanparameter.h>
 
+#include <reportgenerator/reportbase/forms/xmlnames.h>
 #include <reportgenerator/reportbase/messages_p.h>
-#include <reportgenerator/reportbase/plainfield_p.h>
-#include <reportgenerator/reportbase/xmlnames_p.h>
+#include <reportgenerator/reportbase/records/plainfield.h>
 
 namespace REPORTGENERATOR {
 

@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/tasktype.h>
 
-#include <reportgenerator/reportbase/nametable_p.h>
+#include <reportgenerator/reportbase/forms/nametable.h>
 
 namespace REPORTGENERATOR::TaskType {
 

@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/valueminmax.h>
 
 #include <reportgenerator/reportbase/messages_p.h>
-#include <reportgenerator/reportbase/plainfield_p.h>
+#include <reportgenerator/reportbase/records/plainfield.h>
 
 namespace REPORTGENERATOR {
 

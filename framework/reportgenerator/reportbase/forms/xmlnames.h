@@ -1,7 +1,7 @@
-#ifndef REPORTGENERATOR_XMLNAMES_P_H
-#define REPORTGENERATOR_XMLNAMES_P_H
+#ifndef REPORTGENERATOR_FORMS_XMLNAMES_H
+#define REPORTGENERATOR_FORMS_XMLNAMES_H
 
-#include <reportgenerator/reportbase/name_p.h>
+#include <reportgenerator/reportbase/forms/name.h>
 
 namespace REPORTGENERATOR {
 

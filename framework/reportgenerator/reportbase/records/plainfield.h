@@ -1,8 +1,8 @@
-#ifndef REPORTGENERATOR_PLAINFIELD_P_H
-#define REPORTGENERATOR_PLAINFIELD_P_H
+#ifndef REPORTGENERATOR_RECORDS_PLAINFIELD_H
+#define REPORTGENERATOR_RECORDS_PLAINFIELD_H
 
-#include <reportgenerator/reportbase/fieldforms_p.h>
-#include <reportgenerator/reportbase/invalidvalues_p.h>
+#include <reportgenerator/reportbase/forms/fieldforms.h>
+#include <reportgenerator/reportbase/forms/invalidvalues.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 namespace REPORTGENERATOR {

@@ -1,10 +1,10 @@
-#ifndef REPORTGENERATOR_FIELDFORMS_P_H
-#define REPORTGENERATOR_FIELDFORMS_P_H
+#ifndef REPORTGENERATOR_FORMS_FIELDFORMS_H
+#define REPORTGENERATOR_FORMS_FIELDFORMS_H
 
+#include <reportgenerator/reportbase/forms/taggedelements.h>
 #include <reportgenerator/reportbase/irgobject.h>
-#include <reportgenerator/reportbase/record_p.h>
+#include <reportgenerator/reportbase/records/record.h>
 #include <reportgenerator/reportbase/reporting_p.h>
-#include <reportgenerator/reportbase/taggedelements_p.h>
 
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>

@@ -1,6 +1,6 @@
-#include <reportgenerator/reportbase/compression_p.h>
+#include <reportgenerator/reportbase/forms/compression.h>
 
-#include <reportgenerator/reportbase/limits_p.h>
+#include <reportgenerator/reportbase/forms/limits.h>
 
 #include <QtCore/QtEndian>
 

@@ -1,4 +1,4 @@
-#include <reportgenerator/reportbase/numbers_p.h>
+#include <reportgenerator/reportbase/forms/numbers.h>
 
 namespace REPORTGENERATOR::numbers {
 

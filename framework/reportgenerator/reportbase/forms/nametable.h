@@ -1,7 +1,7 @@
-#ifndef REPORTGENERATOR_NAMETABLE_P_H
-#define REPORTGENERATOR_NAMETABLE_P_H
+#ifndef REPORTGENERATOR_FORMS_NAMETABLE_H
+#define REPORTGENERATOR_FORMS_NAMETABLE_H
 
-#include <reportgenerator/reportbase/name_p.h>
+#include <reportgenerator/reportbase/forms/name.h>
 
 #include <cstddef>
 

@@ -1,6 +1,6 @@
-#include <reportgenerator/reportbase/xmltools_p.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
 
-#include <reportgenerator/reportbase/xmlnames_p.h>
+#include <reportgenerator/reportbase/forms/xmlnames.h>
 
 #include <QtCore/QXmlStreamReader>
 

@@ -1,8 +1,8 @@
-#ifndef REPORTGENERATOR_RECORD_P_H
-#define REPORTGENERATOR_RECORD_P_H
+#ifndef REPORTGENERATOR_RECORDS_RECORD_H
+#define REPORTGENERATOR_RECORDS_RECORD_H
 
-#include <reportgenerator/reportbase/name_p.h>
-#include <reportgenerator/reportbase/numbers_p.h>
+#include <reportgenerator/reportbase/forms/name.h>
+#include <reportgenerator/reportbase/forms/numbers.h>
 
 #include <QtCore/QSharedData>
 #include <QtCore/QSharedDataPointer>

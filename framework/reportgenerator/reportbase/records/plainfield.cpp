@@ -1,4 +1,4 @@
-#include <reportgenerator/reportbase/plainfield_p.h>
+#include <reportgenerator/reportbase/records/plainfield.h>
 
 #include <reportgenerator/reportbase/messages_p.h>
 

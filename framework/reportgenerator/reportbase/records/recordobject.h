@@ -1,8 +1,8 @@
-#ifndef REPORTGENERATOR_RECORDOBJECT_P_H
-#define REPORTGENERATOR_RECORDOBJECT_P_H
+#ifndef REPORTGENERATOR_RECORDS_RECORDOBJECT_H
+#define REPORTGENERATOR_RECORDS_RECORDOBJECT_H
 
-#include <reportgenerator/reportbase/record_p.h>
 #include <reportgenerator/reportbase/recordobject.h>
+#include <reportgenerator/reportbase/records/record.h>
 
 namespace REPORTGENERATOR {
 

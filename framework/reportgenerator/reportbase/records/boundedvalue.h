@@ -1,10 +1,10 @@
-#ifndef REPORTGENERATOR_BOUNDEDVALUE_P_H
-#define REPORTGENERATOR_BOUNDEDVALUE_P_H
+#ifndef REPORTGENERATOR_RECORDS_BOUNDEDVALUE_H
+#define REPORTGENERATOR_RECORDS_BOUNDEDVALUE_H
 
 #include <reportgenerator/reportbase/boundedvalue.h>
-#include <reportgenerator/reportbase/fieldforms_p.h>
-#include <reportgenerator/reportbase/recordobject_p.h>
-#include <reportgenerator/reportbase/xmltools_p.h>
+#include <reportgenerator/reportbase/forms/fieldforms.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/records/recordobject.h>
 
 namespace REPORTGENERATOR {
 

@@ -1,8 +1,8 @@
-#include <reportgenerator/reportbase/taggedelements_p.h>
+#include <reportgenerator/reportbase/forms/taggedelements.h>
 
 #include <reportgenerator/reportbase/binaryparsingexception.h>
+#include <reportgenerator/reportbase/forms/limits.h>
 #include <reportgenerator/reportbase/irgobject.h>
-#include <reportgenerator/reportbase/limits_p.h>
 #include <reportgenerator/reportbase/messages_p.h>
 
 #include <QtCore/QtEndian>

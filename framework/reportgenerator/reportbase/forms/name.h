@@ -1,5 +1,5 @@
-#ifndef REPORTGENERATOR_NAME_P_H
-#define REPORTGENERATOR_NAME_P_H
+#ifndef REPORTGENERATOR_FORMS_NAME_H
+#define REPORTGENERATOR_FORMS_NAME_H
 
 #include <QtCore/QLatin1String>
 #include <QtCore/QString>
