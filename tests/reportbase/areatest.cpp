@@ -224,18 +224,6 @@ const VersionRow VERSIONS[] = {
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TEST(Area, DefaultConstructedHasNothingSet)
-{
-    const Area area;
-    EXPECT_FALSE(area.IsInitialized());
-    EXPECT_FALSE(area.IsNameSet());
-    EXPECT_FALSE(area.IsCoordinateSet());
-    EXPECT_FALSE(area.IsScriptIDSet());
-    EXPECT_FALSE(area.AnyData());
-    EXPECT_FALSE(area.HasData());
-    EXPECT_FALSE(area.IsInitialized());
-}
-
 TEST(Area, ANewRecordHasNullTextsNoCoordinatesAndVersionOne)
 {
     const Area area;
@@ -555,84 +543,6 @@ TEST(Area, ResetKeepsBothVersions)
     }
 }
 
-TEST(Area, OperationsThatMakeTheRecordAndThoseThatDoNot)
-{
-    struct Row
-    {
-        const char* name;
-        std::function<void(Area&)> run;
-        bool makesRecord;
-    };
-    const std::vector<Row> rows = {
-        {"IsInitialized", [](Area& a) { a.IsInitialized(); }, false},
-        {"IsNameSet", [](Area& a) { a.IsNameSet(); }, false},
-        {"IsCoordinateSet", [](Area& a) { a.IsCoordinateSet(); }, false},
-        {"IsScriptIDSet", [](Area& a) { a.IsScriptIDSet(); }, false},
-        {"AnyData", [](Area& a) { a.AnyData(); }, false},
-        {"HasData", [](Area& a) { a.HasData(); }, false},
-        {"Reset", [](Area& a) { a.Reset(); }, false},
-        {"ResetName", [](Area& a) { a.ResetName(); }, false},
-        {"ResetCoordinate", [](Area& a) { a.ResetCoordinate(); }, false},
-        {"ResetScriptID", [](Area& a) { a.ResetScriptID(); }, false},
-        {"SetValidate", [](Area& a) { a.SetValidate(false); }, false},
-        {"SetLogger", [](Area& a) { a.SetLogger(Support::NewLogger()); }, false},
-        {"comparison without a record", [](Area& a) { EXPECT_TRUE(a == Area()); }, false},
-        {"empty XML", [](Area& a) { a.SetXmlString(QString(), true); }, false},
-        {"XML of another", [](Area& a) { a.SetXmlString(QStringLiteral("<A/>"), true); }, false},
-
-        {"GetName", [](Area& a) { a.GetName(); }, true},
-        {"GetScriptID", [](Area& a) { a.GetScriptID(); }, true},
-        {"GetCoordinate", [](Area& a) { a.GetCoordinate(); }, true},
-        {"GetCoordinate const", [](Area& a) { std::as_const(a).GetCoordinate(); }, true},
-        {"GetVersion", [](Area& a) { a.GetVersion(); }, true},
-        {"GetInitialVersionLoaded", [](Area& a) { a.GetInitialVersionLoaded(); }, true},
-        {"SetName", [](Area& a) { a.SetName(QStringLiteral("N")); }, true},
-        {"SetScriptID", [](Area& a) { a.SetScriptID(QStringLiteral("S")); }, true},
-        {"SetCoordinate", [](Area& a) { a.SetCoordinate({}); }, true},
-        {"AppendCoordinate", [](Area& a) { a.AppendCoordinate(At(1.0, 2.0)); }, true},
-        {"ResetToDefault", [](Area& a) { a.ResetToDefault(); }, true},
-        {"Check", [](Area& a) { EXPECT_RG_THROW(a.Check(), "OutOfRangeException", SET_NAME); }, true},
-        {"Check(true)", [](Area& a) { EXPECT_RG_THROW(a.Check(true), "OutOfRangeException", SET_NAME); },
-         true},
-        {"GetXml",
-         [](Area& a) {
-             a.SetValidate(false);
-             Support::UnindentedXmlOf(a);
-         },
-         true},
-        {"GetBinary",
-         [](Area& a) {
-             a.SetValidate(false);
-             BodyOf(a);
-         },
-         true},
-        {"raw writing", [](Area& a) { Support::RawFormOf(a); }, true},
-        {"raw reading",
-         [](Area& a) { ReadRawForm(a, Support::Byte(0) + String(u"1.0") + NullString() + Int32(0)); }, true},
-        {"SetBinary of nothing", [](Area& a) { ReadElements(a, Bytes()); }, true},
-        {"ProcessXml", [](Area& a) { ReadElement(a, QStringLiteral("<Area/>")); }, true},
-        {"comparison with a record",
-         [](Area& a) {
-             Area other;
-             other.GetName();
-             EXPECT_TRUE(a == other);
-         },
-         true},
-        {"comparison by another with a record",
-         [](Area& a) {
-             Area other;
-             other.GetName();
-             EXPECT_TRUE(other == a);
-         },
-         true},
-    };
-    for (const Row& row : rows) {
-        Area area;
-        row.run(area);
-        EXPECT_EQ(area.IsInitialized(), row.makesRecord) << row.name;
-    }
-}
-
 // --- Comparison -------------------------------------------------------------------------------------------
 
 TEST(Area, AllFieldsTakePartInTheComparison)
@@ -733,100 +643,6 @@ TEST(Area, ACoordinateThatIsNoNumberMakesTheAreaUnequalToItself)
 
 // --- Check ------------------------------------------------------------------------------------------------
 
-TEST(Area, CheckReportsTheFirstProblemWithoutLoggerWhetherValidatingOrNot)
-{
-    for (const bool validate : {true, false}) {
-        for (const bool logOnly : {true, false}) {
-            Area area;
-            area.SetValidate(validate);
-            EXPECT_RG_THROW(area.Check(logOnly), "OutOfRangeException", SET_NAME);
-            area.SetName(QStringLiteral(""));
-            EXPECT_RG_THROW(area.Check(logOnly), "OutOfRangeException", SET_COORDINATE);
-            area.SetCoordinate({At(1.0, 2.0), OnlyLatitude(3.0)});
-            EXPECT_RG_THROW(area.Check(logOnly), "OutOfRangeException",
-                            "Coordinate: Please set Longitude properly.");
-            area.SetCoordinate({At(1.0, 2.0), OutOfRange(3.0, 91.0)});
-            EXPECT_RG_THROW(area.Check(logOnly), "OutOfRangeException",
-                            "Coordinate: Please set Latitude properly.");
-            area.SetCoordinate({At(1.0, 2.0)});
-            EXPECT_NO_RG_THROW(area.Check(logOnly));
-            EXPECT_NO_RG_THROW(area.Check());
-            area.SetScriptID(QStringLiteral(""));
-            EXPECT_NO_RG_THROW(area.Check());
-        }
-    }
-}
-
-TEST(Area, CheckReportsANullScriptIdentifierOnlyWhenItIsSet)
-{
-    Area area = Lake();
-    area.ResetScriptID();
-    EXPECT_NO_RG_THROW(area.Check());
-    area.SetValidate(false);
-    area.SetScriptID(QString());
-    EXPECT_RG_THROW(area.Check(), "OutOfRangeException", SET_SCRIPT_ID);
-}
-
-TEST(Area, CheckReportsANullNameThoughItIsSet)
-{
-    Area area = Lake();
-    area.SetValidate(false);
-    area.SetName(QString());
-    EXPECT_RG_THROW(area.Check(), "OutOfRangeException", SET_NAME);
-}
-
-TEST(Area, CheckAsksForTheFlagOfTheCoordinatesAndNotForTheirNumber)
-{
-    Area area;
-    area.SetName(QStringLiteral("Lake"));
-    area.GetCoordinate();
-    EXPECT_NO_RG_THROW(area.Check());
-    EXPECT_RG_THROW(WithUnflaggedPoint(NAME_FLAG).Check(), "OutOfRangeException", SET_COORDINATE);
-}
-
-TEST(Area, CheckWithLoggerLogsTheFirstProblemAsFatalAndThrows)
-{
-    Area area;
-    const auto logger = Support::NewLogger();
-    area.SetLogger(logger);
-    EXPECT_RG_THROW(area.Check(), "OutOfRangeException", SET_NAME);
-    EXPECT_RG_THROW(area.Check(false), "OutOfRangeException", SET_NAME);
-    EXPECT_LOG(logger, {"FATAL ERROR: OutOfRangeException: Area: Please set Name properly.",
-                        "FATAL ERROR: OutOfRangeException: Area: Please set Name properly."});
-}
-
-TEST(Area, CheckOfTrueWithLoggerLogsAllProblemsAndReturns)
-{
-    Area area = NotValidating();
-    const auto logger = Support::NewLogger();
-    area.SetLogger(logger);
-    EXPECT_NO_RG_THROW(area.Check(true));
-    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Area: Please set Name properly.",
-                        "ERROR: OutOfRangeException: Area: Please set Coordinate properly."});
-
-    area.SetCoordinate({Coordinate(), At(1.0, 2.0), OutOfRange(181.0, 1.0)});
-    area.SetScriptID(QString());
-    logger->Reset(true);
-    EXPECT_NO_RG_THROW(area.Check(true));
-    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Area: Please set Name properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Latitude properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly.",
-                        "ERROR: OutOfRangeException: Area: Please set ScriptID properly."});
-}
-
-TEST(Area, CheckAlsoLooksAtCoordinatesThatAreNotMarkedAsSet)
-{
-    Area area = WithUnflaggedPoint(NAME_FLAG);
-    const auto logger = Support::NewLogger();
-    area.SetCoordinate({OnlyLatitude(1.0)});
-    EXPECT_EQ(ReadRawForm(area, Support::Byte(NAME_FLAG) + String(u"1.0") + String(u"N") + Int32(0)), 0);
-    area.SetLogger(logger);
-    EXPECT_NO_RG_THROW(area.Check(true));
-    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Area: Please set Coordinate properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
-}
-
 TEST(Area, MessagesBeginWithTheCurrentName)
 {
     Renamed area;
@@ -918,20 +734,6 @@ TEST(Area, XmlElementBearsTheCurrentName)
     EXPECT_TEXT(Support::UnindentedXmlOf(area),
                 "<Region Version=\"1.0\"><Name>N</Name><Coordinate><Longitude>1.000000</Longitude>"
                 "<Latitude>2.000000</Latitude></Coordinate></Region>");
-}
-
-TEST(Area, XmlOfAnIncompleteAreaThrowsWhenValidatingAndNothingIsWritten)
-{
-    Area area;
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    EXPECT_RG_THROW(area.GetXml(writer), "OutOfRangeException", SET_NAME);
-    area.SetName(QStringLiteral("Lake"));
-    EXPECT_RG_THROW(area.GetXml(writer), "OutOfRangeException", SET_COORDINATE);
-    EXPECT_RG_THROW(area.GetXmlString(), "OutOfRangeException", SET_COORDINATE);
-    area.SetCoordinate({OnlyLatitude(1.0)});
-    EXPECT_RG_THROW(area.GetXml(writer), "OutOfRangeException", "Coordinate: Please set Longitude properly.");
-    EXPECT_TEXT(xml, "");
 }
 
 TEST(Area, NothingIsWrittenWhenValidatingWithAnEmptyListThatIsSet)
@@ -1410,20 +1212,6 @@ TEST(Area, BodyGoesIntoTheMiddleOfACallersStream)
         Lake().GetBinary(stream, 7, true);
     });
     EXPECT_BYTES(bytes, Support::Byte(9) + body + Support::Byte(8) + body);
-}
-
-TEST(Area, IncompleteBodyThrowsWhenValidatingAndNothingIsWritten)
-{
-    Area area;
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        EXPECT_RG_THROW(area.GetBinary(stream, 1, true), "OutOfRangeException", SET_NAME);
-        area.SetName(QStringLiteral("Lake"));
-        EXPECT_RG_THROW(area.GetBinary(stream, 1, true), "OutOfRangeException", SET_COORDINATE);
-        area.SetCoordinate({At(1.0, 2.0), OutOfRange(1.0, 91.0)});
-        EXPECT_RG_THROW(area.GetBinary(stream, 1, true), "OutOfRangeException",
-                        "Coordinate: Please set Latitude properly.");
-    });
-    EXPECT_EQ(bytes.size(), 0);
 }
 
 TEST(Area, BodyHoldsIncompleteCoordinatesAsTheyStandWithoutAMessageWhenNotValidating)
@@ -2282,13 +2070,6 @@ TEST(Area, MergingAnAreaThatWritesNothingChangesNothing)
     other.SetName(QStringLiteral("Other"));
     other.GetCoordinate();
     EXPECT_TRUE(area.MergeRGObject(other));
-    EXPECT_STATE(area, LakeState());
-}
-
-TEST(Area, MergingAnIncompleteAreaThrowsWhatItsCheckThrows)
-{
-    Area area = Lake();
-    EXPECT_RG_THROW(area.MergeRGObject(Area()), "OutOfRangeException", SET_NAME);
     EXPECT_STATE(area, LakeState());
 }
 

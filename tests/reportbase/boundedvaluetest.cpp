@@ -203,15 +203,6 @@ TYPED_TEST_SUITE(BoundedValue, Classes, ClassNames);
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TYPED_TEST(BoundedValue, DefaultConstructedHasNothingSet)
-{
-    const TypeParam object;
-    EXPECT_FALSE(object.IsInitialized());
-    EXPECT_EQ(SetFields(object), "");
-    EXPECT_FALSE(object.AnyData());
-    EXPECT_FALSE(object.HasData());
-}
-
 TYPED_TEST(BoundedValue, GettersOfANewObjectGiveZeroAndMakeTheRecordButSetNothing)
 {
     for (const Field<TypeParam>& field : Fields<TypeParam>()) {
@@ -322,35 +313,6 @@ TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
     }
 }
 
-TYPED_TEST(BoundedValue, ResetUnsetsEverythingAndKeepsTheRecord)
-{
-    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    object.Reset();
-    EXPECT_TRUE(object.IsInitialized());
-    EXPECT_FALSE(object.AnyData());
-    EXPECT_EQ(object.GetValue(), 0.0);
-    EXPECT_EQ(object.GetMin(), 0.0);
-    EXPECT_EQ(object.GetMax(), 0.0);
-}
-
-TYPED_TEST(BoundedValue, ResetToDefaultUnsetsTheNumbersAndAlwaysLeavesARecord)
-{
-    TypeParam fresh;
-    fresh.ResetToDefault();
-    EXPECT_TRUE(fresh.IsInitialized());
-    EXPECT_EQ(SetFields(fresh), "");
-    EXPECT_FALSE(fresh.HasData());
-
-    TypeParam used = Complete<TypeParam>(1.0, 2.0, 3.0);
-    used.ResetToDefault();
-    EXPECT_TRUE(used.IsInitialized());
-    EXPECT_EQ(SetFields(used), "");
-    EXPECT_EQ(used.GetValue(), 0.0);
-    EXPECT_EQ(used.GetMin(), 0.0);
-    EXPECT_EQ(used.GetMax(), 0.0);
-    EXPECT_TRUE(used == fresh);
-}
-
 TYPED_TEST(BoundedValue, TheValueIsSetTheWayItStandsAfterEachCall)
 {
     TypeParam object;
@@ -364,94 +326,6 @@ TYPED_TEST(BoundedValue, TheValueIsSetTheWayItStandsAfterEachCall)
 }
 
 // --- When the record is made ------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, OperationsThatMakeTheRecordAndThoseThatDoNot)
-{
-    using Operation = std::function<void(TypeParam&)>;
-    struct Row
-    {
-        const char* name;
-        Operation run;
-        bool makesRecord;
-    };
-    const auto ignoringErrors = [](const Operation& run) {
-        return [run](TypeParam& object) {
-            EXPECT_RG_THROW(run(object), "OutOfRangeException",
-                            Named<TypeParam>("@: Please set Value properly."));
-        };
-    };
-    const auto unchecked = [](const Operation& run) {
-        return [run](TypeParam& object) {
-            object.SetValidate(false);
-            run(object);
-        };
-    };
-    const auto getXml = [](TypeParam& object) { Support::UnindentedXmlOf(object); };
-    const auto getBinary = [](TypeParam& object) { BodyOf(object); };
-
-    const std::vector<Row> rows = {
-        {"IsInitialized", [](TypeParam& o) { o.IsInitialized(); }, false},
-        {"IsValueSet", [](TypeParam& o) { o.IsValueSet(); }, false},
-        {"IsMinSet", [](TypeParam& o) { o.IsMinSet(); }, false},
-        {"IsMaxSet", [](TypeParam& o) { o.IsMaxSet(); }, false},
-        {"AnyData", [](TypeParam& o) { o.AnyData(); }, false},
-        {"HasData", [](TypeParam& o) { o.HasData(); }, false},
-        {"Reset", [](TypeParam& o) { o.Reset(); }, false},
-        {"ResetValue", [](TypeParam& o) { o.ResetValue(); }, false},
-        {"ResetMin", [](TypeParam& o) { o.ResetMin(); }, false},
-        {"ResetMax", [](TypeParam& o) { o.ResetMax(); }, false},
-        {"IsValidValue", [](TypeParam& o) { o.IsValidValue(1.0); }, false},
-        {"GetDefaultValue", [](TypeParam& o) { o.GetDefaultValue(); }, false},
-        {"empty XML", [](TypeParam& o) { o.SetXmlString(QString(), false); }, false},
-        {"XML of another", [](TypeParam& o) { o.SetXmlString(QStringLiteral("<A/>"), false); }, false},
-        {"unknown marker",
-         [](TypeParam& o) {
-             QByteArray bytes = Support::String(u"Other").Data();
-             o.SetBinaryRepresentation(bytes);
-         },
-         false},
-        {"comparison without a record", [](TypeParam& o) { EXPECT_TRUE(o == TypeParam()); }, false},
-
-        {"GetValue", [](TypeParam& o) { o.GetValue(); }, true},
-        {"GetMin", [](TypeParam& o) { o.GetMin(); }, true},
-        {"GetMax", [](TypeParam& o) { o.GetMax(); }, true},
-        {"SetValue", [](TypeParam& o) { o.SetValue(1.0); }, true},
-        {"SetMin", [](TypeParam& o) { o.SetMin(1.0); }, true},
-        {"SetMax", [](TypeParam& o) { o.SetMax(1.0); }, true},
-        {"ResetToDefault", [](TypeParam& o) { o.ResetToDefault(); }, true},
-        {"Check", ignoringErrors([](TypeParam& o) { o.Check(); }), true},
-        {"Check(true)", ignoringErrors([](TypeParam& o) { o.Check(true); }), true},
-        {"GetXml, validating", ignoringErrors(getXml), true},
-        {"GetXml", unchecked(getXml), true},
-        {"GetBinary, validating", ignoringErrors(getBinary), true},
-        {"GetBinary", unchecked(getBinary), true},
-        {"raw writing", [](TypeParam& o) { Support::RawFormOf(o); }, true},
-        {"raw reading", [](TypeParam& o) { ReadRawForm(o, Support::Byte(0) + Support::Double(0.0)); }, true},
-        {"SetBinary of nothing", [](TypeParam& o) { ReadElements(o, Bytes()); }, true},
-        {"ProcessXml", [](TypeParam& o) { ReadElement(o, Named<TypeParam>("<@/>")); }, true},
-        {"SetXmlString", [](TypeParam& o) { o.SetXmlString(Named<TypeParam>("<@/>"), true); }, true},
-        {"comparison with a record",
-         [](TypeParam& o) {
-             TypeParam other;
-             other.GetValue();
-             EXPECT_TRUE(o == other);
-         },
-         true},
-        {"comparison by another with a record",
-         [](TypeParam& o) {
-             TypeParam other;
-             other.GetValue();
-             EXPECT_TRUE(other == o);
-         },
-         true},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        TypeParam object;
-        row.run(object);
-        EXPECT_EQ(object.IsInitialized(), row.makesRecord);
-    }
-}
 
 // --- Comparison -------------------------------------------------------------------------------------------
 
@@ -504,45 +378,6 @@ TYPED_TEST(BoundedValue, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsN
 }
 
 // --- Check ------------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, CheckReportsTheMissingValueWhetherValidatingOrNot)
-{
-    for (const bool validate : {true, false}) {
-        for (const bool logOnly : {true, false}) {
-            SCOPED_TRACE(std::to_string(validate) + std::to_string(logOnly));
-            TypeParam object;
-            object.SetValidate(validate);
-            object.SetMin(1.0);
-            EXPECT_RG_THROW(object.Check(logOnly), "OutOfRangeException",
-                            Named<TypeParam>("@: Please set Value properly."));
-            EXPECT_RG_THROW(object.Check(), "OutOfRangeException",
-                            Named<TypeParam>("@: Please set Value properly."));
-        }
-    }
-}
-
-TYPED_TEST(BoundedValue, CheckWithLoggerLogsAsFatalAndThrows)
-{
-    TypeParam object;
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    EXPECT_RG_THROW(object.Check(), "OutOfRangeException", Named<TypeParam>("@: Please set Value properly."));
-    EXPECT_RG_THROW(object.Check(false), "OutOfRangeException",
-                    Named<TypeParam>("@: Please set Value properly."));
-    EXPECT_LOG(logger,
-               NamedLines<TypeParam>({"FATAL ERROR: OutOfRangeException: @: Please set Value properly.",
-                                      "FATAL ERROR: OutOfRangeException: @: Please set Value properly."}));
-}
-
-TYPED_TEST(BoundedValue, CheckOfTrueWithLoggerLogsAndReturns)
-{
-    TypeParam object;
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    EXPECT_NO_RG_THROW(object.Check(true));
-    EXPECT_LOG(logger, NamedLines<TypeParam>({"ERROR: OutOfRangeException: @: Please set Value properly."}));
-    EXPECT_TRUE(logger->HasErrors());
-}
 
 TYPED_TEST(BoundedValue, CheckOfAnObjectWithAValueSaysNothing)
 {
@@ -630,20 +465,6 @@ TYPED_TEST(BoundedValue, XmlElementBearsTheCurrentName)
     Renamed<TypeParam> object;
     object.SetValue(1.0);
     EXPECT_XML(object, "\n<Renamed>1.00</Renamed>");
-}
-
-TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueThrowsWhenValidating)
-{
-    TypeParam object;
-    object.SetMin(1.0);
-    EXPECT_RG_THROW(object.GetXmlString(), "OutOfRangeException",
-                    Named<TypeParam>("@: Please set Value properly."));
-
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    EXPECT_RG_THROW(object.GetXml(writer), "OutOfRangeException",
-                    Named<TypeParam>("@: Please set Value properly."));
-    EXPECT_TEXT(xml, "");
 }
 
 TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueHoldsWhatStandsThereWhenNotValidating)

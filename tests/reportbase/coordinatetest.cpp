@@ -170,16 +170,6 @@ public:
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TEST(Coordinate, DefaultConstructedHasNothingSet)
-{
-    const Coordinate coordinate;
-    EXPECT_FALSE(coordinate.IsInitialized());
-    EXPECT_FALSE(coordinate.IsLongitudeSet());
-    EXPECT_FALSE(coordinate.IsLatitudeSet());
-    EXPECT_FALSE(coordinate.AnyData());
-    EXPECT_FALSE(coordinate.HasData());
-}
-
 TEST(Coordinate, GettersOfANewCoordinateGiveZeroAndMakeTheRecordButSetNothing)
 {
     for (const Field& field : FIELDS) {
@@ -325,85 +315,6 @@ TEST(Coordinate, ResettingAnUnsetValueClearsItsLeftover)
     EXPECT_EQ(coordinate.GetLatitude(), 2.5);
 }
 
-TEST(Coordinate, ResetUnsetsBothStoresZerosAndKeepsTheRecord)
-{
-    Coordinate coordinate = At(1.5, 2.5);
-    coordinate.Reset();
-    EXPECT_TRUE(coordinate.IsInitialized());
-    EXPECT_STATE(coordinate, CoordinateState());
-    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-    EXPECT_EQ(coordinate.GetLatitude(), 0.0);
-}
-
-TEST(Coordinate, ResetToDefaultLeavesAnInitializedCoordinateWithNothingSet)
-{
-    for (Coordinate coordinate : {Coordinate(), At(1.5, 2.5)}) {
-        coordinate.ResetToDefault();
-        EXPECT_TRUE(coordinate.IsInitialized());
-        EXPECT_STATE(coordinate, CoordinateState());
-        EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-    }
-}
-
-TEST(Coordinate, OperationsThatMakeTheRecordAndThoseThatDoNot)
-{
-    struct Row
-    {
-        const char* name;
-        std::function<void(Coordinate&)> run;
-        bool makesRecord;
-    };
-    const std::vector<Row> rows = {
-        {"IsInitialized", [](Coordinate& c) { c.IsInitialized(); }, false},
-        {"IsLongitudeSet", [](Coordinate& c) { c.IsLongitudeSet(); }, false},
-        {"IsLatitudeSet", [](Coordinate& c) { c.IsLatitudeSet(); }, false},
-        {"AnyData", [](Coordinate& c) { c.AnyData(); }, false},
-        {"HasData", [](Coordinate& c) { c.HasData(); }, false},
-        {"Reset", [](Coordinate& c) { c.Reset(); }, false},
-        {"ResetLongitude", [](Coordinate& c) { c.ResetLongitude(); }, false},
-        {"ResetLatitude", [](Coordinate& c) { c.ResetLatitude(); }, false},
-        {"IsValidLongitude", [](Coordinate& c) { c.IsValidLongitude(1.0); }, false},
-        {"IsValidLatitude", [](Coordinate& c) { c.IsValidLatitude(1.0); }, false},
-        {"empty XML", [](Coordinate& c) { c.SetXmlString(QString(), true); }, false},
-        {"XML of another", [](Coordinate& c) { c.SetXmlString(QStringLiteral("<A/>"), true); }, false},
-
-        {"GetLongitude", [](Coordinate& c) { c.GetLongitude(); }, true},
-        {"GetLatitude", [](Coordinate& c) { c.GetLatitude(); }, true},
-        {"SetLongitude", [](Coordinate& c) { c.SetLongitude(1.0); }, true},
-        {"SetLatitude", [](Coordinate& c) { c.SetLatitude(1.0); }, true},
-        {"ResetToDefault", [](Coordinate& c) { c.ResetToDefault(); }, true},
-        {"Check", [](Coordinate& c) { EXPECT_RG_THROW(c.Check(), "OutOfRangeException", SET_LONGITUDE); },
-         true},
-        {"Check(true)",
-         [](Coordinate& c) { EXPECT_RG_THROW(c.Check(true), "OutOfRangeException", SET_LONGITUDE); }, true},
-        {"GetXml",
-         [](Coordinate& c) {
-             c.SetValidate(false);
-             Support::UnindentedXmlOf(c);
-         },
-         true},
-        {"GetBinary",
-         [](Coordinate& c) {
-             c.SetValidate(false);
-             BodyOf(c);
-         },
-         true},
-        {"raw writing", [](Coordinate& c) { Support::RawFormOf(c); }, true},
-        {"raw reading",
-         [](Coordinate& c) {
-             ReadRawForm(c, Support::Byte(0) + Support::Double(0.0) + Support::Double(0.0));
-         },
-         true},
-        {"SetBinary of nothing", [](Coordinate& c) { ReadElements(c, Bytes()); }, true},
-        {"ProcessXml", [](Coordinate& c) { ReadElement(c, QStringLiteral("<Coordinate/>")); }, true},
-    };
-    for (const Row& row : rows) {
-        Coordinate coordinate;
-        row.run(coordinate);
-        EXPECT_EQ(coordinate.IsInitialized(), row.makesRecord) << row.name;
-    }
-}
-
 // --- Comparison -------------------------------------------------------------------------------------------
 
 TEST(Coordinate, ValuesMatchWhenUnsetInBothOrSetInBothWithEqualNumbers)
@@ -450,45 +361,6 @@ TEST(Coordinate, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsNothing)
 }
 
 // --- Check ------------------------------------------------------------------------------------------------
-
-TEST(Coordinate, CheckReportsTheFirstProblemWithoutLogger)
-{
-    for (const bool validate : {true, false}) {
-        for (const bool logOnly : {true, false}) {
-            Coordinate coordinate;
-            coordinate.SetValidate(validate);
-            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LONGITUDE);
-            coordinate.SetLatitude(1.0);
-            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LONGITUDE);
-            coordinate.ResetLatitude();
-            coordinate.SetLongitude(1.0);
-            EXPECT_RG_THROW(coordinate.Check(logOnly), "OutOfRangeException", SET_LATITUDE);
-            EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LATITUDE);
-            coordinate.SetLatitude(1.0);
-            EXPECT_NO_RG_THROW(coordinate.Check(logOnly));
-            EXPECT_NO_RG_THROW(coordinate.Check());
-        }
-    }
-}
-
-TEST(Coordinate, CheckWithLoggerLogsTheFirstProblemAsFatalAndThrows)
-{
-    const Coordinate coordinate;
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LONGITUDE);
-    EXPECT_LOG(logger, {"FATAL ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
-}
-
-TEST(Coordinate, CheckOfTrueWithLoggerLogsBothProblemsAndReturns)
-{
-    const Coordinate coordinate;
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_NO_RG_THROW(coordinate.Check(true));
-    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Coordinate: Please set Longitude properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Latitude properly."});
-}
 
 TEST(Coordinate, CheckReportsValuesOutsideOfTheirRanges)
 {
@@ -574,17 +446,6 @@ TEST(Coordinate, XmlOfWhatIsNoNumberIsPaddedToFourCharactersInTheLongitudeAndThr
     EXPECT_XML(WithLeftovers(3, INF, INF), Xml(" inf", "inf"));
     EXPECT_XML(WithLeftovers(3, -INF, -INF), Xml("-inf", "-inf"));
     EXPECT_XML(WithLeftovers(3, 1e15, -111111.11), Xml("1000000000000000.000000", "-111111.110000"));
-}
-
-TEST(Coordinate, XmlOfAnIncompleteCoordinateThrowsWhenValidatingAndNothingIsWritten)
-{
-    Coordinate coordinate;
-    coordinate.SetLongitude(1.0);
-    EXPECT_RG_THROW(coordinate.GetXmlString(), "OutOfRangeException", SET_LATITUDE);
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    EXPECT_RG_THROW(coordinate.GetXml(writer), "OutOfRangeException", SET_LATITUDE);
-    EXPECT_TEXT(xml, "");
 }
 
 TEST(Coordinate, XmlOfAnOutOfRangeCoordinateThrowsWhenValidating)
@@ -887,19 +748,6 @@ TEST(Coordinate, BodyGoesIntoTheMiddleOfACallersStream)
         stream << quint8(8);
     });
     EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
-}
-
-TEST(Coordinate, IncompleteOrOutOfRangeBodyThrowsWhenValidatingAndNothingIsWritten)
-{
-    Coordinate incomplete;
-    incomplete.SetLatitude(1.0);
-    const Coordinate outOfRange = WithLeftovers(3, 1.0, -91.0);
-    outOfRange.SetValidate(true);
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        EXPECT_RG_THROW(incomplete.GetBinary(stream, 1, true), "OutOfRangeException", SET_LONGITUDE);
-        EXPECT_RG_THROW(outOfRange.GetBinary(stream, 1, true), "OutOfRangeException", SET_LATITUDE);
-    });
-    EXPECT_EQ(bytes.size(), 0);
 }
 
 TEST(Coordinate, BodyHoldsUnsetValuesAsTheyStandWhenNotValidating)

@@ -3,14 +3,10 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/recordclasses.h"
 #include "support/records.h"
 
-#include <reportgenerator/reportbase/area.h>
-#include <reportgenerator/reportbase/coordinate.h>
 #include <reportgenerator/reportbase/double.h>
-#include <reportgenerator/reportbase/frequency.h>
-#include <reportgenerator/reportbase/ifbandwidth.h>
-#include <reportgenerator/reportbase/reportbase.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
 #include <gtest/gtest.h>
@@ -22,129 +18,22 @@
 #include <QtCore/QTemporaryDir>
 
 #include <memory>
-#include <string>
 #include <type_traits>
 #include <typeinfo>
 
 namespace {
 
 using REPORTGENERATOR::AnyType;
-using REPORTGENERATOR::Area;
-using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::IRGObject;
-using REPORTGENERATOR::ReportBase;
 using REPORTGENERATOR::Task;
 using REPORTGENERATOR::VersionConverterProxy;
+using Support::Filled;
+using Support::Named;
+using Support::NamedLines;
+using Support::NameOf;
 using Support::ReadRawForm;
-
-/// What the tests have to know of a class.
-template <class T>
-struct Facts;
-
-template <>
-struct Facts<Frequency>
-{
-    static constexpr const char* NAME = "Frequency";
-    static constexpr long long ID = 0xc6b750e3;
-    static constexpr const char* XML = "\n<Frequency>1.00</Frequency>";
-    static void Fill(Frequency& object, double number) { object.SetValue(number); }
-    static void MakeRecord(const Frequency& object) { object.GetValue(); }
-};
-
-template <>
-struct Facts<IFBandwidth>
-{
-    static constexpr const char* NAME = "IFBandwidth";
-    static constexpr long long ID = 0xcf7b9707;
-    static constexpr const char* XML = "\n<IFBandwidth>1.00</IFBandwidth>";
-    static void Fill(IFBandwidth& object, double number) { object.SetValue(number); }
-    static void MakeRecord(const IFBandwidth& object) { object.GetValue(); }
-};
-
-template <>
-struct Facts<Coordinate>
-{
-    static constexpr const char* NAME = "Coordinate";
-    static constexpr long long ID = 0xce458c11;
-    static constexpr const char* XML = "\n<Coordinate>\n    <Longitude>1.000000</Longitude>\n"
-                                       "    <Latitude>1.000000</Latitude>\n</Coordinate>";
-    static void Fill(Coordinate& object, double number)
-    {
-        object.SetLongitude(number);
-        object.SetLatitude(number);
-    }
-    static void MakeRecord(const Coordinate& object) { object.GetLongitude(); }
-};
-
-template <>
-struct Facts<Area>
-{
-    static constexpr const char* NAME = "Area";
-    static constexpr long long ID = 0x469b9976;
-    static constexpr const char* XML =
-        "\n<Area Version=\"1.0\">\n    <Name>1</Name>\n    <Coordinate>\n"
-        "        <Longitude>1.000000</Longitude>\n        <Latitude>1.000000</Latitude>\n"
-        "    </Coordinate>\n</Area>";
-    static void Fill(Area& object, double number)
-    {
-        Coordinate coordinate;
-        Facts<Coordinate>::Fill(coordinate, number);
-        object.SetName(QString::number(number));
-        object.SetCoordinate({coordinate});
-    }
-    static void MakeRecord(const Area& object) { object.GetName(); }
-};
-
-template <>
-struct Facts<ReportBase>
-{
-    static constexpr const char* NAME = "ReportBase";
-    static constexpr long long ID = 0x06c20b85;
-    static constexpr const char* XML = "\n<ReportBase>\n    <Frequency>1.00</Frequency>\n</ReportBase>";
-    static void Fill(ReportBase& object, double number) { object.GetFrequency().SetValue(number); }
-    static void MakeRecord(const ReportBase& object) { object.GetFrequency(); }
-};
-
-struct ClassNames
-{
-    template <class T>
-    static std::string GetName(int)
-    {
-        return Facts<T>::NAME;
-    }
-};
-
-template <class T>
-QString Name()
-{
-    return QLatin1String(Facts<T>::NAME);
-}
-
-/// The text with the class's name in place of each "@".
-template <class T>
-QString Named(const char* pattern)
-{
-    return Support::Text(pattern).replace(QLatin1Char('@'), Name<T>());
-}
-
-template <class T>
-QStringList NamedLines(std::initializer_list<const char*> patterns)
-{
-    QStringList lines;
-    for (const char* pattern : patterns)
-        lines << Named<T>(pattern);
-    return lines;
-}
-
-template <class T>
-T Filled(double number)
-{
-    T object;
-    Facts<T>::Fill(object, number);
-    return object;
-}
+using Support::RecordClass;
+using Support::XmlOfOne;
 
 /// An object whose base was changed where a derived class may change it.
 template <class T>
@@ -200,8 +89,7 @@ class RecordObject : public ::testing::Test
 {
 };
 
-using Classes = ::testing::Types<Frequency, IFBandwidth, Coordinate, Area, ReportBase>;
-TYPED_TEST_SUITE(RecordObject, Classes, ClassNames);
+TYPED_TEST_SUITE(RecordObject, Support::RecordClasses, Support::RecordClassNames);
 
 } // namespace
 
@@ -214,17 +102,17 @@ TYPED_TEST(RecordObject, StaticNameAndIdAreFixed)
     static_assert(std::is_same_v<decltype(TypeParam::GetId()), long long>);
     static_assert(std::is_same_v<decltype(TypeParam::GetStaticObjectName()), QString>);
     const long long& id = TypeParam::id;
-    EXPECT_EQ(id, Facts<TypeParam>::ID);
-    EXPECT_EQ(TypeParam::GetId(), Facts<TypeParam>::ID);
+    EXPECT_EQ(id, RecordClass<TypeParam>::ID);
+    EXPECT_EQ(TypeParam::GetId(), RecordClass<TypeParam>::ID);
     EXPECT_GT(TypeParam::GetId(), 0);
-    EXPECT_TEXT(TypeParam::GetStaticObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_TEXT(TypeParam::GetStaticObjectName(), RecordClass<TypeParam>::NAME);
 }
 
 TYPED_TEST(RecordObject, ANewObjectBearsNameAndIdOfItsClassAndTheKindOfTheBase)
 {
     const TypeParam object;
-    EXPECT_TEXT(object.GetObjectName(), Facts<TypeParam>::NAME);
-    EXPECT_EQ(object.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_TEXT(object.GetObjectName(), RecordClass<TypeParam>::NAME);
+    EXPECT_EQ(object.GetObjectId(), RecordClass<TypeParam>::ID);
     EXPECT_EQ(object.GetObjectType(), AnyType);
     EXPECT_TRUE(object.GetValidate());
     EXPECT_EQ(object.GetLogger(), nullptr);
@@ -236,8 +124,8 @@ TYPED_TEST(RecordObject, TheKindCannotBeChanged)
     TypeParam object;
     object.SetObjectType(Task);
     EXPECT_EQ(object.GetObjectType(), AnyType);
-    EXPECT_TEXT(object.GetObjectName(), Facts<TypeParam>::NAME);
-    EXPECT_EQ(object.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_TEXT(object.GetObjectName(), RecordClass<TypeParam>::NAME);
+    EXPECT_EQ(object.GetObjectId(), RecordClass<TypeParam>::ID);
     EXPECT_FALSE(object.IsInitialized());
 }
 
@@ -275,30 +163,6 @@ TYPED_TEST(RecordObject, SettingsAndBasePropertiesDoNotMakeTheRecord)
     EXPECT_FALSE(object.IsInitialized());
 }
 
-TYPED_TEST(RecordObject, ResetDoesNotMakeTheRecordAndDoesNotDropIt)
-{
-    TypeParam object;
-    object.Reset();
-    EXPECT_FALSE(object.IsInitialized());
-
-    object = Filled<TypeParam>(1.0);
-    object.Reset();
-    EXPECT_TRUE(object.IsInitialized());
-    EXPECT_FALSE(object.AnyData());
-}
-
-TYPED_TEST(RecordObject, ResetToDefaultAlwaysLeavesARecord)
-{
-    TypeParam fresh;
-    fresh.ResetToDefault();
-    EXPECT_TRUE(fresh.IsInitialized());
-
-    TypeParam used = Filled<TypeParam>(1.0);
-    used.ResetToDefault();
-    EXPECT_TRUE(used.IsInitialized());
-    EXPECT_TRUE(used == fresh);
-}
-
 TYPED_TEST(RecordObject, ResetsKeepNameIdKindValidateFlagAndLogger)
 {
     Derived<TypeParam> object;
@@ -308,7 +172,7 @@ TYPED_TEST(RecordObject, ResetsKeepNameIdKindValidateFlagAndLogger)
     object.SetValidate(false);
     const auto logger = Support::NewLogger();
     object.SetLogger(logger);
-    Facts<TypeParam>::Fill(object, 1.0);
+    RecordClass<TypeParam>::Fill(object, 1.0);
 
     object.Reset();
     object.ResetToDefault();
@@ -326,7 +190,7 @@ TYPED_TEST(RecordObject, EachOperationTracesItsOwnProgressAndNothingOfItsMembers
     const auto logger = Support::NewLogger();
     object.SetLogger(logger);
 
-    EXPECT_XML(object, Facts<TypeParam>::XML);
+    EXPECT_XML(object, XmlOfOne<TypeParam>());
     EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
     logger->Reset(true);
 
@@ -344,7 +208,7 @@ TYPED_TEST(RecordObject, EachOperationTracesItsOwnProgressAndNothingOfItsMembers
 
     TypeParam read;
     read.SetLogger(logger);
-    EXPECT_TRUE(read.SetXmlString(Support::Text(Facts<TypeParam>::XML), true));
+    EXPECT_TRUE(read.SetXmlString(XmlOfOne<TypeParam>(), true));
     EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
     EXPECT_TRUE(read == object);
     logger->Reset(true);
@@ -402,7 +266,7 @@ TYPED_TEST(RecordObject, CopyHasTheFields)
     const TypeParam copy(object);
     EXPECT_TRUE(copy.IsInitialized());
     EXPECT_TRUE(copy == object);
-    EXPECT_XML(copy, Facts<TypeParam>::XML);
+    EXPECT_XML(copy, XmlOfOne<TypeParam>());
 }
 
 TYPED_TEST(RecordObject, CopyTakesTheKindButBearsNameAndIdOfTheClass)
@@ -415,8 +279,8 @@ TYPED_TEST(RecordObject, CopyTakesTheKindButBearsNameAndIdOfTheClass)
 
     const TypeParam copy(object);
     EXPECT_EQ(copy.GetObjectType(), Task);
-    EXPECT_TEXT(copy.GetObjectName(), Facts<TypeParam>::NAME);
-    EXPECT_EQ(copy.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_TEXT(copy.GetObjectName(), RecordClass<TypeParam>::NAME);
+    EXPECT_EQ(copy.GetObjectId(), RecordClass<TypeParam>::ID);
 }
 
 TYPED_TEST(RecordObject, CopyAsksTheOriginalForItsKind)
@@ -424,7 +288,7 @@ TYPED_TEST(RecordObject, CopyAsksTheOriginalForItsKind)
     const OfOtherKind<TypeParam> object;
     const TypeParam copy(object);
     EXPECT_EQ(copy.GetObjectType(), REPORTGENERATOR::Audio);
-    EXPECT_TEXT(copy.GetObjectName(), Facts<TypeParam>::NAME);
+    EXPECT_TEXT(copy.GetObjectName(), RecordClass<TypeParam>::NAME);
 }
 
 TYPED_TEST(RecordObject, CopyTakesTheValidateFlag)
@@ -433,7 +297,7 @@ TYPED_TEST(RecordObject, CopyTakesTheValidateFlag)
         TypeParam object;
         object.SetValidate(validate);
         EXPECT_EQ(TypeParam(object).GetValidate(), validate);
-        Facts<TypeParam>::MakeRecord(object);
+        RecordClass<TypeParam>::MakeRecord(object);
         EXPECT_EQ(TypeParam(object).GetValidate(), validate);
     }
 }
@@ -444,15 +308,15 @@ TYPED_TEST(RecordObject, CopyTakesNeitherLoggerNorVersionConverter)
     const auto logger = Support::NewLogger();
     object.SetLogger(logger);
     TypeParam prototype;
-    object.InjectVersionConverter(ProxyFor(Name<TypeParam>(), &prototype));
+    object.InjectVersionConverter(ProxyFor(NameOf<TypeParam>(), &prototype));
     logger->Reset(true);
 
     TypeParam copy(object);
     EXPECT_EQ(copy.GetLogger(), nullptr);
-    EXPECT_XML(copy, Facts<TypeParam>::XML);
+    EXPECT_XML(copy, XmlOfOne<TypeParam>());
     EXPECT_LOG(logger, {});
-    EXPECT_FALSE(HasConverter(copy, Name<TypeParam>()));
-    EXPECT_TRUE(HasConverter(object, Name<TypeParam>()));
+    EXPECT_FALSE(HasConverter(copy, NameOf<TypeParam>()));
+    EXPECT_TRUE(HasConverter(object, NameOf<TypeParam>()));
 }
 
 // --- Assigning --------------------------------------------------------------------------------------------
@@ -467,8 +331,8 @@ TYPED_TEST(RecordObject, AssigningTakesTheFieldsAndNothingElse)
     const auto sourceLogger = Support::NewLogger();
     source.SetLogger(sourceLogger);
     TypeParam prototype;
-    source.InjectVersionConverter(ProxyFor(Name<TypeParam>(), &prototype));
-    Facts<TypeParam>::Fill(source, 1.0);
+    source.InjectVersionConverter(ProxyFor(NameOf<TypeParam>(), &prototype));
+    RecordClass<TypeParam>::Fill(source, 1.0);
 
     TypeParam target = Filled<TypeParam>(2.0);
     const auto targetLogger = Support::NewLogger();
@@ -477,11 +341,11 @@ TYPED_TEST(RecordObject, AssigningTakesTheFieldsAndNothingElse)
     EXPECT_EQ(&result, &target);
     EXPECT_TRUE(target == source);
     EXPECT_EQ(target.GetObjectType(), AnyType);
-    EXPECT_TEXT(target.GetObjectName(), Facts<TypeParam>::NAME);
-    EXPECT_EQ(target.GetObjectId(), Facts<TypeParam>::ID);
+    EXPECT_TEXT(target.GetObjectName(), RecordClass<TypeParam>::NAME);
+    EXPECT_EQ(target.GetObjectId(), RecordClass<TypeParam>::ID);
     EXPECT_TRUE(target.GetValidate());
     EXPECT_EQ(target.GetLogger(), targetLogger);
-    EXPECT_FALSE(HasConverter(target, Name<TypeParam>()));
+    EXPECT_FALSE(HasConverter(target, NameOf<TypeParam>()));
 }
 
 TYPED_TEST(RecordObject, AssigningKeepsWhatTheTargetIs)
@@ -536,7 +400,7 @@ TYPED_TEST(RecordObject, AssigningAnObjectThatAlreadySharesTheFieldsChangesNothi
     target = source;
     target = source;
     EXPECT_TRUE(target == source);
-    EXPECT_XML(target, Facts<TypeParam>::XML);
+    EXPECT_XML(target, XmlOfOne<TypeParam>());
 }
 
 // --- Comparing --------------------------------------------------------------------------------------------
@@ -585,7 +449,7 @@ TYPED_TEST(RecordObject, OnlyTheFieldsAreCompared)
     one.ChangeId(7);
     one.SetValidate(false);
     one.SetLogger(Support::NewLogger());
-    Facts<TypeParam>::Fill(one, 1.0);
+    RecordClass<TypeParam>::Fill(one, 1.0);
     EXPECT_TRUE(one == Filled<TypeParam>(1.0));
     EXPECT_TRUE(Filled<TypeParam>(1.0) == one);
 }
@@ -598,7 +462,7 @@ TYPED_TEST(RecordObject, MergingAnotherClassIsRefusedWithAWarning)
     const auto logger = Support::NewLogger();
     object.SetLogger(logger);
     REPORTGENERATOR::Double other;
-    other.SetName(Name<TypeParam>());
+    other.SetName(NameOf<TypeParam>());
     other.SetValue(5.0);
     EXPECT_FALSE(object.MergeRGObject(other));
     EXPECT_LOG(logger,
@@ -617,7 +481,7 @@ TYPED_TEST(RecordObject, MergingADerivedClassIsRefused)
 {
     TypeParam object;
     Derived<TypeParam> derived;
-    Facts<TypeParam>::Fill(derived, 1.0);
+    RecordClass<TypeParam>::Fill(derived, 1.0);
     EXPECT_FALSE(object.MergeRGObject(derived));
     EXPECT_FALSE(derived.MergeRGObject(Filled<TypeParam>(2.0)));
     EXPECT_FALSE(object.IsInitialized());
@@ -643,7 +507,7 @@ TYPED_TEST(RecordObject, MergingAnObjectOfAnotherNameFindsNothing)
 {
     Derived<TypeParam> object;
     Derived<TypeParam> other;
-    Facts<TypeParam>::Fill(other, 1.0);
+    RecordClass<TypeParam>::Fill(other, 1.0);
     other.Rename(QStringLiteral("Other"));
     EXPECT_FALSE(object.MergeRGObject(other));
     EXPECT_FALSE(object.AnyData());

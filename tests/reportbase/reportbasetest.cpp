@@ -210,16 +210,6 @@ QString ReportXml(const char* content)
 
 // --- Members ----------------------------------------------------------------------------------------------
 
-TEST(ReportBase, DefaultConstructedCarriesNothingButCountsAsData)
-{
-    const ReportBase report;
-    EXPECT_FALSE(report.IsInitialized());
-    EXPECT_EQ(Carried(report), "");
-    EXPECT_FALSE(report.AnyData());
-    EXPECT_TRUE(report.HasData());
-    EXPECT_FALSE(report.IsInitialized());
-}
-
 TEST(ReportBase, ConstantGettersGiveUninitializedMembersAndCarryNothing)
 {
     const ReportBase report;
@@ -372,81 +362,6 @@ TEST(ReportBase, HasDataIsAlwaysTrue)
     EXPECT_TRUE(report.HasData());
 }
 
-TEST(ReportBase, OperationsThatMakeTheRecordAndThoseThatDoNot)
-{
-    struct Row
-    {
-        const char* name;
-        std::function<void(ReportBase&)> run;
-        bool makesRecord;
-    };
-    const std::vector<Row> rows = {
-        {"IsInitialized", [](ReportBase& r) { r.IsInitialized(); }, false},
-        {"IsFrequencySet", [](ReportBase& r) { r.IsFrequencySet(); }, false},
-        {"IsIFBandwidthSet", [](ReportBase& r) { r.IsIFBandwidthSet(); }, false},
-        {"IsAreaSet", [](ReportBase& r) { r.IsAreaSet(); }, false},
-        {"AnyData", [](ReportBase& r) { r.AnyData(); }, false},
-        {"HasData", [](ReportBase& r) { r.HasData(); }, false},
-        {"Reset", [](ReportBase& r) { r.Reset(); }, false},
-        {"ResetFrequency", [](ReportBase& r) { r.ResetFrequency(); }, false},
-        {"ResetIFBandwidth", [](ReportBase& r) { r.ResetIFBandwidth(); }, false},
-        {"ResetArea", [](ReportBase& r) { r.ResetArea(); }, false},
-        {"SetValidate", [](ReportBase& r) { r.SetValidate(false); }, false},
-        {"SetLogger", [](ReportBase& r) { r.SetLogger(Support::NewLogger()); }, false},
-        {"comparison without a record", [](ReportBase& r) { EXPECT_TRUE(r == ReportBase()); }, false},
-
-        {"GetFrequency", [](ReportBase& r) { r.GetFrequency(); }, true},
-        {"GetFrequency const", [](ReportBase& r) { std::as_const(r).GetFrequency(); }, true},
-        {"GetIFBandwidth", [](ReportBase& r) { r.GetIFBandwidth(); }, true},
-        {"GetIFBandwidth const", [](ReportBase& r) { std::as_const(r).GetIFBandwidth(); }, true},
-        {"GetArea", [](ReportBase& r) { r.GetArea(); }, true},
-        {"GetArea const", [](ReportBase& r) { std::as_const(r).GetArea(); }, true},
-        {"SetFrequency", [](ReportBase& r) { r.SetFrequency(Frequency()); }, true},
-        {"SetIFBandwidth", [](ReportBase& r) { r.SetIFBandwidth(IFBandwidth()); }, true},
-        {"SetArea", [](ReportBase& r) { r.SetArea(Area()); }, true},
-        {"ResetToDefault", [](ReportBase& r) { r.ResetToDefault(); }, true},
-        {"Check", [](ReportBase& r) { r.Check(); }, true},
-        {"Check(true)", [](ReportBase& r) { r.Check(true); }, true},
-        {"GetXml", [](ReportBase& r) { Support::UnindentedXmlOf(r); }, true},
-        {"GetBinary", [](ReportBase& r) { BodyOf(r); }, true},
-        {"GetXml, not validating",
-         [](ReportBase& r) {
-             r.SetValidate(false);
-             EXPECT_TEXT(Support::UnindentedXmlOf(r), "<ReportBase/>");
-         },
-         true},
-        {"GetBinary, not validating",
-         [](ReportBase& r) {
-             r.SetValidate(false);
-             EXPECT_BYTES(BodyOf(r), Element(1, Bytes()));
-         },
-         true},
-        {"raw writing", [](ReportBase& r) { Support::RawFormOf(r); }, true},
-        {"raw reading", [](ReportBase& r) { ReadRawForm(r, Support::Byte(0)); }, true},
-        {"SetBinary of nothing", [](ReportBase& r) { ReadElements(r, Bytes()); }, true},
-        {"ProcessXml", [](ReportBase& r) { ReadElement(r, QStringLiteral("<ReportBase/>")); }, true},
-        {"comparison with a record",
-         [](ReportBase& r) {
-             ReportBase other;
-             other.ResetToDefault();
-             EXPECT_TRUE(r == other);
-         },
-         true},
-        {"comparison by another with a record",
-         [](ReportBase& r) {
-             ReportBase other;
-             other.ResetToDefault();
-             EXPECT_TRUE(other == r);
-         },
-         true},
-    };
-    for (const Row& row : rows) {
-        ReportBase report;
-        EXPECT_NO_RG_THROW(row.run(report));
-        EXPECT_EQ(report.IsInitialized(), row.makesRecord) << row.name;
-    }
-}
-
 // --- Comparison -------------------------------------------------------------------------------------------
 
 TEST(ReportBase, MembersMatchWhenCarriedByNeitherOrByBothAndEqual)
@@ -494,64 +409,6 @@ TEST(ReportBase, DataOfMembersThatAreNotCarriedDoNotCount)
 }
 
 // --- Check ------------------------------------------------------------------------------------------------
-
-TEST(ReportBase, AReportThatCarriesNothingPassesTheCheck)
-{
-    for (const ReportBase& report : {ReportBase(), Complete(), WithFlags(0)}) {
-        const auto logger = Support::NewLogger();
-        report.SetLogger(logger);
-        EXPECT_NO_RG_THROW(report.Check());
-        EXPECT_NO_RG_THROW(report.Check(false));
-        EXPECT_NO_RG_THROW(report.Check(true));
-        EXPECT_LOG(logger, {});
-    }
-}
-
-TEST(ReportBase, CheckThrowsWhatTheFirstCarriedMemberThrows)
-{
-    for (const bool validate : {true, false}) {
-        for (const bool logOnly : {true, false}) {
-            ReportBase report;
-            report.SetValidate(validate);
-            report.GetArea();
-            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException", "Area: Please set Name properly.");
-            report.GetIFBandwidth();
-            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException",
-                            "IFBandwidth: Please set Value properly.");
-            report.GetFrequency();
-            EXPECT_RG_THROW(report.Check(logOnly), "OutOfRangeException",
-                            "Frequency: Please set Value properly.");
-            EXPECT_RG_THROW(report.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
-        }
-    }
-}
-
-TEST(ReportBase, CheckWithLoggerLogsTheFirstProblemAsFatalAndThrows)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.GetFrequency();
-    report.GetArea();
-    EXPECT_RG_THROW(report.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
-    EXPECT_LOG(logger, {"FATAL ERROR: OutOfRangeException: Frequency: Please set Value properly."});
-}
-
-TEST(ReportBase, CheckOfTrueWithLoggerLogsTheProblemsOfAllMembersAndReturns)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.GetArea() = IncompleteLake();
-    report.GetArea().ResetName();
-    report.GetFrequency();
-    report.GetIFBandwidth();
-    EXPECT_NO_RG_THROW(report.Check(true));
-    EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Frequency: Please set Value properly.",
-                        "ERROR: OutOfRangeException: IFBandwidth: Please set Value properly.",
-                        "ERROR: OutOfRangeException: Area: Please set Name properly.",
-                        "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
-}
 
 TEST(ReportBase, CheckDoesNotAskMembersThatAreNotCarried)
 {
@@ -604,17 +461,6 @@ TEST(ReportBase, XmlElementBearsTheCurrentNameAndSoDoThoseOfTheMembers)
         Support::UnindentedXmlOf(report),
         "<Summary><Rx>5.00</Rx><Region Version=\"1.0\"><Name>Lake</Name><Coordinate>"
         "<Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Coordinate></Region></Summary>");
-}
-
-TEST(ReportBase, XmlOfACarriedMemberWithoutDataThrowsWhenValidating)
-{
-    ReportBase report;
-    report.GetFrequency();
-    EXPECT_RG_THROW(report.GetXmlString(), "OutOfRangeException", "Frequency: Please set Value properly.");
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    EXPECT_RG_THROW(report.GetXml(writer), "OutOfRangeException", "Frequency: Please set Value properly.");
-    EXPECT_TEXT(xml, "");
 }
 
 TEST(ReportBase, XmlHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
@@ -906,17 +752,6 @@ TEST(ReportBase, BodyGoesIntoTheMiddleOfACallersStream)
         stream << quint8(8);
     });
     EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
-}
-
-TEST(ReportBase, BodyOfACarriedMemberWithoutDataThrowsWhenValidatingAndNothingIsWritten)
-{
-    ReportBase report = Complete();
-    report.GetArea().ResetName();
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        EXPECT_RG_THROW(report.GetBinary(stream, 1, true), "OutOfRangeException",
-                        "Area: Please set Name properly.");
-    });
-    EXPECT_EQ(bytes.size(), 0);
 }
 
 TEST(ReportBase, BodyHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
@@ -1421,15 +1256,5 @@ TEST(ReportBase, MergingAReportThatCarriesNothingChangesNothing)
     ReportBase report = Complete();
     EXPECT_TRUE(report.MergeRGObject(ReportBase()));
     EXPECT_TRUE(report.MergeRGObject(WithFlags(0)));
-    EXPECT_STATE(report, CompleteState());
-}
-
-TEST(ReportBase, MergingAReportWithAnIncompleteMemberThrowsWhatItsCheckThrows)
-{
-    ReportBase report = Complete();
-    ReportBase other;
-    other.GetFrequency();
-    EXPECT_RG_THROW(report.MergeRGObject(other), "OutOfRangeException",
-                    "Frequency: Please set Value properly.");
     EXPECT_STATE(report, CompleteState());
 }
