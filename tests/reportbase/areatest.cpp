@@ -726,16 +726,6 @@ TEST(Area, XmlHoldsTheNameEvenWhenItIsNotSetAndNothingElseOfAnEmptyArea)
     EXPECT_XML(area, AreaXml(QStringLiteral("    <Name></Name>\n    <ScriptID></ScriptID>\n")));
 }
 
-TEST(Area, XmlElementBearsTheCurrentName)
-{
-    Renamed area;
-    area.SetName(QStringLiteral("N"));
-    area.AppendCoordinate(At(1.0, 2.0));
-    EXPECT_TEXT(Support::UnindentedXmlOf(area),
-                "<Region Version=\"1.0\"><Name>N</Name><Coordinate><Longitude>1.000000</Longitude>"
-                "<Latitude>2.000000</Latitude></Coordinate></Region>");
-}
-
 TEST(Area, NothingIsWrittenWhenValidatingWithAnEmptyListThatIsSet)
 {
     Area area;
@@ -863,17 +853,6 @@ TEST(Area, TextsAreTakenAsTheyStandAndOnlyTheirLastPiece)
     }
 }
 
-TEST(Area, AChildWithinATextEndsTheReading)
-{
-    Area area = NotValidating();
-    const QString xml =
-        QStringLiteral("<Area Version=\"1.0\"><Name>a<i>b</i>c</Name><ScriptID>S</ScriptID></Area>");
-    EXPECT_TRUE(area.SetXmlString(xml, true));
-    EXPECT_TEXT(area.GetName(), "b");
-    EXPECT_FALSE(area.IsScriptIDSet());
-    EXPECT_TEXT(ReadElement(area, xml), "</Name>");
-}
-
 TEST(Area, SetXmlStringResetsTheAreaWhateverTheVersion)
 {
     for (const char* version : {"0.9", "1.0", "2.0"}) {
@@ -916,18 +895,6 @@ TEST(Area, XmlWithoutVersionCountsAsOlder)
         EXPECT_STATE(area, state);
         EXPECT_TRUE(area.GetInitialVersionLoaded().isEmpty());
     }
-}
-
-TEST(Area, ProcessXmlAddsToAnAreaOfTheSameVersion)
-{
-    Area area = Lake();
-    EXPECT_TEXT(ReadElement(area, QStringLiteral("<Area Version=\"1.0\"><Coordinate><Longitude>3</Longitude>"
-                                                 "<Latitude>4</Latitude></Coordinate></Area><Next/>")),
-                "</Area>");
-    AreaState state = LakeState();
-    state.coordinates.push_back({3.0, 4.0});
-    state.initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(area, state);
 }
 
 TEST(Area, AnIncompleteElementFailsTheCheckWhenValidating)
@@ -1003,37 +970,6 @@ TEST(Area, AnOutOfRangeCoordinateElementSpeaksThroughTheLoggerOfTheArea)
                         "(-180, 180) in 'Coordinate'."});
 }
 
-TEST(Area, UnknownChildrenOfOlderDataAreSkippedWithTheirContentWithoutAMessage)
-{
-    for (const bool validate : {true, false}) {
-        for (const char* version : {" Version=\"0.9\"", "", " Version=\"\"", " Version=\"abc\""}) {
-            SCOPED_TRACE(version);
-            Area area;
-            area.SetValidate(validate);
-            const auto logger = Support::NewLogger();
-            area.SetLogger(logger);
-            EXPECT_TRUE(area.SetXmlString(
-                Text("<Area%1><Old><Name>inner</Name><b/></Old><Name>Lake</Name><Old/>"
-                     "<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>"
-                     "<name>x</name><ScriptID>S7</ScriptID><Old a=\"b\">t</Old></Area>")
-                    .arg(Text(version)),
-                true));
-            EXPECT_TRUE(area == Lake());
-            EXPECT_LOG(logger, {"INFO: Area: Loading xml string."});
-        }
-    }
-}
-
-TEST(Area, SkippingEndsAtTheFirstTagOfTheSameNameSoThatANestedOneEndsTheReading)
-{
-    Area area = NotValidating();
-    const QString xml = QStringLiteral("<Area><Name>N</Name><x><x/></x><ScriptID>S</ScriptID></Area>");
-    EXPECT_TRUE(area.SetXmlString(xml, true));
-    EXPECT_TEXT(area.GetName(), "N");
-    EXPECT_FALSE(area.IsScriptIDSet());
-    EXPECT_TEXT(ReadElement(area, xml), "</x>");
-}
-
 TEST(Area, UnknownChildrenOfDataThatIsNotOlderAreRefusedWhenValidating)
 {
     for (const char* version : {"1.0", "1", "2.0"}) {
@@ -1107,57 +1043,6 @@ TEST(Area, AnUnknownChildOfDataThatIsNotOlderIsEnteredAndItsEndTagEndsTheReading
 
         EXPECT_TRUE(area.SetXmlString(xml, true));
         EXPECT_STATE(area, state);
-    }
-}
-
-TEST(Area, MalformedXmlIsReportedAndWhatWasReadBeforeStays)
-{
-    struct Row
-    {
-        const char* xml;
-        const char* name;
-        std::vector<CoordinateState> coordinates;
-        const char* version;
-    };
-    const std::vector<Row> rows = {
-        {"<Area Version=\"1.0\"><Name>N</Name>", "N", {}, "1.0"},
-        {"<Area Version=\"1.0\"><Name>N", nullptr, {}, "1.0"},
-        {"<Area Version=\"1.0\"><Name>N</Foo></Area>", nullptr, {}, "1.0"},
-        {"<Area Version=\"1.0\"><Name>N</Name></Foo>", "N", {}, "1.0"},
-        {"<Area Version=\"0.9\"><Foo><Name>N</Name>", nullptr, {}, "0.9"},
-        {"<Area Version=\"1.0\"><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>",
-         nullptr,
-         {{1.0, 2.0}},
-         "1.0"},
-        {"<Area Version=\"1.0\"><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude>",
-         nullptr,
-         {},
-         "1.0"},
-        {"<Area Version=\"1.0\"><Coordinate><Longitude>1</Longitude><Latitude>2", nullptr, {}, "1.0"},
-        {"<Area Version=\"1.0\"><Name>&x;</Name></Area>", nullptr, {}, "1.0"},
-        {"<Area Version=\"1.0\" Version=\"1.0\"><Name>N</Name></Area>", nullptr, {}, ""},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.xml);
-            const QString xml = Text(row.xml);
-            Area area = Lake();
-            area.SetValidate(validate);
-            EXPECT_RG_THROW(area.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            AreaState state;
-            if (row.name)
-                state.name = Text(row.name);
-            state.coordinates = row.coordinates;
-            state.initialVersionLoaded = Text(row.version);
-            EXPECT_STATE(area, state);
-
-            const auto logger = Support::NewLogger();
-            area.SetLogger(logger);
-            EXPECT_RG_THROW(area.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_LOG(logger, QStringList({QStringLiteral("INFO: Area: Loading xml string."),
-                                            QStringLiteral("FATAL ERROR: RGException: ") +
-                                                Support::XmlErrorOf(xml)}));
-        }
     }
 }
 

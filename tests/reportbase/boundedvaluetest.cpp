@@ -460,13 +460,6 @@ TYPED_TEST(BoundedValue, GetXmlWritesOneElementWhereTheWriterStands)
     EXPECT_TEXT(xml, Named<TypeParam>("<Holder><@ Min=\"2.00\" Max=\"3.00\">1.00</@><@>4.00</@></Holder>"));
 }
 
-TYPED_TEST(BoundedValue, XmlElementBearsTheCurrentName)
-{
-    Renamed<TypeParam> object;
-    object.SetValue(1.0);
-    EXPECT_XML(object, "\n<Renamed>1.00</Renamed>");
-}
-
 TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueHoldsWhatStandsThereWhenNotValidating)
 {
     TypeParam fresh;
@@ -502,21 +495,6 @@ TYPED_TEST(BoundedValue, XmlReadingTakesBoundsAndValue)
     EXPECT_EQ(object.GetMin(), 2.5);
     EXPECT_EQ(object.GetMax(), 3.25);
     EXPECT_EQ(SetFields(object), "value min max ");
-}
-
-TYPED_TEST(BoundedValue, XmlReadingLeavesWhatIsNotThereUnset)
-{
-    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@>5</@>"), true));
-    EXPECT_TRUE(object == WithValue<TypeParam>(5.0));
-    EXPECT_EQ(object.GetMin(), 0.0);
-}
-
-TYPED_TEST(BoundedValue, ProcessXmlLeavesWhatIsNotThereAsItWas)
-{
-    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    EXPECT_TEXT(ReadElement(object, Named<TypeParam>("<@ Max=\"30\">10</@>")), Named<TypeParam>("</@>"));
-    EXPECT_TRUE(object == Complete<TypeParam>(10.0, 2.0, 30.0));
 }
 
 TYPED_TEST(BoundedValue, XmlNumbersThatAreNoneReadAsZeroAndCountAsSet)
@@ -556,22 +534,6 @@ TYPED_TEST(BoundedValue, ElementWithoutTextSetsTheValueToZero)
     }
 }
 
-TYPED_TEST(BoundedValue, UnknownAttributesAndChildrenArePassedOverWithoutAMessage)
-{
-    for (const bool validate : {true, false}) {
-        TypeParam object;
-        object.SetValidate(validate);
-        const auto logger = Support::NewLogger();
-        object.SetLogger(logger);
-        EXPECT_TRUE(object.SetXmlString(
-            Named<TypeParam>(
-                "<@ Unit=\"Hz\" min=\"7\" MAX=\"8\" Value=\"9\">12<Note Min=\"6\"/><Value/></@>"),
-            true));
-        EXPECT_TRUE(object == WithValue<TypeParam>(12.0));
-        EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
-    }
-}
-
 TYPED_TEST(BoundedValue, TheValueIsTheLastPieceOfTextBeforeTheFirstEndTag)
 {
     struct Row
@@ -602,28 +564,6 @@ TYPED_TEST(BoundedValue, TheValueIsTheLastPieceOfTextBeforeTheFirstEndTag)
     }
 }
 
-TYPED_TEST(BoundedValue, ReadingEndsOnTheFirstTagOfTheSameNameAfterTheText)
-{
-    struct Row
-    {
-        const char* xml;
-        const char* end;
-    };
-    const Row rows[] = {
-        {"<@>1</@><Next/>", "</@>"},      {"<@/><Next/>", "</@>"},       {"<@>1<x/>2</@>", "</@>"},
-        {"<@>1<x><y/></x>2</@>", "</@>"}, {"<@>1<@>2</@>3</@>", "</@>"}, {"<@>1<x/><@>2</@></@>", "<@>"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.xml);
-        TypeParam object;
-        EXPECT_TEXT(
-            ReadElement(
-                object,
-                Named<TypeParam>((std::string("<r>") + row.xml + "</r>").c_str()).remove(0, 3).chopped(4)),
-            Named<TypeParam>(row.end));
-    }
-}
-
 TYPED_TEST(BoundedValue, TheReaderStaysOnTheEndTagSoThatAHolderCanGoOn)
 {
     QXmlStreamReader reader(Named<TypeParam>("<r><@>1<x/></@><@>2</@><After/></r>"));
@@ -646,52 +586,6 @@ TYPED_TEST(BoundedValue, TheReaderStaysOnTheEndTagSoThatAHolderCanGoOn)
     EXPECT_TEXT(after, "After");
 }
 
-TYPED_TEST(BoundedValue, ElementIsFoundAnywhereWhenTheRootIsNotChecked)
-{
-    TypeParam object;
-    const QString xml = Named<TypeParam>("<a><b/><c><@ Min=\"1\">2</@></c><@>3</@></a>");
-    EXPECT_TRUE(object.SetXmlString(xml, false));
-    EXPECT_EQ(object.GetValue(), 2.0);
-    EXPECT_EQ(object.GetMin(), 1.0);
-    EXPECT_RG_THROW(object.SetXmlString(xml, true), "RGException", Named<TypeParam>("Unsuitable XML for @!"));
-    EXPECT_FALSE(object.AnyData());
-}
-
-TYPED_TEST(BoundedValue, MalformedXmlIsReportedAndWhatWasReadBeforeStays)
-{
-    struct Row
-    {
-        const char* xml;
-        const char* fields;
-    };
-    const Row rows[] = {
-        {"<@ Min=\"1\">2", "min "},
-        {"<@ Min=\"1\" Max=\"2\">3</Wrong>", "min max "},
-        {"<@ Min=\"1\">2<x></@>", "min "},
-        {"<@ Min=\"1\">2&nothing;</@>", "min "},
-        {"<@>2<", ""},
-        {"<@ Min=\"1\" Min=\"2\">3</@>", ""},
-        {"<@ Min=1>3</@>", ""},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.xml);
-            const QString xml = Named<TypeParam>(row.xml);
-            TypeParam object = Complete<TypeParam>(7.0, 8.0, 9.0);
-            object.SetValidate(validate);
-            EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_EQ(SetFields(object), row.fields);
-
-            const auto logger = Support::NewLogger();
-            object.SetLogger(logger);
-            EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_LOG(logger, QStringList({Named<TypeParam>("INFO: @: Loading xml string."),
-                                            QStringLiteral("FATAL ERROR: RGException: ") +
-                                                Support::XmlErrorOf(xml)}));
-        }
-    }
-}
-
 TYPED_TEST(BoundedValue, WhatStandsBehindTheReadPartIsNotLookedAt)
 {
     for (const char* xml : {"<@>5</@></@>", "<@>5</@><<<", "<a><@>5</@>", "<a><@>5</@></b>", "<@>5<x/>"}) {
@@ -700,28 +594,6 @@ TYPED_TEST(BoundedValue, WhatStandsBehindTheReadPartIsNotLookedAt)
         EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(xml), false));
         EXPECT_TRUE(object == WithValue<TypeParam>(5.0));
     }
-}
-
-TYPED_TEST(BoundedValue, XmlWithoutTheElementLeavesTheObjectUntouched)
-{
-    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    EXPECT_FALSE(object.SetXmlString(QString(), true));
-    EXPECT_FALSE(object.SetXmlString(QStringLiteral("<Other>1</Other>"), true));
-    EXPECT_FALSE(object.SetXmlString(Named<TypeParam>("<@ Min=\"1\""), true));
-    EXPECT_TRUE(object == Complete<TypeParam>(1.0, 2.0, 3.0));
-    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string.", "INFO: @: Loading xml string.",
-                                              "INFO: @: Loading xml string."}));
-}
-
-TYPED_TEST(BoundedValue, AnElementWhoseNameOnlyBeginsAlikeResetsTheObjectAndIsNotRead)
-{
-    TypeParam object = WithValue<TypeParam>(1.0);
-    EXPECT_FALSE(object.SetXmlString(Named<TypeParam>("<@Information>5</@Information>"), false));
-    EXPECT_FALSE(object.AnyData());
-    EXPECT_RG_THROW(object.SetXmlString(Named<TypeParam>("<@Information>5</@Information>"), true),
-                    "RGException", Named<TypeParam>("Unsuitable XML for @!"));
 }
 
 // --- Tagged form, writing ---------------------------------------------------------------------------------

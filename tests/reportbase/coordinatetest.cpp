@@ -480,20 +480,6 @@ TEST(Coordinate, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
     EXPECT_EQ(bytes.size(), 0);
 }
 
-TEST(Coordinate, XmlElementBearsTheCurrentName)
-{
-    class Corner : public Coordinate
-    {
-    public:
-        Corner() { SetObjectName(QStringLiteral("Corner")); }
-    };
-    Corner corner;
-    corner.SetLongitude(1.0);
-    corner.SetLatitude(2.0);
-    EXPECT_TEXT(Support::UnindentedXmlOf(corner),
-                "<Corner><Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Corner>");
-}
-
 // --- XML reading ------------------------------------------------------------------------------------------
 
 TEST(Coordinate, XmlReadingTakesTheChildrenInAnyOrderAndTheLastOfAName)
@@ -517,25 +503,6 @@ TEST(Coordinate, ChildrenAreToldApartByTheirLocalNames)
                                                "<Latitude xmlns=\"urn:h\">2</Latitude></Coordinate>"),
                                 true));
     EXPECT_STATE(coordinate, State(1.0, 2.0));
-}
-
-TEST(Coordinate, XmlReadingResetsWhatIsNotThere)
-{
-    Coordinate coordinate = At(1.0, 2.0);
-    coordinate.SetValidate(false);
-    EXPECT_TRUE(
-        coordinate.SetXmlString(QStringLiteral("<Coordinate><Longitude>5</Longitude></Coordinate>"), true));
-    EXPECT_STATE(coordinate, State(5.0, std::nullopt));
-    EXPECT_EQ(coordinate.GetLatitude(), 0.0);
-}
-
-TEST(Coordinate, ProcessXmlLeavesWhatIsNotThereAsItWas)
-{
-    Coordinate coordinate = At(1.0, 2.0);
-    EXPECT_TEXT(
-        ReadElement(coordinate, QStringLiteral("<Coordinate><Latitude>5</Latitude></Coordinate><Next/>")),
-        "</Coordinate>");
-    EXPECT_STATE(coordinate, State(1.0, 5.0));
 }
 
 TEST(Coordinate, AnIncompleteElementFailsTheCheckWhenValidating)
@@ -622,45 +589,6 @@ TEST(Coordinate, OutOfRangeXmlIsStoredWithWarningsWhenNotValidating)
                         "(-90, 90) in 'Coordinate'."});
 }
 
-TEST(Coordinate, UnknownChildrenAreSkippedWithoutAMessage)
-{
-    for (const bool validate : {true, false}) {
-        Coordinate coordinate;
-        coordinate.SetValidate(validate);
-        const auto logger = Support::NewLogger();
-        coordinate.SetLogger(logger);
-        EXPECT_TRUE(coordinate.SetXmlString(
-            QStringLiteral(
-                "<Coordinate Datum=\"WGS84\"><Height unit=\"m\">5</Height>text<Longitude>1</Longitude>"
-                "<Note><Latitude>7</Latitude><b/><Longitude>8</Longitude></Note><Empty/>"
-                "<Latitude>2</Latitude><!-- end --><Last/></Coordinate>"),
-            true));
-        EXPECT_STATE(coordinate, State(1.0, 2.0));
-        EXPECT_LOG(logger, {"INFO: Coordinate: Loading xml string."});
-    }
-}
-
-TEST(Coordinate, SkippingEndsAtTheFirstTagOfTheSameNameSoThatANestedOneEndsTheReading)
-{
-    const QString xml = QStringLiteral("<Coordinate><Longitude>1</Longitude><x><x/></x>"
-                                       "<Latitude>2</Latitude></Coordinate>");
-    Coordinate coordinate = NotValidating();
-    EXPECT_TRUE(coordinate.SetXmlString(xml, true));
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-    EXPECT_TEXT(ReadElement(coordinate, xml), "</x>");
-    coordinate.SetValidate(true);
-    EXPECT_RG_THROW(coordinate.SetXmlString(xml, true), "OutOfRangeException", SET_LATITUDE);
-}
-
-TEST(Coordinate, AChildWithinAValueGivesTheTextBeforeItsEndTagAndEndsTheReading)
-{
-    Coordinate coordinate = NotValidating();
-    EXPECT_TRUE(coordinate.SetXmlString(
-        QStringLiteral("<Coordinate><Longitude>1<y>2</y>3</Longitude><Latitude>4</Latitude></Coordinate>"),
-        true));
-    EXPECT_STATE(coordinate, State(2.0, std::nullopt));
-}
-
 TEST(Coordinate, OnlyTheLastPieceOfATextCounts)
 {
     Coordinate coordinate;
@@ -668,53 +596,6 @@ TEST(Coordinate, OnlyTheLastPieceOfATextCounts)
                                                        "<Latitude>1<![CDATA[2]]></Latitude></Coordinate>"),
                                         true));
     EXPECT_STATE(coordinate, State(34.0, 2.0));
-}
-
-TEST(Coordinate, ANestedElementOfTheSameNameIsAnUnknownChild)
-{
-    Coordinate coordinate;
-    EXPECT_TRUE(coordinate.SetXmlString(
-        QStringLiteral("<Coordinate><Longitude>1</Longitude><Coordinate><Longitude>5</Longitude></Coordinate>"
-                       "<Latitude>2</Latitude></Coordinate>"),
-        true));
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
-}
-
-TEST(Coordinate, MalformedXmlIsReportedAndWhatWasReadBeforeStays)
-{
-    struct Row
-    {
-        const char* xml;
-        CoordinateState state;
-    };
-    const Row rows[] = {
-        {"<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude>", State(1.0, 2.0)},
-        {"<Coordinate><Longitude>1</Longitude><Latitude>2", State(1.0, std::nullopt)},
-        {"<Coordinate><Longitude>1</Longitude><Latitude>2</Longitude></Coordinate>",
-         State(1.0, std::nullopt)},
-        {"<Coordinate><Longitude>1</Longitude></Wrong>", State(1.0, std::nullopt)},
-        {"<Coordinate><Longitude>1</Longitude><Unknown>", State(1.0, std::nullopt)},
-        {"<Coordinate><Longitude>1&x;</Longitude></Coordinate>", {}},
-        {"<Coordinate>", {}},
-        {"<Coordinate a=\"1\" a=\"2\"><Longitude>1</Longitude></Coordinate>", {}},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.xml);
-            const QString xml = Support::Text(row.xml);
-            Coordinate coordinate = At(7.0, 8.0);
-            coordinate.SetValidate(validate);
-            EXPECT_RG_THROW(coordinate.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_STATE(coordinate, row.state);
-
-            const auto logger = Support::NewLogger();
-            coordinate.SetLogger(logger);
-            EXPECT_RG_THROW(coordinate.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_LOG(logger, QStringList({QStringLiteral("INFO: Coordinate: Loading xml string."),
-                                            QStringLiteral("FATAL ERROR: RGException: ") +
-                                                Support::XmlErrorOf(xml)}));
-        }
-    }
 }
 
 // --- Tagged form ------------------------------------------------------------------------------------------

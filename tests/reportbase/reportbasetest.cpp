@@ -501,43 +501,6 @@ TEST(ReportBase, XmlReadingTakesTheMembersInAnyOrder)
     EXPECT_TRUE(report == Complete());
 }
 
-TEST(ReportBase, XmlReadingDropsWhatIsNotThere)
-{
-    ReportBase report = Complete();
-    EXPECT_TRUE(report.SetXmlString(ReportXml("<IFBandwidth>7</IFBandwidth>"), true));
-    EXPECT_EQ(Carried(report), "bandwidth ");
-    EXPECT_FALSE(std::as_const(report).GetFrequency().AnyData());
-    EXPECT_TRUE(report.SetXmlString(QStringLiteral("<ReportBase/>"), true));
-    EXPECT_EQ(Carried(report), "");
-    EXPECT_TRUE(report.IsInitialized());
-}
-
-TEST(ReportBase, AttributesAndOtherContentAreIgnored)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    EXPECT_TRUE(report.SetXmlString(
-        QStringLiteral("<?xml version=\"1.0\"?><!-- a --><ReportBase Version=\"0.1\" Frequency=\"7\">text"
-                       "<!-- b --><Frequency>5</Frequency><![CDATA[<Area/>]]></ReportBase>"),
-        true));
-    EXPECT_EQ(Carried(report), "frequency ");
-    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
-    EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string."});
-}
-
-TEST(ReportBase, ProcessXmlAddsToWhatIsThere)
-{
-    ReportBase report = Complete();
-    report.GetFrequency().SetMin(1.0);
-    EXPECT_TEXT(ReadElement(report, ReportXml("<Frequency Max=\"9\">8</Frequency>")), "</ReportBase>");
-    ReportState state = CompleteState();
-    state.frequency->value = 8.0;
-    state.frequency->min = 1.0;
-    state.frequency->max = 9.0;
-    EXPECT_STATE(report, state);
-}
-
 TEST(ReportBase, RepeatedMembersAddUp)
 {
     ReportBase report;
@@ -567,46 +530,6 @@ TEST(ReportBase, ARepeatedAreaOfAnOlderVersionStartsAnew)
     state.area->scriptID = QStringLiteral("S");
     state.area->initialVersionLoaded = QStringLiteral("0.9");
     EXPECT_STATE(report, state);
-}
-
-TEST(ReportBase, UnknownChildrenAreSkippedWithTheirContentWithoutAMessage)
-{
-    for (const bool validate : {true, false}) {
-        ReportBase report;
-        report.SetValidate(validate);
-        const auto logger = Support::NewLogger();
-        report.SetLogger(logger);
-        EXPECT_TRUE(report.SetXmlString(
-            ReportXml((std::string("<New><Frequency>7</Frequency><b><c/></b></New><frequency>8</frequency>"
-                                   "<Frequency>5</Frequency><New/>"
-                                   "<ReportBase><IFBandwidth>9</IFBandwidth></ReportBase>"
-                                   "<IFBandwidth>6</IFBandwidth><Coordinate/>") +
-                       LAKE_XML + "<Last>t</Last>")
-                          .c_str()),
-            true));
-        EXPECT_TRUE(report == Complete());
-        EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string."});
-    }
-}
-
-TEST(ReportBase, SkippingEndsAtTheFirstTagOfTheSameNameSoThatANestedOneEndsTheReading)
-{
-    ReportBase report;
-    const QString xml = ReportXml("<Frequency>5</Frequency><x><x/></x><IFBandwidth>6</IFBandwidth>");
-    EXPECT_TRUE(report.SetXmlString(xml, true));
-    EXPECT_EQ(Carried(report), "frequency ");
-    EXPECT_TEXT(ReadElement(report, xml), "</x>");
-}
-
-TEST(ReportBase, AFrequencyWithinAFrequencyEndsTheReading)
-{
-    ReportBase report;
-    const QString xml =
-        ReportXml("<Frequency>1<Frequency>2</Frequency>3</Frequency><IFBandwidth>6</IFBandwidth>");
-    EXPECT_TRUE(report.SetXmlString(xml, true));
-    EXPECT_EQ(Carried(report), "frequency ");
-    EXPECT_EQ(report.GetFrequency().GetValue(), 2.0);
-    EXPECT_TEXT(ReadElement(report, xml), "</Frequency>");
 }
 
 TEST(ReportBase, WhatFollowsAnUnknownChildOfTheAreaIsLeftToTheReportWhenNotValidating)
@@ -678,42 +601,6 @@ TEST(ReportBase, AnIncompleteMemberFailsTheCheckWhenValidating)
     report.SetValidate(false);
     EXPECT_TRUE(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true));
     EXPECT_EQ(Carried(report), "frequency area ");
-}
-
-TEST(ReportBase, MalformedXmlIsReportedAndTheMemberThatMetItIsNotCarried)
-{
-    struct Row
-    {
-        const char* xml;
-        const char* carried;
-    };
-    const Row rows[] = {
-        {"<ReportBase>", ""},
-        {"<ReportBase><Frequency>5</Frequency>", "frequency "},
-        {"<ReportBase><Frequency>5</Frequency><IFBandwidth Min=\"1\">6", "frequency "},
-        {"<ReportBase><Frequency>5</Wrong></ReportBase>", ""},
-        {"<ReportBase><Frequency>5</Frequency></Wrong>", "frequency "},
-        {"<ReportBase><Unknown>", ""},
-        {"<ReportBase><Area Version=\"1.0\"><Name>Lake</Name>", ""},
-        {"<ReportBase><Area Version=\"1.0\"/><Frequency>&x;</Frequency></ReportBase>", "area "},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.xml);
-            const QString xml = Text(row.xml);
-            ReportBase report = Complete();
-            report.SetValidate(validate);
-            EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_EQ(Carried(report), row.carried);
-
-            const auto logger = Support::NewLogger();
-            report.SetLogger(logger);
-            EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
-            EXPECT_LOG(logger, QStringList({QStringLiteral("INFO: ReportBase: Loading xml string."),
-                                            QStringLiteral("FATAL ERROR: RGException: ") +
-                                                Support::XmlErrorOf(xml)}));
-        }
-    }
 }
 
 TEST(ReportBase, AttributesOfAMemberThatMetMalformedTextStayInIt)
