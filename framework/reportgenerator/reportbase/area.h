@@ -11,7 +11,7 @@ namespace REPORTGENERATOR {
 
 struct AreaData;
 
-extern template class REPORTBASE_EXPORT RecordObject<AreaData>;
+extern template class REPORTBASE_EXPORT RecordObject<AreaData, SharedRecord<AreaData>>;
 
 /// A named geographic area: an ordered list of coordinates with an optional script identifier.
 ///
@@ -22,13 +22,24 @@ extern template class REPORTBASE_EXPORT RecordObject<AreaData>;
 /// The class has a format version, "1.0". Data of an older version (compared as numbers; no version counts as
 /// 0) reset the area when their version is read, so that they start from an empty one.
 ///
+/// `Check` reports name or coordinates that are not set, and a text that is set and null; then the coordinates are
+/// checked. Writing XML refuses an incomplete coordinate when validating ("IncompleteDefinitionException"); otherwise it
+/// is written after a WARNING. Reading goes through the setters. A count of coordinates in tagged data that is greater
+/// than what follows ends in the length error, after the coordinates that are there have been read.
+///
+/// The raw form is a byte with a bit for each field that is set (name, coordinates, script identifier, from bit 0),
+/// version, name, the number of coordinates, the raw form of each, and the script identifier when set. Its reader
+/// appends to the coordinates that are there and checks that each is complete when validating, and nothing else. When
+/// fewer follow than their number says, the first one that is missing counts as an empty one, which is refused when
+/// validating; otherwise it is the last one, and the stream's status is `ReadPastEnd`.
+///
 /// Copies are values. One thread at a time.
 ///
 ///     REPORTGENERATOR::Area area;
 ///     area.SetName(QStringLiteral("Lake region"));
 ///     area.AppendCoordinate(point);
 ///     const QByteArray bytes = area.GetBinaryRepresentationAsQByteArray();
-class REPORTBASE_EXPORT Area : public RecordObject<AreaData>
+class REPORTBASE_EXPORT Area : public RecordObject<AreaData, SharedRecord<AreaData>>
 {
 public:
     /// Nothing set.
@@ -101,41 +112,10 @@ public:
     /// The version found in the data last read, empty before.
     QString GetInitialVersionLoaded() const;
 
-    using RecordObject::Check;
-
-    /// Throws `RGException` named "OutOfRangeException", "Area: Please set Name properly." (or Coordinate,
-    /// ScriptID), when name or coordinates are not set or a text that is set is null; then what the
-    /// coordinates' checks throw. With `logOnly` and a logger each failure is logged instead.
-    void Check(bool logOnly) const override;
-
-    /// Writes the element, the name also when it is not set. An incomplete coordinate is refused when
-    /// validating ("IncompleteDefinitionException"), otherwise written after a WARNING. Throws as `Check` when
-    /// validating.
-    void GetXml(QXmlStreamWriter& writer) const override;
-
-    /// Writes the elements version, name, coordinates, and script identifier when set.
-    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
-
-    /// Reads the elements into the unset object, through the setters. A count of coordinates that is greater
-    /// than what follows ends in the length error, after the coordinates that are there have been read.
-    void SetBinary(QDataStream& stream, int length) override;
-
     /// Reads the children of the element, through the setters. Unknown children are skipped in data of an
     /// older version; otherwise they are an error when validating ("InvalidXmlException", "Unknown Tag '%1'
     /// in '%2'."), and else a WARNING after which the rest of the element is not read.
     void ProcessXml(QXmlStreamReader& reader) override;
-
-    void SetValidate(bool validate) const override;
-    void SetLogger(std::shared_ptr<Logger> logger) const override;
-
-    /// The raw form: a byte with a bit for each field that is set (name, coordinates, script identifier, from
-    /// bit 0), version, name, the number of coordinates, the raw form of each, and the script identifier when
-    /// set. The reader appends to the coordinates that are there and checks that each is complete when
-    /// validating, and nothing else. When fewer follow than their number says, the first one that is missing
-    /// counts as an empty one, which is refused when validating; otherwise it is the last one, and the
-    /// stream's status is `ReadPastEnd`.
-    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
-    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 
 protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
@@ -143,15 +123,7 @@ protected:
 private:
     struct Settled;
 
-    template <class FieldOfData>
-    void StoreText(const FieldOfData& field, const QString& text);
-    void PassSettingsTo(const Coordinate& coordinate) const;
     void SettleCoordinates() const;
-    void ApplyLoadedVersion(const QString& version);
-    bool IsLoadedVersionOlder() const;
-    void WriteCoordinates(QDataStream& stream) const;
-    void ReadCoordinates(QDataStream& stream);
-    void ReserveCoordinates(qint32 count, qint64 possible);
 
     /// Of the reading that is going on, null while there is none.
     Settled* m_settled = nullptr;

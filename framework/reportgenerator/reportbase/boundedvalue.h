@@ -5,6 +5,14 @@
 
 namespace REPORTGENERATOR {
 
+/// What the records of `Frequency` and `IFBandwidth` have in common; they stand in their objects.
+struct BoundedValueData : Record
+{
+    double value = 0.0;
+    double min = 0.0;
+    double max = 0.0;
+};
+
 /// What `Frequency` and `IFBandwidth` have in common: a number with an optional lower and upper bound.
 ///
 /// The element has the attributes "Min" and "Max" and the value as text; there are tagged, compressed and raw
@@ -14,7 +22,7 @@ namespace REPORTGENERATOR {
 ///
 /// The class is implemented for the records of these two only.
 template <class Data>
-class BoundedValue : public RecordObject<Data>
+class BoundedValue : public RecordObject<Data, OwnRecord<Data>>
 {
 public:
     /// Whether any field is set.
@@ -49,34 +57,11 @@ public:
     bool IsValidMax(const double& max) const;
     double GetDefaultMax() const;
 
-    using RecordObject<Data>::Check;
-
-    /// Throws `RGException` named "OutOfRangeException" when the value is not set: the object name, then ":
-    /// Please set Value properly.". With `logOnly` and a logger the failure is logged instead.
-    void Check(bool logOnly) const override;
-
-    /// Writes the element: the attributes that are set, and the value even when it is not set, which can only
-    /// happen when the object doesn't validate. Throws as `Check` when validating.
-    void GetXml(QXmlStreamWriter& writer) const override;
-
-    /// Writes one tagged element per field that is set, the value last. Numbers travel as the text of their
-    /// two decimals.
-    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
-
-    /// Reads the elements into the unset object.
-    void SetBinary(QDataStream& stream, int length) override;
-
     void ProcessXml(QXmlStreamReader& reader) override;
 
     /// Reads the element that the reader stands on. The value counts as set afterwards, whatever the text; a
     /// text that is not a number reads as 0. Other attributes and child elements are passed over.
     void ReadValuesFromXml(QXmlStreamReader& reader);
-
-    /// The raw form of the older binary versions, without tags, lengths and checks: a byte with a bit for
-    /// each field that is set (value, min, max, and so on, from bit 0), the value, and the other fields that
-    /// are set.
-    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
-    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 
 protected:
     BoundedValue();
@@ -84,7 +69,7 @@ protected:
     BoundedValue& operator=(const BoundedValue& other);
     ~BoundedValue() override;
 
-    using RecordObject<Data>::m_data;
+    using RecordObject<Data, OwnRecord<Data>>::m_record;
 };
 
 } // namespace REPORTGENERATOR

@@ -9,12 +9,16 @@ namespace REPORTGENERATOR {
 
 struct ChannelSpacing::Description
 {
-    using Text = PlainField<ChannelSpacing, QString>;
+    static const ObjectIdentity& Identity()
+    {
+        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("ChannelSpacing"));
+        return identity;
+    }
 
-    static constexpr Text VISUAL = {&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"), Written::WhenSet};
+    static constexpr auto VISUAL = ElementField(&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"));
     // The files spell it with a small d, and so does the message that asks for it.
-    static constexpr Text SAME_DISTANCE = {&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance"),
-                                           Written::Always};
+    static constexpr auto SAME_DISTANCE =
+        ElementField(&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(VISUAL, SAME_DISTANCE);
 
     static constexpr Name VALUE = REPORTBASE_NAME("Value");
@@ -35,10 +39,7 @@ QString FalseText()
 
 } // namespace
 
-ChannelSpacing::ChannelSpacing()
-{
-    IRGObject::SetObjectName(QStringLiteral("ChannelSpacing"));
-}
+ChannelSpacing::ChannelSpacing() : IRGObject(Description::Identity()) {}
 
 ChannelSpacing::ChannelSpacing(const ChannelSpacing& other) = default;
 
@@ -126,7 +127,7 @@ void ChannelSpacing::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WriteXmlFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Description::FIELDS);
     for (const double value : m_values)
         writer.writeTextElement(Description::VALUE.Text(),
                                 numbers::ToFixedText(value, Description::VALUE_FORMAT));

@@ -7,9 +7,14 @@
 
 namespace REPORTGENERATOR {
 
-struct CoordinateData;
+/// The record of a coordinate, which stands in the object.
+struct CoordinateData : Record
+{
+    double longitude = 0.0;
+    double latitude = 0.0;
+};
 
-extern template class REPORTBASE_EXPORT RecordObject<CoordinateData>;
+extern template class REPORTBASE_EXPORT RecordObject<CoordinateData, OwnRecord<CoordinateData>>;
 
 /// One geographic point: longitude and latitude in decimal degrees.
 ///
@@ -17,13 +22,17 @@ extern template class REPORTBASE_EXPORT RecordObject<CoordinateData>;
 /// and "Latitude"; it has tagged, compressed and raw forms. XML and tagged forms carry six decimals; the raw
 /// form keeps the numbers as they are.
 ///
+/// `Check` reports a value that is not set or outside its range. An unset value is written as it stands when not
+/// validating. The raw form has 17 bytes: a byte with a bit for each field that is set (longitude, latitude, from bit
+/// 0), longitude, latitude.
+///
 /// Copies are values. One thread at a time.
 ///
 ///     REPORTGENERATOR::Coordinate point;
 ///     point.SetLongitude(9.5);
 ///     point.SetLatitude(47.5);
 ///     area.AppendCoordinate(point);
-class REPORTBASE_EXPORT Coordinate : public RecordObject<CoordinateData>
+class REPORTBASE_EXPORT Coordinate : public RecordObject<CoordinateData, OwnRecord<CoordinateData>>
 {
 public:
     /// Nothing set.
@@ -69,38 +78,12 @@ public:
     bool IsValidLatitude(const double& latitude) const;
     double GetDefaultLatitude() const;
 
-    using RecordObject::Check;
-
-    /// Throws `RGException` named "OutOfRangeException", "Coordinate: Please set Longitude properly." (or
-    /// Latitude), when a value is not set or outside its range. With `logOnly` and a logger each failure is
-    /// logged instead.
-    void Check(bool logOnly) const override;
-
-    /// Writes the element. When not validating, an unset value is written as it stands. Throws as `Check`
-    /// when validating.
-    void GetXml(QXmlStreamWriter& writer) const override;
-
-    /// Writes the elements longitude and latitude, each the text of its six decimals.
-    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
-
-    /// Reads the elements into the unset object, through the setters.
-    void SetBinary(QDataStream& stream, int length) override;
-
     /// Reads the children of the element, through the setters; a text that is not a number reads as 0. Other
     /// children are skipped.
     void ProcessXml(QXmlStreamReader& reader) override;
 
-    /// The raw form, 17 bytes: a byte with a bit for each field that is set (longitude, latitude, from bit
-    /// 0), longitude, latitude. Nothing is checked.
-    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
-    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
-
 protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
-
-private:
-    template <class FieldOfData>
-    void Store(const FieldOfData& field, double value);
 };
 
 } // namespace REPORTGENERATOR

@@ -7,19 +7,25 @@ namespace REPORTGENERATOR {
 
 struct Ellipse::Description
 {
-    using Number = PlainField<Ellipse, double>;
+    static const ObjectIdentity& Identity()
+    {
+        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("Ellipse"));
+        return identity;
+    }
 
-    static constexpr Number MIN_RADIUS = {&Ellipse::m_minRadius, REPORTBASE_NAME("MinRadius"),
-                                          Written::Always};
-    static constexpr Number MAX_RADIUS = {&Ellipse::m_maxRadius, REPORTBASE_NAME("MaxRadius"),
-                                          Written::Always};
-    static constexpr Number ROTATION = {&Ellipse::m_rotation, REPORTBASE_NAME("Rotation"), Written::Always};
+    static constexpr auto MIN_RADIUS =
+        ElementField(&Ellipse::m_minRadius, REPORTBASE_NAME("MinRadius")).Mandatory();
+    static constexpr auto MAX_RADIUS =
+        ElementField(&Ellipse::m_maxRadius, REPORTBASE_NAME("MaxRadius")).Mandatory();
+    static constexpr auto ROTATION =
+        ElementField(&Ellipse::m_rotation, REPORTBASE_NAME("Rotation")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(MIN_RADIUS, MAX_RADIUS, ROTATION);
 };
 
-Ellipse::Ellipse() : m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE), m_rotation(INVALID_DOUBLE)
+Ellipse::Ellipse()
+    : IRGObject(Description::Identity()), m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE),
+      m_rotation(INVALID_DOUBLE)
 {
-    IRGObject::SetObjectName(QStringLiteral("Ellipse"));
 }
 
 Ellipse::Ellipse(const Ellipse& other) = default;
@@ -94,7 +100,7 @@ void Ellipse::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WriteXmlFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Description::FIELDS);
     writer.writeEndElement();
 }
 

@@ -1,36 +1,19 @@
 #include <reportgenerator/reportbase/frequency.h>
 
+#include <reportgenerator/reportbase/descriptions/frequencydescription.h>
 #include <reportgenerator/reportbase/records/boundedvalue.h>
 
 namespace REPORTGENERATOR {
 
-struct FrequencyData : BoundedValueData
-{
-    bool use = true;
-};
+template const ObjectIdentity& ClassIdentity<FrequencyData>();
+template class RecordObject<FrequencyData, OwnRecord<FrequencyData>>;
+template class BoundedValue<FrequencyData>;
 
 namespace {
 
-constexpr Field<FrequencyData, bool> USE = {3,
-                                            &FrequencyData::use,
-                                            REPORTBASE_NAME("Use"),
-                                            Place::Attribute,
-                                            Written::WhenSet,
-                                            elements::Tag(0xAA39C731)};
+using Rows = Description<FrequencyData>;
 
 } // namespace
-
-template <>
-struct Description<FrequencyData>
-{
-    static constexpr long long ID = 0xC6B750E3;
-    static constexpr Name NAME = REPORTBASE_NAME("Frequency");
-    static constexpr auto FIELDS =
-        std::make_tuple(MIN<FrequencyData>, MAX<FrequencyData>, USE, VALUE<FrequencyData>);
-};
-
-template class RecordObject<FrequencyData>;
-template class BoundedValue<FrequencyData>;
 
 Frequency::Frequency() = default;
 
@@ -42,34 +25,34 @@ Frequency::~Frequency() = default;
 
 bool Frequency::operator==(const Frequency& other) const
 {
-    return HasEqualRecord(other);
+    return IsRecordEqual(*this, other);
 }
 
 bool Frequency::operator!=(const Frequency& other) const
 {
-    return !HasEqualRecord(other);
+    return !IsRecordEqual(*this, other);
 }
 
 bool Frequency::GetUse() const
 {
     InitData();
-    return m_data.constData()->use;
+    return m_record.Get()->use;
 }
 
 void Frequency::SetUse(bool use)
 {
     InitData();
-    StoreField(*m_data, USE, use);
+    StoreValue(*this, Rows::USE, use);
 }
 
 bool Frequency::IsUseSet() const
 {
-    return IsSet(m_data, USE);
+    return IsRowSet(m_record.Get(), Rows::USE);
 }
 
 void Frequency::ResetUse()
 {
-    ResetField(m_data, USE);
+    ResetRow(*this, Rows::USE);
 }
 
 bool Frequency::GetDefaultUse() const
@@ -81,7 +64,7 @@ void Frequency::ResetToDefault()
 {
     BoundedValue::ResetToDefault();
     // A frequency is there to be used: the one default that counts as set.
-    SetFlag(*m_data, USE.Mask());
+    SetFlag(m_record.Own(), Rows::USE.setBy);
 }
 
 } // namespace REPORTGENERATOR

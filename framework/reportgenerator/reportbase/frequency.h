@@ -5,9 +5,13 @@
 
 namespace REPORTGENERATOR {
 
-struct FrequencyData;
+/// The record, which stands in the object.
+struct FrequencyData : BoundedValueData
+{
+    bool use = true;
+};
 
-extern template class REPORTBASE_EXPORT RecordObject<FrequencyData>;
+extern template class REPORTBASE_EXPORT RecordObject<FrequencyData, OwnRecord<FrequencyData>>;
 extern template class REPORTBASE_EXPORT BoundedValue<FrequencyData>;
 
 /// One frequency of a report: a value with optional bounds and a switch that says whether it is to be used.

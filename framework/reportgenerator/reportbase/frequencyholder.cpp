@@ -2,9 +2,8 @@
 
 namespace REPORTGENERATOR {
 
-FrequencyHolder::FrequencyHolder(const QString& objectName) : IRGObject(AnyType)
+FrequencyHolder::FrequencyHolder(const ObjectIdentity& identity) : IRGObject(identity)
 {
-    IRGObject::SetObjectName(objectName);
     m_frequency.SetName(FrequencyName());
 }
 

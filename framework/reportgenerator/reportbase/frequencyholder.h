@@ -32,7 +32,7 @@ public:
     void SetFrequencyMinMax(const MinMax& bounds);
 
 protected:
-    explicit FrequencyHolder(const QString& objectName);
+    explicit FrequencyHolder(const ObjectIdentity& identity);
     FrequencyHolder(const FrequencyHolder& other);
     FrequencyHolder& operator=(const FrequencyHolder& other);
     ~FrequencyHolder() override;

@@ -5,7 +5,17 @@
 
 namespace REPORTGENERATOR {
 
-FrequencyInformation::FrequencyInformation() : FrequencyHolder(QStringLiteral("FrequencyInformation")) {}
+namespace {
+
+const ObjectIdentity& Identity()
+{
+    static const ObjectIdentity identity = IdentityNamed(QStringLiteral("FrequencyInformation"));
+    return identity;
+}
+
+} // namespace
+
+FrequencyInformation::FrequencyInformation() : FrequencyHolder(Identity()) {}
 
 FrequencyInformation::FrequencyInformation(const FrequencyInformation& other) = default;
 

@@ -8,11 +8,17 @@ namespace REPORTGENERATOR {
 
 namespace {
 
+const ObjectIdentity& Identity()
+{
+    static const ObjectIdentity identity = IdentityNamed(QStringLiteral("Value"));
+    return identity;
+}
+
 constexpr Name TIME_STAMP = REPORTBASE_NAME("TimeStamp");
 
 } // namespace
 
-FrequencyListValue::FrequencyListValue() : FrequencyHolder(QStringLiteral("Value")) {}
+FrequencyListValue::FrequencyListValue() : FrequencyHolder(Identity()) {}
 
 FrequencyListValue::FrequencyListValue(const FrequencyListValue& other) = default;
 

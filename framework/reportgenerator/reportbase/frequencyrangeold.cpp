@@ -7,19 +7,22 @@ namespace REPORTGENERATOR {
 
 struct FrequencyRangeOld::Description
 {
-    using Number = PlainField<FrequencyRangeOld, double>;
+    static const ObjectIdentity& Identity()
+    {
+        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("FrequencyRange"));
+        return identity;
+    }
 
-    static constexpr Number START = {&FrequencyRangeOld::m_startFrequency, REPORTBASE_NAME("StartFrequency"),
-                                     Written::Always};
-    static constexpr Number STOP = {&FrequencyRangeOld::m_stopFrequency, REPORTBASE_NAME("StopFrequency"),
-                                    Written::Always};
+    static constexpr auto START =
+        ElementField(&FrequencyRangeOld::m_startFrequency, REPORTBASE_NAME("StartFrequency")).Mandatory();
+    static constexpr auto STOP =
+        ElementField(&FrequencyRangeOld::m_stopFrequency, REPORTBASE_NAME("StopFrequency")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(START, STOP);
 };
 
 FrequencyRangeOld::FrequencyRangeOld()
-    : IRGObject(AnyType), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
+    : IRGObject(Description::Identity()), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
 {
-    IRGObject::SetObjectName(QStringLiteral("FrequencyRange"));
 }
 
 FrequencyRangeOld::FrequencyRangeOld(const FrequencyRangeOld& other) = default;
@@ -84,7 +87,7 @@ void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WriteXmlFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Description::FIELDS);
     writer.writeEndElement();
 }
 

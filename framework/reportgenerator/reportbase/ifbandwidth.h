@@ -5,9 +5,12 @@
 
 namespace REPORTGENERATOR {
 
-struct IFBandwidthData;
+/// The record, which stands in the object.
+struct IFBandwidthData : BoundedValueData
+{
+};
 
-extern template class REPORTBASE_EXPORT RecordObject<IFBandwidthData>;
+extern template class REPORTBASE_EXPORT RecordObject<IFBandwidthData, OwnRecord<IFBandwidthData>>;
 extern template class REPORTBASE_EXPORT BoundedValue<IFBandwidthData>;
 
 /// The bandwidth of a report's intermediate frequency: a value with optional bounds.

@@ -1,79 +1,101 @@
 #include <reportgenerator/reportbase/irgobject.h>
 
-#include <reportgenerator/reportbase/forms/compression.h>
 #include <reportgenerator/reportbase/forms/invalidvalues.h>
-#include <reportgenerator/reportbase/forms/numbers.h>
-#include <reportgenerator/reportbase/forms/taggedelements.h>
-#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/frames/objectaccess.h>
 #include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/reporting_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
-#include <reportgenerator/reportbase/versionconverterproxy.h>
 
-#include <QtCore/QBuffer>
-#include <QtCore/QDataStream>
 #include <QtCore/QDateTime>
-#include <QtCore/QFile>
-#include <QtCore/QXmlStreamReader>
-#include <QtCore/QXmlStreamWriter>
 
-#include <typeinfo>
 #include <utility>
+#include <vector>
 
 namespace REPORTGENERATOR {
 
 namespace {
 
-constexpr qint32 ROOT_TAG = 1;
+constexpr int LAST_KIND = 80;
 
-QString PlainMarker()
+/// The identities that objects have by their kind alone, by the numbers of the kinds; those between them are of no
+/// kind.
+const std::vector<ObjectIdentity>& IdentitiesOfKinds()
 {
-    return QStringLiteral("IRGObject");
+    static const std::vector<ObjectIdentity> identities = [] {
+        std::vector<ObjectIdentity> made;
+        for (int number = 0; number <= LAST_KIND; ++number) {
+            const auto kind = static_cast<ObjectTypes>(number);
+            made.push_back({kind, number, ObjectTypesToName(kind), nullptr, false});
+        }
+        return made;
+    }();
+    return identities;
 }
 
-QString CompressedMarker()
+/// Null for a number that has no name.
+const ObjectIdentity* IdentityOfKind(ObjectTypes type)
 {
-    return QStringLiteral("IRGObjectQCompress");
+    const auto number = static_cast<std::size_t>(static_cast<unsigned int>(type));
+    const std::vector<ObjectIdentity>& identities = IdentitiesOfKinds();
+    return number < identities.size() && !identities[number].name.isEmpty() ? &identities[number] : nullptr;
 }
 
-/// What `write` writes to a stream of the library's version.
-template <class Write>
-QByteArray WrittenBytes(Write&& write)
+const ObjectIdentity& NamelessIdentity()
 {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QDataStream stream(&buffer);
-    stream.setVersion(elements::STREAM_VERSION);
-    write(stream);
-    return buffer.data();
+    static const ObjectIdentity identity = {};
+    return identity;
 }
 
-void ReadRootElement(IRGObject& object, QDataStream& stream)
+std::shared_ptr<Logger> LoggerOf(const ObjectSettings* settings)
 {
-    qint32 tag = 0;
-    qint32 length = 0;
-    stream >> tag >> length;
-    object.SetBinary(stream, length);
+    return settings ? settings->logger : nullptr;
+}
+
+std::shared_ptr<VersionConverterProxy> ConverterOf(const ObjectSettings* settings)
+{
+    return settings ? settings->converter : nullptr;
 }
 
 } // namespace
 
 const QString IRGObject::EMPTY_VERSION;
 
-IRGObject::IRGObject()
-{
-    IRGObject::SetObjectType(AnyType);
-}
+IRGObject::IRGObject() : IRGObject(AnyType) {}
 
-IRGObject::IRGObject(ObjectTypes type)
+IRGObject::IRGObject(ObjectTypes type) : m_identity(&NamelessIdentity())
 {
     IRGObject::SetObjectType(type);
 }
 
-IRGObject::IRGObject(const IRGObject& other) = default;
+IRGObject::IRGObject(const ObjectIdentity& identity) : m_identity(&identity) {}
 
-IRGObject& IRGObject::operator=(const IRGObject& other) = default;
+IRGObject::IRGObject(const IRGObject& other)
+    : m_identity(other.m_identity->isOwn ? new ObjectIdentity(*other.m_identity) : other.m_identity),
+      m_settings(ObjectSettings::CopyOf(other.m_settings))
+{
+}
 
-IRGObject::~IRGObject() = default;
+IRGObject& IRGObject::operator=(const IRGObject& other)
+{
+    if (this == &other)
+        return *this;
+    if (m_identity->isOwn || other.m_identity->isOwn) {
+        ObjectIdentity& own = OwnIdentity();
+        own = *other.m_identity;
+        own.isOwn = true;
+    } else {
+        m_identity = other.m_identity;
+    }
+    ReplaceSettings(ObjectSettings::CopyOf(other.m_settings));
+    return *this;
+}
+
+IRGObject::~IRGObject()
+{
+    if (m_identity->isOwn)
+        delete m_identity;
+    ObjectSettings::Release(m_settings);
+}
 
 void IRGObject::Check(bool /*logOnly*/) const
 {
@@ -150,216 +172,37 @@ void IRGObject::SetInvalid(int& value) const
     value = INVALID_INT;
 }
 
-bool IRGObject::GetBinary(QDataStream& /*stream*/, int /*tag*/, bool /*withTag*/) const
-{
-    if (GetValidate()) {
-        RGException exception(messages::GetBinaryNotImplemented(m_objectType));
-        TraceOrThrow(LogLevel::ERROR, exception, true, true);
-    }
-    return true;
-}
-
-void IRGObject::SetBinary(QDataStream& /*stream*/, int /*length*/)
-{
-    if (GetValidate()) {
-        RGException exception(messages::SetBinaryNotImplemented(m_objectType));
-        TraceOrThrow(LogLevel::ERROR, exception, true, true);
-    }
-}
-
-bool IRGObject::SetXmlString(const QString& xml, bool checkRoot)
-{
-    TraceProgress(messages::LoadingXmlString);
-    if (xml.isEmpty() || !xmltools::MayContainElement(xml, GetObjectName()))
-        return false;
-    Reset();
-    if (checkRoot && !StartsWith(xml, GetObjectName())) {
-        RGException exception(messages::UnsuitableXml(GetObjectName()));
-        TraceOrThrow(LogLevel::ERROR, exception, true, true);
-    }
-    QXmlStreamReader reader(xml);
-    return ReadElement(reader);
-}
-
-bool IRGObject::SetBinaryRepresentation(QByteArray& representation)
-{
-    TraceProgress(messages::LoadingBinaryArray);
-    QDataStream stream(representation);
-    stream.setVersion(elements::STREAM_VERSION);
-    return SetBinaryRepresentation(stream);
-}
-
-bool IRGObject::SetBinaryRepresentation(QDataStream& stream)
-{
-    TraceProgress(messages::LoadingBinaryStream);
-    stream.setVersion(elements::STREAM_VERSION);
-    const QString marker = elements::ReadText(stream);
-    const QString objectName = elements::ReadText(stream);
-    Q_UNUSED(objectName) // An object of any name may be offered; its tags decide what is taken.
-    if (marker == PlainMarker()) {
-        ReadRootElement(*this, stream);
-        return true;
-    }
-    if (marker == CompressedMarker()) {
-        const QByteArray body = UncompressBinary(elements::ReadBytes(stream));
-        QDataStream bodyStream(body);
-        bodyStream.setVersion(elements::STREAM_VERSION);
-        ReadRootElement(*this, bodyStream);
-        return true;
-    }
-    return false;
-}
-
-bool IRGObject::MergeRGObject(const IRGObject& other)
-{
-    if (typeid(other) != typeid(*this)) {
-        Trace(LogLevel::WARNING,
-              messages::MergeTypeMismatch(GetObjectName(), typeid(other).name(), typeid(*this).name()));
-        return false;
-    }
-    if (numbers::VersionFromText(GetVersion()) != numbers::VersionFromText(other.GetVersion())) {
-        Trace(LogLevel::WARNING, messages::MergeVersionMismatch(GetObjectName()));
-        return false;
-    }
-    const QString xml = other.GetXmlString();
-    if (xml.isEmpty())
-        return true;
-    QXmlStreamReader reader(xml);
-    if (!ReadXmlUntil(reader, GetObjectName()))
-        return false;
-    ProcessXml(reader);
-    return true;
-}
-
 ObjectTypes IRGObject::GetObjectType() const
 {
-    return m_objectType;
+    return m_identity->type;
 }
 
 const QString& IRGObject::GetObjectName() const
 {
-    return m_objectName;
-}
-
-void IRGObject::ProcessXml(QXmlStreamReader& reader)
-{
-    while (!reader.atEnd()) {
-        const auto token = reader.readNext();
-        if (token == QXmlStreamReader::EndElement)
-            break;
-        if (token == QXmlStreamReader::StartElement)
-            ProcessXmlStartElement(reader);
-    }
-    ReportXmlError(reader);
-}
-
-QString IRGObject::GetXmlString() const
-{
-    TraceProgress(messages::GeneratingXmlString);
-    if (GetValidate())
-        Check();
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    writer.setAutoFormatting(true);
-    GetXml(writer);
-    return xml;
-}
-
-void IRGObject::GetBinaryRepresentation(QDataStream& stream) const
-{
-    TraceProgress(messages::GeneratingBinaryStream);
-    if (GetValidate())
-        Check();
-    stream.setVersion(elements::STREAM_VERSION);
-    stream << PlainMarker() << GetObjectName();
-    GetBinary(stream, ROOT_TAG, true);
-}
-
-QByteArray IRGObject::GetBinaryRepresentationAsQByteArray() const
-{
-    TraceProgress(messages::GeneratingBinaryArray);
-    return WrittenBytes([this](QDataStream& stream) { GetBinaryRepresentation(stream); });
-}
-
-void IRGObject::GetCompressedBinaryRepresentation(QDataStream& stream, int level) const
-{
-    TraceProgress(messages::GeneratingCompressedStream);
-    if (GetValidate())
-        Check();
-    stream.setVersion(elements::STREAM_VERSION);
-    const QByteArray body = WrittenBytes([this](QDataStream& inner) { GetBinary(inner, ROOT_TAG, true); });
-    stream << CompressedMarker() << GetObjectName() << Compress(body, level);
-}
-
-QByteArray IRGObject::GetCompressedBinaryRepresentationAsQByteArray(int level) const
-{
-    TraceProgress(messages::GeneratingCompressedArray);
-    return WrittenBytes(
-        [this, level](QDataStream& stream) { GetCompressedBinaryRepresentation(stream, level); });
-}
-
-bool IRGObject::LoadXml(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw RGException(messages::CantOpenForReading(path));
-    return LoadXml(&file);
-}
-
-bool IRGObject::LoadXml(QFile* file)
-{
-    Reset();
-    if (m_versionConverter && m_versionConverter->CanUseProxy(file, this)) {
-        Trace(LogLevel::INFO, messages::LoadingXmlFileWithConverter(GetObjectName(), file->fileName()));
-        file->QIODevice::reset();
-        return m_versionConverter->LoadXml(file);
-    }
-    Trace(LogLevel::INFO, messages::LoadingXmlFile(GetObjectName(), file->fileName()));
-    QXmlStreamReader reader(file);
-    return ReadElement(reader);
-}
-
-bool IRGObject::LoadBinary(QFile* file)
-{
-    Trace(LogLevel::INFO, messages::LoadingBinaryFile(GetObjectName(), file->fileName()));
-    Reset();
-    QDataStream stream(file);
-    stream.setVersion(elements::STREAM_VERSION);
-    QByteArray representation = elements::ReadBytes(stream);
-    // A file that begins with neither marker leaves a reset object and counts as loaded all the same.
-    SetBinaryRepresentation(representation);
-    if (GetValidate())
-        Check();
-    return true;
-}
-
-bool IRGObject::SaveXml(const QString& path) const
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
-    file.write(GetXmlString().toUtf8());
-    return true;
+    return m_identity->name;
 }
 
 void IRGObject::SetValidate(bool validate) const
 {
-    m_validate = validate;
+    if (validate != ObjectAccess::Validates(*this))
+        ReplaceSettings(ObjectSettings::Of(validate, LoggerOf(m_settings), ConverterOf(m_settings)));
 }
 
 bool IRGObject::GetValidate() const
 {
-    return m_validate;
+    return ObjectAccess::Validates(*this);
 }
 
 void IRGObject::SetLogger(std::shared_ptr<Logger> logger) const
 {
-    m_logger = std::move(logger);
+    if (logger != LoggerOf(m_settings))
+        ReplaceSettings(
+            ObjectSettings::Of(ObjectAccess::Validates(*this), std::move(logger), ConverterOf(m_settings)));
 }
 
 void IRGObject::ResetLogger() const
 {
-    m_logger.reset();
+    IRGObject::SetLogger(nullptr);
 }
 
 const QString& IRGObject::GetVersion() const
@@ -369,34 +212,40 @@ const QString& IRGObject::GetVersion() const
 
 void IRGObject::SetObjectType(ObjectTypes type)
 {
-    m_objectType = type;
-    m_objectId = type;
-    m_objectName = ObjectTypesToName(type);
-    if (m_objectName.isEmpty())
-        m_objectName = ObjectTypesToName(AnyType);
+    const ObjectIdentity* const ofKind = IdentityOfKind(type);
+    if (ofKind && !m_identity->isOwn) {
+        m_identity = ofKind;
+        return;
+    }
+    ObjectIdentity& own = OwnIdentity();
+    own.type = type;
+    own.id = type;
+    own.name = ofKind ? ofKind->name : ObjectTypesToName(AnyType);
 }
 
 void IRGObject::SetObjectName(const QString& name)
 {
-    m_objectName = name;
+    if (name != m_identity->name || name.isNull() != m_identity->name.isNull())
+        OwnIdentity().name = name;
 }
 
 void IRGObject::ProcessXmlStartElement(QXmlStreamReader& /*reader*/) {}
 
 long long IRGObject::GetObjectId() const
 {
-    return m_objectId;
+    return m_identity->id;
 }
 
 std::shared_ptr<Logger> IRGObject::GetLogger() const
 {
-    return m_logger;
+    return LoggerOf(m_settings);
 }
 
 void IRGObject::InjectVersionConverter(std::shared_ptr<VersionConverterProxy> converter)
 {
     TraceProgress(converter ? messages::InjectingVersionConverter : messages::RemovingVersionConverter);
-    m_versionConverter = std::move(converter);
+    ReplaceSettings(
+        ObjectSettings::Of(ObjectAccess::Validates(*this), LoggerOf(m_settings), std::move(converter)));
 }
 
 QString IRGObject::GetXmlTagName(ObjectTypes type)
@@ -404,65 +253,40 @@ QString IRGObject::GetXmlTagName(ObjectTypes type)
     return ObjectTypesToName(type);
 }
 
+// Whoever calls the logger holds it: it may take itself away from the object meanwhile.
+
 void IRGObject::Trace(LogLevel level, const QString& text) const
 {
-    if (m_logger)
-        m_logger->Trace(level, text, false);
+    if (const auto logger = LoggerOf(m_settings))
+        logger->Trace(level, text, false);
 }
 
 void IRGObject::Trace(LogLevel level, const RGException& exception) const
 {
-    if (m_logger)
-        m_logger->Trace(level, exception, false);
+    if (const auto logger = LoggerOf(m_settings))
+        logger->Trace(level, exception, false);
 }
 
 void IRGObject::TraceOrThrow(LogLevel level, RGException& exception, bool fatal,
                              bool throwWithoutLogger) const
 {
-    const bool throws = m_logger ? fatal : throwWithoutLogger;
-    if (m_logger)
-        m_logger->Trace(level, exception, fatal);
-    // Catchers rely on the exact type, so that a derived exception is cut down to it on purpose.
-    if (throws)
-        throw RGException(exception);
-}
-
-int IRGObject::skipCurrentElement(QDataStream& stream, int length, int /*unused*/) const
-{
-    // A stream refuses a negative length too, but not without printing.
-    return length < 0 ? -1 : static_cast<int>(stream.skipRawData(length));
-}
-
-QByteArray IRGObject::Compress(const QByteArray& data, int level)
-{
-    return qCompress(data, level);
-}
-
-QByteArray IRGObject::Compress(const QString& text, int level)
-{
-    return Compress(WrittenBytes([&text](QDataStream& stream) { stream << text; }), level);
-}
-
-QByteArray IRGObject::UncompressBinary(const QByteArray& data)
-{
-    return compression::Uncompress(data);
-}
-
-QString IRGObject::UncompressString(const QByteArray& data)
-{
-    const QByteArray bytes = UncompressBinary(data);
-    QDataStream stream(bytes);
-    stream.setVersion(elements::STREAM_VERSION);
-    return elements::ReadText(stream);
+    if (LoggerOf(m_settings) ? fatal : throwWithoutLogger)
+        reporting::Throw(*this, exception, level);
+    Trace(level, exception);
 }
 
 void IRGObject::SetObjectId(long long id)
 {
-    m_objectId = id;
+    if (id != m_identity->id)
+        OwnIdentity().id = id;
 }
 
 void IRGObject::ReapplySettings() const
 {
+    if (const DirectRoad* road = ObjectAccess::RoadOf(*this)) {
+        road->passSettings(*this);
+        return;
+    }
     SetValidate(GetValidate());
     SetLogger(GetLogger());
 }
@@ -476,63 +300,40 @@ bool IRGObject::PrepareToWrite() const
     return HasData();
 }
 
-QString IRGObject::GetTextValue(QXmlStreamReader& reader) const
-{
-    QString text = reader.text().toString();
-    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::EndElement) {
-        // Each piece replaces the one before: readers of this form have always taken the last piece.
-        if (reader.isCharacters())
-            text = reader.text().toString();
-    }
-    ReportXmlError(reader);
-    return text;
-}
-
-bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const
-{
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == name)
-            return true;
-    }
-    ReportXmlError(reader);
-    return false;
-}
-
 /// Spares the text when nobody listens.
 void IRGObject::TraceProgress(QString (*message)(const QString& objectName)) const
 {
-    if (m_logger)
+    if (LoggerOf(m_settings))
         Trace(LogLevel::INFO, message(GetObjectName()));
 }
 
-bool IRGObject::StartsWith(const QString& xml, const QString& name) const
+/// What is changed has its own name, kind and id from then on.
+ObjectIdentity& IRGObject::OwnIdentity()
 {
-    QXmlStreamReader reader(xml);
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement)
-            return reader.name() == name;
+    if (!m_identity->isOwn) {
+        auto own = std::make_unique<ObjectIdentity>(*m_identity);
+        own->isOwn = true;
+        m_identity = own.release();
     }
-    ReportXmlError(reader);
-    return false;
+    return const_cast<ObjectIdentity&>(*m_identity);
 }
 
-/// Reads the first element of the object's name; the steps that all ways of loading XML share.
-bool IRGObject::ReadElement(QXmlStreamReader& reader)
+/// Validate flag and logger; the version converter stays.
+void IRGObject::PassSettingsTo(const IRGObject& other) const
 {
-    if (!ReadXmlUntil(reader, GetObjectName()))
-        return false;
-    ProcessXml(reader);
-    if (GetValidate())
-        Check();
-    return true;
-}
-
-void IRGObject::ReportXmlError(const QXmlStreamReader& reader) const
-{
-    if (!reader.hasError())
+    if (ConverterOf(m_settings) || ConverterOf(other.m_settings)) {
+        other.ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), LoggerOf(m_settings),
+                                                 ConverterOf(other.m_settings)));
         return;
-    RGException exception(reader.errorString());
-    TraceOrThrow(LogLevel::ERROR, exception, true, true);
+    }
+    ObjectSettings::Retain(m_settings);
+    other.ReplaceSettings(m_settings);
+}
+
+/// Takes settings over that have been retained.
+void IRGObject::ReplaceSettings(const ObjectSettings* settings) const
+{
+    ObjectSettings::Release(std::exchange(m_settings, settings));
 }
 
 } // namespace REPORTGENERATOR

@@ -20,6 +20,8 @@ class RGException;
 namespace REPORTGENERATOR {
 
 class VersionConverterProxy;
+struct ObjectIdentity;
+struct ObjectSettings;
 
 /// Base of every object of a report or of a monitoring task.
 ///
@@ -268,6 +270,9 @@ public:
     static QString UncompressString(const QByteArray& data);
 
 protected:
+    /// An object of a class with an identity of its own, which must stay as long as the program.
+    explicit IRGObject(const ObjectIdentity& identity);
+
     /// Sets an id that differs from the number of the object's kind.
     void SetObjectId(long long id);
 
@@ -293,12 +298,14 @@ private:
     bool ReadElement(QXmlStreamReader& reader);
     void ReportXmlError(const QXmlStreamReader& reader) const;
 
-    ObjectTypes m_objectType = AnyType;
-    QString m_objectName;
-    long long m_objectId = AnyType;
-    std::shared_ptr<VersionConverterProxy> m_versionConverter;
-    mutable bool m_validate = true;
-    mutable std::shared_ptr<Logger> m_logger;
+    friend struct ObjectAccess;
+
+    ObjectIdentity& OwnIdentity();
+    void PassSettingsTo(const IRGObject& other) const;
+    void ReplaceSettings(const ObjectSettings* settings) const;
+
+    const ObjectIdentity* m_identity;
+    mutable const ObjectSettings* m_settings = nullptr;
 };
 
 } // namespace REPORTGENERATOR

@@ -12,6 +12,12 @@ constexpr Name MEASUREMENT_MODE = REPORTBASE_NAME("MeasurementMode");
 
 constexpr auto INVALID_MODE = static_cast<MeasurementTime::MeasurementModeType>(-1);
 
+const ObjectIdentity& Identity()
+{
+    static const ObjectIdentity identity = IdentityNamed(MEASUREMENT_TIME.Text());
+    return identity;
+}
+
 const QStringList& DefaultModeNames()
 {
     static const QStringList names = {QStringLiteral("Continuous"), QStringLiteral("Periodic")};
@@ -20,9 +26,9 @@ const QStringList& DefaultModeNames()
 
 } // namespace
 
-MeasurementTime::MeasurementTime() : IRGObject(AnyType), m_modeNames(DefaultModeNames()), m_mode(INVALID_MODE)
+MeasurementTime::MeasurementTime()
+    : IRGObject(Identity()), m_modeNames(DefaultModeNames()), m_mode(INVALID_MODE)
 {
-    IRGObject::SetObjectName(MEASUREMENT_TIME.Text());
     m_time.SetName(MEASUREMENT_TIME.Text());
 }
 

@@ -2,24 +2,24 @@
 #define REPORTGENERATOR_RECORDOBJECT_H
 
 #include <reportgenerator/reportbase/irgobject.h>
-
-#include <QtCore/QSharedDataPointer>
+#include <reportgenerator/reportbase/recordholder.h>
 
 namespace REPORTGENERATOR {
 
 /// Base of the objects that keep their fields in a private record: `ReportBase`, `Frequency`, `IFBandwidth`,
-/// `Coordinate` and `Area`.
+/// `Coordinate` and `Area`. What they have in common is here: they are their tables.
 ///
-/// The record is made on first use; until then nothing is set. Copies share it until one of them is changed,
-/// so that objects are cheap to assign and behave as values. Each field has a flag that says whether it is
-/// set. Copying and assigning leave the logger and the version converter of the target alone: an object's
-/// settings are its own.
+/// The record is made on first use; until then nothing is set. Objects are cheap to copy and to assign and
+/// behave as values. Each field has a flag that says whether it is set. Copying and assigning leave the logger and
+/// the version converter of the target alone: an object's settings are its own.
 ///
-/// The class is implemented for the records of the library only.
-template <class Data>
+/// The class is implemented for the records of the library only. `Holder` is where the record stands.
+template <class Data, class Holder>
 class RecordObject : public IRGObject
 {
 public:
+    using RecordData = Data;
+
     /// The number that identifies the class.
     static long long GetId();
 
@@ -37,11 +37,38 @@ public:
 
     using IRGObject::Check;
 
+    /// Reports every field that must be set and isn't, or holds something that is not admitted, and checks the
+    /// members: throws `RGException` named "OutOfRangeException", the object name and ": Please set %1
+    /// properly.". With `logOnly` and a logger each failure is logged instead.
+    void Check(bool logOnly) const override;
+
     /// As `Check(false)`.
     void Check() const override;
 
+    /// Writes the element. Mandatory fields are written even when they are not set, which can only happen when the
+    /// object doesn't validate. Throws as `Check` when validating.
+    void GetXml(QXmlStreamWriter& writer) const override;
+
+    /// Writes one tagged element per field; numbers travel as the text of their XML form. Throws as `Check` when
+    /// validating.
+    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
+
+    /// Reads the elements into the unset object.
+    void SetBinary(QDataStream& stream, int length) override;
+
+    /// Passes the flag on to the members.
+    void SetValidate(bool validate) const override;
+
+    /// Passes the logger on to the members.
+    void SetLogger(std::shared_ptr<Logger> logger) const override;
+
     /// Does nothing: the kind of these objects cannot be changed.
     void SetObjectType(ObjectTypes type) override;
+
+    /// The raw form of the older binary versions, without tags, lengths and checks: a byte with a bit for each field
+    /// that is set, and the fields in the order of their bits.
+    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
+    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 
     /// What `GetId` returns.
     static const long long id;
@@ -49,16 +76,12 @@ public:
 protected:
     RecordObject();
 
-    /// Copies kind and record. Derived classes take the validate flag over.
+    /// Copies kind, record and validate flag.
     RecordObject(const RecordObject& other);
 
     /// Takes the record over, and nothing else.
     RecordObject& operator=(const RecordObject& other);
     ~RecordObject() override;
-
-    /// Whether the records are equal: a field matches when it is set in neither, or in both with equal
-    /// values. What an unset field has left behind doesn't count.
-    bool HasEqualRecord(const RecordObject& other) const;
 
     /// Makes the record if there is none.
     void InitData() const;
@@ -66,7 +89,10 @@ protected:
     /// Gives all fields their first values; what is set stays set.
     void ConstNoClearReset() const;
 
-    mutable QSharedDataPointer<Data> m_data;
+    mutable Holder m_record;
+
+private:
+    friend struct RecordAccess;
 };
 
 } // namespace REPORTGENERATOR

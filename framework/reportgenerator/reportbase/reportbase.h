@@ -10,7 +10,7 @@ namespace REPORTGENERATOR {
 
 struct ReportBaseData;
 
-extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData>;
+extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData, SharedRecord<ReportBaseData>>;
 
 /// The root of a report: its frequency, IF bandwidth and area, each with a flag that says whether the report
 /// carries it.
@@ -19,13 +19,17 @@ extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData>;
 /// compressed and raw forms. It adds no values and no messages of its own. Validate flag and logger are
 /// passed on to the members.
 ///
+/// `Check` checks the members that the report carries, in the order frequency, IF bandwidth, area. The raw form is a
+/// byte with a bit for each member that the report carries (in this order, from bit 0) and the raw forms of these
+/// members.
+///
 /// Copies are values. One thread at a time.
 ///
 ///     REPORTGENERATOR::ReportBase report;
 ///     report.GetFrequency().SetValue(121500000.0);
 ///     report.SetArea(area);
 ///     const QByteArray bytes = report.GetCompressedBinaryRepresentationAsQByteArray(-1);
-class REPORTBASE_EXPORT ReportBase : public RecordObject<ReportBaseData>
+class REPORTBASE_EXPORT ReportBase : public RecordObject<ReportBaseData, SharedRecord<ReportBaseData>>
 {
 public:
     /// Carries nothing.
@@ -73,31 +77,9 @@ public:
     void ResetArea();
     bool IsValidArea(const Area& area) const;
 
-    using RecordObject::Check;
-
-    /// Checks the members that the report carries, in the order frequency, IF bandwidth, area.
-    void Check(bool logOnly) const override;
-
-    /// Writes the element with the elements of the members that the report carries.
-    void GetXml(QXmlStreamWriter& writer) const override;
-
-    /// Writes the bodies of the members that the report carries, each with its tag.
-    bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
-
-    /// Reads the members into the empty report.
-    void SetBinary(QDataStream& stream, int length) override;
-
     /// Reads the children of the element, told apart by the members' object names. Unknown children are
     /// skipped.
     void ProcessXml(QXmlStreamReader& reader) override;
-
-    void SetValidate(bool validate) const override;
-    void SetLogger(std::shared_ptr<Logger> logger) const override;
-
-    /// The raw form: a byte with a bit for each member that the report carries (frequency, IF bandwidth,
-    /// area, from bit 0), and the raw forms of these members. Nothing is checked.
-    void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
-    void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 
 protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;

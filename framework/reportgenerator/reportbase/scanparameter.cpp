@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/scanparameter.h>
 
-#include <reportgenerator/reportbase/forms/xmlnames.h>
+#include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
 
@@ -8,22 +8,23 @@ namespace REPORTGENERATOR {
 
 struct ScanParameter::Description
 {
-    using Number = PlainField<ScanParameter, double>;
+    static const ObjectIdentity& Identity()
+    {
+        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("ScanParameter"));
+        return identity;
+    }
 
-    static constexpr Number STEP = {&ScanParameter::m_stepFrequency, REPORTBASE_NAME("FrequencyStep"),
-                                    Written::Always};
-    static constexpr Number DWELL = {&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"),
-                                     Written::WhenSet};
-    static constexpr Number HOLD = {&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"),
-                                    Written::WhenSet};
+    static constexpr auto STEP =
+        ElementField(&ScanParameter::m_stepFrequency, REPORTBASE_NAME("FrequencyStep")).Mandatory();
+    static constexpr auto DWELL = ElementField(&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"));
+    static constexpr auto HOLD = ElementField(&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"));
     static constexpr auto FIELDS = std::make_tuple(STEP, DWELL, HOLD);
 };
 
 ScanParameter::ScanParameter()
-    : m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE), m_dwellTime(INVALID_DOUBLE),
-      m_holdTime(INVALID_DOUBLE)
+    : IRGObject(Description::Identity()), m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE),
+      m_dwellTime(INVALID_DOUBLE), m_holdTime(INVALID_DOUBLE)
 {
-    IRGObject::SetObjectName(QStringLiteral("ScanParameter"));
 }
 
 ScanParameter::ScanParameter(const ScanParameter& other) = default;
@@ -108,9 +109,9 @@ void ScanParameter::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    writer.writeAttribute(VERSION_ATTRIBUTE.Text(), m_version);
+    writer.writeAttribute(wire::VERSION_ATTRIBUTE.Text(), m_version);
     m_range.GetXml(writer);
-    WriteXmlFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Description::FIELDS);
     writer.writeEndElement();
 }
 

@@ -7,14 +7,9 @@ namespace REPORTGENERATOR {
 
 struct ValueMinMax::Description
 {
-    using Number = PlainField<ValueMinMax, double>;
-
-    static constexpr Number MIN = {&ValueMinMax::m_min, REPORTBASE_NAME("Min"), Written::WhenSet,
-                                   Place::Attribute};
-    static constexpr Number MAX = {&ValueMinMax::m_max, REPORTBASE_NAME("Max"), Written::WhenSet,
-                                   Place::Attribute};
-    static constexpr Number VALUE = {&ValueMinMax::m_value, REPORTBASE_NAME("Value"), Written::Always,
-                                     Place::Text};
+    static constexpr auto MIN = AttributeField(&ValueMinMax::m_min, REPORTBASE_NAME("Min"));
+    static constexpr auto MAX = AttributeField(&ValueMinMax::m_max, REPORTBASE_NAME("Max"));
+    static constexpr auto VALUE = TextField(&ValueMinMax::m_value, REPORTBASE_NAME("Value")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(MIN, MAX, VALUE);
 };
 
@@ -111,7 +106,7 @@ void ValueMinMax::GetXml(QXmlStreamWriter& writer) const
     if (m_name.isEmpty() || !HasData())
         return;
     writer.writeStartElement(m_name);
-    WriteXmlFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Description::FIELDS);
     writer.writeEndElement();
 }
 
@@ -120,7 +115,8 @@ void ValueMinMax::ReadValuesFromXml(QXmlStreamReader& reader)
     const auto store = [this](const auto& field, double value) { StoreField(*this, field, value); };
     Unset(m_min);
     Unset(m_max);
-    ReadXmlAttributes(reader, Description::FIELDS, store);
+    const QXmlStreamAttributes attributes = reader.attributes();
+    ForEachField(Description::FIELDS, [&](const auto& field) { ReadXmlAttribute(attributes, field, store); });
     ReadXmlText(GetTextValue(reader), Description::VALUE, store);
 }
 

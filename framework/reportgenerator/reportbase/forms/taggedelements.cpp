@@ -1,18 +1,12 @@
 #include <reportgenerator/reportbase/forms/taggedelements.h>
 
-#include <reportgenerator/reportbase/binaryparsingexception.h>
 #include <reportgenerator/reportbase/forms/limits.h>
-#include <reportgenerator/reportbase/irgobject.h>
-#include <reportgenerator/reportbase/messages_p.h>
 
 #include <QtCore/QtEndian>
 
 namespace REPORTGENERATOR::elements {
 
 namespace {
-
-/// Length of a null text or byte array.
-constexpr quint32 NULL_LENGTH = 0xFFFFFFFF;
 
 void ReadToEnd(QDataStream& stream)
 {
@@ -24,9 +18,9 @@ void ReadToEnd(QDataStream& stream)
 /// for a null one, for one that ends within a character and for one that is longer than what is left.
 qint64 ReadLength(QDataStream& stream, quint32 characterSize)
 {
-    quint32 length = NULL_LENGTH;
+    quint32 length = wire::NULL_SIZE;
     stream >> length;
-    if (length == NULL_LENGTH || stream.device() == nullptr)
+    if (length == wire::NULL_SIZE || stream.device() == nullptr)
         return -1;
     if (length % characterSize != 0) {
         stream.setStatus(QDataStream::ReadCorruptData);
@@ -49,7 +43,7 @@ bool IsSequential(const QDataStream& stream)
 /// Waits for so many bytes, at most a word, and leaves them there.
 bool ComesOfPipe(const QDataStream& stream, qint64 count)
 {
-    char bytes[WORD_SIZE] = {};
+    char bytes[wire::WORD_SIZE] = {};
     return stream.device()->peek(bytes, count) == count;
 }
 
@@ -80,7 +74,7 @@ void LengthField::Close()
     if (!device)
         return;
     const qint64 end = device->pos();
-    device->seek(m_start - WORD_SIZE);
+    device->seek(m_start - wire::WORD_SIZE);
     m_stream << static_cast<qint32>(end - m_start);
     device->seek(end);
 }
@@ -97,7 +91,7 @@ bool AtEnd(const QDataStream& stream)
 
 bool HasWord(const QDataStream& stream)
 {
-    return IsSequential(stream) ? ComesOfPipe(stream, WORD_SIZE) : BytesLeft(stream) >= WORD_SIZE;
+    return IsSequential(stream) ? ComesOfPipe(stream, wire::WORD_SIZE) : BytesLeft(stream) >= wire::WORD_SIZE;
 }
 
 QByteArray ReadBytes(QDataStream& stream)
@@ -132,28 +126,20 @@ QString ReadText(QDataStream& stream)
 QString ReadUtf8(QDataStream& stream)
 {
     const QByteArray bytes = ReadBytes(stream);
-    if (bytes.isNull())
-        return QString();
-    const auto length = qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()));
-    const QString text = QString::fromUtf8(bytes.constData(), static_cast<int>(length));
+    return bytes.isNull() ? QString() : TextOfUtf8(bytes.constData(), bytes.size());
+}
+
+QString TextOfUtf8(const char* bytes, qint64 size)
+{
+    const auto length = qstrnlen(bytes, static_cast<uint>(size));
+    const QString text = QString::fromUtf8(bytes, static_cast<int>(length));
     return text.isNull() ? QLatin1String("") : text;
 }
 
-QByteArray ToUtf8(const QString& text)
+int Skip(QDataStream& stream, qint32 length)
 {
-    return text.toUtf8();
-}
-
-void Skip(const IRGObject& reader, QDataStream& stream, qint32 length)
-{
-    reader.skipCurrentElement(stream, length, 0);
-}
-
-void ThrowLengthError(const IRGObject& reader)
-{
-    BinaryParsingException exception(messages::BinaryLengthError(reader.GetObjectName()));
-    reader.TraceOrThrow(LogLevel::ERROR, exception, true, true);
-    Q_UNREACHABLE();
+    // A stream refuses a negative length too, but not without printing.
+    return length < 0 ? -1 : static_cast<int>(stream.skipRawData(length));
 }
 
 } // namespace REPORTGENERATOR::elements

@@ -1,30 +1,16 @@
 #ifndef REPORTGENERATOR_FORMS_TAGGEDELEMENTS_H
 #define REPORTGENERATOR_FORMS_TAGGEDELEMENTS_H
 
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
 #include <QtCore/QString>
 
-namespace REPORTGENERATOR {
-
-class IRGObject;
-
-/// The tagged binary form: an element is a signed 32-bit tag, a signed 32-bit length and as many bytes of
-/// payload.
-namespace elements {
-
-/// Stream version of everything that the library writes and reads (Qt 4.6).
-constexpr int STREAM_VERSION = QDataStream::Qt_4_6;
-
-/// Size of a tag and of a length.
-constexpr qint64 WORD_SIZE = sizeof(qint32);
-
-/// A tag as it is usually noted, in hexadecimal.
-constexpr qint32 Tag(quint32 bits)
-{
-    return static_cast<qint32>(bits);
-}
+/// The tagged binary form on a stream: an element is a signed 32-bit tag, a signed 32-bit length and as many bytes
+/// of payload.
+namespace REPORTGENERATOR::elements {
 
 // Writing
 
@@ -40,24 +26,6 @@ private:
     QDataStream& m_stream;
     qint64 m_start = 0;
 };
-
-/// Writes a body: the tag if `withTag` is true, the length, and what `writePayload` writes.
-template <class WritePayload>
-void WriteBody(QDataStream& stream, qint32 tag, bool withTag, WritePayload&& writePayload)
-{
-    if (withTag)
-        stream << tag;
-    LengthField length(stream);
-    writePayload();
-    length.Close();
-}
-
-/// Writes one element.
-template <class WritePayload>
-void WriteElement(QDataStream& stream, qint32 tag, WritePayload&& writePayload)
-{
-    WriteBody(stream, tag, true, writePayload);
-}
 
 // Reading. Nothing here makes room for more than the stream still holds; of a sequential device, which cannot
 // tell, room is made as the bytes arrive.
@@ -78,39 +46,34 @@ QByteArray ReadBytes(QDataStream& stream);
 /// A serialised text; null, with the stream at its end, when its length is more than what is left.
 QString ReadText(QDataStream& stream);
 
-/// A serialised byte array that holds a text in UTF-8; a null array gives a null text. A NUL ends the text.
+/// A serialised byte array that holds a text in UTF-8; a null array gives a null text.
 QString ReadUtf8(QDataStream& stream);
 
-/// The text as UTF-8; a null text gives a null array.
-QByteArray ToUtf8(const QString& text);
+/// The text that bytes hold in UTF-8. A NUL ends it, and it is never null.
+QString TextOfUtf8(const char* bytes, qint64 size);
 
-/// Skips an element of an unknown tag.
-void Skip(const IRGObject& reader, QDataStream& stream, qint32 length);
-
-/// Reports that the lengths of a body don't come out; always throws.
-[[noreturn]] void ThrowLengthError(const IRGObject& reader);
+/// Skips `length` bytes and returns how many were skipped, -1 for a negative length.
+int Skip(QDataStream& stream, qint32 length);
 
 /// Walks the elements of a body of `length` bytes and hands each tag to `readPayload`, which reads the
 /// payload and returns true, or returns false for a tag that it doesn't know. The declared lengths count
 /// against the body's length whatever `readPayload` reads; the walk ends when they have used it up or the
-/// stream is at its end. Throws the length error unless they come out exactly.
+/// stream is at its end. Returns whether they came out exactly.
 template <class ReadPayload>
-void ReadBody(const IRGObject& reader, QDataStream& stream, qint32 length, ReadPayload&& readPayload)
+bool WalkBody(QDataStream& stream, qint32 length, ReadPayload&& readPayload)
 {
     qint64 remaining = length;
     while (remaining > 0 && !AtEnd(stream)) {
         qint32 tag = 0;
         qint32 payloadLength = 0;
         stream >> tag >> payloadLength;
-        remaining -= 2 * WORD_SIZE + payloadLength;
+        remaining -= 2 * wire::WORD_SIZE + payloadLength;
         if (!readPayload(tag, payloadLength))
-            Skip(reader, stream, payloadLength);
+            Skip(stream, payloadLength);
     }
-    if (remaining != 0)
-        ThrowLengthError(reader);
+    return remaining == 0;
 }
 
-} // namespace elements
-} // namespace REPORTGENERATOR
+} // namespace REPORTGENERATOR::elements
 
 #endif

@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/forms/xmltools.h>
 
-#include <reportgenerator/reportbase/forms/xmlnames.h>
+#include <reportgenerator/reportbase/forms/wirefacts.h>
 
 #include <QtCore/QXmlStreamReader>
 
@@ -74,7 +74,7 @@ bool MayContainElement(const QString& xml, const QString& name)
 
 QString VersionAttribute(const QXmlStreamReader& reader)
 {
-    return reader.attributes().value(VERSION_ATTRIBUTE.Latin1()).toString();
+    return reader.attributes().value(wire::VERSION_ATTRIBUTE.Latin1()).toString();
 }
 
 void ReadToName(QXmlStreamReader& reader, const QString& name)

@@ -1,15 +1,16 @@
 #ifndef REPORTGENERATOR_RECORDS_PLAINFIELD_H
 #define REPORTGENERATOR_RECORDS_PLAINFIELD_H
 
-#include <reportgenerator/reportbase/forms/fieldforms.h>
+#include <reportgenerator/reportbase/forms/field.h>
 #include <reportgenerator/reportbase/forms/invalidvalues.h>
+#include <reportgenerator/reportbase/forms/xmlfields.h>
+#include <reportgenerator/reportbase/frames/objectaccess.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 namespace REPORTGENERATOR {
 
 // The fields of the plainer classes: members of the object itself, unset when they hold the value of their
-// type that stands for "not set". They take the forms of fieldforms_p.h; their failures are thrown, never
-// logged.
+// type that stands for "not set". Their failures are thrown, never logged.
 
 inline void Unset(double& value)
 {
@@ -31,56 +32,65 @@ inline bool IsValueSet(const QString& value)
     return !value.isEmpty();
 }
 
-/// All that there is to know of such a field; a class lists its fields in writing order.
-template <class Object, class T>
-struct PlainField
+/// Of a plain field: it is set unless it holds the value that stands for "not set".
+struct ByValue
 {
-    using Value = T;
-
-    T Object::*member;
-    Name name;
-    Written written;
-    Place place = Place::Element;
-    NumberFormat format = {};
-
-    bool IsSetIn(const Object& object) const { return IsValueSet(object.*member); }
+    template <class Object, class T>
+    bool IsSetIn(const Object& /*object*/, const T& value) const
+    {
+        return IsValueSet(value);
+    }
 };
 
 template <class Object, class T>
-void StoreField(Object& object, const PlainField<Object, T>& field, const T& value)
+constexpr Field<Object, T, ByValue> AttributeField(T Object::*member, Name name)
 {
-    object.*(field.member) = value;
+    return AttributeField(member, name, ByValue());
+}
+
+template <class Object, class T>
+constexpr Field<Object, T, ByValue> ElementField(T Object::*member, Name name)
+{
+    return ElementField(member, name, ByValue());
+}
+
+template <class Object, class T>
+constexpr Field<Object, T, ByValue> TextField(T Object::*member, Name name)
+{
+    return TextField(member, name, ByValue());
+}
+
+template <class Object, class T>
+void StoreField(Object& object, const Field<Object, T, ByValue>& field, const T& value)
+{
+    field.In(object) = value;
 }
 
 template <class Object, class... Fields>
 void UnsetFields(Object& object, const std::tuple<Fields...>& fields)
 {
-    ForEachField(fields, [&object](const auto& field) { Unset(object.*(field.member)); });
+    ForEachField(fields, [&object](const auto& field) { Unset(field.In(object)); });
 }
 
 template <class Object, class... Fields>
 bool IsAnyFieldSet(const Object& object, const std::tuple<Fields...>& fields)
 {
-    return std::apply([&object](const Fields&... field) { return (field.IsSetIn(object) || ...); }, fields);
+    return AnyOfFields(fields, [&object](const auto& field) { return field.IsSetIn(object); });
 }
 
 /// Whether all fields are set that are always written.
 template <class Object, class... Fields>
 bool AreMandatoryFieldsSet(const Object& object, const std::tuple<Fields...>& fields)
 {
-    const auto isGood = [&object](const auto& field) {
-        return field.written == Written::WhenSet || field.IsSetIn(object);
-    };
-    return std::apply([&isGood](const Fields&... field) { return (isGood(field) && ...); }, fields);
+    return AllOfFields(fields,
+                       [&object](const auto& field) { return !field.isMandatory || field.IsSetIn(object); });
 }
 
 /// Whether all values are equal, set or not. A NaN equals nothing.
 template <class Object, class... Fields>
 bool AreValuesEqual(const Object& left, const Object& right, const std::tuple<Fields...>& fields)
 {
-    return std::apply(
-        [&](const Fields&... field) { return ((left.*(field.member) == right.*(field.member)) && ...); },
-        fields);
+    return AllOfFields(fields, [&](const auto& field) { return field.In(left) == field.In(right); });
 }
 
 /// Throws the class's message for the first field that is missing.
@@ -89,9 +99,16 @@ void RequireFields(const Object& object, const std::tuple<Fields...>& fields,
                    QString (*message)(const QString& objectName, const QString& field))
 {
     ForEachField(fields, [&](const auto& field) {
-        if (field.written == Written::Always && !field.IsSetIn(object))
+        if (field.isMandatory && !field.IsSetIn(object))
             throw RGException(message(object.GetObjectName(), field.name.Text()));
     });
+}
+
+template <class Object, class... Fields>
+void WritePlainFields(QXmlStreamWriter& writer, const Object& object, const std::tuple<Fields...>& fields)
+{
+    XmlWriterSink sink(writer);
+    WriteXmlFields(sink, object, fields);
 }
 
 /// Reads the child element that the reader stands on into its field. Returns whether it was one.
@@ -99,9 +116,9 @@ template <class Object, class ReadText, class... Fields>
 bool ReadPlainElement(Object& object, const QXmlStreamReader& reader, const std::tuple<Fields...>& fields,
                       ReadText&& readText)
 {
-    return ReadXmlElement(reader.name(), fields, readText, [&object](const auto& field, const auto& value) {
-        StoreField(object, field, value);
-    });
+    const auto store = [&object](const auto& field, const auto& value) { StoreField(object, field, value); };
+    return AnyOfFields(
+        fields, [&](const auto& field) { return ReadXmlElement(reader.name(), field, readText, store); });
 }
 
 /// Refuses the child element that the reader stands on.

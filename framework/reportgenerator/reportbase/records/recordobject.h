@@ -1,77 +1,90 @@
 #ifndef REPORTGENERATOR_RECORDS_RECORDOBJECT_H
 #define REPORTGENERATOR_RECORDS_RECORDOBJECT_H
 
-#include <reportgenerator/reportbase/recordobject.h>
-#include <reportgenerator/reportbase/records/record.h>
+#include <reportgenerator/reportbase/forms/streampiece.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/records/checking.h>
+#include <reportgenerator/reportbase/records/directroads.h>
+#include <reportgenerator/reportbase/records/raw.h>
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/settingsof.h>
+#include <reportgenerator/reportbase/records/tagged.h>
+#include <reportgenerator/reportbase/records/xmlreading.h>
+#include <reportgenerator/reportbase/records/xmlwriting.h>
 
 namespace REPORTGENERATOR {
 
-/// What a class with a record consists of; specialised next to the record with
-/// - ID: the number that identifies the class,
-/// - NAME: the name of its objects,
-/// - FIELDS: a tuple of its fields in writing order.
-template <class Data>
-struct Description;
+template <class Data, class Holder>
+const long long RecordObject<Data, Holder>::id = Description<Data>::ID;
 
 template <class Data>
-const long long RecordObject<Data>::id = Description<Data>::ID;
-
-template <class Data>
-RecordObject<Data>::RecordObject()
+const ObjectIdentity& ClassIdentity()
 {
-    SetObjectName(GetStaticObjectName());
-    SetObjectId(id);
+    static const ObjectIdentity identity = {AnyType, Description<Data>::ID, Description<Data>::NAME.Text(),
+                                            &DirectRoadOf<typename Description<Data>::Object>::ROAD, false};
+    return identity;
 }
 
-template <class Data>
-RecordObject<Data>::RecordObject(const RecordObject& other)
-    : IRGObject(other.GetObjectType()), m_data(other.m_data)
+template <class Data, class Holder>
+RecordObject<Data, Holder>::RecordObject() : IRGObject(ClassIdentity<Data>())
 {
-    m_data.detach();
-    SetObjectName(GetStaticObjectName());
-    SetObjectId(id);
 }
 
-template <class Data>
-RecordObject<Data>& RecordObject<Data>::operator=(const RecordObject& other)
+template <class Data, class Holder>
+RecordObject<Data, Holder>::RecordObject(const RecordObject& other)
+    : IRGObject(ClassIdentity<Data>()), m_record(other.m_record)
+{
+    const ObjectTypes type = other.GetObjectType();
+    if (type != AnyType) {
+        IRGObject::SetObjectType(type);
+        IRGObject::SetObjectName(GetStaticObjectName());
+        SetObjectId(id);
+    }
+    if (m_record.Get())
+        m_record.Own();
+    RecordObject::SetValidate(other.GetValidate());
+}
+
+template <class Data, class Holder>
+RecordObject<Data, Holder>& RecordObject<Data, Holder>::operator=(const RecordObject& other)
 {
     if (this != &other)
-        m_data = other.m_data;
+        m_record = other.m_record;
     return *this;
 }
 
-template <class Data>
-RecordObject<Data>::~RecordObject() = default;
+template <class Data, class Holder>
+RecordObject<Data, Holder>::~RecordObject() = default;
 
-template <class Data>
-long long RecordObject<Data>::GetId()
+template <class Data, class Holder>
+long long RecordObject<Data, Holder>::GetId()
 {
     return id;
 }
 
-template <class Data>
-QString RecordObject<Data>::GetStaticObjectName()
+template <class Data, class Holder>
+QString RecordObject<Data, Holder>::GetStaticObjectName()
 {
     return Description<Data>::NAME.Text();
 }
 
-template <class Data>
-bool RecordObject<Data>::IsInitialized() const
+template <class Data, class Holder>
+bool RecordObject<Data, Holder>::IsInitialized() const
 {
-    return m_data.constData() != nullptr;
+    return m_record.Get() != nullptr;
 }
 
-template <class Data>
-void RecordObject<Data>::Reset()
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::Reset()
 {
     if (!IsInitialized())
         return;
-    m_data->flags = 0;
+    m_record.Own().flags = 0;
     ConstNoClearReset();
 }
 
-template <class Data>
-void RecordObject<Data>::ResetToDefault()
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::ResetToDefault()
 {
     if (IsInitialized())
         this->Reset();
@@ -79,41 +92,137 @@ void RecordObject<Data>::ResetToDefault()
         InitData();
 }
 
-template <class Data>
-void RecordObject<Data>::Check() const
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::Check(bool logOnly) const
+{
+    ReapplySettings();
+    InitData();
+    if (AreRowsGood(*m_record.Get(), Description<Data>::ROWS))
+        return;
+    const Data& data = RecordAccess::MakePrivate(*this);
+    ForEachField(Description<Data>::ROWS, [&](const auto& row) { CheckRow(*this, data, row, logOnly); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::Check() const
 {
     Check(false);
 }
 
-template <class Data>
-void RecordObject<Data>::SetObjectType(ObjectTypes /*type*/)
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::GetXml(QXmlStreamWriter& writer) const
 {
-}
-
-template <class Data>
-bool RecordObject<Data>::HasEqualRecord(const RecordObject& other) const
-{
-    if (!IsInitialized() && !other.IsInitialized())
-        return true;
+    if (!PrepareToWrite())
+        return;
     InitData();
-    other.InitData();
-    // Comparing members may make their records, which must not show in a third object that shares this one's.
-    return AreFieldsEqual(*m_data, *other.m_data, Description<Data>::FIELDS);
+    const auto write = [&](auto sink, const Data& data) {
+        WriteElementXml(sink, GetObjectName(), *this, data, Description<Data>::ROWS);
+    };
+    using Object = typename Description<Data>::Object;
+    if (ObjectAccess::RoadOf(*this) && IsPlain(static_cast<const Object&>(*this), true))
+        write(XmlWriterSink(writer), *m_record.Get());
+    else
+        write(CarefulXml(writer), RecordAccess::MakePrivate(*this));
 }
 
-template <class Data>
-void RecordObject<Data>::InitData() const
+template <class Data, class Holder>
+bool RecordObject<Data, Holder>::GetBinary(QDataStream& stream, int tag, bool withTag) const
+{
+    if (!PrepareToWrite())
+        return false;
+    InitData();
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    Buffer<QByteArray> body;
+    if (road && streampiece::CanWrite(stream) && road->writeBody(*this, tag, withTag, body)) {
+        streampiece::Write(stream, body);
+        return true;
+    }
+    StreamElements sink(stream);
+    WriteRecordBody(sink, tag, withTag, RecordAccess::MakePrivate(*this), Description<Data>::ROWS);
+    return true;
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::SetBinary(QDataStream& stream, int length)
+{
+    ReapplySettings();
+    InitData();
+    RecordObject::Reset();
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (road && streampiece::Read(stream, length,
+                                  [&](const char* body) { return road->readBody(*this, body, length); }))
+        return;
+    const bool cameOut = elements::WalkBody(stream, length, [&](qint32 tag, qint32 payloadLength) {
+        return AnyOfFields(Description<Data>::ROWS, [&](const auto& row) {
+            return ReadRowElement(*this, stream, tag, payloadLength, row);
+        });
+    });
+    if (!cameOut)
+        reporting::ThrowLengthError(*this);
+    GiveToMembers(*this, [this](auto& member) { SettleItems(member, *this); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::SetValidate(bool validate) const
+{
+    IRGObject::SetValidate(validate);
+    GiveToMembers(*this, [validate](auto& member) { PassValidateTo(member, validate); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::SetLogger(std::shared_ptr<Logger> logger) const
+{
+    IRGObject::SetLogger(logger);
+    GiveToMembers(*this, [&logger](auto& member) { PassLoggerTo(member, logger); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::SetObjectType(ObjectTypes /*type*/)
+{
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const
+{
+    InitData();
+    const Data& data = RecordAccess::MakePrivate(*this);
+    stream << data.flags;
+    ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { WriteRowRaw(stream, data, row); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::SetVersionSpecificBinaryWithoutValidation(QDataStream& stream)
+{
+    InitData();
+    stream >> m_record.Own().flags;
+    ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { ReadRowRaw(*this, stream, row); });
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::InitData() const
 {
     if (IsInitialized())
         return;
-    m_data = new Data;
+    m_record.Make();
     ReapplySettings();
 }
 
-template <class Data>
-void RecordObject<Data>::ConstNoClearReset() const
+/// Compares two objects, whose records are made.
+template <class Object>
+bool IsRecordEqual(const Object& left, const Object& right)
 {
-    RestoreFields(*m_data, Description<Data>::FIELDS);
+    if (!left.IsInitialized() && !right.IsInitialized())
+        return true;
+    RecordAccess::Init(left);
+    RecordAccess::Init(right);
+    // Comparing members may make their records, which must not show in a third object that shares this one's.
+    return AreRecordsEqual(RecordAccess::Make(left), RecordAccess::Make(right), RecordAccess::RowsOf(left));
+}
+
+template <class Data, class Holder>
+void RecordObject<Data, Holder>::ConstNoClearReset() const
+{
+    ForEachField(Description<Data>::ROWS, [this](const auto& row) { RestoreRow(m_record.Own(), row); });
 }
 
 } // namespace REPORTGENERATOR

@@ -1,0 +1,208 @@
+// What surrounds an object's own element: strings and files, merging, and the walk through the children.
+
+#include <reportgenerator/reportbase/irgobject.h>
+
+#include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/frames/objectaccess.h>
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/reporting_p.h>
+#include <reportgenerator/reportbase/rgexception.h>
+#include <reportgenerator/reportbase/versionconverterproxy.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QXmlStreamReader>
+#include <QtCore/QXmlStreamWriter>
+
+#include <typeinfo>
+
+namespace REPORTGENERATOR {
+
+namespace {
+
+/// A reader asks the file for so many bytes at a time.
+constexpr qint64 READER_BLOCK = 8192;
+
+/// Reads the rest of a file past Qt's reader, which would leave it at its end too. Otherwise the file stays where it
+/// is. Returns whether it was read.
+bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
+{
+    if (file.isSequential() || !file.isReadable() || file.isTransactionStarted())
+        return false;
+    const qint64 start = file.pos();
+    const QByteArray xml = file.readAll();
+    // A reader stops with the block in which the element ends.
+    const bool endsWithElement = xml.endsWith('>') || (xml.endsWith(">\n") && xml.size() % READER_BLOCK != 1);
+    if (endsWithElement && file.error() == QFileDevice::NoError && road.readXmlBytes(object, xml))
+        return true;
+    file.seek(start);
+    return false;
+}
+
+} // namespace
+
+bool IRGObject::SetXmlString(const QString& xml, bool checkRoot)
+{
+    TraceProgress(messages::LoadingXmlString);
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (road && road->readXml(*this, xml))
+        return true;
+    if (xml.isEmpty() || !xmltools::MayContainElement(xml, GetObjectName()))
+        return false;
+    Reset();
+    if (checkRoot && !StartsWith(xml, GetObjectName()))
+        reporting::Throw(*this, RGException(messages::UnsuitableXml(GetObjectName())));
+    QXmlStreamReader reader(xml);
+    return ReadElement(reader);
+}
+
+bool IRGObject::MergeRGObject(const IRGObject& other)
+{
+    if (typeid(other) != typeid(*this)) {
+        Trace(LogLevel::WARNING,
+              messages::MergeTypeMismatch(GetObjectName(), typeid(other).name(), typeid(*this).name()));
+        return false;
+    }
+    if (numbers::VersionFromText(GetVersion()) != numbers::VersionFromText(other.GetVersion())) {
+        Trace(LogLevel::WARNING, messages::MergeVersionMismatch(GetObjectName()));
+        return false;
+    }
+    const QString xml = other.GetXmlString();
+    if (xml.isEmpty())
+        return true;
+    QXmlStreamReader reader(xml);
+    if (!ReadXmlUntil(reader, GetObjectName()))
+        return false;
+    ProcessXml(reader);
+    return true;
+}
+
+void IRGObject::ProcessXml(QXmlStreamReader& reader)
+{
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        if (token == QXmlStreamReader::EndElement)
+            break;
+        if (token == QXmlStreamReader::StartElement)
+            ProcessXmlStartElement(reader);
+    }
+    ReportXmlError(reader);
+}
+
+QString IRGObject::GetXmlString() const
+{
+    TraceProgress(messages::GeneratingXmlString);
+    if (GetValidate())
+        Check();
+    QString xml;
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (road && road->writeXml(*this, xml))
+        return xml;
+    QXmlStreamWriter writer(&xml);
+    writer.setAutoFormatting(true);
+    GetXml(writer);
+    return xml;
+}
+
+bool IRGObject::LoadXml(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        throw RGException(messages::CantOpenForReading(path));
+    return LoadXml(&file);
+}
+
+bool IRGObject::LoadXml(QFile* file)
+{
+    Reset();
+    // Held until it has returned: a converter that assigns this object takes the proxy away from it.
+    const std::shared_ptr<VersionConverterProxy> proxy = ObjectAccess::ConverterOf(*this);
+    if (proxy && proxy->CanUseProxy(file, this)) {
+        Trace(LogLevel::INFO, messages::LoadingXmlFileWithConverter(GetObjectName(), file->fileName()));
+        file->QIODevice::reset();
+        return proxy->LoadXml(file);
+    }
+    Trace(LogLevel::INFO, messages::LoadingXmlFile(GetObjectName(), file->fileName()));
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (road && ReadDirectly(*road, *this, *file))
+        return true;
+    QXmlStreamReader reader(file);
+    return ReadElement(reader);
+}
+
+bool IRGObject::SaveXml(const QString& path) const
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    QByteArray xml;
+    if (road) {
+        TraceProgress(messages::GeneratingXmlString);
+        if (GetValidate())
+            Check();
+        if (!road->writeXmlBytes(*this, xml)) {
+            QString text;
+            QXmlStreamWriter writer(&text);
+            writer.setAutoFormatting(true);
+            GetXml(writer);
+            xml = text.toUtf8();
+        }
+    } else {
+        xml = GetXmlString().toUtf8();
+    }
+    file.write(xml);
+    return true;
+}
+
+QString IRGObject::GetTextValue(QXmlStreamReader& reader) const
+{
+    QString text = reader.text().toString();
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::EndElement) {
+        // Of a text in several pieces the last one counts: part of the form.
+        if (reader.isCharacters())
+            text = reader.text().toString();
+    }
+    ReportXmlError(reader);
+    return text;
+}
+
+bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const
+{
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == name)
+            return true;
+    }
+    ReportXmlError(reader);
+    return false;
+}
+
+bool IRGObject::StartsWith(const QString& xml, const QString& name) const
+{
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement)
+            return reader.name() == name;
+    }
+    ReportXmlError(reader);
+    return false;
+}
+
+/// Reads the first element of the object's name; the steps that all ways of loading XML share.
+bool IRGObject::ReadElement(QXmlStreamReader& reader)
+{
+    if (!ReadXmlUntil(reader, GetObjectName()))
+        return false;
+    ProcessXml(reader);
+    if (GetValidate())
+        Check();
+    return true;
+}
+
+void IRGObject::ReportXmlError(const QXmlStreamReader& reader) const
+{
+    if (reader.hasError())
+        reporting::Throw(*this, RGException(reader.errorString()));
+}
+
+} // namespace REPORTGENERATOR

@@ -1,0 +1,395 @@
+#ifndef REPORTGENERATOR_RECORDS_DIRECTREADING_H
+#define REPORTGENERATOR_RECORDS_DIRECTREADING_H
+
+#include <reportgenerator/reportbase/forms/values.h>
+#include <reportgenerator/reportbase/forms/xmlscanner.h>
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/rows.h>
+#include <reportgenerator/reportbase/records/tagged.h>
+
+#include <QtCore/QtEndian>
+
+#include <cstring>
+#include <tuple>
+
+namespace REPORTGENERATOR {
+
+// Reading past Qt's stream classes: aside, into a fresh record, which is taken over when all of it has been read and
+// found good. Each function returns false for whatever is odd.
+
+/// Puts the value into a record that doesn't have it yet.
+template <class Data, class D, class T>
+bool PutValue(Data& data, const Field<D, T, Flagged>& row, const T& value)
+{
+    if (row.IsSetIn(data) || !IsAdmitted(row, value))
+        return false;
+    row.In(data) = value;
+    SetFlag(data, row.setBy);
+    return true;
+}
+
+// --- XML --------------------------------------------------------------------------------------------------
+
+template <class Unit, class Data>
+bool ReadRecord(XmlScanner<Unit>& scanner, const Name& name, Data& data);
+
+/// Rows that are attributes. One that isn't there is none.
+template <class Unit, class Data, class Row>
+bool ReadAttribute(XmlScanner<Unit>& /*scanner*/, Data& /*data*/, const Row& /*row*/)
+{
+    return true;
+}
+
+template <class Unit, class Data, class D, class T>
+bool ReadAttribute(XmlScanner<Unit>& scanner, Data& data, const Field<D, T, Flagged>& row)
+{
+    if (row.place == Place::Attribute) {
+        T value{};
+        if (scanner.Attribute(row.name, [&value](auto& source) { return source.Read(value); }))
+            return PutValue(data, row, value);
+    }
+    return true;
+}
+
+template <class Unit, class Data>
+bool ReadAttribute(XmlScanner<Unit>& scanner, Data& data, const FormatVersion<Data>& row)
+{
+    if (!scanner.Attribute(row.name, [&row](auto& source) { return source.Take(row.model); }))
+        return false;
+    data.*(row.loaded) = row.model.Text();
+    return true;
+}
+
+/// Rows that are child elements or the element's text. A child that isn't there is none.
+template <class Unit, class Data>
+bool ReadContent(XmlScanner<Unit>& /*scanner*/, Data& /*data*/, const FormatVersion<Data>& /*row*/)
+{
+    return true;
+}
+
+template <class Unit, class Data, class D, class T>
+bool ReadContent(XmlScanner<Unit>& scanner, Data& data, const Field<D, T, Flagged>& row)
+{
+    if (row.place == Place::Attribute)
+        return true;
+    if (row.place == Place::Element && !scanner.EnterTag(row.name))
+        return true;
+    T value{};
+    if (row.place == Place::Element && !scanner.LeaveTag())
+        return false;
+    if (!scanner.Read(value) || !PutValue(data, row, value))
+        return false;
+    return row.place == Place::Text || scanner.TakeEndTag(row.name);
+}
+
+template <class Unit, class Data, class Object>
+bool ReadContent(XmlScanner<Unit>& scanner, Data& data, const Member<Data, Object>& row)
+{
+    Object& member = row.In(data);
+    if (!scanner.EnterTag(RecordAccess::NameOf(member)))
+        return true;
+    SetFlag(data, row.setBy);
+    return ReadRecord(scanner, RecordAccess::NameOf(member), RecordAccess::Make(member));
+}
+
+/// What stands around the values of an item. Items that a program writes differ in their values only.
+template <class Unit, std::size_t Count>
+struct ItemPattern
+{
+    struct Piece
+    {
+        const Unit* begin = nullptr;
+        const Unit* end = nullptr;
+
+        bool IsAt(const Unit* next, const Unit* textEnd) const
+        {
+            const auto size = end - begin;
+            return textEnd - next >= size && std::memcmp(begin, next, std::size_t(size) * sizeof(Unit)) == 0;
+        }
+    };
+
+    Piece before[Count];
+    Piece behind;
+    bool isKnown = false;
+};
+
+/// Reads an item whose fields all are numbers in elements of their own, one by one, and learns the pattern.
+template <class Unit, class Data, class Pattern>
+bool ReadItemByTags(XmlScanner<Unit>& scanner, const Name& name, Data& data, Pattern& pattern)
+{
+    const Unit* piece = scanner.Next();
+    if (!scanner.EnterTag(name) || !scanner.LeaveTag())
+        return false;
+    std::size_t index = 0;
+    const bool isGood = AllOfFields(Description<Data>::ROWS, [&](const auto& row) {
+        double value = 0.0;
+        if (!scanner.EnterTag(row.name) || !scanner.LeaveTag())
+            return false;
+        pattern.before[index++] = {piece, scanner.Next()};
+        if (!scanner.Read(value) || !PutValue(data, row, value))
+            return false;
+        piece = scanner.Next();
+        return scanner.TakeEndTag(row.name);
+    });
+    if (!isGood || !scanner.EndTag(name))
+        return false;
+    pattern.behind = {piece, scanner.Next()};
+    pattern.isKnown = true;
+    return true;
+}
+
+/// Reads an item that looks like the one before. Otherwise the scanner stays where it is, and the record is as it may.
+template <class Unit, class Data, class Pattern>
+bool ReadItemByPattern(XmlScanner<Unit>& scanner, Data& data, const Pattern& pattern)
+{
+    const Unit* next = scanner.Next();
+    std::size_t index = 0;
+    const bool isGood = AllOfFields(Description<Data>::ROWS, [&](const auto& row) {
+        const auto& piece = pattern.before[index++];
+        if (!piece.IsAt(next, scanner.End()))
+            return false;
+        double value = 0.0;
+        next = numbers::ReadFixedPrefix(next + (piece.end - piece.begin), scanner.End(), value);
+        return next && PutValue(data, row, value);
+    });
+    if (!isGood || !pattern.behind.IsAt(next, scanner.End()))
+        return false;
+    scanner.SetNext(next + (pattern.behind.end - pattern.behind.begin));
+    return true;
+}
+
+/// At most so many items of that name can follow: each has a tag of its own, and so has each of its fields.
+template <class ItemData, class Unit>
+int MostItems(const XmlScanner<Unit>& scanner)
+{
+    constexpr auto tagsOfItem =
+        2 * (1 + std::tuple_size_v<std::decay_t<decltype(Description<ItemData>::ROWS)>>);
+    const auto tags = std::count(scanner.Next(), scanner.End(), static_cast<Unit>('<'));
+    return static_cast<int>(tags / static_cast<std::ptrdiff_t>(tagsOfItem));
+}
+
+template <class Unit, class Data, class Item>
+bool ReadContent(XmlScanner<Unit>& scanner, Data& data, const ItemList<Data, Item>& row)
+{
+    using ItemData = typename Item::RecordData;
+    ItemPattern<Unit, std::tuple_size_v<std::decay_t<decltype(Description<ItemData>::ROWS)>>> pattern;
+    QVector<Item> items(MostItems<ItemData>(scanner));
+    int count = 0;
+    for (; count < items.size(); ++count) {
+        ItemData& item = RecordAccess::Make(items[count]);
+        if (pattern.isKnown && ReadItemByPattern(scanner, item, pattern))
+            continue;
+        item.flags = 0;
+        const Unit* const before = scanner.Next();
+        if (!scanner.EnterTag(row.name))
+            break;
+        scanner.SetNext(before);
+        if (!ReadItemByTags(scanner, row.name, item, pattern))
+            return false;
+    }
+    if (count == 0)
+        return true;
+    items.resize(count);
+    row.In(data).Adopt(items);
+    SetFlag(data, row.setBy);
+    return true;
+}
+
+/// Reads the rows of an element whose tag has been entered, up to its end.
+template <class Unit, class Data>
+bool ReadRecord(XmlScanner<Unit>& scanner, const Name& name, Data& data)
+{
+    const auto& rows = Description<Data>::ROWS;
+    return AllOfFields(rows, [&](const auto& row) { return ReadAttribute(scanner, data, row); }) &&
+           scanner.LeaveTag() &&
+           AllOfFields(rows, [&](const auto& row) { return ReadContent(scanner, data, row); }) &&
+           scanner.EndTag(name);
+}
+
+/// Reads a text that holds one element and nothing else.
+template <class Unit, class Data>
+bool ReadDocument(XmlScanner<Unit> scanner, Data& data)
+{
+    const Name& name = Description<Data>::NAME;
+    return scanner.EnterTag(name) && ReadRecord(scanner, name, data) && scanner.IsAtEndOfBlanks();
+}
+
+// --- Tagged elements --------------------------------------------------------------------------------------
+
+/// Bytes that are read from the front.
+struct ByteRange
+{
+    const char* next;
+    const char* end;
+
+    qint64 Left() const { return end - next; }
+
+    bool TakeWord(qint32& word)
+    {
+        if (Left() < wire::WORD_SIZE)
+            return false;
+        word = qFromBigEndian<qint32>(next);
+        next += wire::WORD_SIZE;
+        return true;
+    }
+
+    /// The part of the next `length` bytes.
+    bool TakePart(qint64 length, ByteRange& part)
+    {
+        if (length < 0 || length > Left())
+            return false;
+        part = {next, next + length};
+        next += length;
+        return true;
+    }
+
+    /// Whether a serialised byte array follows that fills the rest, and where its bytes begin then.
+    bool TakeSizeOfRest()
+    {
+        qint32 size = 0;
+        return TakeWord(size) && size == Left();
+    }
+};
+
+template <class Data>
+bool ReadRecord(ByteRange body, Data& data);
+
+inline bool ReadPayload(ByteRange payload, double& value)
+{
+    return payload.TakeSizeOfRest() && numbers::ReadFixed(payload.next, payload.end, value);
+}
+
+inline bool ReadPayload(ByteRange payload, bool& value)
+{
+    value = payload.Left() == 1 && *payload.next != 0;
+    return payload.Left() == 1;
+}
+
+inline bool ReadPayload(ByteRange payload, QString& value)
+{
+    if (!payload.TakeSizeOfRest())
+        return false;
+    value = elements::TextOfUtf8(payload.next, payload.Left());
+    return true;
+}
+
+/// Whether the payload is that text.
+inline bool IsText(ByteRange payload, const Name& text)
+{
+    if (!payload.TakeSizeOfRest() || payload.Left() != 2 * qint64(text.size))
+        return false;
+    for (int i = 0; i < text.size; ++i) {
+        if (payload.next[2 * i] != 0 || payload.next[2 * i + 1] != text.latin1[i])
+            return false;
+    }
+    return true;
+}
+
+template <class Data, class D, class T>
+bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Field<D, T, Flagged>& row)
+{
+    T value{};
+    return tag == row.setBy.tag && ReadPayload(payload, value) && PutValue(data, row, value);
+}
+
+template <class Data>
+bool ReadElement(ByteRange payload, qint32 tag, Data& data, const FormatVersion<Data>& row)
+{
+    if (tag != row.tag || !IsText(payload, row.model))
+        return false;
+    data.*(row.loaded) = row.model.Text();
+    return true;
+}
+
+template <class Data, class Object>
+bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Member<Data, Object>& row)
+{
+    if (tag != row.setBy.tag || row.IsSetIn(data))
+        return false;
+    SetFlag(data, row.setBy);
+    return ReadRecord(payload, RecordAccess::Make(row.In(data)));
+}
+
+template <class Data, class Item>
+bool ReadElement(ByteRange payload, qint32 tag, Data& data, const ItemList<Data, Item>& row)
+{
+    qint32 count = 0;
+    if (tag != row.setBy.tag || row.IsSetIn(data) || !payload.TakeWord(count) || count < 0 ||
+        count > payload.Left() / ShortestBody(row))
+        return false;
+    if (count == 0)
+        return payload.Left() == 0;
+    QVector<Item> items(count);
+    for (Item& item : items) {
+        auto& itemData = RecordAccess::Make(item);
+        qint32 length = 0;
+        ByteRange body = {};
+        if (!payload.TakeWord(length) || !payload.TakePart(length, body) || !ReadRecord(body, itemData) ||
+            !AreMandatoryRowsSet(&itemData, Description<typename Item::RecordData>::ROWS))
+            return false;
+    }
+    row.In(data).Adopt(items);
+    SetFlag(data, row.setBy);
+    return payload.Left() == 0;
+}
+
+template <class Data>
+bool ReadRecord(ByteRange body, Data& data)
+{
+    while (body.Left() > 0) {
+        qint32 tag = 0;
+        qint32 length = 0;
+        ByteRange payload = {};
+        if (!body.TakeWord(tag) || !body.TakeWord(length) || !body.TakePart(length, payload))
+            return false;
+        if (!AnyOfFields(Description<Data>::ROWS,
+                         [&](const auto& row) { return ReadElement(payload, tag, data, row); }))
+            return false;
+    }
+    return true;
+}
+
+// --- Taking over ------------------------------------------------------------------------------------------
+
+template <class Data>
+void AdoptRecord(Data& to, Data& from);
+
+template <class Data, class D, class T>
+void AdoptRow(Data& to, Data& from, const Field<D, T, Flagged>& row)
+{
+    row.In(to) = row.In(from);
+}
+
+template <class Data>
+void AdoptRow(Data& to, Data& from, const FormatVersion<Data>& row)
+{
+    // Data without a version leave the one that was loaded before.
+    if (!(from.*(row.loaded)).isNull())
+        to.*(row.loaded) = from.*(row.loaded);
+}
+
+template <class Data, class Object>
+void AdoptRow(Data& to, Data& from, const Member<Data, Object>& row)
+{
+    if (row.IsSetIn(from))
+        AdoptRecord(RecordAccess::Make(row.In(to)), RecordAccess::Make(row.In(from)));
+}
+
+template <class Data, class Item>
+void AdoptRow(Data& to, Data& from, const ItemList<Data, Item>& row)
+{
+    if (row.IsSetIn(from))
+        row.In(to).Adopt(row.In(from).Own());
+}
+
+/// Takes what was read over into a record in which nothing is set.
+template <class Data>
+void AdoptRecord(Data& to, Data& from)
+{
+    ForEachField(Description<Data>::ROWS, [&](const auto& row) { AdoptRow(to, from, row); });
+    to.flags = from.flags;
+}
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,141 @@
+#ifndef REPORTGENERATOR_RECORDS_DIRECTROADS_H
+#define REPORTGENERATOR_RECORDS_DIRECTROADS_H
+
+#include <reportgenerator/reportbase/frames/directroad.h>
+#include <reportgenerator/reportbase/records/checking.h>
+#include <reportgenerator/reportbase/records/directreading.h>
+#include <reportgenerator/reportbase/records/settingsof.h>
+#include <reportgenerator/reportbase/records/tagged.h>
+#include <reportgenerator/reportbase/records/xmlwriting.h>
+
+namespace REPORTGENERATOR {
+
+// --- Whether writing has nothing to tell ------------------------------------------------------------------
+
+/// Whether the object is called like its class, and so are its members, and what is written has a record. Objects that
+/// validate must have data; without validation XML warns of incomplete items.
+template <class Object>
+bool IsPlain(const Object& object, bool warnsOfItems);
+
+template <class Data, class Row>
+bool IsRowPlain(const Data& /*data*/, const Row& /*row*/, bool /*warnsOfItems*/)
+{
+    return true;
+}
+
+template <class Data, class Object>
+bool IsRowPlain(const Data& data, const Member<Data, Object>& row, bool warnsOfItems)
+{
+    return !row.IsSetIn(data) || IsPlain(row.In(data), warnsOfItems);
+}
+
+template <class Data, class Item>
+bool IsRowPlain(const Data& data, const ItemList<Data, Item>& row, bool warnsOfItems)
+{
+    const ObjectIdentity* const identity = &ClassIdentity<typename Item::RecordData>();
+    const QVector<Item>& items = row.In(data).Values();
+    return std::all_of(items.cbegin(), items.cend(), [&](const Item& item) {
+        const auto* itemData = RecordAccess::Get(item);
+        return itemData && ObjectAccess::HasIdentity(item, identity) &&
+               (!warnsOfItems || AreMandatoryRowsSet(itemData, Description<typename Item::RecordData>::ROWS));
+    });
+}
+
+template <class Object>
+bool IsPlain(const Object& object, bool warnsOfItems)
+{
+    using Data = typename Object::RecordData;
+    const Data* data = RecordAccess::Get(object);
+    if (!data || !ObjectAccess::HasIdentity(object, &ClassIdentity<Data>()))
+        return false;
+    const bool validates = ObjectAccess::Validates(object);
+    if (validates && !object.Object::HasData())
+        return false;
+    return AllOfFields(Description<Data>::ROWS,
+                       [&](const auto& row) { return IsRowPlain(*data, row, warnsOfItems && !validates); });
+}
+
+// --- The road ---------------------------------------------------------------------------------------------
+
+template <class T>
+struct DirectRoadOf
+{
+    using Data = typename T::RecordData;
+
+    static const DirectRoad ROAD;
+
+private:
+    static const T& From(const IRGObject& object) { return static_cast<const T&>(object); }
+
+    static void PassSettings(const IRGObject& object) { PassSettingsToMembers(From(object)); }
+
+    template <class Container>
+    static bool WriteXml(const IRGObject& object, Container& xml)
+    {
+        PassSettings(object);
+        RecordAccess::Make(From(object));
+        if (!IsPlain(From(object), true))
+            return false;
+        XmlText<Container> sink;
+        WriteObjectXml(sink, From(object));
+        xml = sink.Take();
+        return true;
+    }
+
+    static bool WriteBody(const IRGObject& object, qint32 tag, bool withTag, Buffer<QByteArray>& out)
+    {
+        PassSettings(object);
+        RecordAccess::Make(From(object));
+        if (!IsPlain(From(object), false))
+            return false;
+        ElementBytes sink(out);
+        WriteObjectBody(sink, From(object), tag, withTag);
+        return true;
+    }
+
+    template <class Unit>
+    static bool ReadXml(IRGObject& object, const Unit* begin, qint64 size)
+    {
+        Data data;
+        if (!ReadDocument(XmlScanner<Unit>(begin, begin + size), data))
+            return false;
+        if (ObjectAccess::Validates(object) && !AreRowsGood(data, Description<Data>::ROWS))
+            return false;
+        object.Reset();
+        Adopt(object, data);
+        return true;
+    }
+
+    static bool ReadXmlText(IRGObject& object, const QString& xml)
+    {
+        return ReadXml(object, xml.utf16(), xml.size());
+    }
+
+    static bool ReadXmlBytes(IRGObject& object, const QByteArray& xml)
+    {
+        return ReadXml(object, xml.constData(), xml.size());
+    }
+
+    static bool ReadBody(IRGObject& object, const char* body, qint64 size)
+    {
+        Data data;
+        if (!ReadRecord(ByteRange{body, body + size}, data))
+            return false;
+        Adopt(object, data);
+        return true;
+    }
+
+    static void Adopt(IRGObject& object, Data& data)
+    {
+        AdoptRecord(RecordAccess::Make(From(object)), data);
+        PassSettings(object);
+    }
+};
+
+template <class T>
+const DirectRoad DirectRoadOf<T>::ROAD = {&typeid(T), PassSettings, WriteXml<QString>, WriteXml<QByteArray>,
+                                          WriteBody,  ReadXmlText,  ReadXmlBytes,      ReadBody};
+
+} // namespace REPORTGENERATOR
+
+#endif

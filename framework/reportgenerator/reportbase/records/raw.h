@@ -1,0 +1,138 @@
+#ifndef REPORTGENERATOR_RECORDS_RAW_H
+#define REPORTGENERATOR_RECORDS_RAW_H
+
+#include <reportgenerator/reportbase/forms/taggedelements.h>
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/rows.h>
+#include <reportgenerator/reportbase/records/storing.h>
+
+namespace REPORTGENERATOR {
+
+// The raw form: the flag byte, then the rows in the order of their bits as plain stream values. The version has no bit
+// and stands in front.
+
+constexpr int BIT_OF_VERSION = -1;
+
+template <class Row>
+constexpr int BitOf(const Row& row)
+{
+    return row.setBy.bit;
+}
+
+template <class Data>
+constexpr int BitOf(const FormatVersion<Data>& /*row*/)
+{
+    return BIT_OF_VERSION;
+}
+
+template <class Visit, class... Rows>
+void ForEachRowByBit(const std::tuple<Rows...>& rows, Visit&& visit)
+{
+    for (int bit = BIT_OF_VERSION; bit < static_cast<int>(sizeof...(Rows)); ++bit) {
+        ForEachField(rows, [&](const auto& row) {
+            if (BitOf(row) == bit)
+                visit(row);
+        });
+    }
+}
+
+// Writing
+
+template <class Data, class D, class T>
+void WriteRowRaw(QDataStream& stream, const Data& data, const Field<D, T, Flagged>& row)
+{
+    if (row.IsWrittenOf(data))
+        stream << row.In(data);
+}
+
+template <class Data>
+void WriteRowRaw(QDataStream& stream, const Data& /*data*/, const FormatVersion<Data>& row)
+{
+    stream << row.model.Text();
+}
+
+template <class Data, class Object>
+void WriteRowRaw(QDataStream& stream, const Data& data, const Member<Data, Object>& row)
+{
+    if (row.IsSetIn(data))
+        row.In(data).GetVersionSpecificBinaryWithoutValidation(stream);
+}
+
+template <class Data, class Item>
+void WriteRowRaw(QDataStream& stream, const Data& data, const ItemList<Data, Item>& row)
+{
+    const QVector<Item>& items = row.In(data).Values();
+    stream << static_cast<qint32>(items.size());
+    if (!row.IsSetIn(data))
+        return;
+    for (const Item& item : items)
+        item.GetVersionSpecificBinaryWithoutValidation(stream);
+}
+
+// Reading
+
+inline void ReadRawValue(QDataStream& stream, double& value)
+{
+    stream >> value;
+}
+
+inline void ReadRawValue(QDataStream& stream, bool& value)
+{
+    stream >> value;
+}
+
+inline void ReadRawValue(QDataStream& stream, QString& value)
+{
+    value = elements::ReadText(stream);
+}
+
+template <class Object, class D, class T>
+void ReadRowRaw(Object& object, QDataStream& stream, const Field<D, T, Flagged>& row)
+{
+    auto& data = RecordAccess::Make(object);
+    if (row.IsWrittenOf(data))
+        ReadRawValue(stream, row.In(data));
+}
+
+template <class Object, class Data>
+void ReadRowRaw(Object& object, QDataStream& stream, const FormatVersion<Data>& row)
+{
+    TakeVersion(object, row, elements::ReadText(stream));
+}
+
+template <class Object, class Data, class T>
+void ReadRowRaw(Object& object, QDataStream& stream, const Member<Data, T>& row)
+{
+    Data& data = RecordAccess::Make(object);
+    if (row.IsSetIn(data))
+        row.In(data).SetVersionSpecificBinaryWithoutValidation(stream);
+}
+
+/// Bytes of the raw form of an item.
+template <class Data, class Item>
+constexpr qint64 RawSize(const ItemList<Data, Item>& /*row*/)
+{
+    qint64 size = sizeof(quint8);
+    ForEachField(Description<typename Item::RecordData>::ROWS, [&size](const auto& field) {
+        size += qint64(sizeof(typename std::decay_t<decltype(field)>::Value));
+    });
+    return size;
+}
+
+template <class Object, class Data, class Item>
+void ReadRowRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>& row)
+{
+    qint32 count = 0;
+    stream >> count;
+    ReserveItems(object, row, count, elements::BytesLeft(stream) / RawSize(row));
+    bool isLast = false;
+    for (qint32 i = 0; i < count && !isLast; ++i) {
+        // The first one that is missing is offered like the others: it reads as an empty one.
+        isLast = elements::AtEnd(stream);
+        ReadItem(object, row, [&](Item& item) { item.SetVersionSpecificBinaryWithoutValidation(stream); });
+    }
+}
+
+} // namespace REPORTGENERATOR
+
+#endif

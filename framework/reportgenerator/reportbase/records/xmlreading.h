@@ -1,0 +1,60 @@
+#ifndef REPORTGENERATOR_RECORDS_XMLREADING_H
+#define REPORTGENERATOR_RECORDS_XMLREADING_H
+
+#include <reportgenerator/reportbase/forms/xmlfields.h>
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/rows.h>
+#include <reportgenerator/reportbase/records/storing.h>
+
+namespace REPORTGENERATOR {
+
+// A record's rows from a caller's XML reader, which stands on a child element. Each function reads the child if it is
+// the row's and returns whether it was; `readText` gives the text of the child.
+
+template <class Object, class ReadText, class D, class T>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& readText,
+                const Field<D, T, Flagged>& row)
+{
+    return ReadXmlElement(reader.name(), row, readText,
+                          [&object](const auto& field, const T& value) { StoreValue(object, field, value); });
+}
+
+template <class Object, class ReadText, class Data>
+bool ReadRowXml(Object& /*object*/, QXmlStreamReader& /*reader*/, ReadText&& /*readText*/,
+                const FormatVersion<Data>& /*row*/)
+{
+    return false;
+}
+
+template <class Object, class ReadText, class Data, class T>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*/, const Member<Data, T>& row)
+{
+    T& member = row.In(RecordAccess::Make(object));
+    if (reader.name() != member.GetObjectName())
+        return false;
+    member.ProcessXml(reader);
+    SetFlag(RecordAccess::Make(object), row.setBy);
+    return true;
+}
+
+template <class Object, class ReadText, class Data, class Item>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*/,
+                const ItemList<Data, Item>& row)
+{
+    if (!(reader.name() == row.name))
+        return false;
+    ReadItem(object, row, [&reader](Item& item) { item.ProcessXml(reader); });
+    return true;
+}
+
+/// Reads the child that the reader stands on. Returns whether it belongs to the object.
+template <class Object, class ReadText>
+bool ReadXmlChild(Object& object, QXmlStreamReader& reader, ReadText&& readText)
+{
+    return AnyOfFields(RecordAccess::RowsOf(object),
+                       [&](const auto& row) { return ReadRowXml(object, reader, readText, row); });
+}
+
+} // namespace REPORTGENERATOR
+
+#endif
