@@ -1,16 +1,29 @@
 #include <reportgenerator/reportbase/forms/numbers.h>
 
+#include <reportgenerator/reportbase/forms/fixednumbers.h>
+
+#include <QtCore/QStringView>
+
 namespace REPORTGENERATOR::numbers {
 
 namespace {
 
 constexpr int SHORTEST = -1;
 
+QString Unfilled(double number, int decimals)
+{
+    char text[MAX_FIXED];
+    const char* const end = WriteFixed(text, number, decimals);
+    if (end == nullptr)
+        return QString::number(number, 'f', decimals);
+    return QString::fromLatin1(text, static_cast<int>(end - text));
+}
+
 } // namespace
 
 QString ToFixedText(double number, NumberFormat format)
 {
-    return QString::number(number, 'f', format.decimals).rightJustified(format.width, QLatin1Char(' '));
+    return Unfilled(number, format.decimals).rightJustified(format.width, QLatin1Char(' '));
 }
 
 QString ToText(double number, char format, int precision)
@@ -25,6 +38,10 @@ QString ToShortestText(double number)
 
 double FromText(const QString& text)
 {
+    const QStringView units(text);
+    double number = 0.0;
+    if (ReadFixed(units.utf16(), units.utf16() + units.size(), number))
+        return number;
     return text.toDouble();
 }
 
