@@ -61,7 +61,8 @@ Char* WriteDigits(Char* out, std::uint32_t number)
         return out + 1;
     } else {
         out = WriteDigits<Digits - 2>(out, number / 100);
-        std::memcpy(out, &PAIRS<Char>[std::size_t(2) * (number % 100)], 2 * sizeof(Char));
+        const std::size_t pair = number % 100;
+        std::memcpy(out, &PAIRS<Char>[2 * pair], 2 * sizeof(Char));
         return out + 2;
     }
 }
@@ -73,8 +74,9 @@ Char* WriteShortInteger(Char* out, std::uint32_t number)
 {
     *out = static_cast<Char>('0' + number / 100);
     out += number >= 100 ? 1 : 0;
+    const std::size_t pair = number % 100;
     const std::size_t skipped = number >= 10 ? 0 : 1;
-    std::memcpy(out, &PAIRS<Char>[2 * (number % 100) + skipped], 2 * sizeof(Char));
+    std::memcpy(out, &PAIRS<Char>[2 * pair + skipped], 2 * sizeof(Char));
     return out + 2 - skipped;
 }
 
