@@ -22,6 +22,8 @@ using REPORTGENERATOR::numbers::WriteFixed;
 
 // --- Drawing ----------------------------------------------------------------------------------------------
 
+// One draw to a statement: every compiler shall draw the same.
+
 /// In [0, count).
 std::int64_t Below(Random& random, std::int64_t count)
 {
@@ -107,12 +109,14 @@ double DrawPowerOfTwo(Random& random)
 
 double DrawLarge(Random& random)
 {
-    return WithAnySign(random, PowerOfTen(random, 6, 17) * (1.0 + Fraction(random)));
+    const double power = PowerOfTen(random, 6, 17);
+    return WithAnySign(random, power * (1.0 + Fraction(random)));
 }
 
 double DrawSmall(Random& random)
 {
-    return WithAnySign(random, PowerOfTen(random, -9, -1) * 10.0 * Fraction(random));
+    const double power = PowerOfTen(random, -8, 0);
+    return WithAnySign(random, power * Fraction(random));
 }
 
 void AppendDigits(QString& text, Random& random, std::int64_t count)
@@ -212,8 +216,10 @@ QString DrawNumberText(Random& random)
     // Some with a unit that does not belong there, or perhaps does.
     constexpr char16_t ODD[] = u"+-.,eE \t\nx_09aN\u0130\u0660\uFF11\u00A0";
     constexpr int ODD_COUNT = int(std::size(ODD)) - 1;
-    if (random() % 4 == 0)
-        text.insert(static_cast<int>(Between(random, 0, text.size())), QChar(ODD[Below(random, ODD_COUNT)]));
+    if (random() % 4 == 0) {
+        const auto place = static_cast<int>(Between(random, 0, text.size()));
+        text.insert(place, QChar(ODD[Below(random, ODD_COUNT)]));
+    }
     return text;
 }
 
