@@ -28,6 +28,12 @@ bool CanWrite(const QDataStream& stream)
     return device && device->isWritable() && !(device->openMode() & QIODevice::Append);
 }
 
+bool HasDoubles(const QDataStream& stream)
+{
+    return stream.version() < QDataStream::Qt_4_6 ||
+           stream.floatingPointPrecision() == QDataStream::DoublePrecision;
+}
+
 void Write(QDataStream& stream, Buffer<QByteArray>& bytes)
 {
     stream.writeRawData(bytes.Begin(), static_cast<int>(bytes.Size()));

@@ -15,6 +15,9 @@ namespace REPORTGENERATOR::streampiece {
 /// Whether the stream writes integers and texts as those of the library do, to a place of known behaviour.
 bool CanWrite(const QDataStream& stream);
 
+/// Whether doubles take eight bytes.
+bool HasDoubles(const QDataStream& stream);
+
 void Write(QDataStream& stream, Buffer<QByteArray>& bytes);
 
 /// The next bytes of the stream, which stay there; null where the stream is not as `CanWrite` wants it or has fewer.

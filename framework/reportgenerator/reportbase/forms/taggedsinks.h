@@ -38,6 +38,7 @@ public:
         Body(tag, true, writePayload);
     }
 
+    void ExpectBodies(qint64 /*count*/, qint64 /*size*/) {}
     void Word(qint32 word) { m_stream << word; }
     void Text(const QString& text) { m_stream << text; }
     void Value(double value, NumberFormat format) { m_stream << ToText(value, format).toUtf8(); }
@@ -70,6 +71,9 @@ public:
     {
         Body(tag, true, writePayload);
     }
+
+    /// Makes room at once for so many bodies of about that size.
+    void ExpectBodies(qint64 count, qint64 size) { m_out.Room(count * size); }
 
     void Word(qint32 word)
     {
@@ -112,14 +116,14 @@ public:
         m_out.Append(&byte, 1);
     }
 
-private:
-    static void PutWord(quint32 word, char* out) { qToBigEndian(word, out); }
-
     void Bytes(const QByteArray& bytes)
     {
         Word(bytes.isNull() ? static_cast<qint32>(wire::NULL_SIZE) : static_cast<qint32>(bytes.size()));
         m_out.Append(bytes.constData(), bytes.size());
     }
+
+private:
+    static void PutWord(quint32 word, char* out) { qToBigEndian(word, out); }
 
     Buffer<QByteArray>& m_out;
 };

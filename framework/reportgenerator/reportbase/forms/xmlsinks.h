@@ -8,6 +8,9 @@
 
 #include <QtCore/QXmlStreamWriter>
 
+#include <algorithm>
+#include <cstddef>
+
 namespace REPORTGENERATOR {
 
 // What XML is written to. All sinks offer the same few operations: `Start` and `End` of an element, and between
@@ -62,8 +65,7 @@ public:
     {
         CloseStartTag();
         BreakLine();
-        Put('<');
-        Put(name);
+        Put("<", name);
         m_isStartTagOpen = true;
         ++m_depth;
     }
@@ -73,12 +75,11 @@ public:
         --m_depth;
         if (m_isStartTagOpen) {
             m_isStartTagOpen = false;
-            Put('/');
-            Put('>');
+            Put("/>");
         } else {
             if (m_hasChild)
                 BreakLine();
-            EndTag(name);
+            Put("</", name, ">");
         }
         m_hasChild = true;
     }
@@ -86,12 +87,9 @@ public:
     template <class Value>
     void Attribute(const Name& name, const Value& value, NumberFormat format)
     {
-        Put(' ');
-        Put(name);
-        Put('=');
-        Put('"');
+        Put(" ", name, "=\"");
         PutValue(value, format);
-        Put('"');
+        Put("\"");
     }
 
     template <class Value>
@@ -99,11 +97,11 @@ public:
     {
         CloseStartTag();
         BreakLine();
-        Put('<');
-        Put(name);
-        Put('>');
+        Put("<", name, ">");
+        m_valueBegin = m_out.Size();
         PutValue(value, format);
-        EndTag(name);
+        m_valueEnd = m_out.Size();
+        Put("</", name, ">");
         m_hasChild = true;
     }
 
@@ -111,43 +109,55 @@ public:
     void Text(const Value& value, NumberFormat format)
     {
         CloseStartTag();
-        m_hasChild = false;
         PutValue(value, format);
     }
 
-    /// Ends the start tag, if one is open, so that what is put next is content.
-    void CloseStartTag()
-    {
-        if (!m_isStartTagOpen)
-            return;
-        Put('>');
-        m_isStartTagOpen = false;
-        m_hasChild = false;
-    }
-
-    /// Says that elements have been put into the buffer by its owner.
-    void HasPutChildren() { m_hasChild = true; }
+    /// Where the value of the child element stands that was written last.
+    qint64 ValueBegin() const { return m_valueBegin; }
+    qint64 ValueEnd() const { return m_valueEnd; }
 
     Buffer<Container>& Out() { return m_out; }
-    int Depth() const { return m_depth; }
-    void SetDepth(int depth) { m_depth = depth; }
 
     Container Take() { return m_out.Take(); }
 
 private:
     static constexpr int INDENTATION = 4;
 
-    void Put(char character)
+    /// Ends the start tag, if one is open, so that what is put next is content.
+    void CloseStartTag()
     {
-        Unit* out = m_out.Room(1);
-        *out = static_cast<Unit>(character);
-        m_out.SetEnd(out + 1);
+        if (!m_isStartTagOpen)
+            return;
+        Put(">");
+        m_isStartTagOpen = false;
+        m_hasChild = false;
     }
 
-    void Put(const Name& name)
+    template <std::size_t Size>
+    static Unit* Copy(const char (&literal)[Size], Unit* out)
     {
-        Unit* out = m_out.Room(name.size);
-        m_out.SetEnd(std::copy(name.latin1, name.latin1 + name.size, out));
+        return std::copy(literal, literal + Size - 1, out);
+    }
+
+    static Unit* Copy(const Name& name, Unit* out)
+    {
+        return std::copy(name.latin1, name.latin1 + name.size, out);
+    }
+
+    template <std::size_t Size>
+    static constexpr qint64 SizeOf(const char (&)[Size])
+    {
+        return qint64(Size) - 1;
+    }
+
+    static qint64 SizeOf(const Name& name) { return name.size; }
+
+    template <class... Parts>
+    void Put(const Parts&... parts)
+    {
+        Unit* out = m_out.Room((SizeOf(parts) + ...));
+        ((out = Copy(parts, out)), ...);
+        m_out.SetEnd(out);
     }
 
     void BreakLine()
@@ -156,14 +166,6 @@ private:
         Unit* out = m_out.Room(1 + blanks);
         *out = static_cast<Unit>('\n');
         m_out.SetEnd(std::fill_n(out + 1, blanks, static_cast<Unit>(' ')));
-    }
-
-    void EndTag(const Name& name)
-    {
-        Put('<');
-        Put('/');
-        Put(name);
-        Put('>');
     }
 
     void PutValue(double value, NumberFormat format)
@@ -209,7 +211,11 @@ private:
     Buffer<Container> m_out;
     int m_depth = 0;
     bool m_isStartTagOpen = false;
+
+    /// Whether what was written last is a child element.
     bool m_hasChild = false;
+    qint64 m_valueBegin = 0;
+    qint64 m_valueEnd = 0;
 };
 
 } // namespace REPORTGENERATOR

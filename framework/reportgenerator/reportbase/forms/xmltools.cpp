@@ -59,6 +59,14 @@ bool MatchesExpression(const QString& xml, const QString& name)
     return Matches(searched, QStringLiteral("<%1([^>]*)?/?>").arg(name));
 }
 
+QString::const_iterator FindStart(const QString& xml, const QString& pattern)
+{
+    if (pattern.contains(QChar(ANY_CHARACTER)))
+        return std::search(xml.cbegin(), xml.cend(), pattern.cbegin(), pattern.cend(), MatchesName);
+    const auto place = xml.indexOf(pattern);
+    return place < 0 ? xml.cend() : xml.cbegin() + place;
+}
+
 } // namespace
 
 bool MayContainElement(const QString& xml, const QString& name)
@@ -66,7 +74,7 @@ bool MayContainElement(const QString& xml, const QString& name)
     if (ContainsSpecialCharacter(name))
         return MatchesExpression(xml, name);
     const QString pattern = QLatin1Char('<') + name;
-    const auto start = std::search(xml.cbegin(), xml.cend(), pattern.cbegin(), pattern.cend(), MatchesName);
+    const auto start = FindStart(xml, pattern);
     // A '>' behind the first place serves every later one too.
     return start != xml.cend() &&
            std::find(start + pattern.size(), xml.cend(), QLatin1Char('>')) != xml.cend();

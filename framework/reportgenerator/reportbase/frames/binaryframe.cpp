@@ -2,6 +2,7 @@
 
 #include <reportgenerator/reportbase/irgobject.h>
 
+#include <reportgenerator/reportbase/forms/byterange.h>
 #include <reportgenerator/reportbase/forms/compression.h>
 #include <reportgenerator/reportbase/forms/taggedelements.h>
 #include <reportgenerator/reportbase/forms/taggedsinks.h>
@@ -30,12 +31,86 @@ QByteArray WrittenBytes(Write&& write)
     return buffer.data();
 }
 
+/// Marker and name of a representation, as a stream of the library's version writes them, in one buffer.
+void PutHead(ElementBytes& sink, const Name& marker, const IRGObject& object)
+{
+    sink.Text(marker.Text());
+    sink.Text(object.GetObjectName());
+}
+
+/// Reads a root element past Qt's stream. Returns false, with the object untouched, for whatever is odd.
+bool ReadRootDirectly(const DirectRoad& road, IRGObject& object, ByteRange range)
+{
+    qint32 tag = 0;
+    qint32 length = 0;
+    ByteRange body = {};
+    return range.TakeWord(tag) && range.TakeWord(length) && length > 0 && range.TakePart(length, body) &&
+           road.readBody(object, body.next, body.Left());
+}
+
+/// Reads a representation past Qt's stream. Returns false, with the object untouched,
+/// for whatever is odd.
+bool ReadDirectly(const DirectRoad& road, IRGObject& object, const QByteArray& representation)
+{
+    ByteRange range = {representation.constData(), representation.constData() + representation.size()};
+    ByteRange marker = {};
+    ByteRange objectName = {};
+    if (!range.TakeCounted(marker) || !range.TakeCounted(objectName))
+        return false;
+    if (marker.HoldsText(wire::PLAIN_MARKER))
+        return ReadRootDirectly(road, object, range);
+    ByteRange data = {};
+    if (!marker.HoldsText(wire::COMPRESSED_MARKER) || !range.TakeCounted(data))
+        return false;
+    const QByteArray body =
+        IRGObject::UncompressBinary(QByteArray::fromRawData(data.next, static_cast<int>(data.Left())));
+    return ReadRootDirectly(road, object, {body.constData(), body.constData() + body.size()});
+}
+
 void ReadRootElement(IRGObject& object, QDataStream& stream)
 {
     qint32 tag = 0;
     qint32 length = 0;
     stream >> tag >> length;
     object.SetBinary(stream, length);
+}
+
+/// Returns false, with the object untouched, for an unknown marker.
+bool ReadRepresentation(IRGObject& object, QDataStream& stream)
+{
+    const QString marker = elements::ReadText(stream);
+    const QString objectName = elements::ReadText(stream);
+    Q_UNUSED(objectName) // An object of any name may be offered; its tags decide what is taken.
+    if (marker == wire::PLAIN_MARKER) {
+        ReadRootElement(object, stream);
+        return true;
+    }
+    if (marker == wire::COMPRESSED_MARKER) {
+        const QByteArray body = IRGObject::UncompressBinary(elements::ReadBytes(stream));
+        QDataStream bodyStream(body);
+        bodyStream.setVersion(wire::STREAM_VERSION);
+        ReadRootElement(object, bodyStream);
+        return true;
+    }
+    return false;
+}
+
+/// Puts the root element, in one go or by a stream.
+void PutRootElement(Buffer<QByteArray>& out, const IRGObject& object)
+{
+    const DirectRoad* const road = ObjectAccess::RoadOf(object);
+    if (road && road->writeBody(object, wire::ROOT_TAG, true, out))
+        return;
+    const QByteArray element =
+        WrittenBytes([&object](QDataStream& stream) { object.GetBinary(stream, wire::ROOT_TAG, true); });
+    out.Append(element.constData(), element.size());
+}
+
+QByteArray RootElement(const IRGObject& object)
+{
+    Buffer<QByteArray> out;
+    PutRootElement(out, object);
+    return out.Take();
 }
 
 } // namespace
@@ -58,28 +133,18 @@ bool IRGObject::SetBinaryRepresentation(QByteArray& representation)
     TraceProgress(messages::LoadingBinaryArray);
     QDataStream stream(representation);
     stream.setVersion(wire::STREAM_VERSION);
-    return SetBinaryRepresentation(stream);
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (!road)
+        return SetBinaryRepresentation(stream);
+    TraceProgress(messages::LoadingBinaryStream);
+    return ReadDirectly(*road, *this, representation) || ReadRepresentation(*this, stream);
 }
 
 bool IRGObject::SetBinaryRepresentation(QDataStream& stream)
 {
     TraceProgress(messages::LoadingBinaryStream);
     stream.setVersion(wire::STREAM_VERSION);
-    const QString marker = elements::ReadText(stream);
-    const QString objectName = elements::ReadText(stream);
-    Q_UNUSED(objectName) // An object of any name may be offered; its tags decide what is taken.
-    if (marker == wire::PLAIN_MARKER) {
-        ReadRootElement(*this, stream);
-        return true;
-    }
-    if (marker == wire::COMPRESSED_MARKER) {
-        const QByteArray body = UncompressBinary(elements::ReadBytes(stream));
-        QDataStream bodyStream(body);
-        bodyStream.setVersion(wire::STREAM_VERSION);
-        ReadRootElement(*this, bodyStream);
-        return true;
-    }
-    return false;
+    return ReadRepresentation(*this, stream);
 }
 
 void IRGObject::GetBinaryRepresentation(QDataStream& stream) const
@@ -95,6 +160,16 @@ void IRGObject::GetBinaryRepresentation(QDataStream& stream) const
 QByteArray IRGObject::GetBinaryRepresentationAsQByteArray() const
 {
     TraceProgress(messages::GeneratingBinaryArray);
+    if (ObjectAccess::RoadOf(*this)) {
+        TraceProgress(messages::GeneratingBinaryStream);
+        if (GetValidate())
+            Check();
+        Buffer<QByteArray> out;
+        ElementBytes sink(out);
+        PutHead(sink, wire::PLAIN_MARKER, *this);
+        PutRootElement(out, *this);
+        return out.Take();
+    }
     return WrittenBytes([this](QDataStream& stream) { GetBinaryRepresentation(stream); });
 }
 
@@ -104,14 +179,23 @@ void IRGObject::GetCompressedBinaryRepresentation(QDataStream& stream, int level
     if (GetValidate())
         Check();
     stream.setVersion(wire::STREAM_VERSION);
-    const QByteArray body =
-        WrittenBytes([this](QDataStream& inner) { GetBinary(inner, wire::ROOT_TAG, true); });
+    const QByteArray body = RootElement(*this);
     stream << wire::COMPRESSED_MARKER.Text() << GetObjectName() << Compress(body, level);
 }
 
 QByteArray IRGObject::GetCompressedBinaryRepresentationAsQByteArray(int level) const
 {
     TraceProgress(messages::GeneratingCompressedArray);
+    if (ObjectAccess::RoadOf(*this)) {
+        TraceProgress(messages::GeneratingCompressedStream);
+        if (GetValidate())
+            Check();
+        Buffer<QByteArray> out;
+        ElementBytes sink(out);
+        PutHead(sink, wire::COMPRESSED_MARKER, *this);
+        sink.Bytes(Compress(RootElement(*this), level));
+        return out.Take();
+    }
     return WrittenBytes(
         [this, level](QDataStream& stream) { GetCompressedBinaryRepresentation(stream, level); });
 }

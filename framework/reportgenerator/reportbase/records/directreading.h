@@ -1,13 +1,12 @@
 #ifndef REPORTGENERATOR_RECORDS_DIRECTREADING_H
 #define REPORTGENERATOR_RECORDS_DIRECTREADING_H
 
+#include <reportgenerator/reportbase/forms/byterange.h>
 #include <reportgenerator/reportbase/forms/values.h>
 #include <reportgenerator/reportbase/forms/xmlscanner.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/tagged.h>
-
-#include <QtCore/QtEndian>
 
 #include <cstring>
 #include <tuple>
@@ -216,41 +215,6 @@ bool ReadDocument(XmlScanner<Unit> scanner, Data& data)
 
 // --- Tagged elements --------------------------------------------------------------------------------------
 
-/// Bytes that are read from the front.
-struct ByteRange
-{
-    const char* next;
-    const char* end;
-
-    qint64 Left() const { return end - next; }
-
-    bool TakeWord(qint32& word)
-    {
-        if (Left() < wire::WORD_SIZE)
-            return false;
-        word = qFromBigEndian<qint32>(next);
-        next += wire::WORD_SIZE;
-        return true;
-    }
-
-    /// The part of the next `length` bytes.
-    bool TakePart(qint64 length, ByteRange& part)
-    {
-        if (length < 0 || length > Left())
-            return false;
-        part = {next, next + length};
-        next += length;
-        return true;
-    }
-
-    /// Whether a serialised byte array follows that fills the rest, and where its bytes begin then.
-    bool TakeSizeOfRest()
-    {
-        qint32 size = 0;
-        return TakeWord(size) && size == Left();
-    }
-};
-
 template <class Data>
 bool ReadRecord(ByteRange body, Data& data);
 
@@ -273,18 +237,6 @@ inline bool ReadPayload(ByteRange payload, QString& value)
     return true;
 }
 
-/// Whether the payload is that text.
-inline bool IsText(ByteRange payload, const Name& text)
-{
-    if (!payload.TakeSizeOfRest() || payload.Left() != 2 * qint64(text.size))
-        return false;
-    for (int i = 0; i < text.size; ++i) {
-        if (payload.next[2 * i] != 0 || payload.next[2 * i + 1] != text.latin1[i])
-            return false;
-    }
-    return true;
-}
-
 template <class Data, class D, class T>
 bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Field<D, T, Flagged>& row)
 {
@@ -295,7 +247,7 @@ bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Field<D, T, Fl
 template <class Data>
 bool ReadElement(ByteRange payload, qint32 tag, Data& data, const FormatVersion<Data>& row)
 {
-    if (tag != row.tag || !IsText(payload, row.model))
+    if (tag != row.tag || !payload.TakeSizeOfRest() || !payload.HoldsText(row.model))
         return false;
     data.*(row.loaded) = row.model.Text();
     return true;

@@ -121,6 +121,7 @@ private:
         Data data;
         if (!ReadRecord(ByteRange{body, body + size}, data))
             return false;
+        object.Reset();
         Adopt(object, data);
         return true;
     }

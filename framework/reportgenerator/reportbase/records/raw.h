@@ -1,7 +1,10 @@
 #ifndef REPORTGENERATOR_RECORDS_RAW_H
 #define REPORTGENERATOR_RECORDS_RAW_H
 
+#include <reportgenerator/reportbase/forms/streampiece.h>
 #include <reportgenerator/reportbase/forms/taggedelements.h>
+
+#include <QtCore/QtEndian>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/storing.h>
@@ -36,6 +39,67 @@ void ForEachRowByBit(const std::tuple<Rows...>& rows, Visit&& visit)
     }
 }
 
+// Items whose fields all are numbers have a raw form of always the same size: a list of them goes in one piece where
+// the stream takes it.
+
+/// Bytes of the raw form of an item.
+template <class ItemData>
+constexpr qint64 RawSize()
+{
+    qint64 size = sizeof(quint8);
+    ForEachField(Description<ItemData>::ROWS, [&size](const auto& field) {
+        size += qint64(sizeof(typename std::decay_t<decltype(field)>::Value));
+    });
+    return size;
+}
+
+template <class Item>
+bool WriteItemsAtOnce(QDataStream& stream, const QVector<Item>& items)
+{
+    using ItemData = typename Item::RecordData;
+    const auto isMade = [](const Item& item) { return RecordAccess::Get(item) != nullptr; };
+    if (!streampiece::CanWrite(stream) || !streampiece::HasDoubles(stream) ||
+        !std::all_of(items.cbegin(), items.cend(), isMade))
+        return false;
+    Buffer<QByteArray> bytes;
+    char* next = bytes.Room(items.size() * RawSize<ItemData>());
+    for (const Item& item : items) {
+        const ItemData& data = *RecordAccess::Get(item);
+        *next++ = static_cast<char>(data.flags);
+        ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
+            qToBigEndian(field.In(data), next);
+            next += sizeof(field.In(data));
+        });
+    }
+    bytes.SetEnd(next);
+    streampiece::Write(stream, bytes);
+    return true;
+}
+
+/// Appends so many items if the stream holds them whole and each has all its fields.
+template <class Object, class Data, class Item>
+bool ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& row, qint32 count)
+{
+    using ItemData = typename Item::RecordData;
+    if (count <= 0 || !ObjectAccess::RoadOf(object) || !streampiece::HasDoubles(stream))
+        return false;
+    return streampiece::Read(stream, count * RawSize<ItemData>(), [&](const char* bytes) {
+        QVector<Item> items(count);
+        for (Item& item : items) {
+            ItemData& data = RecordAccess::Make(item);
+            data.flags = static_cast<quint8>(*bytes++);
+            ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
+                field.In(data) = qFromBigEndian<double>(bytes);
+                bytes += sizeof(field.In(data));
+            });
+            if (!AreMandatoryRowsSet(&data, Description<ItemData>::ROWS))
+                return false;
+        }
+        AppendItems(object, row, items);
+        return true;
+    });
+}
+
 // Writing
 
 template <class Data, class D, class T>
@@ -63,7 +127,7 @@ void WriteRowRaw(QDataStream& stream, const Data& data, const ItemList<Data, Ite
 {
     const QVector<Item>& items = row.In(data).Values();
     stream << static_cast<qint32>(items.size());
-    if (!row.IsSetIn(data))
+    if (!row.IsSetIn(data) || WriteItemsAtOnce(stream, items))
         return;
     for (const Item& item : items)
         item.GetVersionSpecificBinaryWithoutValidation(stream);
@@ -108,23 +172,14 @@ void ReadRowRaw(Object& object, QDataStream& stream, const Member<Data, T>& row)
         row.In(data).SetVersionSpecificBinaryWithoutValidation(stream);
 }
 
-/// Bytes of the raw form of an item.
-template <class Data, class Item>
-constexpr qint64 RawSize(const ItemList<Data, Item>& /*row*/)
-{
-    qint64 size = sizeof(quint8);
-    ForEachField(Description<typename Item::RecordData>::ROWS, [&size](const auto& field) {
-        size += qint64(sizeof(typename std::decay_t<decltype(field)>::Value));
-    });
-    return size;
-}
-
 template <class Object, class Data, class Item>
 void ReadRowRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>& row)
 {
     qint32 count = 0;
     stream >> count;
-    ReserveItems(object, row, count, elements::BytesLeft(stream) / RawSize(row));
+    if (ReadItemsAtOnce(object, stream, row, count))
+        return;
+    ReserveItems(object, row, count, elements::BytesLeft(stream) / RawSize<typename Item::RecordData>());
     bool isLast = false;
     for (qint32 i = 0; i < count && !isLast; ++i) {
         // The first one that is missing is offered like the others: it reads as an empty one.

@@ -77,6 +77,21 @@ void AppendItem(Object& object, const ItemList<Data, Item>& row, const Item& ite
     }
 }
 
+/// Appends complete items that nobody shares, as copies of what has been read with the object's settings.
+template <class Object, class Data, class Item>
+void AppendItems(Object& object, const ItemList<Data, Item>& row, QVector<Item>& items)
+{
+    const bool validate = object.GetValidate();
+    for (const Item& item : qAsConst(items))
+        item.SetValidate(validate);
+    Data& data = RecordAccess::Make(object);
+    if (row.In(data).Values().isEmpty())
+        row.In(data).Own().swap(items);
+    else
+        row.In(data).Own() += items;
+    SetFlag(data, row.setBy);
+}
+
 /// Has `read` fill an item with the object's settings, and appends it.
 template <class Object, class Data, class Item, class Read>
 void ReadItem(Object& object, const ItemList<Data, Item>& row, Read&& read)

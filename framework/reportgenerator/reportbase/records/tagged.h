@@ -11,6 +11,31 @@ namespace REPORTGENERATOR {
 // A record's rows as tagged elements, for every sink. Members and items are written along their own rows; on a
 // caller's stream by their own operation, which looks what they lack.
 
+/// Bytes of the tagged body of an item whose texts have so many characters more than the shortest ones.
+template <class Data, class Item>
+constexpr qint64 SizeOfBody(const ItemList<Data, Item>& /*row*/, qint64 moreDigits)
+{
+    qint64 size = wire::WORD_SIZE;
+    ForEachField(Description<typename Item::RecordData>::ROWS, [&size, moreDigits](const auto& field) {
+        const qint64 digitsAndPoint = 2 + field.format.decimals;
+        size += 3 * wire::WORD_SIZE + digitsAndPoint + moreDigits;
+    });
+    return size;
+}
+
+template <class Data, class Item>
+constexpr qint64 ShortestBody(const ItemList<Data, Item>& row)
+{
+    return SizeOfBody(row, 0);
+}
+
+/// With three digits before the point and a sign, as most are at most.
+template <class Data, class Item>
+constexpr qint64 LongestBody(const ItemList<Data, Item>& row)
+{
+    return SizeOfBody(row, 3);
+}
+
 template <class Sink, class Object>
 void WriteObjectBody(Sink& sink, const Object& object, qint32 tag, bool withTag);
 
@@ -48,6 +73,7 @@ void WriteRowElement(Sink& sink, const Data& data, const ItemList<Data, Item>& r
         sink.Word(static_cast<qint32>(items.size()));
         if (!row.IsSetIn(data))
             return;
+        sink.ExpectBodies(items.size(), LongestBody(row));
         for (const Item& item : items)
             WriteObjectBody(sink, item, row.setBy.tag, false);
     });
@@ -115,18 +141,6 @@ bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 leng
     row.In(RecordAccess::Make(object)).SetBinary(stream, length);
     SetFlag(RecordAccess::Make(object), row.setBy);
     return true;
-}
-
-/// Bytes of the tagged body of an item with the shortest texts.
-template <class Data, class Item>
-constexpr qint64 ShortestBody(const ItemList<Data, Item>& /*row*/)
-{
-    qint64 size = wire::WORD_SIZE;
-    ForEachField(Description<typename Item::RecordData>::ROWS, [&size](const auto& field) {
-        const qint64 digitsAndPoint = 2 + field.format.decimals;
-        size += 3 * wire::WORD_SIZE + digitsAndPoint;
-    });
-    return size;
 }
 
 template <class Object, class Data, class Item>

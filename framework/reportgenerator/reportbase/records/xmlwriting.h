@@ -3,6 +3,7 @@
 
 #include <reportgenerator/reportbase/forms/xmlfields.h>
 #include <reportgenerator/reportbase/incompletedefinitionexception.h>
+#include <reportgenerator/reportbase/records/itemtexts.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/reporting_p.h>
@@ -71,6 +72,21 @@ void WriteRowXml(Sink& sink, const IRGObject& object, const Data& data, const It
         if (row.IsSetIn(data))
             WriteObjectXml(sink, item);
     }
+}
+
+template <class Container, class Data, class Item>
+void WriteRowXml(XmlText<Container>& sink, const IRGObject& /*object*/, const Data& data,
+                 const ItemList<Data, Item>& row)
+{
+    const QVector<Item>& items = row.In(data).Values();
+    if (items.isEmpty() || !row.IsSetIn(data))
+        return;
+    ItemTexts<Container, typename Item::RecordData> texts(sink);
+    texts.WriteFirst(row.name, *RecordAccess::Get(items.first()), items.size());
+    std::for_each(items.cbegin() + 1, items.cend(), [&](const Item& item) {
+        if (!texts.Write(*RecordAccess::Get(item)))
+            WriteObjectXml(sink, item);
+    });
 }
 
 /// Writes an element called `name` with the rows of the record.
