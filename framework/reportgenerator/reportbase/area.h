@@ -24,7 +24,7 @@ extern template class REPORTBASE_EXPORT RecordObject<AreaData, SharedRecord<Area
 ///
 /// `Check` reports name or coordinates that are not set, and a text that is set and null; then the coordinates are
 /// checked. Writing XML refuses an incomplete coordinate when validating ("IncompleteDefinitionException"); otherwise it
-/// is written after a WARNING. Reading goes through the setters. A count of coordinates in tagged data that is greater
+/// is written after a WARNING. An area whose list is set and empty passes `Check` and writes nothing. Reading goes through the setters. A count of coordinates in tagged data that is greater
 /// than what follows ends in the length error, after the coordinates that are there have been read.
 ///
 /// The raw form is a byte with a bit for each field that is set (name, coordinates, script identifier, from bit 0),
@@ -78,7 +78,7 @@ public:
     QString GetDefaultName() const;
 
     /// The coordinates in their order. The modifiable list counts as set from the moment it is asked for,
-    /// since it may be filled.
+    /// since it may be filled; ask an area that isn't const through `std::as_const` to leave it as it is.
     const QVector<Coordinate>& GetCoordinate() const;
     QVector<Coordinate>& GetCoordinate();
 
@@ -113,8 +113,9 @@ public:
     QString GetInitialVersionLoaded() const;
 
     /// Reads the children of the element, through the setters. Unknown children are skipped in data of an
-    /// older version; otherwise they are an error when validating ("InvalidXmlException", "Unknown Tag '%1'
-    /// in '%2'."), and else a WARNING after which the rest of the element is not read.
+    /// older version. Otherwise they are an error when validating ("InvalidXmlException", "Unknown Tag '%1'
+    /// in '%2'.") and a WARNING when not: the children of the unknown element are then read as the area's
+    /// own, and its end tag ends the area, whose further children are left to whoever holds it.
     void ProcessXml(QXmlStreamReader& reader) override;
 
 protected:

@@ -60,7 +60,8 @@ public:
     void ProcessXml(QXmlStreamReader& reader) override;
 
     /// Reads the element that the reader stands on. The value counts as set afterwards, whatever the text; a
-    /// text that is not a number reads as 0. Other attributes and child elements are passed over.
+    /// text that is not a number reads as 0. Other attributes and child elements draw no message, but the
+    /// text of a child is a piece of the value's text, of which the last one before the first end tag counts.
     void ReadValuesFromXml(QXmlStreamReader& reader);
 
 protected:

@@ -22,7 +22,8 @@ public:
     Converters() = delete;
 
     /// The moment in UTC as "yyyy-MM-ddThh:mm:ss.zzzZ", in digits 0 to 9 whatever the locale; the T and the Z
-    /// stand for themselves. Empty for an invalid or null date-time.
+    /// stand for themselves. Empty for a null date-time. A local time that the change of the clocks skips is
+    /// invalid but not null; its digits come out as they are, as if it were in UTC.
     static QString ToString(const QDateTime& dateTime);
 
     /// The present moment in the form of `ToString`. The name keeps its single t.
@@ -30,7 +31,8 @@ public:
 
     /// The date-time that a text in ISO 8601 form holds: in UTC when it ends in Z, at its offset when it has
     /// one, else in local time. Seconds and milliseconds may be missing, and a date alone stands for its
-    /// midnight. Invalid when the text holds none.
+    /// midnight. Null when the text holds none; invalid, but not null, for a local time that the change of
+    /// the clocks skips.
     static QDateTime ToDateTime(const QString& text);
 
     /// The URL of a file reference. Nothing is looked up or encoded, and a relative path stays relative.

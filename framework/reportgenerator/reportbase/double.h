@@ -39,12 +39,15 @@ public:
     double GetValue() const;
     void SetValue(double value);
 
+    /// The lower bound, optional.
     double GetMinimum() const;
     void SetMinimum(double minimum);
 
+    /// The upper bound, optional. It may lie below the lower one.
     double GetMaximum() const;
     void SetMaximum(double maximum);
 
+    /// The default, optional. Setting it leaves the value as it is; reading it doesn't (see `ProcessXml`).
     double GetDefault() const;
     void SetDefault(double value);
 
@@ -61,8 +64,8 @@ public:
     double GetDefaultInvalidValue() const;
     void SetDefaultInvalidValue(double value);
 
-    /// The format of the numbers in texts: always 'f' with 6 decimals. The files rely on it, so that
-    /// `SetFormat` takes arguments for the sake of its callers and restores these two.
+    /// The format of the numbers in texts: always 'f' with 6 decimals, which is part of the form. `SetFormat`
+    /// doesn't look at its arguments and restores these two.
     void SetFormat(char format, int precision);
     char GetFormat() const;
     int GetPrecision() const;
@@ -97,7 +100,8 @@ public:
     void GetXml(QXmlStreamWriter& writer) const override;
 
     /// Reads the element. An attribute "Default" sets both default and value; a missing attribute leaves its
-    /// field as it is; a text that is not a number reads as 0.
+    /// field as it is; a text that is not a number reads as 0. A child of another name draws no message: a
+    /// "DoubleValue" within it is read, and its end tag ends the reading.
     void ProcessXml(QXmlStreamReader& reader) override;
 
 protected:

@@ -25,8 +25,7 @@ public:
     FrequencyListValue& operator=(const FrequencyListValue& other);
     ~FrequencyListValue() override;
 
-    /// Compare the frequencies alone, so that a list holds each frequency once; bounds and time stamp don't
-    /// count. A NaN differs from everything.
+    /// Compare the frequencies alone; bounds and time stamp don't count. A NaN differs from everything.
     bool operator==(const FrequencyListValue& other) const;
     bool operator!=(const FrequencyListValue& other) const;
 

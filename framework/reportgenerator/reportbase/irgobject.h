@@ -35,12 +35,13 @@ struct ObjectSettings;
 ///   compressed.
 /// - binary file: one serialised `QByteArray` that holds either representation.
 ///
-/// With the validate flag on, which is the default, writing and loading check the object and throw when it is
-/// incomplete; with the flag off an object is written as it stands.
+/// With the validate flag on, which is the default, an object is checked before it is written and after it
+/// has been read from XML or from a binary file, and throws when it is incomplete; with the flag off it is
+/// written and kept as it stands. Reading a representation and merging check nothing afterwards.
 ///
 /// Errors are `RGException`s, reported by `TraceOrThrow`. An object is used by one thread at a time: its
-/// const operations may create or copy the data that it shares with its copies. Objects that do not share a
-/// logger may be used by different threads.
+/// const operations may create or copy the data that it shares with its copies. Objects that share neither
+/// logger nor version converter may be used by different threads.
 class REPORTBASE_EXPORT IRGObject
 {
 public:
@@ -139,16 +140,20 @@ public:
     /// Reads the object from its element in `xml`: from the first one found anywhere in the text, or, with
     /// `checkRoot`, from the root element only. Traces INFO.
     ///
-    /// Returns false, with the object untouched, when `xml` is empty or holds no start tag that begins with
-    /// the object's name. Otherwise the object is reset first. Throws `RGException` "Unsuitable XML for %1!"
-    /// when `checkRoot` is true and the root element has another name, the XML reader's error text for
-    /// malformed XML, and what `Check` throws when validating. Returns whether the element was found.
+    /// Returns false, with the object untouched, when `xml` is empty or holds nothing like a start tag that
+    /// begins with the object's name, comments included. Otherwise the object is reset first, and the result
+    /// says whether the element was found. What stands behind the element is not looked at. Throws
+    /// `RGException` "Unsuitable XML for %1!" when `checkRoot` is true and the root element has another name,
+    /// the XML reader's error text for malformed XML, and what `Check` throws when validating.
     virtual bool SetXmlString(const QString& xml, bool checkRoot);
 
 #ifndef _MSC_VER
     /// Reads a plain or compressed representation. Traces INFO. Returns false, with the object untouched,
     /// when it begins with neither marker. Throws what `SetBinary` throws; the object then holds what was
     /// read so far.
+    ///
+    /// True says only that the marker was known. Damaged compressed data read as an object without data, and
+    /// so do data that end behind the marker; nothing is checked afterwards. Ask the object for its data.
     virtual bool SetBinaryRepresentation(QByteArray& representation);
     virtual bool SetBinaryRepresentation(QDataStream& stream);
 #else
@@ -156,9 +161,13 @@ public:
     virtual bool SetBinaryRepresentation(QByteArray& representation);
 #endif
 
-    /// Lays the contents of `other`, an object of the same class, over this object: fields that are present
-    /// in `other` replace those of this object. Returns false, and traces WARNING, when the classes or the
-    /// versions (compared as numbers) differ; false too when `other` writes an element of another name.
+    /// Lays the contents of `other`, an object of the same class, over this object, which is to read the XML
+    /// of `other` without a reset: fields that it holds replace those of this object, coordinates and
+    /// spacings are appended to those that are here. The outcome is not checked.
+    ///
+    /// Returns false, and traces WARNING, when the classes or the versions (compared as numbers) differ;
+    /// false too when `other` writes an element of another name. When it writes nothing, nothing changes and
+    /// the result is true. Throws what writing `other` and reading its XML throw.
     virtual bool MergeRGObject(const IRGObject& other);
 
     virtual ObjectTypes GetObjectType() const;
@@ -169,7 +178,7 @@ public:
     virtual void ProcessXml(QXmlStreamReader& reader);
 
     /// The object's element as indented text without XML declaration. It begins with a line feed; it is empty
-    /// when the object has no data. Traces INFO; checks the object first when validating.
+    /// when the object writes nothing. Traces INFO; checks the object first when validating.
     virtual QString GetXmlString() const;
 
     /// Writes the plain representation. Traces INFO; checks the object first when validating. The stream's
@@ -184,34 +193,44 @@ public:
 
 #ifndef _MSC_VER
     /// Loads the object from the XML file at `path`. Throws `RGException` "Can't open file for reading:
-    /// '%1'".
+    /// '%1'", which is not logged and leaves the object untouched.
     virtual bool LoadXml(const QString& path);
 
-    /// Loads the object from an XML file that is open for reading, through the injected version converter
-    /// when the file is of another version. The object is reset first. Traces INFO; checks the object
-    /// afterwards when validating. Returns whether the object's element was found.
+    /// Loads the object from an XML file that is open for reading, from where it stands. The object is reset
+    /// first. Traces INFO; checks the object afterwards when validating. Returns whether the object's element
+    /// was found.
+    ///
+    /// A file that the injected version converter knows (see `VersionConverterProxy::CanUseProxy`) is loaded
+    /// by the converter, whose result is returned; this object is not checked then.
     virtual bool LoadXml(QFile* file);
 #else
     virtual bool LoadXml(QFile* file);
     virtual bool LoadXml(const QString& path);
 #endif
 
-    /// Loads the object from a binary file that is open for reading. The object is reset first. Traces INFO;
-    /// checks the object afterwards when validating. Returns true also when the file begins with neither
-    /// marker.
+    /// Loads the object from a binary file that is open for reading, from where it stands: one serialised
+    /// `QByteArray` that holds a plain or compressed representation. The object is reset first. Traces INFO;
+    /// checks the object afterwards when validating.
+    ///
+    /// Always returns true. A file of another content, be it a representation without the four bytes of the
+    /// byte array's size, leaves a reset object: ask it for its data.
     virtual bool LoadBinary(QFile* file);
 
-    /// Writes `GetXmlString()` as UTF-8 to the file at `path`. Returns whether the file could be opened.
+    /// Writes `GetXmlString()` as UTF-8 to the file at `path`, opened as text. Returns whether the file could
+    /// be opened, and nothing about the writing. The file is emptied before the object is checked: an
+    /// incomplete one throws and leaves an empty file.
     virtual bool SaveXml(const QString& path) const;
 
-    /// Turns checking on writing and loading on or off. Holders pass the flag on to their members.
+    /// Turns checking on writing and loading on or off. Holders pass the flag on to their members unless
+    /// their class says otherwise.
     virtual void SetValidate(bool validate) const;
     virtual bool GetValidate() const;
 
-    /// Attaches a logger; an empty pointer removes it. Holders pass the logger on to their members.
+    /// Attaches a logger; an empty pointer removes it. Holders pass the logger on like the flag.
     virtual void SetLogger(std::shared_ptr<Logger> logger) const;
 
-    /// Removes the logger from this object, not from its members.
+    /// Removes the logger from this object. Members keep theirs until the holder is next checked, written or
+    /// read.
     virtual void ResetLogger() const;
 
     /// The version of the object's format, empty for classes without one.
@@ -273,7 +292,8 @@ protected:
     /// An object of a class with an identity of its own, which must stay as long as the program.
     explicit IRGObject(const ObjectIdentity& identity);
 
-    /// Sets an id that differs from the number of the object's kind.
+    /// Sets an id that differs from the number of the object's kind. It is what a `SettingsNotifier` files
+    /// the object under.
     void SetObjectId(long long id);
 
     /// Applies validate flag and logger to the object itself, so that a holder's members have them too.
@@ -283,9 +303,9 @@ protected:
     /// false when validating and there is nothing to write.
     bool PrepareToWrite() const;
 
-    /// The text of the element that the reader stands on, up to its end element. Of a text in several pieces,
-    /// which comments and CDATA sections make, only the last piece counts. Throws `RGException` for malformed
-    /// XML.
+    /// The text of the element that the reader stands on, up to the next end element, which is its own unless
+    /// it has children. Of a text in several pieces, which comments, CDATA sections and children make, only
+    /// the last piece counts. Throws `RGException` for malformed XML.
     QString GetTextValue(QXmlStreamReader& reader) const;
 
     /// Moves the reader to the next start element called `name`, at any depth. Returns false when there is

@@ -67,7 +67,7 @@ public:
     /// Empty for every number: the modes themselves are not looked up, and other numbers have no name.
     ///
     /// So the element "MeasurementMode" is written empty, and reading it back throws the invalid-mode
-    /// message. The programs that read these files know it that way.
+    /// message. This is part of the form.
     QString MeasurementModeTypeToName(const MeasurementModeType& mode) const;
 
     /// Whether the mode or anything of the time is set.

@@ -53,7 +53,7 @@ enum SubSensorTypeValue : int
 /// The number -1, which stands for no measurement type.
 REPORTBASE_EXPORT MeasurementTypeValue GetInvalidMeasurementType();
 
-/// The number -1, which stands for no sub-sensor. The name keeps the double "S" that its callers use.
+/// The number -1, which stands for no sub-sensor. The double "S" is part of the interface.
 REPORTBASE_EXPORT SubSensorTypeValue GetInvalidSSubSensorType();
 
 /// Whether the number is one of the list above, [0, 11].
@@ -98,8 +98,7 @@ REPORTBASE_EXPORT QString SubSensorTypeToNodeName(const SubSensorTypeValue& type
 REPORTBASE_EXPORT SubSensorTypeValue NodeNameToSubSensorType(const QString& nodeName);
 
 /// The measurement type that device data mean by a node name or a colon name: both "AMPOS" and "AM:POS" give
-/// `AMPos`. `GetInvalidMeasurementType()` for any other text, "PMCW" and "CW" among them, since CW is
-/// demodulated but not measured.
+/// `AMPos`. `GetInvalidMeasurementType()` for any other text, "PMCW" and "CW" among them.
 REPORTBASE_EXPORT MeasurementTypeValue SensorNodeNameToMeasurementType(const QString& name);
 
 } // namespace REPORTGENERATOR::MeasurementType

@@ -9,9 +9,9 @@ namespace REPORTGENERATOR {
 /// Base of the objects that keep their fields in a private record: `ReportBase`, `Frequency`, `IFBandwidth`,
 /// `Coordinate` and `Area`. What they have in common is here: they are their tables.
 ///
-/// The record is made on first use; until then nothing is set. Objects are cheap to copy and to assign and
-/// behave as values. Each field has a flag that says whether it is set. Copying and assigning leave the logger and
-/// the version converter of the target alone: an object's settings are its own.
+/// The record is made on first use; until then nothing is set. Objects behave as values and are cheap to copy and
+/// to assign. Each field has a flag that says whether it is set. A copy takes the validate flag over and has
+/// neither logger nor version converter; assigning takes the fields over and nothing else.
 ///
 /// The class is implemented for the records of the library only. `Holder` is where the record stands.
 template <class Data, class Holder>
@@ -26,7 +26,9 @@ public:
     /// The name that objects of the class bear, which is their XML element name.
     static QString GetStaticObjectName();
 
-    /// Whether the record exists. Any access to a field makes it, reading included; the set queries don't.
+    /// Whether the record exists. Any access to a field makes it, reading included, and so do checking,
+    /// writing and reading the object and, but for a coordinate, comparing it with one that has a record; the
+    /// set queries don't.
     bool IsInitialized() const;
 
     /// Unsets all fields. Does nothing while there is no record.

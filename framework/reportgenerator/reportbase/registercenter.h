@@ -5,8 +5,7 @@
 
 namespace REPORTGENERATOR {
 
-/// The registration of one settings object with a `SettingsNotifier`: the object and the id under which it is
-/// filed.
+/// The registration of one settings object with a `SettingsNotifier`, which files it under `GetInterfaceId`.
 ///
 /// The center owns its object and deletes it. A copy, however, points to the same object: only one of the two
 /// may be destroyed while it holds it. One thread at a time.
@@ -25,11 +24,12 @@ public:
     /// Deletes the object.
     virtual ~RegisterCenter();
 
-    /// Takes the object over, filed under the number of its kind, or under its object id when its kind is
-    /// `AnyType` or has no name. Does nothing with null. An object held before is not deleted.
+    /// Takes the object over. Does nothing with null. An object held before is not deleted. The id of the
+    /// registration is the number of the object's kind, or its object id when that kind is `AnyType` or has
+    /// no name; `GetInterfaceId` doesn't give it while the object is held.
     void RegisterInterface(IRGObject* object);
 
-    /// Takes the object over, filed under `type`, whatever that number is. Throws
+    /// The same with `type`, whatever that number is, as the id of the registration. Throws
     /// `InterfaceNotSupportedException` ("RegisterCenter:: While trying to register an interface that isn't
     /// defined") when the object's own kind has no name; the center stays as it was and the object the
     /// caller's. `object` must not be null.
@@ -38,8 +38,8 @@ public:
     /// The object, null when there is none.
     IRGObject* GetInterface() const;
 
-    /// The object id of the object. Only without an object is it the id of the registration, which is -1
-    /// then.
+    /// The object id of the object (`IRGObject::GetObjectId`), whatever it was registered under; -1 without
+    /// an object.
     long long GetInterfaceId() const;
 
     /// The name of the object, empty when there is none.

@@ -50,10 +50,12 @@ public:
     /// Whether any member, carried or not, has data.
     bool AnyData() const;
 
-    /// Always true: an empty report is a report.
+    /// Always true.
     bool HasData() const override;
 
-    /// The frequency. Asking for the modifiable one makes the report carry it, since it may be filled.
+    /// The frequency. Asking for the modifiable one makes the report carry it, since it may be filled; ask a
+    /// report that isn't const through `std::as_const` to leave it as it is. The setter takes the fields
+    /// over, not name and settings.
     const Frequency& GetFrequency() const;
     Frequency& GetFrequency();
     void SetFrequency(const Frequency& frequency);
@@ -78,7 +80,8 @@ public:
     bool IsValidArea(const Area& area) const;
 
     /// Reads the children of the element, told apart by the members' object names. Unknown children are
-    /// skipped.
+    /// skipped up to the next tag of the same name; one that holds a child of its own name ends the reading
+    /// of the report.
     void ProcessXml(QXmlStreamReader& reader) override;
 
 protected:

@@ -127,16 +127,16 @@ REPORTBASE_EXPORT bool IsBoxReceiverHF(const ResourceTypeValue& type);
 /// Whether it is a box receiver for VUHF.
 REPORTBASE_EXPORT bool IsBoxReceiverVUHF(const ResourceTypeValue& type);
 
-/// Whether it works in the HF range: base, wideband, DDC and box receiver channels of that range, the
-/// exciter, and `Receiver`. Direction finders and everything else without a range of its own work in neither.
+/// Whether it belongs to the HF range: base, wideband, DDC and box receiver channels of that range, the
+/// exciter, and `Receiver`. Direction finders and some others belong to neither range.
 REPORTBASE_EXPORT bool IsHFResource(const ResourceTypeValue& type);
 
-/// Whether it works in the VUHF range: base, wideband, DDC and box receiver channels of that range, and the
+/// Whether it belongs to the VUHF range: base, wideband, DDC and box receiver channels of that range, and the
 /// exciter.
 REPORTBASE_EXPORT bool IsVUHFResource(const ResourceTypeValue& type);
 
-/// Whether it can serve a production: the channels of the base equipment except memory scan, `Receiver`, and
-/// the box receivers `KT120`, `NRQ2`, `NRQ4`, `GPX270`, `KT530` and `KT560`.
+/// Whether it is one of the channels of the base equipment except memory scan and wideband tuners,
+/// `Receiver`, or one of the box receivers `KT120`, `NRQ2`, `NRQ4`, `GPX270`, `KT530` and `KT560`.
 REPORTBASE_EXPORT bool IsProductionSC(const ResourceTypeValue& type);
 
 } // namespace REPORTGENERATOR::ResourceType

@@ -33,16 +33,15 @@ public:
     FrequencyRangeOld& GetFrequencyRange();
     void SetFrequencyRange(const FrequencyRangeOld& range);
 
-    /// From one channel to the next, the child element "FrequencyStep".
+    /// The frequency step, the child element "FrequencyStep".
     double GetStepFrequency() const;
     void SetStepFrequency(double frequency);
 
-    /// How long a channel is listened to, the child element "DwellTime". Optional.
+    /// The dwell time, the child element "DwellTime". Optional.
     double GetDwellTime() const;
     void SetDwellTime(double time);
 
-    /// How long the scan stays after a signal has gone, the child element "HoldTime". Optional; alone it does
-    /// not count as data.
+    /// The hold time, the child element "HoldTime". Optional; alone it does not count as data.
     double GetHoldTime() const;
     void SetHoldTime(double time);
 

@@ -12,8 +12,8 @@ namespace REPORTGENERATOR {
 ///
 /// Each registered object is offered the whole text and takes what belongs to it; for each that took
 /// something and has data, the notifier emits two signals. The notifier owns the centers, and through them
-/// the objects. It lives in the thread that created it and has no lock; its signals can be connected across
-/// threads.
+/// the objects. It lives in the thread that created it and has no lock. Its signals may be connected across
+/// threads, but what they point to is used in the notifier's thread only: a receiver elsewhere needs a copy.
 ///
 ///     REPORTGENERATOR::SettingsNotifier notifier;
 ///     notifier.NotifyOnChanged(center);
@@ -28,12 +28,17 @@ public:
     /// Deletes all centers and their objects.
     ~SettingsNotifier() override;
 
-    /// Registers a center under its id and takes it over. Throws `InterfaceAlreadyRegisteredException`
-    /// ("Interface %1 already registered in SettingsNotifier", with the name of the object) when the id is
-    /// taken; the center then stays the caller's.
+    /// Registers a center under `RegisterCenter::GetInterfaceId`, the id of its object, and takes it over.
+    /// Throws `InterfaceAlreadyRegisteredException` ("Interface %1 already registered in SettingsNotifier",
+    /// with the name of the object) when the id is taken; the center then stays the caller's.
+    ///
+    /// Objects of the plain classes all have the id of `AnyType`, and those of a class with a record all have
+    /// that of their class. To register two of them, derive from the class and give each object an id of its
+    /// own in the constructor (`SetObjectId`, `SetObjectType`).
     void NotifyOnChanged(RegisterCenter* center);
 
-    /// The center registered under an id or under the number of a kind, null when there is none.
+    /// The center of the object with this id, null when there is none. The number of a kind is the id of
+    /// objects that have no other one.
     RegisterCenter* GetCenter(long long id) const;
     RegisterCenter* GetCenter(ObjectTypes type) const;
 
@@ -41,9 +46,14 @@ public:
     /// other. `checkRoot` goes to `IRGObject::SetXmlString`. Emits both signals for each object that took its
     /// settings and has data.
     ///
-    /// An object that throws `RGException` is traced and passed over; so, untraced, is a center without an
-    /// object and one that a receiver of a signal has unregistered meanwhile. Throws `InvalidXmlException`
-    /// "Invalid XML-Fragment!" when no object took anything.
+    /// A text with an XML declaration is taken by nobody. One element that is self-closing, or has a comment
+    /// before it or a line break behind it, counts as several: these get a root element of their own, which
+    /// `checkRoot` refuses.
+    ///
+    /// An object that throws `RGException` is passed over, with a trace when `ErrorHandler` asks for traces;
+    /// so, without a trace, is a center without an object and one that a receiver of a signal has
+    /// unregistered meanwhile. Throws `InvalidXmlException` "Invalid XML-Fragment!" when no object took
+    /// anything; all of them have been reset by then.
     void SetSettings(const QString& xml, bool checkRoot);
 
 Q_SIGNALS:
