@@ -1,4 +1,4 @@
-# Runs PROGRAM and compares what it prints with the file EXPECTED_OUTPUT.
+# Runs PROGRAM, taken out of PAGE, and compares what it prints with the file EXPECTED_OUTPUT.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -8,10 +8,13 @@ execute_process(
     OUTPUT_VARIABLE output
     ERROR_VARIABLE errors)
 if(NOT result EQUAL 0)
-    message(FATAL_ERROR "the example of README.md ended with ${result}\n${output}${errors}")
+    message(FATAL_ERROR "a program of ${PAGE} ended with ${result}\n${output}${errors}")
+endif()
+if(NOT errors STREQUAL "")
+    message(FATAL_ERROR "a program of ${PAGE} complains\n${errors}")
 endif()
 
 file(READ "${EXPECTED_OUTPUT}" expected)
 if(NOT output STREQUAL expected)
-    message(FATAL_ERROR "README.md shows\n${expected}\nbut its example prints\n${output}")
+    message(FATAL_ERROR "${PAGE} shows\n${expected}\nbut its program prints\n${output}")
 endif()
