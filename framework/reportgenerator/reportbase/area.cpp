@@ -233,7 +233,7 @@ void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
         xmltools::SkipElement(reader);
         return;
     }
-    // The unknown element is not skipped: its end ends this area's reading.
+    // The unknown element is not skipped: its children are read as the area's own, and its end ends the area.
     reporting::Questionable(
         *this, InvalidXmlException(messages::UnknownTag(reader.name().toString(), GetObjectName())));
 }

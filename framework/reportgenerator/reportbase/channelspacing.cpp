@@ -49,8 +49,8 @@ ChannelSpacing::~ChannelSpacing() = default;
 
 bool ChannelSpacing::operator==(const ChannelSpacing& other) const
 {
-    // What the flag means counts, not its text, so that "false" and no text at all are the same. The spacings
-    // one by one: vectors that share their data would otherwise be equal in spite of a NaN.
+    // "false" and no text at all are the same, which is part of the interface. The spacings one by one:
+    // vectors that share their data would otherwise be equal in spite of a NaN.
     return m_visual == other.m_visual && IsSameDistance() == other.IsSameDistance() &&
            std::equal(m_values.cbegin(), m_values.cend(), other.m_values.cbegin(), other.m_values.cend());
 }
@@ -97,7 +97,7 @@ void ChannelSpacing::SetValues(const QVector<double>& values)
 
 bool ChannelSpacing::AnyData() const
 {
-    // A display text alone describes no raster.
+    // The display text doesn't count.
     return IsValidSameDistance() || !m_values.isEmpty();
 }
 
@@ -117,7 +117,7 @@ void ChannelSpacing::Check() const
     if (!AnyData())
         return;
     RequireFields(*this, Description::FIELDS, messages::PleaseSet);
-    // The spacings are what the object is about, so that the message asks for the object itself.
+    // The message names the object twice.
     if (m_values.isEmpty())
         throw RGException(messages::PleaseSet(GetObjectName(), GetObjectName()));
 }

@@ -121,7 +121,7 @@ void Double::SetDefaultInvalidValue(double value)
 
 void Double::SetFormat(char /*format*/, int /*precision*/)
 {
-    // Callers hand over a format of their own; the files rely on this one.
+    // The format is part of the form; what callers ask for is not looked at.
     m_format = FORMAT;
     m_precision = PRECISION;
 }

@@ -63,7 +63,7 @@ bool Frequency::GetDefaultUse() const
 void Frequency::ResetToDefault()
 {
     BoundedValue::ResetToDefault();
-    // A frequency is there to be used: the one default that counts as set.
+    // The one default that counts as set.
     SetFlag(m_record.Own(), Rows::USE.setBy);
 }
 

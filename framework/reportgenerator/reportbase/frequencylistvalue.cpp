@@ -28,7 +28,7 @@ FrequencyListValue::~FrequencyListValue() = default;
 
 bool FrequencyListValue::operator==(const FrequencyListValue& other) const
 {
-    // The frequency is what an entry stands for in its list; bounds and time stamp only describe it.
+    // Bounds and time stamp don't count, which is part of the interface.
     return GetFrequency() == other.GetFrequency();
 }
 
@@ -60,7 +60,7 @@ void FrequencyListValue::Reset()
 
 void FrequencyListValue::Check() const
 {
-    // The text names the list instead of the entry: programs recognise the message by its whole text.
+    // The text names the list instead of the entry.
     if (AnyData() && !m_frequency.HasData())
         throw RGException(messages::FrequencyListWithoutValue());
 }

@@ -78,7 +78,7 @@ void FrequencyRangeOld::Reset()
 
 void FrequencyRangeOld::Check() const
 {
-    // Without a mark at its end, unlike the other classes: programs recognise the message by its whole text.
+    // The message has no mark at its end, unlike those of the other classes.
     RequireFields(*this, Description::FIELDS, messages::PleaseSetWithoutMark);
 }
 

@@ -105,7 +105,7 @@ MeasurementTime::MeasurementModeType MeasurementTime::NameToMeasurementModeType(
 
 QString MeasurementTime::MeasurementModeTypeToName(const MeasurementModeType& mode) const
 {
-    // The test is the wrong way round and stays so: the readers of the files expect the empty element.
+    // The test is the wrong way round, and the empty element that comes of it is part of the form.
     if (IsValidMeasurementModeType(mode))
         return QString();
     return m_modeNames.value(mode);

@@ -48,7 +48,7 @@ constexpr SubSensorRow SUB_SENSOR_TYPES[] = {
 };
 static_assert(IsAscending(SUB_SENSOR_TYPES));
 
-// The nodes that a receiver's sensors fill, by their place. PM and CW share the last one.
+// The sensor nodes, by their place.
 constexpr NamedNumber<int> SENSOR_NODES[] = {
     {0, REPORTBASE_NAME("LEVEL")}, {1, REPORTBASE_NAME("OFFSET")}, {2, REPORTBASE_NAME("FSTRENGTH")},
     {3, REPORTBASE_NAME("AM")},    {4, REPORTBASE_NAME("AMPOS")},  {5, REPORTBASE_NAME("AMNEG")},
@@ -143,7 +143,7 @@ QString SubSensorTypeToNodeName(const SubSensorTypeValue& type)
 {
     if (!IsValidSubSensorType(type))
         return QString();
-    // No offset here: the callers address the nodes by place, and a sub-sensor's number is such a place.
+    // The number is taken as a place without an offset, unlike in SensorNodeNameToMeasurementType.
     return TextOf(FindNumber(SENSOR_NODES, type), &NamedNumber<int>::name);
 }
 

@@ -6,7 +6,7 @@ namespace REPORTGENERATOR {
 
 namespace {
 
-// The gaps belong to kinds that other libraries once had; their numbers stay free.
+// The numbers in the gaps stay free.
 constexpr NamedNumber<ObjectTypes> OBJECT_TYPES[] = {
     {Tivor_Report, REPORTBASE_NAME("Tivor_Report")},
     {Demodulator_Settings, REPORTBASE_NAME("Demodulator_Settings")},

@@ -7,8 +7,7 @@ namespace REPORTGENERATOR {
 
 RegisterCenter::RegisterCenter() = default;
 
-// Both point to the same object on purpose: a copy is a second handle for a caller that keeps the first one
-// alive.
+// Both point to the same object on purpose; only one of them may be destroyed while it holds it.
 RegisterCenter::RegisterCenter(const RegisterCenter& other) = default;
 
 RegisterCenter& RegisterCenter::operator=(const RegisterCenter& other) = default;
@@ -44,7 +43,7 @@ IRGObject* RegisterCenter::GetInterface() const
 
 long long RegisterCenter::GetInterfaceId() const
 {
-    // The object knows best who it is, also when it was registered under another number.
+    // The object's own id counts, also when it was registered under another number.
     return m_interface ? m_interface->GetObjectId() : m_interfaceId;
 }
 

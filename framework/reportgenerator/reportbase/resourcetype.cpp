@@ -116,11 +116,11 @@ constexpr ResourceSet BASE_HF = {BaseIPCVoiceHF, BaseIPCDataTransmissionHF, Base
 constexpr ResourceSet BASE_VUHF = {BaseIPCVoiceVUHF, BaseIPCDataTransmissionVUHF, BaseIPCClassifierVUHF,
                                    BaseIPCTunerVUHF, BaseMemoryScanDataVUHF,      BaseMemoryScanVUHF};
 
-// A wideband tuner feeds other channels and is handed out apart from the base channels.
+// The wideband tuners are no base channels.
 constexpr ResourceSet WB_HF = {BaseIPCTunerHFWB};
 constexpr ResourceSet WB_VUHF = {BaseIPCTunerVUHFWB};
 
-// Spectral zoom runs on a down-converter and counts as one, although its name doesn't say DDC.
+// Spectral zoom counts as a down-converter, although its name doesn't say DDC.
 constexpr ResourceSet DDC_HF = {DDCIPCDetectionConventionalHF, DDCIPCDetectionShortHF, DDCIPCVoiceHF,
                                 DDCIPCDataTransmissionHF,      DDCIPCClassifierHF,     SpectralZoomHF};
 // The wideband classifier has no HF counterpart.
@@ -136,23 +136,21 @@ constexpr ResourceSet DETECTION_CONVENTIONAL = {DDCIPCDetectionConventionalHF,
                                                 DDCIPCDetectionConventionalVUHF};
 constexpr ResourceSet DETECTION_SHORTTIME = {DDCIPCDetectionShortHF, DDCIPCDetectionShortVUHF};
 
-// A channel is connected to one signal; the wideband classifier takes a whole band and stays out.
+// The wideband classifier is not among them.
 constexpr ResourceSet CONNECTABLE = {
     DDCIPCVoiceHF,      DDCIPCVoiceVUHF,     DDCIPCDataTransmissionHF, DDCIPCDataTransmissionVUHF,
     DDCIPCClassifierHF, DDCIPCClassifierVUHF};
 
-// KTx60, LW300, NRQ3 and Raywatch stand among these models but are not run as box receivers.
+// KTx60, LW300, NRQ3 and Raywatch are no box receivers.
 constexpr ResourceSet BOX_HF = {KT530};
 constexpr ResourceSet BOX_VUHF = {HV210, KT120, NRQ2, NRQ4, GPX270, LW600, NRQ6, GPX580, KT560};
 constexpr ResourceSet BOX = BOX_HF | BOX_VUHF;
 
-// A receiver of no particular kind is planned as an HF resource. What is in none of these sets, like the
-// direction finders, is not bound to a range.
+// Receiver belongs to HF. What is in none of these sets, like the direction finders, belongs to no range.
 constexpr ResourceSet HF = BASE_HF | WB_HF | DDC_HF | BOX_HF | ResourceSet{Receiver, ExciterHF};
 constexpr ResourceSet VUHF = BASE_VUHF | WB_VUHF | DDC_VUHF | BOX_VUHF | ResourceSet{ExciterVUHF};
 
-// Memory scan records for later and produces nothing; of the box receivers only these deliver production
-// results.
+// Without memory scan and wideband tuners, and of the box receivers only these.
 constexpr ResourceSet PRODUCTION_SC = {BaseIPCVoiceHF,
                                        BaseIPCDataTransmissionHF,
                                        BaseIPCClassifierHF,

@@ -80,7 +80,7 @@ void ScanParameter::SetHoldTime(double time)
 
 bool ScanParameter::AnyData() const
 {
-    // A hold time alone scans nothing.
+    // The hold time doesn't count.
     return m_range.AnyData() || Description::STEP.IsSetIn(*this) || Description::DWELL.IsSetIn(*this);
 }
 
@@ -100,7 +100,7 @@ void ScanParameter::Check() const
     if (!AnyData())
         return;
     m_range.Check();
-    // Spelled with two capitals, and it stays so: programs recognise the message by its whole text.
+    // The two capitals are part of the message.
     RequireFields(*this, Description::FIELDS, messages::PLeaseSet);
 }
 

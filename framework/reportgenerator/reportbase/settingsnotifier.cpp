@@ -17,7 +17,7 @@ namespace REPORTGENERATOR {
 
 namespace {
 
-// Where the trace says that it comes from; the readers of traces look for this place.
+// Where the trace says that it comes from, which is part of the interface.
 constexpr const char* TRACE_SOURCE = "framework/reportgenerator/reportbase/settingsnotifier";
 constexpr int TRACE_LINE = 110;
 constexpr unsigned int TRACE_FLAG = 0x20;

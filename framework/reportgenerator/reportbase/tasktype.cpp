@@ -85,7 +85,7 @@ bool IsDFScan(const TaskTypeValue& type)
     return type == DFScan;
 }
 
-// A product's own production tasks are planned unlike the plain ones: IsProduction is false for them.
+// IsProduction is false for the product-specific kinds.
 bool IsTivorProduction(const TaskTypeValue& type)
 {
     return type == NG_Production || type == Tivor;

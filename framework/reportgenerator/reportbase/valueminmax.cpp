@@ -80,7 +80,7 @@ bool ValueMinMax::IsValid(double value)
 
 bool ValueMinMax::AnyData() const
 {
-    // Bounds alone bound nothing.
+    // The bounds don't count.
     return HasData();
 }
 
@@ -96,7 +96,7 @@ void ValueMinMax::Reset()
 
 void ValueMinMax::Check() const
 {
-    // The text means the element's name; it stays because programs recognise the message by its whole text.
+    // What the text calls the object name is the element's.
     if (m_name.isEmpty())
         throw RGException(messages::ValueMinMaxWithoutName());
 }

@@ -99,7 +99,7 @@ QString VersionConverterProxy::GetXmlString() const
 
 bool VersionConverterProxy::LoadXml(QFile* file)
 {
-    // The object of an earlier load stays until another load succeeds: the converter may still need it.
+    // The object of an earlier load stays until another load succeeds.
     m_errors.clear();
     bool loaded = false;
     try {
@@ -149,12 +149,12 @@ bool VersionConverterProxy::Convert(const QString& name, IRGObject* loaded, cons
     for (auto other = versions.cbegin(); other != versions.cend(); ++other) {
         if (other.key() == version)
             continue;
-        // The first other version is the right one: two versions are registered for a root class.
+        // The first other version in the order of the texts; of two registered versions it is the other one.
         target = *other;
         targetVersion = numbers::FromText(other.key());
         break;
     }
-    // Without another version the converter is asked to downgrade into nothing and has to refuse that itself.
+    // Without another version the converter is asked to downgrade into nothing.
     if (targetVersion > fileVersion)
         return Upgrade(loaded, target);
     if (fileVersion > targetVersion)

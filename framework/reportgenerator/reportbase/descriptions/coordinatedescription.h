@@ -15,7 +15,7 @@ struct Description<CoordinateData>
     static constexpr long long ID = 0xCE458C11;
     static constexpr Name NAME = wire::COORDINATE;
 
-    // The widths are those of the shortest numbers, and show only where there are no digits: " nan", " inf".
+    // The widths show only where there are no digits: " nan", " inf".
     static constexpr int DECIMALS = 6;
     static constexpr auto LONGITUDE = ElementField(&CoordinateData::longitude, REPORTBASE_NAME("Longitude"),
                                                    Flagged{0, wire::tag::LONGITUDE})

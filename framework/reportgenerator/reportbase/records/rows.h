@@ -149,7 +149,7 @@ bool IsRowEqual(const Data& left, const Data& right, const Row& row)
     return !isSet || row.In(left) == row.In(right);
 }
 
-/// Only the right side's flag counts: a list whose own flag is clear has no items to compare.
+/// Only the right side's flag counts, which is part of the interface.
 template <class Data, class Item>
 bool IsRowEqual(const Data& left, const Data& right, const ItemList<Data, Item>& row)
 {
