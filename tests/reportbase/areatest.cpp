@@ -1086,19 +1086,6 @@ TEST(Area, BodyTextsAreUtf8)
                                 Coordinates(1, Point("1.000000", "2.000000")) + ScriptID("\xe2\x82\xac")));
 }
 
-TEST(Area, BodyGoesIntoTheMiddleOfACallersStream)
-{
-    const Bytes body = Element(7, Version(u"1.0") + Name("Lake") +
-                                      Coordinates(1, Point("1.000000", "2.000000")) + ScriptID("S7"));
-    const QByteArray bytes = Written([](QDataStream& stream) {
-        stream << quint8(9);
-        Lake().GetBinary(stream, 7, true);
-        stream << quint8(8);
-        Lake().GetBinary(stream, 7, true);
-    });
-    EXPECT_BYTES(bytes, Support::Byte(9) + body + Support::Byte(8) + body);
-}
-
 TEST(Area, BodyHoldsIncompleteCoordinatesAsTheyStandWithoutAMessageWhenNotValidating)
 {
     Area area = NotValidating();
@@ -1131,37 +1118,6 @@ TEST(Area, ElementsMayComeInAnyOrderTheLastTextCountsAndAllCoordinatesAreAppende
     state.coordinates = {{1.0, 2.0}, {3.0, 4.0}, {5.0, 6.0}};
     state.initialVersionLoaded = QStringLiteral("1.0");
     EXPECT_STATE(area, state);
-}
-
-TEST(Area, ReadingIntoAUsedAreaGivesWhatWasWrittenAndNothingElse)
-{
-    Area area = Lake();
-    EXPECT_EQ(ReadElements(area, Version(u"1.0") + Name("N") + Coordinates(1, Point("3", "4"))), 0);
-    AreaState state;
-    state.name = QStringLiteral("N");
-    state.coordinates = {{3.0, 4.0}};
-    state.initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(area, state);
-    EXPECT_TRUE(area.GetScriptID().isNull());
-}
-
-TEST(Area, ABodyOfLengthZeroIsReadAsAnEmptyAreaWithoutAnError)
-{
-    for (const bool validate : {true, false}) {
-        Area area = Lake();
-        area.SetValidate(validate);
-        EXPECT_EQ(ReadElements(area, 0, Name("N")), Name("N").Size());
-        EXPECT_STATE(area, AreaState());
-        EXPECT_TRUE(area.IsInitialized());
-    }
-}
-
-TEST(Area, ReadingElementsDoesNotCheckTheArea)
-{
-    Area area;
-    QByteArray bytes = Support::Representation(u"Area", Name("Lake")).Data();
-    EXPECT_TRUE(area.SetBinaryRepresentation(bytes));
-    EXPECT_TRUE(area.IsNameSet());
 }
 
 TEST(Area, AVersionElementOfOlderDataResetsWhatWasReadBeforeIt)
@@ -1427,67 +1383,6 @@ TEST(Area, DeclaredLengthsOfKnownElementsOnlyCountAgainstTheBudget)
     state.name = QStringLiteral("Lake");
     state.coordinates = {{1.0, 2.0}};
     EXPECT_STATE(area, state);
-}
-
-TEST(Area, LengthsThatDoNotAddUpAreReportedAfterTheFieldsHaveBeenStored)
-{
-    const Bytes both = Name("N") + ScriptID("S");
-    struct Row
-    {
-        const char* name;
-        int length;
-        Bytes bytes;
-        bool hasName;
-        bool hasScript;
-    };
-    const std::vector<Row> rows = {
-        {"body 4 too long", both.Size() + 4, both, true, true},
-        {"body 1 too short", both.Size() - 1, both, true, true},
-        {"body ends within the second element", Name("N").Size() + 1, both, true, true},
-        {"element too long", both.Size(), ElementOfLength(Tag::AREA_NAME, 6, ByteArray("N")) + ScriptID("S"),
-         true, true},
-        {"element of the greatest length", both.Size(),
-         ElementOfLength(Tag::AREA_NAME, GREATEST, ByteArray("N")) + ScriptID("S"), true, false},
-        {"element of the least length", both.Size(),
-         ElementOfLength(Tag::AREA_NAME, LEAST, ByteArray("N")) + ScriptID("S"), true, true},
-        {"unknown element of negative length", both.Size() + 8,
-         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + both, true, true},
-        {"unknown element of the greatest length", both.Size() + 8,
-         Name("N") + ElementOfLength(Tag::UNKNOWN, GREATEST, Bytes()) + ScriptID("S"), true, false},
-        {"negative body", -1, both, false, false},
-        {"least body", LEAST, both, false, false},
-        {"greatest body", GREATEST, both, true, true},
-        {"no bytes at all", 8, Bytes(), false, false},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.name);
-            Area area = Lake();
-            area.SetValidate(validate);
-            const auto logger = Support::NewLogger();
-            area.SetLogger(logger);
-            EXPECT_RG_THROW(ReadElements(area, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-            AreaState state;
-            if (row.hasName)
-                state.name = QStringLiteral("N");
-            if (row.hasScript)
-                state.scriptID = QStringLiteral("S");
-            EXPECT_STATE(area, state);
-            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") +
-                                           Text(LENGTH_ERROR)});
-            area.ResetLogger();
-            EXPECT_RG_THROW(ReadElements(area, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-        }
-    }
-}
-
-TEST(Area, WhatFollowsTheBodyStaysOnTheStream)
-{
-    Area area;
-    EXPECT_EQ(ReadElements(area, Name("N").Size(), Name("N") + ScriptID("S")), ScriptID("S").Size());
-    EXPECT_FALSE(area.IsScriptIDSet());
 }
 
 // --- Raw form ---------------------------------------------------------------------------------------------

@@ -392,15 +392,6 @@ TYPED_TEST(BoundedValue, CheckOfAnObjectWithAValueSaysNothing)
     }
 }
 
-TYPED_TEST(BoundedValue, MessagesBeginWithTheCurrentName)
-{
-    Renamed<TypeParam> object;
-    EXPECT_RG_THROW(object.Check(), "OutOfRangeException", "Renamed: Please set Value properly.");
-    EXPECT_RG_THROW(ReadElements(object, 4, Bytes()), "BinaryParsingException",
-                    "Renamed::SetBinary(...): Length error occurred during processing of binary "
-                    "representation");
-}
-
 // --- XML writing ------------------------------------------------------------------------------------------
 
 TYPED_TEST(BoundedValue, XmlHoldsTheValueAsTextAndTheBoundsThatAreSetAsAttributes)
@@ -609,33 +600,12 @@ TYPED_TEST(BoundedValue, BodyHoldsMinMaxAndTheValueLast)
     EXPECT_BYTES(BodyOf(object), Element(1, Min("2.00") + Max("3.00") + Value("433920000.00")));
 }
 
-TYPED_TEST(BoundedValue, TheTagIsTheCallersAndCanBeLeftOut)
-{
-    const TypeParam object = WithValue<TypeParam>(1.0);
-    EXPECT_BYTES(BodyOf(object, -5, true), Element(-5, Value("1.00")));
-    EXPECT_BYTES(BodyOf(object, -5, false), Support::Body(Value("1.00")));
-    Written([&](QDataStream& stream) { EXPECT_TRUE(object.GetBinary(stream, 1, true)); });
-}
-
 TYPED_TEST(BoundedValue, TaggedNumbersAreTheTextsOfXml)
 {
     EXPECT_BYTES(BodyOf(Complete<TypeParam>(1.005, 99.999, -0.001)),
                  Element(1, Min("100.00") + Max("-0.00") + Value("1.00")));
     EXPECT_BYTES(BodyOf(Complete<TypeParam>(NOT_A_NUMBER, -INF, INF)),
                  Element(1, Min("-inf") + Max("inf") + Value("nan")));
-}
-
-TYPED_TEST(BoundedValue, BodyGoesIntoTheMiddleOfACallersStream)
-{
-    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    const Bytes body = Element(7, Min("2.00") + Max("3.00") + Value("1.00"));
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        stream << qint32(-1) << quint8(9);
-        EXPECT_TRUE(object.GetBinary(stream, 7, true));
-        stream << qint32(4);
-        EXPECT_TRUE(object.GetBinary(stream, 7, true));
-    });
-    EXPECT_BYTES(bytes, Int32(-1) + Support::Byte(9) + body + Int32(4) + body);
 }
 
 TYPED_TEST(BoundedValue, BodyWrittenOverOlderBytesReplacesItsOwnLengthOnly)
@@ -711,50 +681,6 @@ TYPED_TEST(BoundedValue, ElementsMayComeInAnyOrderAndTheLastOfATagCounts)
     EXPECT_EQ(SetFields(object), "value min ");
 }
 
-TYPED_TEST(BoundedValue, ReadingIntoAUsedObjectGivesWhatWasWrittenAndNothingElse)
-{
-    TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    EXPECT_EQ(ReadElements(object, Value("9")), 0);
-    EXPECT_TRUE(object == WithValue<TypeParam>(9.0));
-    EXPECT_EQ(object.GetMin(), 0.0);
-    EXPECT_EQ(object.GetMax(), 0.0);
-
-    EXPECT_EQ(ReadElements(object, Max("4")), 0);
-    EXPECT_EQ(SetFields(object), "max ");
-}
-
-TYPED_TEST(BoundedValue, ABodyOfLengthZeroIsReadAsAnEmptyObjectWithoutAnError)
-{
-    for (const bool validate : {true, false}) {
-        TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-        object.SetValidate(validate);
-        EXPECT_EQ(ReadElements(object, 0, Value("9")), Value("9").Size());
-        EXPECT_TRUE(object.IsInitialized());
-        EXPECT_FALSE(object.AnyData());
-    }
-}
-
-TYPED_TEST(BoundedValue, ReadingDoesNotCheckTheObject)
-{
-    TypeParam object;
-    QByteArray bytes = Representation<TypeParam>(Min("2")).Data();
-    EXPECT_TRUE(object.SetBinaryRepresentation(bytes));
-    EXPECT_EQ(SetFields(object), "min ");
-}
-
-TYPED_TEST(BoundedValue, UnknownElementsAreSkippedByTheirLength)
-{
-    TypeParam object;
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    const Bytes unknown = Element(Tag::UNKNOWN, Value("7") + Support::Byte(1));
-    EXPECT_EQ(ReadElements(object, unknown + Value("1") + Element(0, Bytes()) + Min("2") + unknown), 0);
-    EXPECT_EQ(object.GetValue(), 1.0);
-    EXPECT_EQ(object.GetMin(), 2.0);
-    EXPECT_EQ(SetFields(object), "value min ");
-    EXPECT_LOG(logger, {});
-}
-
 TYPED_TEST(BoundedValue, TextsInElementsReadAsThoseInXml)
 {
     for (const Support::NumberText& row : Support::NumberTexts()) {
@@ -801,64 +727,6 @@ TYPED_TEST(BoundedValue, DeclaredLengthsOfKnownElementsOnlyCountAgainstTheBudget
     EXPECT_EQ(object.GetMin(), 2.0);
 }
 
-TYPED_TEST(BoundedValue, LengthsThatDoNotAddUpAreReportedAfterTheFieldsHaveBeenStored)
-{
-    const Bytes value = Value("1.00");
-    struct Row
-    {
-        const char* name;
-        int length;
-        Bytes bytes;
-        const char* fields;
-    };
-    const int valueSize = 16;
-    const std::vector<Row> rows = {
-        {"body 4 too long", valueSize + 4, value, "value "},
-        {"body 1 too short", valueSize - 1, value, "value "},
-        {"body ends within the tag of the second element", valueSize + 3, value + Min("2"), "value min "},
-        {"element 1 too short", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 7, ByteArray("1.00")),
-         "value "},
-        {"element 1 too long", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 9, ByteArray("1.00")),
-         "value "},
-        {"element of length 0", valueSize, ElementOfLength(Tag::FREQUENCY_VALUE, 0, ByteArray("1.00")),
-         "value "},
-        {"element of negative length", valueSize,
-         ElementOfLength(Tag::FREQUENCY_VALUE, -8, ByteArray("1.00")), "value "},
-        {"element of the greatest length", valueSize,
-         ElementOfLength(Tag::FREQUENCY_VALUE, std::numeric_limits<qint32>::max(), ByteArray("1.00")),
-         "value "},
-        {"unknown element overruns", valueSize + 12,
-         value + ElementOfLength(Tag::UNKNOWN, 5, Support::Raw("1234")), "value "},
-        {"unknown element of the greatest length", valueSize + 8 + valueSize,
-         ElementOfLength(Tag::UNKNOWN, std::numeric_limits<qint32>::max(), Bytes()) + value, ""},
-        {"unknown element of the least length", valueSize + 8 + valueSize,
-         ElementOfLength(Tag::UNKNOWN, std::numeric_limits<qint32>::min(), Bytes()) + value, "value "},
-        {"unknown element of negative length", 8 + valueSize,
-         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + value, "value "},
-        {"negative body", -1, value, ""},
-        {"least body", std::numeric_limits<qint32>::min(), value, ""},
-        {"no bytes at all", 8, Bytes(), ""},
-        {"greatest body", std::numeric_limits<qint32>::max(), value, "value "},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.name);
-            TypeParam object = Complete<TypeParam>(7.0, 8.0, 9.0);
-            object.SetValidate(validate);
-            const QString message = Named<TypeParam>("@::SetBinary(...): Length error occurred during "
-                                                     "processing of binary representation");
-            EXPECT_RG_THROW(ReadElements(object, row.length, row.bytes), "BinaryParsingException", message);
-            EXPECT_EQ(SetFields(object), row.fields);
-
-            const auto logger = Support::NewLogger();
-            object.SetLogger(logger);
-            EXPECT_RG_THROW(ReadElements(object, row.length, row.bytes), "BinaryParsingException", message);
-            EXPECT_LOG(logger,
-                       QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") + message});
-        }
-    }
-}
-
 TYPED_TEST(BoundedValue, ANegativeLengthOfAnUnknownElementIsOnlyAddedToTheBudget)
 {
     // 8 bytes for the head of the unknown element, less 16, and 16 for the value.
@@ -882,13 +750,6 @@ TYPED_TEST(BoundedValue, DamagedInputIsReportedByTheExceptionAloneAndNothingIsPr
     }
     qInstallMessageHandler(previous);
     EXPECT_EQ(printed, 0);
-}
-
-TYPED_TEST(BoundedValue, WhatFollowsTheBodyStaysOnTheStream)
-{
-    TypeParam object;
-    EXPECT_EQ(ReadElements(object, 16, Value("1.00") + Min("2.00")), 16);
-    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
 }
 
 TYPED_TEST(BoundedValue, ATextThatEndsEarlyReadsAsZero)

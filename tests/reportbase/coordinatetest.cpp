@@ -397,15 +397,6 @@ TEST(Coordinate, CheckIgnoresLeftoversOfUnsetValues)
     EXPECT_RG_THROW(WithLeftovers(2, 1.0, 2.0).Check(), "OutOfRangeException", SET_LONGITUDE);
 }
 
-TEST(Coordinate, MessagesBeginWithTheCurrentName)
-{
-    Renamed coordinate;
-    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", "Corner %1: Please set Longitude properly.");
-    EXPECT_RG_THROW(ReadElements(coordinate, 4, Bytes()), "BinaryParsingException",
-                    "Corner %1::SetBinary(...): Length error occurred during processing of binary "
-                    "representation");
-}
-
 // --- XML writing ------------------------------------------------------------------------------------------
 
 TEST(Coordinate, XmlHoldsLongitudeThenLatitude)
@@ -619,18 +610,6 @@ TEST(Coordinate, BodyHasItsLengthsWhereTheyBelong)
     EXPECT_BYTES(body.mid(24, 12), QByteArray("\xcb\x2f\x4b\x76\0\0\0\x0e\0\0\0\x0a", 12));
 }
 
-TEST(Coordinate, BodyGoesIntoTheMiddleOfACallersStream)
-{
-    const Bytes body = Element(7, Longitude("1.000000") + Latitude("2.000000"));
-    const QByteArray bytes = Written([](QDataStream& stream) {
-        stream << quint8(9);
-        At(1.0, 2.0).GetBinary(stream, 7, true);
-        At(1.0, 2.0).GetBinary(stream, 7, true);
-        stream << quint8(8);
-    });
-    EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
-}
-
 TEST(Coordinate, BodyHoldsUnsetValuesAsTheyStandWhenNotValidating)
 {
     Coordinate coordinate;
@@ -648,35 +627,6 @@ TEST(Coordinate, ElementsMayComeInAnyOrderAndARepeatedOneIsAppliedAgain)
     EXPECT_EQ(ReadElements(coordinate, Latitude("3") + Latitude("4")), 0);
     EXPECT_STATE(coordinate, State(std::nullopt, 4.0));
     EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-}
-
-TEST(Coordinate, ReadingElementsDoesNotAskForBoth)
-{
-    Coordinate coordinate;
-    EXPECT_EQ(ReadElements(coordinate, Longitude("1")), 0);
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-    QByteArray empty = Support::Representation(u"Coordinate", Bytes()).Data();
-    EXPECT_TRUE(coordinate.SetBinaryRepresentation(empty));
-    EXPECT_STATE(coordinate, CoordinateState());
-}
-
-TEST(Coordinate, ABodyOfLengthZeroReadsNothingAndReportsNothing)
-{
-    Coordinate coordinate = At(1.0, 2.0);
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_EQ(ReadElements(coordinate, 0, Longitude("5")), Longitude("5").Size());
-    EXPECT_STATE(coordinate, CoordinateState());
-    EXPECT_TRUE(coordinate.IsInitialized());
-    EXPECT_LOG(logger, {});
-}
-
-TEST(Coordinate, UnknownElementsAreSkippedByTheirLength)
-{
-    Coordinate coordinate;
-    const Bytes unknown = Element(Tag::UNKNOWN, Longitude("7") + Support::Byte(1));
-    EXPECT_EQ(ReadElements(coordinate, unknown + Longitude("1") + unknown + Latitude("2") + unknown), 0);
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
 }
 
 TEST(Coordinate, ElementTextsReadAsThoseInXml)
@@ -715,67 +665,6 @@ TEST(Coordinate, OutOfRangeElementsAreStoredWithWarningsWhenNotValidating)
                         "(-90, 90) in 'Coordinate'.",
                         "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
                         "(-180, 180) in 'Coordinate'."});
-}
-
-TEST(Coordinate, LengthsThatDoNotAddUpAreReportedAfterTheValuesHaveBeenStored)
-{
-    constexpr int MAX_LENGTH = std::numeric_limits<qint32>::max();
-    constexpr int MIN_LENGTH = std::numeric_limits<qint32>::min();
-    const Bytes both = Longitude("1") + Latitude("2");
-    struct Row
-    {
-        const char* name;
-        int length;
-        Bytes bytes;
-        CoordinateState state;
-    };
-    const std::vector<Row> rows = {
-        {"body 4 too long", both.Size() + 4, both, State(1.0, 2.0)},
-        {"body 1 too short", both.Size() - 1, both, State(1.0, 2.0)},
-        {"body ends within the second element", Longitude("1").Size() + 1, both, State(1.0, 2.0)},
-        {"element 1 too long", both.Size(),
-         ElementOfLength(Tag::COORDINATE_LONGITUDE, 6, ByteArray("1")) + Latitude("2"), State(1.0, 2.0)},
-        {"element 1 too short", both.Size(),
-         ElementOfLength(Tag::COORDINATE_LONGITUDE, 4, ByteArray("1")) + Latitude("2"), State(1.0, 2.0)},
-        {"element of the greatest length", both.Size(),
-         ElementOfLength(Tag::COORDINATE_LONGITUDE, MAX_LENGTH, ByteArray("1")) + Latitude("2"),
-         State(1.0, std::nullopt)},
-        {"element of the least length", both.Size(),
-         ElementOfLength(Tag::COORDINATE_LONGITUDE, MIN_LENGTH, ByteArray("1")) + Latitude("2"),
-         State(1.0, 2.0)},
-        {"unknown element of negative length", both.Size() + 8,
-         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + both, State(1.0, 2.0)},
-        {"unknown element overruns", both.Size() + 8, both + ElementOfLength(Tag::UNKNOWN, 1, Bytes()),
-         State(1.0, 2.0)},
-        {"negative body", -1, both, {}},
-        {"least body", MIN_LENGTH, both, {}},
-        {"greatest body", MAX_LENGTH, both, State(1.0, 2.0)},
-        {"no bytes at all", 8, Bytes(), {}},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.name);
-            Coordinate coordinate = At(7.0, 8.0);
-            coordinate.SetValidate(validate);
-            EXPECT_RG_THROW(ReadElements(coordinate, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-            EXPECT_STATE(coordinate, row.state);
-            const auto logger = Support::NewLogger();
-            coordinate.SetLogger(logger);
-            EXPECT_RG_THROW(ReadElements(coordinate, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") +
-                                           Support::Text(LENGTH_ERROR)});
-        }
-    }
-}
-
-TEST(Coordinate, WhatFollowsTheBodyStaysOnTheStream)
-{
-    Coordinate coordinate;
-    const Bytes first = Longitude("1") + Latitude("2");
-    EXPECT_EQ(ReadElements(coordinate, first.Size(), first + Longitude("5")), Longitude("5").Size());
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
 }
 
 // --- Raw form ---------------------------------------------------------------------------------------------

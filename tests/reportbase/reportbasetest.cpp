@@ -629,18 +629,6 @@ TEST(ReportBase, BodyHoldsTheCarriedMembersInTheirOrder)
     Written([](QDataStream& stream) { EXPECT_TRUE(ReportBase().GetBinary(stream, 1, true)); });
 }
 
-TEST(ReportBase, BodyGoesIntoTheMiddleOfACallersStream)
-{
-    const Bytes body = Element(7, FrequencyElement("5.00") + BandwidthElement("6.00") + AreaElement());
-    const QByteArray bytes = Written([](QDataStream& stream) {
-        stream << quint8(9);
-        Complete().GetBinary(stream, 7, true);
-        Complete().GetBinary(stream, 7, true);
-        stream << quint8(8);
-    });
-    EXPECT_BYTES(bytes, Support::Byte(9) + body + body + Support::Byte(8));
-}
-
 TEST(ReportBase, BodyHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
 {
     ReportBase report = NotValidating();
@@ -672,18 +660,6 @@ TEST(ReportBase, OfRepeatedMemberElementsTheLastCounts)
     EXPECT_TRUE(report == Complete());
 }
 
-TEST(ReportBase, ReadingIntoAUsedReportGivesWhatWasWrittenAndNothingElse)
-{
-    ReportBase report = Complete();
-    EXPECT_EQ(ReadElements(report, BandwidthElement("7")), 0);
-    EXPECT_EQ(Carried(report), "bandwidth ");
-    EXPECT_FALSE(std::as_const(report).GetFrequency().AnyData());
-    EXPECT_FALSE(std::as_const(report).GetArea().AnyData());
-    EXPECT_EQ(ReadElements(report, 0, BandwidthElement("7")), BandwidthElement("7").Size());
-    EXPECT_EQ(Carried(report), "");
-    EXPECT_FALSE(report.AnyData());
-}
-
 TEST(ReportBase, MemberElementsOfLengthZeroAreCarriedWithoutDataAndNotChecked)
 {
     ReportBase report;
@@ -693,19 +669,6 @@ TEST(ReportBase, MemberElementsOfLengthZeroAreCarriedWithoutDataAndNotChecked)
               0);
     EXPECT_EQ(Carried(report), "frequency bandwidth area ");
     EXPECT_FALSE(report.AnyData());
-}
-
-TEST(ReportBase, UnknownElementsAreSkippedByTheirLength)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    const Bytes unknown = Element(Tag::UNKNOWN, FrequencyElement("7") + Support::Byte(1));
-    EXPECT_EQ(ReadElements(report, unknown + FrequencyElement("5") + unknown + BandwidthElement("6") +
-                                       Element(1, Bytes()) + AreaElement() + unknown),
-              0);
-    EXPECT_TRUE(report == Complete());
-    EXPECT_LOG(logger, {});
 }
 
 TEST(ReportBase, AMembersOwnLengthErrorEndsTheReadingAndTheMemberIsNotCarried)
@@ -746,70 +709,6 @@ TEST(ReportBase, AMembersOwnLengthErrorEndsTheReadingAndTheMemberIsNotCarried)
                        QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") + message});
         }
     }
-}
-
-TEST(ReportBase, LengthsThatDoNotAddUpAreReportedAfterTheMembersHaveBeenRead)
-{
-    const Bytes both = FrequencyElement("5") + BandwidthElement("6");
-    struct Row
-    {
-        const char* name;
-        int length;
-        Bytes bytes;
-        const char* carried;
-    };
-    const std::vector<Row> rows = {
-        {"body 4 too long", both.Size() + 4, both, "frequency bandwidth "},
-        {"body 1 too short", both.Size() - 1, both, "frequency bandwidth "},
-        {"body ends within the second element", FrequencyElement("5").Size() + 1, both,
-         "frequency bandwidth "},
-        {"unknown element overruns", both.Size() + 8, both + ElementOfLength(Tag::UNKNOWN, 1, Bytes()),
-         "frequency bandwidth "},
-        {"unknown element of the greatest length", both.Size() + 8,
-         FrequencyElement("5") + ElementOfLength(Tag::UNKNOWN, GREATEST, Bytes()) + BandwidthElement("6"),
-         "frequency "},
-        {"unknown element of the least length", both.Size() + 8,
-         ElementOfLength(Tag::UNKNOWN, LEAST, Bytes()) + both, "frequency bandwidth "},
-        {"unknown element of negative length", both.Size() + 8,
-         ElementOfLength(Tag::UNKNOWN, -8, Bytes()) + both, "frequency bandwidth "},
-        {"negative body", -1, both, ""},
-        {"least body", LEAST, both, ""},
-        {"greatest body", GREATEST, both, "frequency bandwidth "},
-        {"no bytes at all", 8, Bytes(), ""},
-    };
-    for (const Row& row : rows) {
-        for (const bool validate : {true, false}) {
-            SCOPED_TRACE(row.name);
-            ReportBase report = Complete();
-            report.SetValidate(validate);
-            EXPECT_RG_THROW(ReadElements(report, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-            EXPECT_EQ(Carried(report), row.carried);
-            const auto logger = Support::NewLogger();
-            report.SetLogger(logger);
-            EXPECT_RG_THROW(ReadElements(report, row.length, row.bytes), "BinaryParsingException",
-                            LENGTH_ERROR);
-            EXPECT_LOG(logger, QStringList{QStringLiteral("FATAL ERROR: BinaryParsingException: ") +
-                                           Text(LENGTH_ERROR)});
-        }
-    }
-}
-
-TEST(ReportBase, MessagesBeginWithTheCurrentName)
-{
-    Renamed report;
-    EXPECT_RG_THROW(ReadElements(report, 4, Bytes()), "BinaryParsingException",
-                    "Summary::SetBinary(...): Length error occurred during processing of binary "
-                    "representation");
-}
-
-TEST(ReportBase, WhatFollowsTheBodyStaysOnTheStream)
-{
-    ReportBase report;
-    const Bytes frequency = FrequencyElement("5");
-    EXPECT_EQ(ReadElements(report, frequency.Size(), frequency + BandwidthElement("6")),
-              BandwidthElement("6").Size());
-    EXPECT_EQ(Carried(report), "frequency ");
 }
 
 TEST(ReportBase, AMemberThatRefusesItsElementsIsNotCarried)
