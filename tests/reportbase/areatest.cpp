@@ -1422,23 +1422,6 @@ TEST(Area, RawFormCountsCoordinatesThatAreNotMarkedAsSetButHoldsNoneOfThem)
                  Support::Byte(NAME_FLAG) + String(u"1.0") + String(u"Lake") + Int32(1));
 }
 
-TEST(Area, RawFormIsNeitherCheckedNorTraced)
-{
-    Area area;
-    const auto logger = Support::NewLogger();
-    area.SetLogger(logger);
-    Support::RawFormOf(area);
-    EXPECT_EQ(ReadRawForm(area, Support::Byte(SCRIPT_FLAG) + String(u"1.0") + NullString() + Int32(1) +
-                                    RawPoint(3, 1000.0, -1000.0) + NullString()),
-              0);
-    AreaState state;
-    state.coordinates = {{1000.0, -1000.0}};
-    state.scriptID = QString();
-    state.initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(area, state);
-    EXPECT_LOG(logger, {});
-}
-
 TEST(Area, RawReadingDoesNotResetButReplacesNameAndFlagsAndAppends)
 {
     Area area = Lake();
@@ -1526,19 +1509,6 @@ TEST(Area, RawCoordinatesThatAreIncompleteAreRefusedWhenValidatingAndAppendedWit
                                    Text(INCOMPLETE_ITEM)});
 }
 
-TEST(Area, RawFlagsWithoutAFieldAreKeptAndWrittenBack)
-{
-    Area area;
-    const Bytes raw = Support::Byte(0xf8 | NAME_FLAG) + String(u"1.0") + String(u"N") + Int32(0);
-    EXPECT_EQ(ReadRawForm(area, raw), 0);
-    EXPECT_BYTES(Support::RawFormOf(area), raw);
-    EXPECT_BYTES(Support::RawFormOf(Area(area)), raw);
-    AreaState state;
-    state.name = QStringLiteral("N");
-    state.initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(area, state);
-}
-
 // A pipe hands its bytes over in pieces; an area that is longer than one of them is not at its end there.
 
 TEST(Area, LongListIsReadWholeFromAPipe)
@@ -1592,20 +1562,6 @@ TEST(Area, VersionThatEndsWithinACharacterIsNoneAndReadingGoesOnBehindItsSize)
         EXPECT_TEXT(area.GetName(), "New");
         EXPECT_TRUE(area.GetInitialVersionLoaded().isNull());
     }
-}
-
-TEST(Area, RawFormFollowsTheByteOrderOfTheStream)
-{
-    Area area;
-    area.SetName(QStringLiteral("N"));
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        stream.setByteOrder(QDataStream::LittleEndian);
-        area.GetVersionSpecificBinaryWithoutValidation(stream);
-    });
-    EXPECT_BYTES(bytes, QByteArray("\x01\x06\0\0\0"
-                                   "1\0.\0"
-                                   "0\0\x02\0\0\0N\0\0\0\0\0",
-                                   21));
 }
 
 // --- Settings of the coordinates --------------------------------------------------------------------------

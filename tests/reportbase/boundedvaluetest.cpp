@@ -790,17 +790,6 @@ TYPED_TEST(BoundedValue, RawFormHoldsFlagsTheValueAndTheBoundsThatAreSet)
     }
 }
 
-TYPED_TEST(BoundedValue, RawFormIsNeitherCheckedNorTraced)
-{
-    TypeParam object;
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    EXPECT_BYTES(Support::RawFormOf(object), Support::Byte(0) + Support::Double(0.0));
-    EXPECT_EQ(ReadRawForm(object, Support::Byte(MIN_FLAG) + Support::Double(1.0) + Support::Double(2.0)), 0);
-    EXPECT_EQ(SetFields(object), "min ");
-    EXPECT_LOG(logger, {});
-}
-
 TYPED_TEST(BoundedValue, RawReadingDoesNotResetWhatItDoesNotRead)
 {
     TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
@@ -818,48 +807,6 @@ TYPED_TEST(BoundedValue, RawReadingTakesTheValueEvenWhenItIsNotMarkedAsSet)
     EXPECT_FALSE(object.AnyData());
     EXPECT_EQ(object.GetValue(), 5.5);
     EXPECT_BYTES(Support::RawFormOf(object), Support::Byte(0) + Support::Double(5.5));
-}
-
-TYPED_TEST(BoundedValue, FlagsWithoutAFieldAreKeptAndWrittenBack)
-{
-    TypeParam object;
-    const Bytes raw = Support::Byte(0xf0 | VALUE_FLAG) + Support::Double(1.0);
-    EXPECT_EQ(ReadRawForm(object, raw), 0);
-    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
-    EXPECT_BYTES(Support::RawFormOf(object), raw);
-    EXPECT_BYTES(Support::RawFormOf(TypeParam(object)), raw);
-    EXPECT_XML(object, Named<TypeParam>("\n<@>1.00</@>"));
-
-    EXPECT_EQ(ReadRawForm(object, Support::Byte(0xf0) + Support::Double(1.0)), 0);
-    EXPECT_FALSE(object.AnyData());
-    EXPECT_FALSE(object.HasData());
-    EXPECT_TRUE(object == TypeParam());
-}
-
-TYPED_TEST(BoundedValue, RawFormFollowsByteOrderAndPrecisionOfTheStream)
-{
-    const TypeParam object = Complete<TypeParam>(1.0, 1.5, 2.0);
-    const QByteArray little = Written([&](QDataStream& stream) {
-        stream.setByteOrder(QDataStream::LittleEndian);
-        object.GetVersionSpecificBinaryWithoutValidation(stream);
-    });
-    EXPECT_BYTES(little, Support::Byte(7) + Support::Raw(std::string("\0\0\0\0\0\0\xf0\x3f", 8)) +
-                             Support::Raw(std::string("\0\0\0\0\0\0\xf8\x3f", 8)) +
-                             Support::Raw(std::string("\0\0\0\0\0\0\0\x40", 8)));
-
-    const QByteArray single = Written([&](QDataStream& stream) {
-        stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
-        object.GetVersionSpecificBinaryWithoutValidation(stream);
-    });
-    EXPECT_BYTES(single, Support::Byte(7) + Support::Raw(std::string("\x3f\x80\0\0", 4)) +
-                             Support::Raw(std::string("\x3f\xc0\0\0", 4)) +
-                             Support::Raw(std::string("\x40\0\0\0", 4)));
-
-    TypeParam read;
-    QDataStream stream(single);
-    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
-    read.SetVersionSpecificBinaryWithoutValidation(stream);
-    EXPECT_TRUE(read == object);
 }
 
 // --- Rounding ---------------------------------------------------------------------------------------------

@@ -689,16 +689,6 @@ TEST(Coordinate, RawFormHoldsTheFlagsAndAlwaysBothNumbers)
     }
 }
 
-TEST(Coordinate, RawReadingChecksAndTracesNothing)
-{
-    Coordinate coordinate;
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_EQ(ReadRawForm(coordinate, Support::Byte(3) + Support::Double(1000.0) + Support::Double(-INF)), 0);
-    EXPECT_STATE(coordinate, State(1000.0, -INF));
-    EXPECT_LOG(logger, {});
-}
-
 TEST(Coordinate, RawReadingTakesNumbersThatAreNotMarkedAsSet)
 {
     const Coordinate coordinate = WithLeftovers(0, 5.5, 6.5);
@@ -707,38 +697,6 @@ TEST(Coordinate, RawReadingTakesNumbersThatAreNotMarkedAsSet)
     EXPECT_EQ(coordinate.GetLatitude(), 6.5);
     EXPECT_BYTES(Support::RawFormOf(coordinate),
                  Support::Byte(0) + Support::Double(5.5) + Support::Double(6.5));
-}
-
-TEST(Coordinate, FlagsWithoutAFieldAreKeptAndWrittenBack)
-{
-    const Bytes raw = Support::Byte(0xfd) + Support::Double(1.0) + Support::Double(2.0);
-    const Coordinate coordinate = WithLeftovers(0xfd, 1.0, 2.0);
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-    EXPECT_BYTES(Support::RawFormOf(coordinate), raw);
-    EXPECT_BYTES(Support::RawFormOf(Coordinate(coordinate)), raw);
-    EXPECT_TRUE(coordinate == WithLeftovers(1, 1.0, 2.0));
-    EXPECT_FALSE(WithLeftovers(0xfc, 1.0, 2.0).AnyData());
-}
-
-TEST(Coordinate, RawFormFollowsByteOrderAndPrecisionOfTheStream)
-{
-    const QByteArray little = Written([](QDataStream& stream) {
-        stream.setByteOrder(QDataStream::LittleEndian);
-        At(1.0, 2.0).GetVersionSpecificBinaryWithoutValidation(stream);
-    });
-    EXPECT_BYTES(little, QByteArray("\x03\0\0\0\0\0\0\xf0\x3f\0\0\0\0\0\0\0\x40", 17));
-
-    const QByteArray single = Written([](QDataStream& stream) {
-        stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
-        At(1.0, 2.0).GetVersionSpecificBinaryWithoutValidation(stream);
-    });
-    EXPECT_BYTES(single, QByteArray("\x03\x3f\x80\0\0\x40\0\0\0", 9));
-
-    Coordinate read;
-    QDataStream stream(little);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    read.SetVersionSpecificBinaryWithoutValidation(stream);
-    EXPECT_STATE(read, State(1.0, 2.0));
 }
 
 // --- Rounding and merging ---------------------------------------------------------------------------------

@@ -775,20 +775,6 @@ TEST(ReportBase, RawReadingTakesTheFlagsAndResetsNoMember)
     EXPECT_FALSE(report.GetIFBandwidth().IsValueSet());
 }
 
-TEST(ReportBase, FlagsWithoutAMemberAreKeptAndWrittenBack)
-{
-    ReportBase report;
-    const Bytes raw = Support::Byte(0xf8 | FREQUENCY_FLAG) + Support::Byte(1) + Support::Double(5.0);
-    EXPECT_EQ(ReadRawForm(report, raw), 0);
-    EXPECT_EQ(Carried(report), "frequency ");
-    EXPECT_BYTES(Support::RawFormOf(report), raw);
-    EXPECT_BYTES(Support::RawFormOf(ReportBase(report)), raw);
-    EXPECT_XML(report, "\n<ReportBase>\n    <Frequency>5.00</Frequency>\n</ReportBase>");
-    ReportBase same;
-    same.SetFrequency(FrequencyOf(5.0));
-    EXPECT_TRUE(report == same);
-}
-
 TEST(ReportBase, AnOlderAreaInTheRawFormLeavesItsScriptIdentifierOnTheStream)
 {
     ReportBase report;
