@@ -83,17 +83,6 @@ Area Lake()
     return area;
 }
 
-/// Name "Lake" and one point without longitude.
-Area IncompleteLake()
-{
-    Coordinate point;
-    point.SetLatitude(2.0);
-    Area area;
-    area.SetName(QStringLiteral("Lake"));
-    area.SetCoordinate({point});
-    return area;
-}
-
 /// Frequency 5, IF bandwidth 6, the lake.
 ReportBase Complete()
 {
@@ -802,24 +791,6 @@ std::vector<const IRGObject*> MembersOf(const ReportBase& report)
 
 } // namespace
 
-TEST(ReportBase, SettingsReachTheMembersAtOnce)
-{
-    ReportBase report = Complete();
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.SetValidate(false);
-    for (const IRGObject* member : MembersOf(report)) {
-        EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
-        EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
-    }
-    report.SetLogger(nullptr);
-    report.SetValidate(true);
-    for (const IRGObject* member : MembersOf(report)) {
-        EXPECT_EQ(member->GetLogger(), nullptr) << member->GetObjectName().toStdString();
-        EXPECT_TRUE(member->GetValidate()) << member->GetObjectName().toStdString();
-    }
-}
-
 TEST(ReportBase, SettingsGivenBeforeTheRecordReachTheMembersWhenItIsMade)
 {
     ReportBase report;
@@ -830,109 +801,6 @@ TEST(ReportBase, SettingsGivenBeforeTheRecordReachTheMembersWhenItIsMade)
     for (const IRGObject* member : MembersOf(report)) {
         EXPECT_EQ(member->GetLogger(), logger);
         EXPECT_FALSE(member->GetValidate());
-    }
-}
-
-TEST(ReportBase, EveryOperationAppliesTheSettingsToMembersHoweverTheyCameIn)
-{
-    const Bytes incompleteArea =
-        Element(Tag::AREA_VERSION, String(u"1.0")) + Element(Tag::AREA_NAME, ByteArray("Lake")) +
-        Element(Tag::AREA_COORDINATES,
-                Int32(1) + Support::Body(Element(Tag::COORDINATE_LATITUDE, ByteArray("2"))));
-    const std::vector<std::pair<const char*, std::function<void(ReportBase&)>>> waysIn = {
-        {"setters",
-         [](ReportBase& r) {
-             r.SetFrequency(Frequency());
-             r.SetIFBandwidth(IFBandwidth());
-             r.SetArea(IncompleteLake());
-         }},
-        {"assignment to the members",
-         [](ReportBase& r) {
-             r.GetFrequency() = Frequency();
-             r.GetIFBandwidth() = IFBandwidth();
-             r.GetArea() = IncompleteLake();
-         }},
-        {"assignment",
-         [](ReportBase& r) {
-             ReportBase other;
-             other.SetLogger(Support::NewLogger());
-             other.SetFrequency(Frequency());
-             other.SetIFBandwidth(IFBandwidth());
-             other.SetArea(IncompleteLake());
-             r = other;
-         }},
-        {"XML",
-         [](ReportBase& r) {
-             ReadElement(r, ReportXml("<Frequency/><IFBandwidth/><Area Version=\"1.0\"><Name>Lake</Name>"
-                                      "<Coordinate><Latitude>2</Latitude></Coordinate></Area>"));
-             r.GetFrequency().ResetValue();
-             r.GetIFBandwidth().ResetValue();
-         }},
-        {"elements",
-         [&](ReportBase& r) {
-             ReadElements(r, Element(Tag::REPORT_FREQUENCY, Bytes()) +
-                                 Element(Tag::REPORT_IF_BANDWIDTH, Bytes()) +
-                                 Element(Tag::REPORT_AREA, incompleteArea));
-         }},
-        {"raw form",
-         [](ReportBase& r) {
-             ReadRawForm(r, Support::Byte(ALL_FLAGS) + Support::Byte(0) + Support::Double(0.0) +
-                                Support::Byte(0) + Support::Double(0.0) + Support::Byte(3) + String(u"1.0") +
-                                String(u"Lake") + Int32(1) + Support::Byte(2) + Support::Double(0.0) +
-                                Support::Double(2.0));
-         }},
-    };
-    for (const auto& [name, comeIn] : waysIn) {
-        SCOPED_TRACE(name);
-        const auto logger = Support::NewLogger(REPORTGENERATOR::ERROR);
-        ReportBase report = NotValidating();
-        report.SetLogger(logger);
-        comeIn(report);
-
-        // A validating member would refuse to be written, one without logger would throw from Check.
-        EXPECT_NO_RG_THROW(report.GetXmlString());
-        EXPECT_NO_RG_THROW(BodyOf(report));
-        EXPECT_LOG(logger, {});
-        EXPECT_NO_RG_THROW(report.Check(true));
-        EXPECT_LOG(logger, {"ERROR: OutOfRangeException: Frequency: Please set Value properly.",
-                            "ERROR: OutOfRangeException: IFBandwidth: Please set Value properly.",
-                            "ERROR: OutOfRangeException: Coordinate: Please set Longitude properly."});
-        for (const IRGObject* member : MembersOf(report)) {
-            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
-            EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
-        }
-    }
-}
-
-TEST(ReportBase, EveryOperationAppliesTheSettingsAgainToMembersThatWereGivenOthers)
-{
-    using Operation = std::function<void(const ReportBase&)>;
-    const std::vector<std::pair<const char*, Operation>> operations = {
-        {"GetXml", [](const ReportBase& r) { Support::UnindentedXmlOf(r); }},
-        {"GetBinary", [](const ReportBase& r) { BodyOf(r); }},
-        {"Check", [](const ReportBase& r) { r.Check(true); }},
-    };
-    for (const auto& operation : operations) {
-        SCOPED_TRACE(operation.first);
-        const Operation& run = operation.second;
-        const auto logger = Support::NewLogger();
-        const auto otherLogger = Support::NewLogger();
-        ReportBase report = NotValidating();
-        report.SetLogger(logger);
-        report.GetFrequency();
-        report.GetIFBandwidth();
-        report.GetArea() = IncompleteLake();
-        EXPECT_NO_RG_THROW(run(report));
-        for (const IRGObject* member : MembersOf(report)) {
-            member->SetValidate(true);
-            member->SetLogger(otherLogger);
-        }
-        EXPECT_NO_RG_THROW(run(report));
-        for (const IRGObject* member : MembersOf(report)) {
-            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
-            EXPECT_FALSE(member->GetValidate()) << member->GetObjectName().toStdString();
-        }
-        EXPECT_LOG(otherLogger, {});
     }
 }
 
@@ -965,40 +833,6 @@ TEST(ReportBase, ReadingAppliesTheSettingsToMembersThatWereGivenOthers)
         0);
     EXPECT_LOG(logger, QStringList({warning, warning}));
     EXPECT_LOG(otherLogger, {});
-}
-
-TEST(ReportBase, MembersOfACopyHaveItsValidateFlagAndNoLogger)
-{
-    for (const bool validate : {true, false}) {
-        const auto logger = Support::NewLogger();
-        ReportBase report = Complete();
-        report.GetArea() = IncompleteLake();
-        report.SetValidate(validate);
-        report.SetLogger(logger);
-        std::as_const(report).GetFrequency().SetValidate(!validate);
-        const ReportBase copy(report);
-        for (const IRGObject* member : MembersOf(copy))
-            EXPECT_EQ(member->GetValidate(), validate) << member->GetObjectName().toStdString();
-        EXPECT_EQ(std::as_const(report).GetFrequency().GetValidate(), !validate);
-        EXPECT_RG_THROW(copy.Check(true), "OutOfRangeException",
-                        "Coordinate: Please set Longitude properly.");
-        for (const IRGObject* member : MembersOf(copy))
-            EXPECT_EQ(member->GetLogger(), nullptr) << member->GetObjectName().toStdString();
-        for (const IRGObject* member : MembersOf(report))
-            EXPECT_EQ(member->GetLogger(), logger) << member->GetObjectName().toStdString();
-        EXPECT_LOG(logger, {});
-    }
-}
-
-TEST(ReportBase, ResetLoggerTakesEffectOnTheMembersWithTheNextOperation)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.GetFrequency();
-    report.ResetLogger();
-    EXPECT_RG_THROW(report.Check(true), "OutOfRangeException", "Frequency: Please set Value properly.");
-    EXPECT_LOG(logger, {});
 }
 
 // --- Merging ----------------------------------------------------------------------------------------------
