@@ -2,6 +2,9 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/numberfields.h"
+#include "support/recordclasses.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/frequency.h>
@@ -12,18 +15,16 @@
 #include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 #include <QtCore/QString>
 #include <QtCore/QVector>
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>
 
 #include <cmath>
-#include <functional>
+#include <cstddef>
 #include <limits>
-#include <memory>
 #include <string>
-#include <type_traits>
-#include <vector>
 
 namespace {
 
@@ -33,9 +34,15 @@ using Support::BodyOf;
 using Support::ByteArray;
 using Support::Bytes;
 using Support::Int32;
-using Support::ReadElement;
+using Support::Max;
+using Support::Min;
+using Support::Named;
+using Support::NamedLines;
+using Support::NameOf;
 using Support::ReadElements;
 using Support::ReadRawForm;
+using Support::Value;
+using Support::WithLeftovers;
 using Support::Written;
 namespace Tag = Support::Tag;
 
@@ -47,60 +54,9 @@ constexpr int MIN_FLAG = 2;
 constexpr int MAX_FLAG = 4;
 
 template <class T>
-QString Name()
-{
-    return std::is_same_v<T, Frequency> ? QStringLiteral("Frequency") : QStringLiteral("IFBandwidth");
-}
-
-struct ClassNames
-{
-    template <class T>
-    static std::string GetName(int)
-    {
-        return Name<T>().toStdString();
-    }
-};
-
-/// The text with the class's name in place of each "@".
-template <class T>
-QString Named(const char* pattern)
-{
-    return Support::Text(pattern).replace(QLatin1Char('@'), Name<T>());
-}
-
-template <class T>
-QStringList NamedLines(std::initializer_list<const char*> patterns)
-{
-    QStringList lines;
-    for (const char* pattern : patterns)
-        lines << Named<T>(pattern);
-    return lines;
-}
-
-template <class T>
 Bytes Representation(const Bytes& elements)
 {
-    return Support::Representation(Name<T>().toStdU16String(), elements);
-}
-
-Bytes Number(long long tag, const char* text)
-{
-    return Element(tag, ByteArray(text));
-}
-
-Bytes Value(const char* text)
-{
-    return Number(Tag::FREQUENCY_VALUE, text);
-}
-
-Bytes Min(const char* text)
-{
-    return Number(Tag::FREQUENCY_MIN, text);
-}
-
-Bytes Max(const char* text)
-{
-    return Number(Tag::FREQUENCY_MAX, text);
+    return Support::Representation(NameOf<T>().toStdU16String(), elements);
 }
 
 template <class T>
@@ -121,24 +77,6 @@ T Complete(double value, double min, double max)
     return object;
 }
 
-/// An object that doesn't validate, with the flags as given and these numbers behind them.
-template <class T>
-T WithLeftovers(int flags, double value, double min, double max)
-{
-    T object;
-    object.SetValidate(false);
-    EXPECT_EQ(ReadRawForm(object, Support::Byte(VALUE_FLAG | MIN_FLAG | MAX_FLAG) + Support::Double(value) +
-                                      Support::Double(min) + Support::Double(max)),
-              0);
-    Bytes raw = Support::Byte(flags) + Support::Double(value);
-    if (flags & MIN_FLAG)
-        raw += Support::Double(min);
-    if (flags & MAX_FLAG)
-        raw += Support::Double(max);
-    EXPECT_EQ(ReadRawForm(object, raw), 0);
-    return object;
-}
-
 template <class T>
 std::string SetFields(const T& object)
 {
@@ -152,102 +90,21 @@ std::string SetFields(const T& object)
     return fields;
 }
 
-/// Finds nothing wrong and nothing there.
-template <class T>
-class Lenient : public T
-{
-public:
-    void Check(bool) const override {}
-    void Check() const override {}
-};
-
-template <class T>
-class Renamed : public T
-{
-public:
-    Renamed() { this->SetObjectName(QStringLiteral("Renamed")); }
-};
-
-template <class T>
-struct Field
-{
-    const char* name;
-    double (T::*get)() const;
-    void (T::*set)(double);
-    bool (T::*isSet)() const;
-    void (T::*reset)();
-    bool (T::*isValid)(const double&) const;
-    double (T::*getDefault)() const;
-};
-
-template <class T>
-std::vector<Field<T>> Fields()
-{
-    return {
-        {"value", &T::GetValue, &T::SetValue, &T::IsValueSet, &T::ResetValue, &T::IsValidValue,
-         &T::GetDefaultValue},
-        {"min", &T::GetMin, &T::SetMin, &T::IsMinSet, &T::ResetMin, &T::IsValidMin, &T::GetDefaultMin},
-        {"max", &T::GetMax, &T::SetMax, &T::IsMaxSet, &T::ResetMax, &T::IsValidMax, &T::GetDefaultMax},
-    };
-}
-
 template <class T>
 class BoundedValue : public ::testing::Test
 {
 };
 
-using Classes = ::testing::Types<Frequency, IFBandwidth>;
-TYPED_TEST_SUITE(BoundedValue, Classes, ClassNames);
+TYPED_TEST_SUITE(BoundedValue, Support::BoundedClasses, Support::RecordClassNames);
 
 } // namespace
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TYPED_TEST(BoundedValue, GettersOfANewObjectGiveZeroAndMakeTheRecordButSetNothing)
-{
-    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
-        SCOPED_TRACE(field.name);
-        const TypeParam object;
-        EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(0.0));
-        EXPECT_TRUE(object.IsInitialized());
-        EXPECT_EQ(SetFields(object), "");
-        EXPECT_FALSE(object.AnyData());
-    }
-}
-
-TYPED_TEST(BoundedValue, DefaultsAreZeroAndDoNotMakeTheRecord)
-{
-    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
-        SCOPED_TRACE(field.name);
-        const TypeParam object;
-        EXPECT_EQ(Support::BitsOf((object.*field.getDefault)()), Support::BitsOf(0.0));
-        EXPECT_FALSE(object.IsInitialized());
-    }
-}
-
-TYPED_TEST(BoundedValue, SettersTakeEveryNumberAsItIsWithoutAMessage)
-{
-    for (const bool validate : {true, false}) {
-        for (const Field<TypeParam>& field : Fields<TypeParam>()) {
-            for (const Support::NamedNumber& row : Support::OddNumbers()) {
-                SCOPED_TRACE(field.name + (" " + row.name) + (validate ? ", validating" : ""));
-                TypeParam object;
-                object.SetValidate(validate);
-                const auto logger = Support::NewLogger();
-                object.SetLogger(logger);
-                EXPECT_NO_RG_THROW((object.*field.set)(row.value));
-                EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(row.value));
-                EXPECT_EQ(SetFields(object), std::string(field.name) + " ");
-                EXPECT_LOG(logger, {});
-            }
-        }
-    }
-}
-
 TYPED_TEST(BoundedValue, EveryNumberIsValid)
 {
     const TypeParam object;
-    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
+    for (const Support::NumberField<TypeParam>& field : Support::NumberFieldsOf<TypeParam>()) {
         for (const Support::NamedNumber& row : Support::OddNumbers())
             EXPECT_TRUE((object.*field.isValid)(row.value)) << field.name << " " << row.name;
     }
@@ -272,27 +129,6 @@ TYPED_TEST(BoundedValue, BoundsAreNotComparedWithTheValue)
     EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"3.00\" Max=\"2.00\">1.00</@>"));
 }
 
-TYPED_TEST(BoundedValue, ResettingAFieldUnsetsItAloneAndStoresZero)
-{
-    for (const Field<TypeParam>& field : Fields<TypeParam>()) {
-        SCOPED_TRACE(field.name);
-        TypeParam object = Complete<TypeParam>(1.5, 2.5, 3.5);
-        (object.*field.reset)();
-        for (const Field<TypeParam>& other : Fields<TypeParam>())
-            EXPECT_EQ((object.*other.isSet)(), field.get != other.get) << other.name;
-        EXPECT_EQ(Support::BitsOf((object.*field.get)()), Support::BitsOf(0.0));
-    }
-}
-
-TYPED_TEST(BoundedValue, ResettingAnUnsetFieldClearsItsLeftover)
-{
-    TypeParam object = WithLeftovers<TypeParam>(NO_FLAG, 1.5, 2.5, 3.5);
-    EXPECT_EQ(object.GetMin(), 2.5);
-    object.ResetMin();
-    EXPECT_EQ(object.GetMin(), 0.0);
-    EXPECT_EQ(object.GetMax(), 3.5);
-}
-
 TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
 {
     struct Row
@@ -307,7 +143,7 @@ TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.flags);
-        const TypeParam object = WithLeftovers<TypeParam>(row.flags, 1.0, 2.0, 3.0);
+        const TypeParam object = WithLeftovers<TypeParam>(row.flags, {1.0, 2.0, 3.0});
         EXPECT_EQ(object.AnyData(), row.anyData);
         EXPECT_EQ(object.HasData(), row.hasData);
     }
@@ -323,58 +159,6 @@ TYPED_TEST(BoundedValue, TheValueIsSetTheWayItStandsAfterEachCall)
     EXPECT_FALSE(object.IsValueSet());
     object.SetValue(0.0);
     EXPECT_TRUE(object.IsValueSet());
-}
-
-// --- When the record is made ------------------------------------------------------------------------------
-
-// --- Comparison -------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, FieldsMatchWhenUnsetInBothOrSetInBothWithEqualNumbers)
-{
-    const int allFlags = VALUE_FLAG | MIN_FLAG | MAX_FLAG;
-    for (int left = 0; left <= allFlags; ++left) {
-        for (int right = 0; right <= allFlags; ++right) {
-            SCOPED_TRACE(std::to_string(left) + " and " + std::to_string(right));
-            const TypeParam one = WithLeftovers<TypeParam>(left, 1.0, 2.0, 3.0);
-            const TypeParam other = WithLeftovers<TypeParam>(right, 1.0, 2.0, 3.0);
-            EXPECT_EQ(one == other, left == right);
-            EXPECT_EQ(one != other, left != right);
-        }
-    }
-}
-
-TYPED_TEST(BoundedValue, EachNumberTakesPartInTheComparison)
-{
-    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    EXPECT_TRUE(object == Complete<TypeParam>(1.0, 2.0, 3.0));
-    EXPECT_TRUE(object != Complete<TypeParam>(1.5, 2.0, 3.0));
-    EXPECT_TRUE(object != Complete<TypeParam>(1.0, 2.5, 3.0));
-    EXPECT_TRUE(object != Complete<TypeParam>(1.0, 2.0, 3.5));
-    EXPECT_TRUE(object != Complete<TypeParam>(std::nextafter(1.0, 2.0), 2.0, 3.0));
-}
-
-TYPED_TEST(BoundedValue, ObjectsThatDifferInTheLeftoverOfAnUnsetFieldAreEqual)
-{
-    EXPECT_TRUE(WithLeftovers<TypeParam>(VALUE_FLAG, 1.0, 2.0, 3.0) ==
-                WithLeftovers<TypeParam>(VALUE_FLAG, 1.0, 20.0, 30.0));
-    EXPECT_TRUE(WithLeftovers<TypeParam>(MIN_FLAG, 1.0, 2.0, 3.0) ==
-                WithLeftovers<TypeParam>(MIN_FLAG, 10.0, 2.0, 30.0));
-    EXPECT_TRUE(WithLeftovers<TypeParam>(NO_FLAG, 1.0, 2.0, 3.0) == TypeParam());
-}
-
-TYPED_TEST(BoundedValue, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsNothing)
-{
-    EXPECT_TRUE(WithValue<TypeParam>(0.0) == WithValue<TypeParam>(-0.0));
-    EXPECT_TRUE(WithValue<TypeParam>(INF) == WithValue<TypeParam>(INF));
-    EXPECT_TRUE(WithValue<TypeParam>(INF) != WithValue<TypeParam>(-INF));
-
-    const TypeParam notANumber = WithValue<TypeParam>(NOT_A_NUMBER);
-    EXPECT_FALSE(notANumber == WithValue<TypeParam>(NOT_A_NUMBER));
-    EXPECT_FALSE(notANumber == notANumber);
-
-    TypeParam sharing;
-    sharing = notANumber;
-    EXPECT_FALSE(sharing == notANumber);
 }
 
 // --- Check ------------------------------------------------------------------------------------------------
@@ -461,19 +245,19 @@ TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueHoldsWhatStandsThereWhenNotVal
     EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
     EXPECT_FALSE(fresh.IsValueSet());
 
-    EXPECT_XML(WithLeftovers<TypeParam>(MAX_FLAG, 5.5, 6.5, 7.5),
+    EXPECT_XML(WithLeftovers<TypeParam>(MAX_FLAG, {5.5, 6.5, 7.5}),
                Named<TypeParam>("\n<@ Max=\"7.50\">5.50</@>"));
 }
 
 TYPED_TEST(BoundedValue, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
 {
-    Lenient<TypeParam> object;
+    Support::Lenient<TypeParam> object;
     object.SetMin(1.0);
     EXPECT_XML(object, "");
     EXPECT_EQ(Written([&](QDataStream& stream) { EXPECT_FALSE(object.GetBinary(stream, 1, true)); }).size(),
               0);
     EXPECT_BYTES(object.GetBinaryRepresentationAsQByteArray(),
-                 Support::String(u"IRGObject") + Support::String(Name<TypeParam>().toStdU16String()));
+                 Support::String(u"IRGObject") + Support::String(NameOf<TypeParam>().toStdU16String()));
 }
 
 // --- XML reading ------------------------------------------------------------------------------------------
@@ -486,23 +270,6 @@ TYPED_TEST(BoundedValue, XmlReadingTakesBoundsAndValue)
     EXPECT_EQ(object.GetMin(), 2.5);
     EXPECT_EQ(object.GetMax(), 3.25);
     EXPECT_EQ(SetFields(object), "value min max ");
-}
-
-TYPED_TEST(BoundedValue, XmlNumbersThatAreNoneReadAsZeroAndCountAsSet)
-{
-    for (const Support::NumberText& row : Support::NumberTexts()) {
-        SCOPED_TRACE(::testing::PrintToString(row.text));
-        TypeParam object;
-        const auto logger = Support::NewLogger();
-        object.SetLogger(logger);
-        EXPECT_TRUE(object.SetXmlString(
-            Named<TypeParam>("<@ Min=\"#\" Max=\"#\">#</@>").replace(QLatin1Char('#'), row.text), true));
-        EXPECT_EQ(SetFields(object), "value min max ");
-        EXPECT_EQ(object.GetValue(), row.number);
-        EXPECT_EQ(object.GetMin(), row.number);
-        EXPECT_EQ(object.GetMax(), row.number);
-        EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
-    }
 }
 
 TYPED_TEST(BoundedValue, XmlNumbersMayBeNoNumbersAndInfinite)
@@ -564,7 +331,7 @@ TYPED_TEST(BoundedValue, TheReaderStaysOnTheEndTagSoThatAHolderCanGoOn)
         reader.readNext();
         if (!reader.isStartElement())
             continue;
-        if (reader.name() == Name<TypeParam>()) {
+        if (reader.name() == NameOf<TypeParam>()) {
             TypeParam object;
             object.ReadValuesFromXml(reader);
             EXPECT_TRUE(reader.isEndElement());
@@ -657,7 +424,7 @@ TYPED_TEST(BoundedValue, BodyWithoutValueHoldsWhatStandsThereWhenNotValidating)
     TypeParam fresh;
     fresh.SetValidate(false);
     EXPECT_BYTES(BodyOf(fresh), Element(1, Value("0.00")));
-    EXPECT_BYTES(BodyOf(WithLeftovers<TypeParam>(MIN_FLAG, 5.5, 6.5, 7.5)),
+    EXPECT_BYTES(BodyOf(WithLeftovers<TypeParam>(MIN_FLAG, {5.5, 6.5, 7.5})),
                  Element(1, Min("6.50") + Value("5.50")));
 }
 
@@ -679,20 +446,6 @@ TYPED_TEST(BoundedValue, ElementsMayComeInAnyOrderAndTheLastOfATagCounts)
     EXPECT_EQ(object.GetValue(), 4.0);
     EXPECT_EQ(object.GetMin(), 6.0);
     EXPECT_EQ(SetFields(object), "value min ");
-}
-
-TYPED_TEST(BoundedValue, TextsInElementsReadAsThoseInXml)
-{
-    for (const Support::NumberText& row : Support::NumberTexts()) {
-        SCOPED_TRACE(::testing::PrintToString(row.text));
-        TypeParam object;
-        const std::string text = row.text.toStdString();
-        EXPECT_EQ(ReadElements(object, Value(text.c_str()) + Min(text.c_str()) + Max(text.c_str())), 0);
-        EXPECT_EQ(SetFields(object), "value min max ");
-        EXPECT_EQ(object.GetValue(), row.number);
-        EXPECT_EQ(object.GetMin(), row.number);
-        EXPECT_EQ(object.GetMax(), row.number);
-    }
 }
 
 TYPED_TEST(BoundedValue, NullTextReadsAsZeroAndATextEndsAtItsFirstNul)

@@ -254,17 +254,6 @@ TEST(ChannelSpacing, LoadingReplacesEarlierValues)
     EXPECT_TEXT(spacing.GetVisual(), "");
 }
 
-TEST(ChannelSpacing, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const Support::NumberText& number : Support::NumberTexts()) {
-        ChannelSpacing spacing;
-        spacing.SetValidate(false);
-        EXPECT_NO_RG_THROW(spacing.SetXmlString(
-            Text("<ChannelSpacing><Value>") + number.text + Text("</Value></ChannelSpacing>"), true));
-        EXPECT_EQ(spacing.GetValues(), QVector<double>{number.number}) << number.text.toStdString();
-    }
-}
-
 TEST(ChannelSpacing, IncompleteLoadedObjectIsRefusedOnlyWhenValidating)
 {
     ChannelSpacing spacing;

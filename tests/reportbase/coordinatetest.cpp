@@ -170,26 +170,6 @@ public:
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TEST(Coordinate, GettersOfANewCoordinateGiveZeroAndMakeTheRecordButSetNothing)
-{
-    for (const Field& field : FIELDS) {
-        SCOPED_TRACE(field.name);
-        const Coordinate coordinate;
-        EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(0.0));
-        EXPECT_TRUE(coordinate.IsInitialized());
-        EXPECT_FALSE(coordinate.AnyData());
-    }
-}
-
-TEST(Coordinate, DefaultsAreZeroAndDoNotMakeTheRecord)
-{
-    for (const Field& field : FIELDS) {
-        const Coordinate coordinate;
-        EXPECT_EQ(Support::BitsOf((coordinate.*field.getDefault)()), Support::BitsOf(0.0)) << field.name;
-        EXPECT_FALSE(coordinate.IsInitialized()) << field.name;
-    }
-}
-
 TEST(Coordinate, RangesIncludeTheirEndsAndExcludeNaN)
 {
     const Coordinate coordinate;
@@ -294,71 +274,7 @@ TEST(Coordinate, AnyDataAsksForOneValueAndHasDataForBoth)
     EXPECT_TRUE(WithLeftovers(3, 1000.0, NOT_A_NUMBER).HasData());
 }
 
-TEST(Coordinate, ResettingAValueUnsetsItAloneAndStoresZero)
-{
-    for (const Field& field : FIELDS) {
-        SCOPED_TRACE(field.name);
-        Coordinate coordinate = At(1.5, 2.5);
-        (coordinate.*field.reset)();
-        EXPECT_FALSE((coordinate.*field.isSet)());
-        EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(0.0));
-        EXPECT_TRUE(coordinate.AnyData());
-        EXPECT_TRUE(coordinate.IsInitialized());
-    }
-}
-
-TEST(Coordinate, ResettingAnUnsetValueClearsItsLeftover)
-{
-    Coordinate coordinate = WithLeftovers(0, 1.5, 2.5);
-    coordinate.ResetLongitude();
-    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-    EXPECT_EQ(coordinate.GetLatitude(), 2.5);
-}
-
 // --- Comparison -------------------------------------------------------------------------------------------
-
-TEST(Coordinate, ValuesMatchWhenUnsetInBothOrSetInBothWithEqualNumbers)
-{
-    for (int left = 0; left <= 3; ++left) {
-        for (int right = 0; right <= 3; ++right) {
-            const Coordinate one = WithLeftovers(left, 1.0, 2.0);
-            const Coordinate other = WithLeftovers(right, 1.0, 2.0);
-            EXPECT_EQ(one == other, left == right) << left << " and " << right;
-            EXPECT_EQ(one != other, left != right) << left << " and " << right;
-        }
-    }
-    EXPECT_FALSE(At(1.0, 2.0) == At(1.5, 2.0));
-    EXPECT_FALSE(At(1.0, 2.0) == At(1.0, 2.5));
-    EXPECT_FALSE(At(1.0, 2.0) == At(2.0, 1.0));
-    EXPECT_TRUE(At(1.0, 2.0) == At(1.0, 2.0));
-}
-
-TEST(Coordinate, LeftoversOfUnsetValuesDoNotCount)
-{
-    EXPECT_TRUE(WithLeftovers(1, 1.0, 2.0) == WithLeftovers(1, 1.0, 20.0));
-    EXPECT_TRUE(WithLeftovers(2, 1.0, 2.0) == WithLeftovers(2, 10.0, 2.0));
-    EXPECT_TRUE(WithLeftovers(0, 1.0, 2.0) == WithLeftovers(0, 10.0, 20.0));
-    EXPECT_TRUE(WithLeftovers(0, 1.0, 2.0) == Coordinate());
-    EXPECT_TRUE(Coordinate() == WithLeftovers(0, 1.0, 2.0));
-}
-
-TEST(Coordinate, ACoordinateWithoutRecordDiffersFromOneWithAValue)
-{
-    EXPECT_FALSE(Coordinate() == WithLeftovers(1, 0.0, 0.0));
-    EXPECT_FALSE(WithLeftovers(2, 0.0, 0.0) == Coordinate());
-}
-
-TEST(Coordinate, NumbersCompareAsNumbersSoThatZerosAreEqualAndNaNEqualsNothing)
-{
-    EXPECT_TRUE(At(0.0, -0.0) == At(-0.0, 0.0));
-    const Coordinate notANumber = WithLeftovers(3, NOT_A_NUMBER, 1.0);
-    EXPECT_FALSE(notANumber == notANumber);
-    Coordinate sharing;
-    sharing = notANumber;
-    EXPECT_FALSE(sharing == notANumber);
-    EXPECT_FALSE(WithLeftovers(3, 1.0, NOT_A_NUMBER) == WithLeftovers(3, 1.0, NOT_A_NUMBER));
-    EXPECT_TRUE(WithLeftovers(1, 1.0, NOT_A_NUMBER) == WithLeftovers(1, 1.0, NOT_A_NUMBER));
-}
 
 // --- Check ------------------------------------------------------------------------------------------------
 
@@ -526,21 +442,6 @@ TEST(Coordinate, AnIncompleteElementFailsTheCheckWhenValidating)
     }
 }
 
-TEST(Coordinate, XmlTextsThatAreNoNumbersReadAsZeroAndCountAsSet)
-{
-    for (const Support::NumberText& row : Support::NumberTexts()) {
-        if (std::abs(row.number) > 90.0)
-            continue;
-        SCOPED_TRACE(::testing::PrintToString(row.text));
-        Coordinate coordinate;
-        EXPECT_TRUE(coordinate.SetXmlString(
-            QStringLiteral("<Coordinate><Longitude>%1</Longitude><Latitude>%1</Latitude></Coordinate>")
-                .arg(row.text),
-            true));
-        EXPECT_STATE(coordinate, State(row.number, row.number));
-    }
-}
-
 TEST(Coordinate, OutOfRangeXmlThrowsWhenValidatingAndWhatWasReadBeforeStays)
 {
     Coordinate coordinate = At(7.0, 8.0);
@@ -627,19 +528,6 @@ TEST(Coordinate, ElementsMayComeInAnyOrderAndARepeatedOneIsAppliedAgain)
     EXPECT_EQ(ReadElements(coordinate, Latitude("3") + Latitude("4")), 0);
     EXPECT_STATE(coordinate, State(std::nullopt, 4.0));
     EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-}
-
-TEST(Coordinate, ElementTextsReadAsThoseInXml)
-{
-    for (const Support::NumberText& row : Support::NumberTexts()) {
-        if (std::abs(row.number) > 90.0)
-            continue;
-        SCOPED_TRACE(::testing::PrintToString(row.text));
-        const std::string text = row.text.toStdString();
-        Coordinate coordinate;
-        EXPECT_EQ(ReadElements(coordinate, Longitude(text.c_str()) + Latitude(text.c_str())), 0);
-        EXPECT_STATE(coordinate, State(row.number, row.number));
-    }
 }
 
 TEST(Coordinate, OutOfRangeElementsThrowWhenValidatingAndWhatWasReadBeforeStays)

@@ -41,20 +41,6 @@ TEST(Ellipse, StartsWithNothingSetAndPasses)
     EXPECT_XML(ellipse, "");
 }
 
-TEST(Ellipse, SettersStoreAnyNumberInTheirOwnField)
-{
-    for (const Support::NamedNumber& number : Support::OddNumbers()) {
-        const Ellipse minRadius = Of(number.value, 2.0, 3.0);
-        EXPECT_EQ(Support::BitsOf(minRadius.GetMinRadius()), Support::BitsOf(number.value)) << number.name;
-        EXPECT_EQ(minRadius.GetMaxRadius(), 2.0) << number.name;
-        EXPECT_EQ(minRadius.GetRotation(), 3.0) << number.name;
-        const Ellipse maxRadius = Of(1.0, number.value, 3.0);
-        EXPECT_EQ(Support::BitsOf(maxRadius.GetMaxRadius()), Support::BitsOf(number.value)) << number.name;
-        const Ellipse rotation = Of(1.0, 2.0, number.value);
-        EXPECT_EQ(Support::BitsOf(rotation.GetRotation()), Support::BitsOf(number.value)) << number.name;
-    }
-}
-
 TEST(Ellipse, CheckNamesTheFirstMissingValue)
 {
     const struct
@@ -140,20 +126,6 @@ TEST(Ellipse, ReadsItsChildrenInAnyOrder)
                                   "<MinRadius>9</MinRadius><MinRadius>1</MinRadius></Ellipse>"),
                              true));
     EXPECT_TRUE(ellipse == Of(1.0, 2.0, 3.0));
-}
-
-TEST(Ellipse, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const Support::NumberText& number : Support::NumberTexts()) {
-        Ellipse ellipse;
-        ellipse.SetValidate(false);
-        const QString text = number.text;
-        EXPECT_NO_RG_THROW(ellipse.SetXmlString(
-            Text("<Ellipse><MinRadius>") + text + Text("</MinRadius><MaxRadius>") + text +
-                Text("</MaxRadius><Rotation>") + text + Text("</Rotation></Ellipse>"),
-            true));
-        EXPECT_TRUE(ellipse == Of(number.number, number.number, number.number)) << text.toStdString();
-    }
 }
 
 TEST(Ellipse, MissingRotationStaysUnsetAndIsReportedWhenValidating)

@@ -39,18 +39,6 @@ TEST(FrequencyRangeOld, StartsWithNeitherEndSet)
     EXPECT_RG_THROW(range.GetXmlString(), "RGException", "FrequencyRange: Please set StartFrequency");
 }
 
-TEST(FrequencyRangeOld, SettersStoreAnyNumberInTheirOwnField)
-{
-    for (const Support::NamedNumber& number : Support::OddNumbers()) {
-        const FrequencyRangeOld start = Range(number.value, 1.0);
-        EXPECT_EQ(Support::BitsOf(start.GetStartFrequency()), Support::BitsOf(number.value)) << number.name;
-        EXPECT_EQ(start.GetStopFrequency(), 1.0) << number.name;
-        const FrequencyRangeOld stop = Range(1.0, number.value);
-        EXPECT_EQ(Support::BitsOf(stop.GetStopFrequency()), Support::BitsOf(number.value)) << number.name;
-        EXPECT_EQ(stop.GetStartFrequency(), 1.0) << number.name;
-    }
-}
-
 TEST(FrequencyRangeOld, StartAloneIsAnyDataAndIsNotWritten)
 {
     FrequencyRangeOld range;
@@ -143,19 +131,6 @@ TEST(FrequencyRangeOld, ReadsItsChildrenInAnyOrderAndTheLastOfEach)
                                         "<StopFrequency>3.5</StopFrequency></FrequencyRange>"),
                                    true));
     EXPECT_TRUE(range == Range(2.0, 3.5));
-}
-
-TEST(FrequencyRangeOld, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const Support::NumberText& number : Support::NumberTexts()) {
-        FrequencyRangeOld range = Range(7.0, 7.0);
-        range.SetValidate(false);
-        EXPECT_NO_RG_THROW(range.SetXmlString(Text("<FrequencyRange><StartFrequency>") + number.text +
-                                                  Text("</StartFrequency><StopFrequency>") + number.text +
-                                                  Text("</StopFrequency></FrequencyRange>"),
-                                              true));
-        EXPECT_TRUE(range == Range(number.number, number.number)) << number.text.toStdString();
-    }
 }
 
 TEST(FrequencyRangeOld, ChildOfAnotherSpellingIsUnknown)

@@ -6,6 +6,7 @@
 #include "support/recordclasses.h"
 #include "support/recordelements.h"
 #include "support/records.h"
+#include "support/states.h"
 
 #include <gtest/gtest.h>
 

@@ -6,6 +6,7 @@
 #include "support/points.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
+#include "support/states.h"
 
 #include <gtest/gtest.h>
 
@@ -13,9 +14,12 @@
 #include <QtCore/QDataStream>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtCore/QVector>
 #include <QtCore/QXmlStreamWriter>
 
+#include <cstddef>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace {
@@ -30,7 +34,6 @@ using Support::NOT_SET;
 using Support::OnlyLatitude;
 using Support::OnlyLongitude;
 using Support::OutOfRange;
-using Support::ReadElements;
 using Support::RecordClass;
 using Support::WithUnflaggedPoint;
 

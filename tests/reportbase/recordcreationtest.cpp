@@ -4,6 +4,7 @@
 #include "support/expect.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
+#include "support/states.h"
 
 #include <gtest/gtest.h>
 

@@ -15,6 +15,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>

@@ -7,6 +7,7 @@
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/double.h>
+#include <reportgenerator/reportbase/irgobject.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
 #include <gtest/gtest.h>
@@ -14,7 +15,9 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
 #include <QtCore/QFile>
+#include <QtCore/QIODevice>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
 #include <memory>

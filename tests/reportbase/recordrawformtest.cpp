@@ -6,11 +6,13 @@
 #include "support/recordclasses.h"
 #include "support/recordelements.h"
 #include "support/records.h"
+#include "support/states.h"
 
 #include <gtest/gtest.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
+#include <QtCore/QString>
 
 #include <limits>
 #include <vector>

@@ -5,6 +5,7 @@
 #include "support/points.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
+#include "support/states.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +13,6 @@
 #include <QtCore/QStringList>
 #include <QtCore/QXmlStreamWriter>
 
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace {
@@ -23,7 +22,6 @@ using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::ReportBase;
 using Support::AreaState;
 using Support::BandwidthState;
-using Support::CoordinateState;
 using Support::Filled;
 using Support::FrequencyState;
 using Support::LakeState;

@@ -76,22 +76,6 @@ TEST(ScanParameter, StartsWithNothingSetAndPasses)
     EXPECT_XML(scan, "");
 }
 
-TEST(ScanParameter, SettersStoreAnyNumberInTheirOwnField)
-{
-    for (const Support::NamedNumber& number : Support::OddNumbers()) {
-        ScanParameter scan = Scan(1.0, 2.0, number.value);
-        EXPECT_EQ(Support::BitsOf(scan.GetStepFrequency()), Support::BitsOf(number.value)) << number.name;
-        scan.SetStepFrequency(3.0);
-        scan.SetDwellTime(number.value);
-        EXPECT_EQ(Support::BitsOf(scan.GetDwellTime()), Support::BitsOf(number.value)) << number.name;
-        scan.SetDwellTime(4.0);
-        scan.SetHoldTime(number.value);
-        EXPECT_EQ(Support::BitsOf(scan.GetHoldTime()), Support::BitsOf(number.value)) << number.name;
-        scan.SetHoldTime(5.0);
-        ExpectFields(scan, 1.0, 2.0, 3.0, 4.0, 5.0);
-    }
-}
-
 TEST(ScanParameter, HoldTimeAloneDoesNotCount)
 {
     ScanParameter scan;
@@ -262,20 +246,6 @@ TEST(ScanParameter, VersionIsNotReadBack)
     ScanParameter scan;
     EXPECT_NO_RG_THROW(scan.SetXmlString(Text("<ScanParameter Version=\"9.9\"/>"), true));
     EXPECT_TEXT(scan.GetVersion(), "1.0");
-}
-
-TEST(ScanParameter, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const Support::NumberText& number : Support::NumberTexts()) {
-        ScanParameter scan;
-        scan.SetValidate(false);
-        const QString text = number.text;
-        EXPECT_NO_RG_THROW(scan.SetXmlString(
-            Text("<ScanParameter><HoldTime>") + text + Text("</HoldTime><DwellTime>") + text +
-                Text("</DwellTime><FrequencyStep>") + text + Text("</FrequencyStep></ScanParameter>"),
-            true));
-        ExpectFields(scan, NOT_SET, NOT_SET, number.number, number.number, number.number);
-    }
 }
 
 TEST(ScanParameter, IncompleteLoadedObjectIsRefusedOnlyWhenValidating)

@@ -321,20 +321,6 @@ TEST(ValueMinMax, ElementWithoutTextSetsTheValueToZero)
     }
 }
 
-TEST(ValueMinMax, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const Support::NumberText& number : Support::NumberTexts()) {
-        ValueMinMax object(77.0);
-        object.SetMin(77.0);
-        object.SetMax(77.0);
-        ReadValues(object, Text("<N Min=\"") + number.text + Text("\" Max=\"") + number.text + Text("\">") +
-                               number.text + Text("</N>"));
-        EXPECT_EQ(object.GetValue(), number.number) << number.text.toStdString();
-        EXPECT_EQ(object.GetMin(), number.number) << number.text.toStdString();
-        EXPECT_EQ(object.GetMax(), number.number) << number.text.toStdString();
-    }
-}
-
 TEST(ValueMinMax, EmptyAttributeIsZeroAndNotUnset)
 {
     ValueMinMax object;
