@@ -7,9 +7,6 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
-#include <reportgenerator/reportbase/frequency.h>
-#include <reportgenerator/reportbase/ifbandwidth.h>
-
 #include <gtest/gtest.h>
 
 #include <QtCore/QBuffer>
@@ -28,8 +25,6 @@
 
 namespace {
 
-using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::IFBandwidth;
 using Support::BodyOf;
 using Support::ByteArray;
 using Support::Bytes;

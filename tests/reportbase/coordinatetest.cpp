@@ -1,5 +1,9 @@
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/numberfields.h"
+#include "support/points.h"
+#include "support/recordclasses.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 #include "support/states.h"
 
@@ -7,30 +11,31 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
 #include <QtCore/QString>
-#include <QtCore/QXmlStreamWriter>
+#include <QtCore/QStringList>
 
 #include <cmath>
-#include <functional>
 #include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace {
 
 using REPORTGENERATOR::Coordinate;
+using Support::At;
 using Support::BodyOf;
-using Support::ByteArray;
 using Support::Bytes;
 using Support::CoordinateState;
-using Support::ReadElement;
+using Support::Latitude;
+using Support::Longitude;
+using Support::NumberField;
 using Support::ReadElements;
 using Support::ReadRawForm;
+using Support::WithLeftovers;
 using Support::Written;
-namespace Tag = Support::Tag;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
@@ -42,32 +47,22 @@ const char* const LATITUDE_OUT_OF_RANGE =
     "Parameters for m_latitude are not set within range (-90, 90) in 'Coordinate'.";
 const char* const SET_LONGITUDE = "Coordinate: Please set Longitude properly.";
 const char* const SET_LATITUDE = "Coordinate: Please set Latitude properly.";
-const char* const LENGTH_ERROR =
-    "Coordinate::SetBinary(...): Length error occurred during processing of binary representation";
 
-/// One of the two fields, for tests that hold for both.
-struct Field
+struct RangeField : NumberField<Coordinate>
 {
-    const char* name;
     double bound;
     const char* outOfRange;
     const char* notSet;
-    double (Coordinate::*get)() const;
-    void (Coordinate::*set)(double);
-    bool (Coordinate::*isSet)() const;
-    void (Coordinate::*reset)();
-    bool (Coordinate::*isValid)(const double&) const;
-    double (Coordinate::*getDefault)() const;
 };
 
-const Field FIELDS[] = {
-    {"longitude", 180.0, LONGITUDE_OUT_OF_RANGE, SET_LONGITUDE, &Coordinate::GetLongitude,
-     &Coordinate::SetLongitude, &Coordinate::IsLongitudeSet, &Coordinate::ResetLongitude,
-     &Coordinate::IsValidLongitude, &Coordinate::GetDefaultLongitude},
-    {"latitude", 90.0, LATITUDE_OUT_OF_RANGE, SET_LATITUDE, &Coordinate::GetLatitude,
-     &Coordinate::SetLatitude, &Coordinate::IsLatitudeSet, &Coordinate::ResetLatitude,
-     &Coordinate::IsValidLatitude, &Coordinate::GetDefaultLatitude},
-};
+std::vector<RangeField> RangeFields()
+{
+    const std::vector<NumberField<Coordinate>> fields = Support::NumberFieldsOf<Coordinate>();
+    return {
+        {fields.at(0), 180.0, LONGITUDE_OUT_OF_RANGE, SET_LONGITUDE},
+        {fields.at(1), 90.0, LATITUDE_OUT_OF_RANGE, SET_LATITUDE},
+    };
+}
 
 struct RangeRow
 {
@@ -105,44 +100,9 @@ std::vector<RangeRow> RangeRows(double bound)
     };
 }
 
-Coordinate At(double longitude, double latitude)
-{
-    Coordinate coordinate;
-    coordinate.SetLongitude(longitude);
-    coordinate.SetLatitude(latitude);
-    return coordinate;
-}
-
-Coordinate NotValidating()
-{
-    Coordinate coordinate;
-    coordinate.SetValidate(false);
-    return coordinate;
-}
-
-/// A coordinate that doesn't validate, with the flags as given and these numbers behind them.
-Coordinate WithLeftovers(int flags, double longitude, double latitude)
-{
-    Coordinate coordinate = NotValidating();
-    EXPECT_EQ(ReadRawForm(coordinate,
-                          Support::Byte(flags) + Support::Double(longitude) + Support::Double(latitude)),
-              0);
-    return coordinate;
-}
-
 CoordinateState State(std::optional<double> longitude, std::optional<double> latitude)
 {
     return {longitude, latitude};
-}
-
-Bytes Longitude(const char* text)
-{
-    return Element(Tag::COORDINATE_LONGITUDE, ByteArray(text));
-}
-
-Bytes Latitude(const char* text)
-{
-    return Element(Tag::COORDINATE_LATITUDE, ByteArray(text));
 }
 
 QString Xml(const char* longitude, const char* latitude)
@@ -152,20 +112,6 @@ QString Xml(const char* longitude, const char* latitude)
         .arg(Support::Text(longitude), Support::Text(latitude));
 }
 
-/// Finds nothing wrong.
-class Lenient : public Coordinate
-{
-public:
-    void Check(bool) const override {}
-    void Check() const override {}
-};
-
-class Renamed : public Coordinate
-{
-public:
-    Renamed() { SetObjectName(QStringLiteral("Corner %1")); }
-};
-
 } // namespace
 
 // --- Fields -----------------------------------------------------------------------------------------------
@@ -173,7 +119,7 @@ public:
 TEST(Coordinate, RangesIncludeTheirEndsAndExcludeNaN)
 {
     const Coordinate coordinate;
-    for (const Field& field : FIELDS) {
+    for (const RangeField& field : RangeFields()) {
         for (const RangeRow& row : RangeRows(field.bound))
             EXPECT_EQ((coordinate.*field.isValid)(row.value), row.isValid) << field.name << " " << row.name;
     }
@@ -185,7 +131,7 @@ TEST(Coordinate, RangesIncludeTheirEndsAndExcludeNaN)
 TEST(Coordinate, SetterStoresAndSetsValuesInTheRangeWithoutAMessage)
 {
     for (const bool validate : {true, false}) {
-        for (const Field& field : FIELDS) {
+        for (const RangeField& field : RangeFields()) {
             for (const RangeRow& row : RangeRows(field.bound)) {
                 if (!row.isValid)
                     continue;
@@ -206,7 +152,7 @@ TEST(Coordinate, SetterStoresAndSetsValuesInTheRangeWithoutAMessage)
 
 TEST(Coordinate, SetterThrowsAndStoresNothingOutsideOfTheRangeWhenValidating)
 {
-    for (const Field& field : FIELDS) {
+    for (const RangeField& field : RangeFields()) {
         for (const RangeRow& row : RangeRows(field.bound)) {
             if (row.isValid)
                 continue;
@@ -229,12 +175,12 @@ TEST(Coordinate, SetterThrowsAndStoresNothingOutsideOfTheRangeWhenValidating)
 
 TEST(Coordinate, SetterStoresOutOfRangeValueAndWarnsWhenNotValidating)
 {
-    for (const Field& field : FIELDS) {
+    for (const RangeField& field : RangeFields()) {
         for (const RangeRow& row : RangeRows(field.bound)) {
             if (row.isValid)
                 continue;
             SCOPED_TRACE(field.name + (" " + row.name));
-            Coordinate coordinate = NotValidating();
+            Coordinate coordinate = Support::NotValidating<Coordinate>();
             EXPECT_NO_RG_THROW((coordinate.*field.set)(row.value));
             EXPECT_TRUE((coordinate.*field.isSet)());
             EXPECT_EQ(Support::BitsOf((coordinate.*field.get)()), Support::BitsOf(row.value));
@@ -254,7 +200,7 @@ TEST(Coordinate, SetterStoresOutOfRangeValueAndWarnsWhenNotValidating)
 
 TEST(Coordinate, OutOfRangeMessageNamesTheObject)
 {
-    Renamed coordinate;
+    Support::Renamed<Coordinate> coordinate("Corner %1");
     EXPECT_RG_THROW(coordinate.SetLongitude(200.0), "OutOfRangeException",
                     "Parameters for m_longitude are not set within range (-180, 180) in 'Corner %1'.");
     EXPECT_RG_THROW(coordinate.SetLatitude(-91.0), "OutOfRangeException",
@@ -263,24 +209,22 @@ TEST(Coordinate, OutOfRangeMessageNamesTheObject)
 
 TEST(Coordinate, AnyDataAsksForOneValueAndHasDataForBoth)
 {
-    EXPECT_FALSE(WithLeftovers(0, 1.0, 2.0).AnyData());
-    EXPECT_FALSE(WithLeftovers(0, 1.0, 2.0).HasData());
-    EXPECT_TRUE(WithLeftovers(1, 1.0, 2.0).AnyData());
-    EXPECT_FALSE(WithLeftovers(1, 1.0, 2.0).HasData());
-    EXPECT_TRUE(WithLeftovers(2, 1.0, 2.0).AnyData());
-    EXPECT_FALSE(WithLeftovers(2, 1.0, 2.0).HasData());
-    EXPECT_TRUE(WithLeftovers(3, 1.0, 2.0).AnyData());
-    EXPECT_TRUE(WithLeftovers(3, 1.0, 2.0).HasData());
-    EXPECT_TRUE(WithLeftovers(3, 1000.0, NOT_A_NUMBER).HasData());
+    EXPECT_FALSE(WithLeftovers<Coordinate>(0, {1.0, 2.0}).AnyData());
+    EXPECT_FALSE(WithLeftovers<Coordinate>(0, {1.0, 2.0}).HasData());
+    EXPECT_TRUE(WithLeftovers<Coordinate>(1, {1.0, 2.0}).AnyData());
+    EXPECT_FALSE(WithLeftovers<Coordinate>(1, {1.0, 2.0}).HasData());
+    EXPECT_TRUE(WithLeftovers<Coordinate>(2, {1.0, 2.0}).AnyData());
+    EXPECT_FALSE(WithLeftovers<Coordinate>(2, {1.0, 2.0}).HasData());
+    EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1.0, 2.0}).AnyData());
+    EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1.0, 2.0}).HasData());
+    EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1000.0, NOT_A_NUMBER}).HasData());
 }
-
-// --- Comparison -------------------------------------------------------------------------------------------
 
 // --- Check ------------------------------------------------------------------------------------------------
 
 TEST(Coordinate, CheckReportsValuesOutsideOfTheirRanges)
 {
-    for (const Field& field : FIELDS) {
+    for (const RangeField& field : RangeFields()) {
         for (const RangeRow& row : RangeRows(field.bound)) {
             SCOPED_TRACE(field.name + (" " + row.name));
             Coordinate coordinate = At(1.0, 2.0);
@@ -309,8 +253,8 @@ TEST(Coordinate, AStoredOutOfRangeLatitudeWarnsOnceAndFailsTheNextCheck)
 
 TEST(Coordinate, CheckIgnoresLeftoversOfUnsetValues)
 {
-    EXPECT_RG_THROW(WithLeftovers(1, 1.0, 2.0).Check(), "OutOfRangeException", SET_LATITUDE);
-    EXPECT_RG_THROW(WithLeftovers(2, 1.0, 2.0).Check(), "OutOfRangeException", SET_LONGITUDE);
+    EXPECT_RG_THROW(WithLeftovers<Coordinate>(1, {1.0, 2.0}).Check(), "OutOfRangeException", SET_LATITUDE);
+    EXPECT_RG_THROW(WithLeftovers<Coordinate>(2, {1.0, 2.0}).Check(), "OutOfRangeException", SET_LONGITUDE);
 }
 
 // --- XML writing ------------------------------------------------------------------------------------------
@@ -349,15 +293,16 @@ TEST(Coordinate, XmlNumbersHaveExactlySixDecimals)
 
 TEST(Coordinate, XmlOfWhatIsNoNumberIsPaddedToFourCharactersInTheLongitudeAndThreeInTheLatitude)
 {
-    EXPECT_XML(WithLeftovers(3, NOT_A_NUMBER, NOT_A_NUMBER), Xml(" nan", "nan"));
-    EXPECT_XML(WithLeftovers(3, INF, INF), Xml(" inf", "inf"));
-    EXPECT_XML(WithLeftovers(3, -INF, -INF), Xml("-inf", "-inf"));
-    EXPECT_XML(WithLeftovers(3, 1e15, -111111.11), Xml("1000000000000000.000000", "-111111.110000"));
+    EXPECT_XML(WithLeftovers<Coordinate>(3, {NOT_A_NUMBER, NOT_A_NUMBER}), Xml(" nan", "nan"));
+    EXPECT_XML(WithLeftovers<Coordinate>(3, {INF, INF}), Xml(" inf", "inf"));
+    EXPECT_XML(WithLeftovers<Coordinate>(3, {-INF, -INF}), Xml("-inf", "-inf"));
+    EXPECT_XML(WithLeftovers<Coordinate>(3, {1e15, -111111.11}),
+               Xml("1000000000000000.000000", "-111111.110000"));
 }
 
 TEST(Coordinate, XmlOfAnOutOfRangeCoordinateThrowsWhenValidating)
 {
-    const Coordinate coordinate = WithLeftovers(3, 1.0, 95.0);
+    const Coordinate coordinate = WithLeftovers<Coordinate>(3, {1.0, 95.0});
     EXPECT_XML(coordinate, Xml("1.000000", "95.000000"));
     coordinate.SetValidate(true);
     EXPECT_RG_THROW(coordinate.GetXmlString(), "OutOfRangeException", SET_LATITUDE);
@@ -365,7 +310,7 @@ TEST(Coordinate, XmlOfAnOutOfRangeCoordinateThrowsWhenValidating)
 
 TEST(Coordinate, XmlHoldsUnsetValuesAsTheyStandWhenNotValidating)
 {
-    Coordinate coordinate = NotValidating();
+    Coordinate coordinate = Support::NotValidating<Coordinate>();
     const auto logger = Support::NewLogger();
     coordinate.SetLogger(logger);
     EXPECT_XML(coordinate, Xml("0.000000", "0.000000"));
@@ -374,12 +319,12 @@ TEST(Coordinate, XmlHoldsUnsetValuesAsTheyStandWhenNotValidating)
     EXPECT_STATE(coordinate, State(1.0, std::nullopt));
     EXPECT_LOG(logger,
                {"INFO: Coordinate: Generating xml string.", "INFO: Coordinate: Generating xml string."});
-    EXPECT_XML(WithLeftovers(0, 5.5, 6.5), Xml("5.500000", "6.500000"));
+    EXPECT_XML(WithLeftovers<Coordinate>(0, {5.5, 6.5}), Xml("5.500000", "6.500000"));
 }
 
 TEST(Coordinate, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
 {
-    Lenient coordinate;
+    Support::Lenient<Coordinate> coordinate;
     coordinate.SetLongitude(1.0);
     EXPECT_XML(coordinate, "");
     const QByteArray bytes =
@@ -435,7 +380,7 @@ TEST(Coordinate, AnIncompleteElementFailsTheCheckWhenValidating)
                         row.message);
         EXPECT_STATE(coordinate, row.state);
 
-        Coordinate unchecked = NotValidating();
+        Coordinate unchecked = Support::NotValidating<Coordinate>();
         EXPECT_TRUE(unchecked.SetXmlString(Support::Text(row.xml), true));
         EXPECT_STATE(unchecked, row.state);
         EXPECT_TRUE(unchecked.IsInitialized());
@@ -497,7 +442,7 @@ TEST(Coordinate, BodyHoldsLongitudeThenLatitudeAsTexts)
     EXPECT_BYTES(BodyOf(At(8.5, -45.25)), Element(1, Longitude("8.500000") + Latitude("-45.250000")));
     EXPECT_BYTES(BodyOf(At(8.5, -45.25), 1869154367, false),
                  Support::Body(Longitude("8.500000") + Latitude("-45.250000")));
-    EXPECT_BYTES(BodyOf(WithLeftovers(3, NOT_A_NUMBER, NOT_A_NUMBER)),
+    EXPECT_BYTES(BodyOf(WithLeftovers<Coordinate>(3, {NOT_A_NUMBER, NOT_A_NUMBER})),
                  Element(1, Longitude(" nan") + Latitude("nan")));
     Written([](QDataStream& stream) { EXPECT_TRUE(At(1.0, 2.0).GetBinary(stream, 1, true)); });
 }
@@ -516,7 +461,7 @@ TEST(Coordinate, BodyHoldsUnsetValuesAsTheyStandWhenNotValidating)
     Coordinate coordinate;
     coordinate.SetValidate(false);
     EXPECT_BYTES(BodyOf(coordinate), Element(1, Longitude("0.000000") + Latitude("0.000000")));
-    EXPECT_BYTES(BodyOf(WithLeftovers(1, 5.5, 6.5)),
+    EXPECT_BYTES(BodyOf(WithLeftovers<Coordinate>(1, {5.5, 6.5})),
                  Element(1, Longitude("5.500000") + Latitude("6.500000")));
 }
 
@@ -579,7 +524,7 @@ TEST(Coordinate, RawFormHoldsTheFlagsAndAlwaysBothNumbers)
 
 TEST(Coordinate, RawReadingTakesNumbersThatAreNotMarkedAsSet)
 {
-    const Coordinate coordinate = WithLeftovers(0, 5.5, 6.5);
+    const Coordinate coordinate = WithLeftovers<Coordinate>(0, {5.5, 6.5});
     EXPECT_STATE(coordinate, CoordinateState());
     EXPECT_EQ(coordinate.GetLongitude(), 5.5);
     EXPECT_EQ(coordinate.GetLatitude(), 6.5);
@@ -627,7 +572,7 @@ TEST(Coordinate, MergingAnIncompleteCoordinateNeedsItNotToValidate)
 
 TEST(Coordinate, MergingAnOutOfRangeCoordinateThrowsWhereTheTargetValidates)
 {
-    const Coordinate other = WithLeftovers(3, 1.0, 95.0);
+    const Coordinate other = WithLeftovers<Coordinate>(3, {1.0, 95.0});
     Coordinate coordinate = At(7.0, 8.0);
     EXPECT_RG_THROW(coordinate.MergeRGObject(other), "OutOfRangeException", LATITUDE_OUT_OF_RANGE);
     EXPECT_STATE(coordinate, State(1.0, 8.0));

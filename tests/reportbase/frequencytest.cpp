@@ -2,43 +2,32 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/frequency.h>
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace {
 
 using REPORTGENERATOR::Frequency;
 using Support::BodyOf;
 using Support::Bool;
-using Support::ByteArray;
 using Support::Bytes;
 using Support::ReadElement;
 using Support::ReadElements;
 using Support::ReadRawForm;
+using Support::Use;
+using Support::Value;
 namespace Tag = Support::Tag;
 
 constexpr int VALUE_FLAG = 1;
 constexpr int USE_FLAG = 8;
-
-Bytes Value(const char* text)
-{
-    return Element(Tag::FREQUENCY_VALUE, ByteArray(text));
-}
-
-Bytes Use(bool use)
-{
-    return Element(Tag::FREQUENCY_USE, Bool(use));
-}
 
 Frequency WithUse(double value, bool use)
 {
@@ -314,8 +303,7 @@ TEST(Frequency, BodyHoldsUseBetweenTheBoundsAndTheValue)
 {
     EXPECT_BYTES(BodyOf(WithUse(1.0, true)), Element(1, Use(true) + Value("1.00")));
     EXPECT_BYTES(BodyOf(WithAll(1.0, 2.0, 3.0, false)),
-                 Element(1, Element(Tag::FREQUENCY_MIN, ByteArray("2.00")) +
-                                Element(Tag::FREQUENCY_MAX, ByteArray("3.00")) + Use(false) + Value("1.00")));
+                 Element(1, Support::Min("2.00") + Support::Max("3.00") + Use(false) + Value("1.00")));
 }
 
 TEST(Frequency, BodyReadsUseFromAnyPlaceAndAnyByteButZeroAsTrue)

@@ -2,6 +2,7 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/frequency.h>
@@ -20,7 +21,6 @@ namespace {
 using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::IFBandwidth;
 using Support::Bool;
-using Support::ByteArray;
 using Support::Bytes;
 using Support::ReadElements;
 using Support::ReadRawForm;
@@ -115,7 +115,7 @@ TEST(IFBandwidth, AUseElementIsSkippedByItsDeclaredLength)
 {
     IFBandwidth bandwidth;
     EXPECT_EQ(ReadElements(bandwidth, Element(Tag::FREQUENCY_USE, Bool(true) + Support::Raw("abc")) +
-                                          Element(Tag::FREQUENCY_VALUE, ByteArray("5"))),
+                                          Support::Value("5")),
               0);
     EXPECT_TRUE(bandwidth == WithValue(5.0));
 }

@@ -2,6 +2,7 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/points.h"
 #include "support/records.h"
 #include "support/states.h"
 
@@ -13,13 +14,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QByteArray>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVector>
 
-#include <algorithm>
+#include <cstddef>
 #include <functional>
-#include <string>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -31,9 +32,11 @@ using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::ReportBase;
 using Support::AreaState;
+using Support::At;
 using Support::Bytes;
 using Support::CoordinateState;
 using Support::Int32;
+using Support::OnlyLatitude;
 using Support::ReadElement;
 using Support::ReadElements;
 using Support::ReadRawForm;
@@ -55,21 +58,6 @@ IFBandwidth SomeBandwidth()
     bandwidth.SetMin(2.0);
     bandwidth.SetMax(3.0);
     return bandwidth;
-}
-
-Coordinate At(double longitude, double latitude)
-{
-    Coordinate coordinate;
-    coordinate.SetLongitude(longitude);
-    coordinate.SetLatitude(latitude);
-    return coordinate;
-}
-
-Coordinate OnlyLatitude(double latitude)
-{
-    Coordinate coordinate;
-    coordinate.SetLatitude(latitude);
-    return coordinate;
 }
 
 Area SomeArea()

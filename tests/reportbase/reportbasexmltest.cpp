@@ -1,0 +1,246 @@
+// A report in XML. What all records have in common there stands in recordxmltest.cpp.
+
+#include "support/bytes.h"
+#include "support/expect.h"
+#include "support/recordclasses.h"
+#include "support/records.h"
+#include "support/reports.h"
+#include "support/states.h"
+
+#include <reportgenerator/reportbase/area.h>
+#include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QString>
+
+#include <string>
+#include <utility>
+
+namespace {
+
+using REPORTGENERATOR::ReportBase;
+using Support::AreaState;
+using Support::BandwidthOf;
+using Support::BodyOf;
+using Support::Bytes;
+using Support::Carried;
+using Support::CompleteReport;
+using Support::CompleteReportState;
+using Support::FrequencyOf;
+using Support::LakeWithoutScript;
+using Support::NotValidating;
+using Support::ReadElement;
+using Support::Rename;
+using Support::ReportState;
+using Support::ReportWithFlags;
+using Support::Text;
+
+constexpr int FREQUENCY_FLAG = 1;
+constexpr int BANDWIDTH_FLAG = 2;
+constexpr int AREA_FLAG = 4;
+
+const char* const LAKE_XML =
+    "<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1.000000</Longitude>"
+    "<Latitude>2.000000</Latitude></Coordinate></Area>";
+
+QString ReportXml(const char* content)
+{
+    return Text("<ReportBase>%1</ReportBase>").arg(Text(content));
+}
+
+} // namespace
+
+// --- XML writing ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, XmlOfAReportThatCarriesNothingIsAnEmptyElement)
+{
+    EXPECT_XML(ReportBase(), "\n<ReportBase/>");
+    EXPECT_XML(NotValidating<ReportBase>(), "\n<ReportBase/>");
+    EXPECT_XML(ReportWithFlags(0), "\n<ReportBase/>");
+}
+
+TEST(ReportBase, XmlHoldsTheCarriedMembersInTheirOrder)
+{
+    ReportBase report;
+    report.SetArea(LakeWithoutScript());
+    report.SetIFBandwidth(BandwidthOf(6.0));
+    report.SetFrequency(FrequencyOf(5.0));
+    EXPECT_XML(report, "\n<ReportBase>\n"
+                       "    <Frequency>5.00</Frequency>\n"
+                       "    <IFBandwidth>6.00</IFBandwidth>\n"
+                       "    <Area Version=\"1.0\">\n"
+                       "        <Name>Lake</Name>\n"
+                       "        <Coordinate>\n"
+                       "            <Longitude>1.000000</Longitude>\n"
+                       "            <Latitude>2.000000</Latitude>\n"
+                       "        </Coordinate>\n"
+                       "    </Area>\n"
+                       "</ReportBase>");
+    EXPECT_XML(ReportWithFlags(BANDWIDTH_FLAG),
+               "\n<ReportBase>\n    <IFBandwidth>6.00</IFBandwidth>\n</ReportBase>");
+}
+
+TEST(ReportBase, XmlElementBearsTheCurrentNameAndSoDoThoseOfTheMembers)
+{
+    Support::Renamed<ReportBase> report("Summary");
+    report.SetFrequency(FrequencyOf(5.0));
+    Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    report.SetArea(LakeWithoutScript());
+    Rename(report.GetArea(), QStringLiteral("Region"));
+    EXPECT_TEXT(
+        Support::UnindentedXmlOf(report),
+        "<Summary><Rx>5.00</Rx><Region Version=\"1.0\"><Name>Lake</Name><Coordinate>"
+        "<Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Coordinate></Region></Summary>");
+}
+
+TEST(ReportBase, XmlHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
+{
+    ReportBase report = NotValidating<ReportBase>();
+    report.GetFrequency();
+    report.GetIFBandwidth();
+    report.GetArea();
+    EXPECT_XML(report, "\n<ReportBase>\n"
+                       "    <Frequency>0.00</Frequency>\n"
+                       "    <IFBandwidth>0.00</IFBandwidth>\n"
+                       "    <Area Version=\"1.0\">\n"
+                       "        <Name></Name>\n"
+                       "    </Area>\n"
+                       "</ReportBase>");
+}
+
+TEST(ReportBase, ACarriedAreaWithAnEmptyListIsLeftOutWhenValidating)
+{
+    ReportBase report;
+    report.GetArea().SetName(QStringLiteral("Lake"));
+    report.GetArea().GetCoordinate();
+    EXPECT_XML(report, "\n<ReportBase/>");
+    EXPECT_BYTES(BodyOf(report), Element(1, Bytes()));
+}
+
+// --- XML reading ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, XmlReadingTakesTheMembersInAnyOrder)
+{
+    ReportBase report;
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml((std::string(LAKE_XML) + "<IFBandwidth>6</IFBandwidth><Frequency>5</Frequency>").c_str()),
+        true));
+    ReportState state = CompleteReportState();
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+    EXPECT_TRUE(report == CompleteReport());
+}
+
+TEST(ReportBase, RepeatedMembersAddUp)
+{
+    ReportBase report;
+    EXPECT_TRUE(report.SetXmlString(ReportXml((std::string("<Frequency Min=\"1\">2</Frequency>") + LAKE_XML +
+                                               "<Frequency Max=\"3\">4</Frequency>" + LAKE_XML)
+                                                  .c_str()),
+                                    true));
+    ReportState state;
+    state.frequency = Support::FrequencyState();
+    state.frequency->value = 4.0;
+    state.frequency->min = 1.0;
+    state.frequency->max = 3.0;
+    state.area = CompleteReportState().area;
+    state.area->coordinates = {{1.0, 2.0}, {1.0, 2.0}};
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, ARepeatedAreaOfAnOlderVersionStartsAnew)
+{
+    ReportBase report = NotValidating<ReportBase>();
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml((std::string(LAKE_XML) + "<Area Version=\"0.9\"><ScriptID>S</ScriptID></Area>").c_str()),
+        true));
+    ReportState state;
+    state.area = AreaState();
+    state.area->scriptID = QStringLiteral("S");
+    state.area->initialVersionLoaded = QStringLiteral("0.9");
+    EXPECT_STATE(report, state);
+}
+
+TEST(ReportBase, WhatFollowsAnUnknownChildOfTheAreaIsLeftToTheReportWhenNotValidating)
+{
+    const QString xml = ReportXml("<Area Version=\"1.0\"><Name>Lake</Name><Foo/><Frequency>5</Frequency>"
+                                  "<ScriptID>S</ScriptID></Area><IFBandwidth>6</IFBandwidth>");
+    ReportBase report = NotValidating<ReportBase>();
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    EXPECT_TRUE(report.SetXmlString(xml, true));
+    ReportState state;
+    state.frequency = CompleteReportState().frequency;
+    state.area = AreaState();
+    state.area->name = QStringLiteral("Lake");
+    state.area->initialVersionLoaded = QStringLiteral("1.0");
+    EXPECT_STATE(report, state);
+    EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string.",
+                        "WARNING: InvalidXmlException: Unknown Tag 'Foo' in 'Area'."});
+    EXPECT_TEXT(ReadElement(report, xml), "</Area>");
+
+    ReportBase validating;
+    EXPECT_RG_THROW(validating.SetXmlString(xml, true), "InvalidXmlException",
+                    "Unknown Tag 'Foo' in 'Area'.");
+    EXPECT_EQ(Carried(validating), "");
+}
+
+TEST(ReportBase, MembersAreToldApartByTheirCurrentNames)
+{
+    ReportBase report;
+    Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    Rename(report.GetIFBandwidth(), QStringLiteral("Frequency"));
+    Rename(report.GetArea(), QStringLiteral("Region"));
+    EXPECT_TRUE(report.SetXmlString(
+        ReportXml("<Rx>1</Rx><Frequency>2</Frequency><IFBandwidth>3</IFBandwidth><Area/>"), true));
+    EXPECT_EQ(Carried(report), "frequency bandwidth ");
+    EXPECT_EQ(report.GetFrequency().GetValue(), 1.0);
+    EXPECT_EQ(report.GetIFBandwidth().GetValue(), 2.0);
+    EXPECT_XML(report, "\n<ReportBase>\n    <Rx>1.00</Rx>\n    <Frequency>2.00</Frequency>\n</ReportBase>");
+}
+
+TEST(ReportBase, OfMembersWithTheSameNameTheFirstTakesTheElement)
+{
+    ReportBase report = NotValidating<ReportBase>();
+    Rename(report.GetArea(), QStringLiteral("Same"));
+    Rename(report.GetIFBandwidth(), QStringLiteral("Same"));
+    report.Reset();
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Same>1</Same>"), true));
+    EXPECT_EQ(Carried(report), "bandwidth ");
+    Rename(report.GetFrequency(), QStringLiteral("Same"));
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Same>1</Same>"), true));
+    EXPECT_EQ(Carried(report), "frequency ");
+}
+
+TEST(ReportBase, ACopyBearsTheOriginalNamesOfItsMembers)
+{
+    ReportBase report = CompleteReport();
+    Rename(report.GetFrequency(), QStringLiteral("Rx"));
+    report.ResetIFBandwidth();
+    report.ResetArea();
+    EXPECT_XML(ReportBase(report), "\n<ReportBase>\n    <Frequency>5.00</Frequency>\n</ReportBase>");
+}
+
+TEST(ReportBase, AnIncompleteMemberFailsTheCheckWhenValidating)
+{
+    ReportBase report;
+    EXPECT_RG_THROW(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true),
+                    "OutOfRangeException", "Area: Please set Name properly.");
+    EXPECT_EQ(Carried(report), "frequency area ");
+    report.SetValidate(false);
+    EXPECT_TRUE(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true));
+    EXPECT_EQ(Carried(report), "frequency area ");
+}
+
+TEST(ReportBase, AttributesOfAMemberThatMetMalformedTextStayInIt)
+{
+    ReportBase report;
+    const QString xml = QStringLiteral("<ReportBase><Frequency Min=\"1\">6");
+    EXPECT_RG_THROW(report.SetXmlString(xml, false), "RGException", Support::XmlErrorOf(xml));
+    EXPECT_FALSE(report.IsFrequencySet());
+    EXPECT_TRUE(std::as_const(report).GetFrequency().IsMinSet());
+    EXPECT_TRUE(report.AnyData());
+}
