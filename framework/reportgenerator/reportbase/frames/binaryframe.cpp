@@ -48,8 +48,42 @@ bool ReadRootDirectly(const DirectRoad& road, IRGObject& object, ByteRange range
            road.readBody(object, body.next, body.Left());
 }
 
-/// Reads a representation past Qt's stream. Returns false, with the object untouched,
-/// for whatever is odd.
+void ReadRootElement(IRGObject& object, QDataStream& stream)
+{
+    qint32 tag = 0;
+    qint32 length = 0;
+    stream >> tag >> length;
+    object.SetBinary(stream, length);
+}
+
+/// Reads what compressed data hold.
+void ReadCompressed(IRGObject& object, const QByteArray& data)
+{
+    const QByteArray body = IRGObject::UncompressBinary(data);
+    const DirectRoad* const road = ObjectAccess::RoadOf(object);
+    if (road && ReadRootDirectly(*road, object, {body.constData(), body.constData() + body.size()}))
+        return;
+    QDataStream stream(body);
+    stream.setVersion(wire::STREAM_VERSION);
+    ReadRootElement(object, stream);
+}
+
+/// Returns false, with the object untouched, for an unknown marker.
+bool ReadRepresentation(IRGObject& object, QDataStream& stream)
+{
+    const QString marker = elements::ReadText(stream);
+    const QString objectName = elements::ReadText(stream);
+    Q_UNUSED(objectName) // An object of any name may be offered; its tags decide what is taken.
+    if (marker == wire::PLAIN_MARKER)
+        ReadRootElement(object, stream);
+    else if (marker == wire::COMPRESSED_MARKER)
+        ReadCompressed(object, elements::ReadBytes(stream));
+    else
+        return false;
+    return true;
+}
+
+/// Reads a representation past Qt's stream. Returns false, with the object untouched, for whatever is odd.
 bool ReadDirectly(const DirectRoad& road, IRGObject& object, const QByteArray& representation)
 {
     ByteRange range = {representation.constData(), representation.constData() + representation.size()};
@@ -62,37 +96,8 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, const QByteArray& r
     ByteRange data = {};
     if (!marker.HoldsText(wire::COMPRESSED_MARKER) || !range.TakeCounted(data))
         return false;
-    const QByteArray body =
-        IRGObject::UncompressBinary(QByteArray::fromRawData(data.next, static_cast<int>(data.Left())));
-    return ReadRootDirectly(road, object, {body.constData(), body.constData() + body.size()});
-}
-
-void ReadRootElement(IRGObject& object, QDataStream& stream)
-{
-    qint32 tag = 0;
-    qint32 length = 0;
-    stream >> tag >> length;
-    object.SetBinary(stream, length);
-}
-
-/// Returns false, with the object untouched, for an unknown marker.
-bool ReadRepresentation(IRGObject& object, QDataStream& stream)
-{
-    const QString marker = elements::ReadText(stream);
-    const QString objectName = elements::ReadText(stream);
-    Q_UNUSED(objectName) // An object of any name may be offered; its tags decide what is taken.
-    if (marker == wire::PLAIN_MARKER) {
-        ReadRootElement(object, stream);
-        return true;
-    }
-    if (marker == wire::COMPRESSED_MARKER) {
-        const QByteArray body = IRGObject::UncompressBinary(elements::ReadBytes(stream));
-        QDataStream bodyStream(body);
-        bodyStream.setVersion(wire::STREAM_VERSION);
-        ReadRootElement(object, bodyStream);
-        return true;
-    }
-    return false;
+    ReadCompressed(object, QByteArray::fromRawData(data.next, static_cast<int>(data.Left())));
+    return true;
 }
 
 /// Puts the root element, in one go or by a stream.

@@ -30,6 +30,8 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
     if (file.isSequential() || !file.isReadable() || file.isTransactionStarted())
         return false;
     const qint64 start = file.pos();
+    if (start > file.size())
+        return false;
     const QByteArray xml = file.readAll();
     // A reader stops with the block in which the element ends.
     const bool endsWithElement = xml.endsWith('>') || (xml.endsWith(">\n") && xml.size() % READER_BLOCK != 1);

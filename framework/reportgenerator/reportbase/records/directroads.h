@@ -73,7 +73,7 @@ private:
     static bool WriteXml(const IRGObject& object, Container& xml)
     {
         PassSettings(object);
-        RecordAccess::Make(From(object));
+        RecordAccess::Init(From(object));
         if (!IsPlain(From(object), true))
             return false;
         XmlText<Container> sink;
@@ -85,7 +85,7 @@ private:
     static bool WriteBody(const IRGObject& object, qint32 tag, bool withTag, Buffer<QByteArray>& out)
     {
         PassSettings(object);
-        RecordAccess::Make(From(object));
+        RecordAccess::Init(From(object));
         if (!IsPlain(From(object), false))
             return false;
         ElementBytes sink(out);
@@ -128,6 +128,7 @@ private:
 
     static void Adopt(IRGObject& object, Data& data)
     {
+        RecordAccess::Init(From(object));
         AdoptRecord(RecordAccess::Make(From(object)), data);
         PassSettings(object);
     }
