@@ -227,7 +227,7 @@ void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     InitData();
     SettleCoordinates();
-    if (ReadXmlChild(*this, reader, [&] { return GetTextValue(reader); }))
+    if (ReadXmlChild(*this, reader))
         return;
     if (Rows::VERSION.IsOlderIn(*m_record.Get())) {
         xmltools::SkipElement(reader);

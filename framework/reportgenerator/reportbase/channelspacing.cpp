@@ -138,7 +138,7 @@ void ChannelSpacing::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     if (reader.name() == Description::VALUE.Latin1())
         m_values.append(numbers::FromText(GetTextValue(reader)));
-    else if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+    else if (!ReadPlainElement(*this, reader, Description::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

@@ -121,7 +121,7 @@ void Coordinate::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     ReapplySettings();
     InitData();
-    if (!ReadXmlChild(*this, reader, [&] { return GetTextValue(reader); }))
+    if (!ReadXmlChild(*this, reader))
         xmltools::SkipElement(reader);
 }
 

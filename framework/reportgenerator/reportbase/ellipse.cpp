@@ -106,7 +106,7 @@ void Ellipse::GetXml(QXmlStreamWriter& writer) const
 
 void Ellipse::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+    if (!ReadPlainElement(*this, reader, Description::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

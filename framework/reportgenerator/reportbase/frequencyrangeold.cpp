@@ -93,7 +93,7 @@ void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
 
 void FrequencyRangeOld::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+    if (!ReadPlainElement(*this, reader, Description::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

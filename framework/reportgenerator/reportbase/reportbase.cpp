@@ -159,7 +159,7 @@ void ReportBase::ProcessXml(QXmlStreamReader& reader)
 void ReportBase::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     InitData();
-    if (!ReadXmlChild(*this, reader, [&] { return GetTextValue(reader); }))
+    if (!ReadXmlChild(*this, reader))
         xmltools::SkipElement(reader);
 }
 

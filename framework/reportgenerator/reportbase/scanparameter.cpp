@@ -124,7 +124,7 @@ void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     if (reader.name() == m_range.GetObjectName())
         m_range.ProcessXml(reader);
-    else if (!ReadPlainElement(*this, reader, Description::FIELDS, [&] { return GetTextValue(reader); }))
+    else if (!ReadPlainElement(*this, reader, Description::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

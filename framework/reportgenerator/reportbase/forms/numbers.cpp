@@ -2,8 +2,6 @@
 
 #include <reportgenerator/reportbase/forms/fixednumbers.h>
 
-#include <QtCore/QStringView>
-
 namespace REPORTGENERATOR::numbers {
 
 namespace {
@@ -36,13 +34,12 @@ QString ToShortestText(double number)
     return QStringLiteral("%1").arg(number, 0, 'g', SHORTEST);
 }
 
-double FromText(const QString& text)
+double FromText(QStringView text)
 {
-    const QStringView units(text);
     double number = 0.0;
-    if (ReadFixed(units.utf16(), units.utf16() + units.size(), number))
+    if (ReadFixed(text.utf16(), text.utf16() + text.size(), number))
         return number;
-    return text.toDouble();
+    return text.toString().toDouble();
 }
 
 float VersionFromText(const QString& text)

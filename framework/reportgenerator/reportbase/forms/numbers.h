@@ -2,6 +2,7 @@
 #define REPORTGENERATOR_FORMS_NUMBERS_H
 
 #include <QtCore/QString>
+#include <QtCore/QStringView>
 
 namespace REPORTGENERATOR {
 
@@ -26,7 +27,7 @@ QString ToText(double number, char format, int precision);
 QString ToShortestText(double number);
 
 /// The number that a text holds, independent of the locale; 0.0 when the text is not a number.
-double FromText(const QString& text);
+double FromText(QStringView text);
 
 /// The version number that a text holds; 0 when the text is not a number. Versions are compared as numbers of
 /// single precision, so "1" and "1.0" are the same version.

@@ -53,14 +53,16 @@ void ReadXmlAttribute(const QXmlStreamAttributes& attributes, const FieldOfData&
         ReadXmlText(attributes.value(field.name.Latin1()).toString(), field, apply);
 }
 
-/// Reads the child element `name` if it is the field; `readText` gives the element's text and is called only then.
-/// Returns whether it was.
+/// Reads the child element `name` if it is the field; `readText` puts the element's text into a value and is called only
+/// then. Returns whether it was.
 template <class ElementName, class ReadText, class FieldOfData, class Apply>
 bool ReadXmlElement(const ElementName& name, const FieldOfData& field, ReadText&& readText, Apply&& apply)
 {
     if (field.place != Place::Element || !(name == field.name))
         return false;
-    ReadXmlText(readText(), field, apply);
+    typename FieldOfData::Value value{};
+    readText(value);
+    apply(field, value);
     return true;
 }
 

@@ -23,6 +23,9 @@ constexpr char16_t ANY_CHARACTER = u'.';
 /// Characters that mean something in a regular expression. A name with one of them cannot be an element's.
 constexpr Name SPECIAL_CHARACTERS = REPORTBASE_NAME("\\^$*+?()[]{}|");
 
+/// So many characters are looked at together.
+constexpr int BLOCK = 64;
+
 constexpr QLatin1Char ALTERNATIVE = QLatin1Char('|');
 
 bool ContainsSpecialCharacter(const QString& name)
@@ -59,12 +62,41 @@ bool MatchesExpression(const QString& xml, const QString& name)
     return Matches(searched, QStringLiteral("<%1([^>]*)?/?>").arg(name));
 }
 
+/// Whether the pattern may begin in the block: whether its first two characters and its last one stand in their places
+/// somewhere. Of the form that compilers turn into few instructions for many characters.
+bool MayBeginInBlock(const ushort* block, const QString& pattern)
+{
+    const ushort* const units = pattern.utf16();
+    const ushort first = units[0];
+    const ushort second = units[1];
+    const ushort last = units[pattern.size() - 1];
+    const ushort* const ends = block + pattern.size() - 1;
+    ushort found = 0;
+    for (int i = 0; i < BLOCK; ++i) {
+        const bool isHere = (block[i] == first) & (block[i + 1] == second) & (ends[i] == last);
+        found = static_cast<ushort>(found | static_cast<ushort>(isHere));
+    }
+    return found != 0;
+}
+
+/// Where the pattern begins for the first time; the end of the text if it doesn't.
 QString::const_iterator FindStart(const QString& xml, const QString& pattern)
 {
-    if (pattern.contains(QChar(ANY_CHARACTER)))
-        return std::search(xml.cbegin(), xml.cend(), pattern.cbegin(), pattern.cend(), MatchesName);
-    const auto place = xml.indexOf(pattern);
-    return place < 0 ? xml.cend() : xml.cbegin() + place;
+    const auto search = [&pattern](QString::const_iterator begin, QString::const_iterator end) {
+        return std::search(begin, end, pattern.cbegin(), pattern.cend(), MatchesName);
+    };
+    auto next = xml.cbegin();
+    if (pattern.size() < 2 || pattern.contains(QChar(ANY_CHARACTER)))
+        return search(next, xml.cend());
+    for (; xml.cend() - next >= BLOCK + pattern.size(); next += BLOCK) {
+        if (!MayBeginInBlock(reinterpret_cast<const ushort*>(next), pattern))
+            continue;
+        const auto blockEnd = next + BLOCK + pattern.size() - 1;
+        const auto found = search(next, blockEnd);
+        if (found != blockEnd)
+            return found;
+    }
+    return search(next, xml.cend());
 }
 
 } // namespace

@@ -50,6 +50,17 @@ struct ObjectAccess
         return object.m_settings ? object.m_settings->converter : nullptr;
     }
 
+    static QString TextOf(const IRGObject& object, QXmlStreamReader& reader)
+    {
+        return object.GetTextValue(reader);
+    }
+
+    /// Throws if the reader has met malformed XML.
+    static void ReportXmlError(const IRGObject& object, const QXmlStreamReader& reader)
+    {
+        object.ReportXmlError(reader);
+    }
+
     /// Takes logger and converter away.
     static void KeepValidateOnly(const IRGObject& object)
     {

@@ -3,7 +3,9 @@
 #include <reportgenerator/reportbase/irgobject.h>
 
 #include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/values.h>
 #include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/frames/elementtext.h>
 #include <reportgenerator/reportbase/frames/objectaccess.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/reporting_p.h>
@@ -39,6 +41,17 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
         return true;
     file.seek(start);
     return false;
+}
+
+/// Hands each piece of the text of the element that the reader stands on to `take`. The last one counts.
+template <class Take>
+void WalkText(QXmlStreamReader& reader, Take&& take)
+{
+    take(reader.text());
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::EndElement) {
+        if (reader.isCharacters())
+            take(reader.text());
+    }
 }
 
 } // namespace
@@ -159,14 +172,27 @@ bool IRGObject::SaveXml(const QString& path) const
 
 QString IRGObject::GetTextValue(QXmlStreamReader& reader) const
 {
-    QString text = reader.text().toString();
-    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::EndElement) {
-        // Of a text in several pieces the last one counts: part of the form.
-        if (reader.isCharacters())
-            text = reader.text().toString();
-    }
+    QString text;
+    WalkText(reader, [&](const auto& piece) { text = piece.toString(); });
     ReportXmlError(reader);
     return text;
+}
+
+void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, double& value)
+{
+    value = 0.0;
+    WalkText(reader, [&](const auto& piece) { value = numbers::FromText(piece); });
+    ObjectAccess::ReportXmlError(object, reader);
+}
+
+void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, QString& value)
+{
+    FromText(ObjectAccess::TextOf(object, reader), value);
+}
+
+void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, bool& value)
+{
+    FromText(ObjectAccess::TextOf(object, reader), value);
 }
 
 bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const

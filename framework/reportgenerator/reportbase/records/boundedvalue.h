@@ -158,7 +158,9 @@ void BoundedValue<Data>::ReadValuesFromXml(QXmlStreamReader& reader)
     const QString name = reader.name().toString();
     const QXmlStreamAttributes attributes = reader.attributes();
     ForEachField(Description<Data>::ROWS, [&](const auto& row) { ReadXmlAttribute(attributes, row, store); });
-    ReadXmlText(this->GetTextValue(reader), BoundedValueRows::VALUE, store);
+    double value = 0.0;
+    ReadElementText(*this, reader, value);
+    StoreValue(*this, BoundedValueRows::VALUE, value);
     xmltools::ReadToName(reader, name);
 }
 

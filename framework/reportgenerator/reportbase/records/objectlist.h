@@ -75,30 +75,31 @@ public:
         m_items.clear();
     }
 
-    void PassValidate(bool validate)
+    void PassValidate(bool validate, int first = 0)
     {
         if (m_isCopy)
             m_notedValidate = validate;
         else
             Pass([validate](const Item& item) { return item.GetValidate() == validate; },
-                 [validate](const Item& item) { item.SetValidate(validate); });
+                 [validate](const Item& item) { item.SetValidate(validate); }, first);
     }
 
-    void PassLogger(const std::shared_ptr<Logger>& logger)
+    void PassLogger(const std::shared_ptr<Logger>& logger, int first = 0)
     {
         if (m_isCopy)
             m_notedLogger = logger;
         else
             Pass([&logger](const Item& item) { return item.GetLogger() == logger; },
-                 [&logger](const Item& item) { item.SetLogger(logger); });
+                 [&logger](const Item& item) { item.SetLogger(logger); }, first);
     }
 
     /// Gives the items from `first` on the validate flag and the logger of their holder.
     void PassSettings(const IRGObject& holder, int first = 0)
     {
-        if (m_isCopy) {
-            m_notedValidate = holder.GetValidate();
-            m_notedLogger = holder.GetLogger();
+        // A derived class may have settings of its own.
+        if (m_isCopy || !ObjectAccess::RoadOf(holder)) {
+            PassValidate(holder.GetValidate(), first);
+            PassLogger(holder.GetLogger(), first);
             return;
         }
         Pass([&holder](const Item& item) { return ObjectAccess::ShareSettings(holder, item); },
@@ -108,7 +109,7 @@ public:
 private:
     /// Detaches and walks the list only when there is something to pass on.
     template <class HasAlready, class Give>
-    void Pass(HasAlready&& hasAlready, Give&& give, int first = 0)
+    void Pass(HasAlready&& hasAlready, Give&& give, int first)
     {
         const QVector<Item>& items = m_isHandedOut ? Own() : m_items;
         const auto begin = items.cbegin() + first;

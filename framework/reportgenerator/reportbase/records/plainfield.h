@@ -4,6 +4,7 @@
 #include <reportgenerator/reportbase/forms/field.h>
 #include <reportgenerator/reportbase/forms/invalidvalues.h>
 #include <reportgenerator/reportbase/forms/xmlfields.h>
+#include <reportgenerator/reportbase/frames/elementtext.h>
 #include <reportgenerator/reportbase/frames/objectaccess.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
@@ -112,10 +113,10 @@ void WritePlainFields(QXmlStreamWriter& writer, const Object& object, const std:
 }
 
 /// Reads the child element that the reader stands on into its field. Returns whether it was one.
-template <class Object, class ReadText, class... Fields>
-bool ReadPlainElement(Object& object, const QXmlStreamReader& reader, const std::tuple<Fields...>& fields,
-                      ReadText&& readText)
+template <class Object, class... Fields>
+bool ReadPlainElement(Object& object, QXmlStreamReader& reader, const std::tuple<Fields...>& fields)
 {
+    const auto readText = [&](auto& value) { ReadElementText(object, reader, value); };
     const auto store = [&object](const auto& field, const auto& value) { StoreField(object, field, value); };
     return AnyOfFields(
         fields, [&](const auto& field) { return ReadXmlElement(reader.name(), field, readText, store); });

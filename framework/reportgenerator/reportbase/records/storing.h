@@ -81,9 +81,9 @@ void AppendItem(Object& object, const ItemList<Data, Item>& row, const Item& ite
 template <class Object, class Data, class Item>
 void AppendItems(Object& object, const ItemList<Data, Item>& row, QVector<Item>& items)
 {
-    const bool validate = object.GetValidate();
-    for (const Item& item : qAsConst(items))
-        item.SetValidate(validate);
+    // New ones validate.
+    if (!object.GetValidate())
+        std::for_each(items.cbegin(), items.cend(), [](const Item& item) { item.SetValidate(false); });
     Data& data = RecordAccess::Make(object);
     if (row.In(data).Values().isEmpty())
         row.In(data).Own().swap(items);
@@ -97,8 +97,12 @@ template <class Object, class Data, class Item, class Read>
 void ReadItem(Object& object, const ItemList<Data, Item>& row, Read&& read)
 {
     Item item;
-    item.SetValidate(object.GetValidate());
-    item.SetLogger(object.GetLogger());
+    if (ObjectAccess::RoadOf(object)) {
+        ObjectAccess::PassSettings(object, item);
+    } else {
+        item.SetValidate(object.GetValidate());
+        item.SetLogger(object.GetLogger());
+    }
     read(item);
     AppendItem(object, row, item);
 }

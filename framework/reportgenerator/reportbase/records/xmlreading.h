@@ -2,6 +2,7 @@
 #define REPORTGENERATOR_RECORDS_XMLREADING_H
 
 #include <reportgenerator/reportbase/forms/xmlfields.h>
+#include <reportgenerator/reportbase/frames/elementtext.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/storing.h>
@@ -9,25 +10,24 @@
 namespace REPORTGENERATOR {
 
 // A record's rows from a caller's XML reader, which stands on a child element. Each function reads the child if it is
-// the row's and returns whether it was; `readText` gives the text of the child.
+// the row's and returns whether it was.
 
-template <class Object, class ReadText, class D, class T>
-bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& readText,
-                const Field<D, T, Flagged>& row)
+template <class Object, class D, class T>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, const Field<D, T, Flagged>& row)
 {
-    return ReadXmlElement(reader.name(), row, readText,
-                          [&object](const auto& field, const T& value) { StoreValue(object, field, value); });
+    return ReadXmlElement(
+        reader.name(), row, [&](T& value) { ReadElementText(object, reader, value); },
+        [&object](const auto& field, const T& value) { StoreValue(object, field, value); });
 }
 
-template <class Object, class ReadText, class Data>
-bool ReadRowXml(Object& /*object*/, QXmlStreamReader& /*reader*/, ReadText&& /*readText*/,
-                const FormatVersion<Data>& /*row*/)
+template <class Object, class Data>
+bool ReadRowXml(Object& /*object*/, QXmlStreamReader& /*reader*/, const FormatVersion<Data>& /*row*/)
 {
     return false;
 }
 
-template <class Object, class ReadText, class Data, class T>
-bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*/, const Member<Data, T>& row)
+template <class Object, class Data, class T>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, const Member<Data, T>& row)
 {
     T& member = row.In(RecordAccess::Make(object));
     if (reader.name() != member.GetObjectName())
@@ -37,9 +37,8 @@ bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*
     return true;
 }
 
-template <class Object, class ReadText, class Data, class Item>
-bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*/,
-                const ItemList<Data, Item>& row)
+template <class Object, class Data, class Item>
+bool ReadRowXml(Object& object, QXmlStreamReader& reader, const ItemList<Data, Item>& row)
 {
     if (!(reader.name() == row.name))
         return false;
@@ -48,11 +47,11 @@ bool ReadRowXml(Object& object, QXmlStreamReader& reader, ReadText&& /*readText*
 }
 
 /// Reads the child that the reader stands on. Returns whether it belongs to the object.
-template <class Object, class ReadText>
-bool ReadXmlChild(Object& object, QXmlStreamReader& reader, ReadText&& readText)
+template <class Object>
+bool ReadXmlChild(Object& object, QXmlStreamReader& reader)
 {
     return AnyOfFields(RecordAccess::RowsOf(object),
-                       [&](const auto& row) { return ReadRowXml(object, reader, readText, row); });
+                       [&](const auto& row) { return ReadRowXml(object, reader, row); });
 }
 
 } // namespace REPORTGENERATOR
