@@ -6,9 +6,6 @@
 
 namespace ReportTool {
 
-/// Size of a tag, a length, a size or a count.
-constexpr qint64 WORD_SIZE = 4;
-
 /// A part of a byte array that is taken from its front. It never gives more than it has, whatever a number in
 /// the data claims. The array must outlive it.
 class ByteRange

@@ -7,31 +7,36 @@ namespace ReportTool {
 
 namespace {
 
-constexpr ElementType FREQUENCY_TYPES[] = {{0x4ECB4E58, "min", PayloadType::Utf8, nullptr},
-                                           {0x6E8DD7F5, "max", PayloadType::Utf8, nullptr},
-                                           {0xAA39C731, "use", PayloadType::Bool, nullptr},
-                                           {0x8AFF57B3, "value", PayloadType::Utf8, nullptr}};
-constexpr Layout FREQUENCY = {"Frequency", FREQUENCY_TYPES, std::size(FREQUENCY_TYPES)};
+namespace wire = REPORTGENERATOR::wire;
+namespace tag = wire::tag;
 
-constexpr ElementType BANDWIDTH_TYPES[] = {{0x4ECB4E58, "min", PayloadType::Utf8, nullptr},
-                                           {0x6E8DD7F5, "max", PayloadType::Utf8, nullptr},
-                                           {0x8AFF57B3, "value", PayloadType::Utf8, nullptr}};
-constexpr Layout BANDWIDTH = {"IFBandwidth", BANDWIDTH_TYPES, std::size(BANDWIDTH_TYPES)};
+constexpr ElementType FREQUENCY_TYPES[] = {{tag::MIN, "min", PayloadType::Utf8, nullptr},
+                                           {tag::MAX, "max", PayloadType::Utf8, nullptr},
+                                           {tag::USE, "use", PayloadType::Bool, nullptr},
+                                           {tag::VALUE, "value", PayloadType::Utf8, nullptr}};
+constexpr Layout FREQUENCY = {wire::FREQUENCY, FREQUENCY_TYPES, std::size(FREQUENCY_TYPES)};
 
-constexpr ElementType COORDINATE_TYPES[] = {{0x247E7491, "longitude", PayloadType::Utf8, nullptr},
-                                            {0xCB2F4B76, "latitude", PayloadType::Utf8, nullptr}};
-constexpr Layout COORDINATE = {"Coordinate", COORDINATE_TYPES, std::size(COORDINATE_TYPES)};
+constexpr ElementType BANDWIDTH_TYPES[] = {{tag::MIN, "min", PayloadType::Utf8, nullptr},
+                                           {tag::MAX, "max", PayloadType::Utf8, nullptr},
+                                           {tag::VALUE, "value", PayloadType::Utf8, nullptr}};
+constexpr Layout BANDWIDTH = {wire::IF_BANDWIDTH, BANDWIDTH_TYPES, std::size(BANDWIDTH_TYPES)};
 
-constexpr ElementType AREA_TYPES[] = {{0xCCFEDFA1, "version", PayloadType::Utf16, nullptr},
-                                      {0x8C9FBCA8, "name", PayloadType::Utf8, nullptr},
-                                      {0x6F69083F, "coordinates", PayloadType::Coordinates, &COORDINATE},
-                                      {0xC22211A9, "script identifier", PayloadType::Utf8, nullptr}};
-constexpr Layout AREA = {"Area", AREA_TYPES, std::size(AREA_TYPES)};
+constexpr ElementType COORDINATE_TYPES[] = {{tag::LONGITUDE, "longitude", PayloadType::Utf8, nullptr},
+                                            {tag::LATITUDE, "latitude", PayloadType::Utf8, nullptr}};
+constexpr Layout COORDINATE = {wire::COORDINATE, COORDINATE_TYPES, std::size(COORDINATE_TYPES)};
 
-constexpr ElementType REPORT_TYPES[] = {{0xCF452ADA, "frequency", PayloadType::Object, &FREQUENCY},
-                                        {0xCA8F8C7C, "IF bandwidth", PayloadType::Object, &BANDWIDTH},
-                                        {0xA838BE37, "area", PayloadType::Object, &AREA}};
-constexpr Layout REPORT = {"ReportBase", REPORT_TYPES, std::size(REPORT_TYPES)};
+constexpr ElementType AREA_TYPES[] = {
+    {tag::AREA_VERSION, "version", PayloadType::Utf16, nullptr},
+    {tag::AREA_NAME, "name", PayloadType::Utf8, nullptr},
+    {tag::AREA_COORDINATES, "coordinates", PayloadType::Coordinates, &COORDINATE},
+    {tag::AREA_SCRIPT_ID, "script identifier", PayloadType::Utf8, nullptr}};
+constexpr Layout AREA = {wire::AREA, AREA_TYPES, std::size(AREA_TYPES)};
+
+constexpr ElementType REPORT_TYPES[] = {
+    {tag::REPORT_FREQUENCY, "frequency", PayloadType::Object, &FREQUENCY},
+    {tag::REPORT_IF_BANDWIDTH, "IF bandwidth", PayloadType::Object, &BANDWIDTH},
+    {tag::REPORT_AREA, "area", PayloadType::Object, &AREA}};
+constexpr Layout REPORT = {wire::REPORT, REPORT_TYPES, std::size(REPORT_TYPES)};
 
 constexpr const Layout* LAYOUTS[] = {&REPORT, &FREQUENCY, &BANDWIDTH, &AREA, &COORDINATE};
 
@@ -40,13 +45,12 @@ constexpr const Layout* LAYOUTS[] = {&REPORT, &FREQUENCY, &BANDWIDTH, &AREA, &CO
 const Layout* FindLayout(const QString& objectName)
 {
     const auto* const found =
-        std::find_if(std::cbegin(LAYOUTS), std::cend(LAYOUTS), [&objectName](const Layout* layout) {
-            return objectName == QLatin1String(layout->objectName);
-        });
+        std::find_if(std::cbegin(LAYOUTS), std::cend(LAYOUTS),
+                     [&objectName](const Layout* layout) { return objectName == layout->objectName; });
     return found == std::cend(LAYOUTS) ? nullptr : *found;
 }
 
-const ElementType* FindType(const Layout* layout, quint32 tag)
+const ElementType* FindType(const Layout* layout, qint32 tag)
 {
     if (!layout)
         return nullptr;

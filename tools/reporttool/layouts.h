@@ -1,7 +1,8 @@
 #ifndef REPORTTOOL_LAYOUTS_H
 #define REPORTTOOL_LAYOUTS_H
 
-#include <QtCore/QLatin1String>
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+
 #include <QtCore/QString>
 
 #include <cstddef>
@@ -23,7 +24,7 @@ enum class PayloadType
 /// One kind of element: its tag, what people call it, and what it holds.
 struct ElementType
 {
-    quint32 tag;
+    qint32 tag;
     const char* name;
     PayloadType payload;
     const Layout* layout; ///< of the member object or of each coordinate
@@ -32,7 +33,7 @@ struct ElementType
 /// The elements that objects of one class may have.
 struct Layout
 {
-    const char* objectName;
+    REPORTGENERATOR::Name objectName;
     const ElementType* types;
     std::size_t count;
 };
@@ -41,7 +42,7 @@ struct Layout
 const Layout* FindLayout(const QString& objectName);
 
 /// The element of that tag, null for a tag that the layout doesn't know. There may be no layout.
-const ElementType* FindType(const Layout* layout, quint32 tag);
+const ElementType* FindType(const Layout* layout, qint32 tag);
 
 } // namespace ReportTool
 

@@ -4,6 +4,7 @@
 #include <reporttool/problemlogger.h>
 #include <reporttool/walk.h>
 
+#include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>
@@ -20,24 +21,23 @@ using REPORTGENERATOR::ReportBase;
 
 namespace {
 
-/// The version of all streams of reports.
-constexpr int STREAM_VERSION = QDataStream::Qt_4_6;
+namespace wire = REPORTGENERATOR::wire;
 
 // --- Recognising
 
-bool BeginsWithMarker(ByteRange range, const char* marker)
+bool BeginsWithMarker(ByteRange range, const REPORTGENERATOR::Name& marker)
 {
-    if (!range.Has(WORD_SIZE))
+    if (!range.Has(wire::WORD_SIZE))
         return false;
-    const qint64 size = range.Take(WORD_SIZE).Word();
-    return range.Has(size) && range.Take(size).Utf16() == QLatin1String(marker);
+    const qint64 size = range.Take(wire::WORD_SIZE).Word();
+    return range.Has(size) && range.Take(size).Utf16() == marker;
 }
 
 Form FormOfRepresentation(const ByteRange& range)
 {
-    if (BeginsWithMarker(range, PLAIN_MARKER))
+    if (BeginsWithMarker(range, wire::PLAIN_MARKER))
         return Form::Plain;
-    return BeginsWithMarker(range, COMPRESSED_MARKER) ? Form::Compressed : Form::Unknown;
+    return BeginsWithMarker(range, wire::COMPRESSED_MARKER) ? Form::Compressed : Form::Unknown;
 }
 
 /// One of the ways in which XML may be encoded, as far as its first character shows it.
@@ -212,7 +212,7 @@ bool ReadBody(ReportBase& report, const QByteArray& body, Problems& problems)
     bool isRead = false;
     try {
         QDataStream stream(body);
-        stream.setVersion(STREAM_VERSION);
+        stream.setVersion(wire::STREAM_VERSION);
         qint32 tag = 0;
         qint32 length = 0;
         stream >> tag >> length;
@@ -254,7 +254,7 @@ QByteArray BinaryFile(const QByteArray& representation)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(STREAM_VERSION);
+    stream.setVersion(wire::STREAM_VERSION);
     stream << representation;
     return bytes;
 }
@@ -278,7 +278,7 @@ FileForm Recognise(const QByteArray& bytes)
     if (const Form form = FormOfRepresentation(range); form != Form::Unknown)
         return {form, false};
     ByteRange content = range;
-    content.Take(WORD_SIZE);
+    content.Take(wire::WORD_SIZE);
     if (const Form form = FormOfRepresentation(content); form != Form::Unknown)
         return {form, true};
     const bool isXml =

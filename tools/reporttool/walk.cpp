@@ -1,5 +1,6 @@
 #include <reporttool/walk.h>
 
+#include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/irgobject.h>
 
 #include <utility>
@@ -8,11 +9,7 @@ namespace ReportTool {
 
 namespace {
 
-/// Size of a text or byte array that is not there at all, which differs from an empty one.
-constexpr quint32 NULL_SIZE = 0xFFFFFFFF;
-
-/// The most that a byte of compressed data can stand for.
-constexpr qint64 MAX_INFLATION = 1032;
+namespace wire = REPORTGENERATOR::wire;
 
 bool IsSize(Kind kind)
 {
@@ -28,7 +25,7 @@ qint64 Claimed(const Field& field)
 
 bool IsNull(const Field& field)
 {
-    return IsSize(field.kind) && field.bytes.Word() == NULL_SIZE;
+    return IsSize(field.kind) && field.bytes.Word() == wire::NULL_SIZE;
 }
 
 QString ClaimedAndLeft(qint64 claimed, qint64 left)
@@ -80,8 +77,7 @@ void Walk::Frame()
         range = content.value_or(ByteRange());
         ++m_depth;
     }
-    m_isCompressed =
-        Text(range, Kind::SizeOfUtf16, "marker", m_depth).Utf16() == QLatin1String(COMPRESSED_MARKER);
+    m_isCompressed = Text(range, Kind::SizeOfUtf16, "marker", m_depth).Utf16() == wire::COMPRESSED_MARKER;
     m_objectName = Text(range, Kind::SizeOfUtf16, "object name", m_depth).Utf16();
     if (!m_isCompressed) {
         m_body = range;
@@ -100,11 +96,11 @@ void Walk::Body()
         return;
     const int depth = m_isCompressed ? 0 : m_depth;
     ByteRange range = m_body;
-    if (!range.Has(WORD_SIZE)) {
+    if (!range.Has(wire::WORD_SIZE)) {
         Fault(range, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for a root element"));
         return;
     }
-    Visit(Kind::Tag, range.Take(WORD_SIZE), depth, "root");
+    Visit(Kind::Tag, range.Take(wire::WORD_SIZE), depth, "root");
     const auto elements = Counted(range, {Kind::Length, {}, depth, "elements"});
     if (elements)
         Elements(*elements, FindLayout(m_objectName), depth + 1);
@@ -121,12 +117,12 @@ void Walk::End()
 /// there is not even the number.
 std::optional<ByteRange> Walk::Counted(ByteRange& range, Field field)
 {
-    if (!range.Has(WORD_SIZE)) {
+    if (!range.Has(wire::WORD_SIZE)) {
         Fault(range.Take(range.Size()), field.depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for the size of %1").arg(QLatin1String(field.name)));
         return std::nullopt;
     }
-    field.bytes = range.Take(WORD_SIZE);
+    field.bytes = range.Take(wire::WORD_SIZE);
     const qint64 count = IsNull(field) ? 0 : Claimed(field);
     if (!range.Has(count)) {
         field.fault = LENGTH_MISMATCH;
@@ -150,13 +146,13 @@ ByteRange Walk::Text(ByteRange& range, Kind sizeKind, const char* name, int dept
 void Walk::Uncompress(ByteRange data, int depth)
 {
     const QByteArray prefixed = data.Bytes();
-    if (!data.Has(WORD_SIZE)) {
+    if (!data.Has(wire::WORD_SIZE)) {
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("too few bytes for compressed data"));
         return;
     }
-    Field prefix{Kind::Prefix, data.Take(WORD_SIZE), depth, "bytes when uncompressed"};
+    Field prefix{Kind::Prefix, data.Take(wire::WORD_SIZE), depth, "bytes when uncompressed"};
     const qint64 claimed = prefix.bytes.Word();
-    if (claimed > UNCOMPRESSED_CEILING && prefixed.size() > UNCOMPRESSED_CEILING / MAX_INFLATION) {
+    if (claimed > UNCOMPRESSED_CEILING && prefixed.size() > UNCOMPRESSED_CEILING / wire::MAX_INFLATION) {
         m_visit(prefix);
         Fault(data, depth, TOO_LARGE, QStringLiteral("%1 bytes when uncompressed").arg(claimed));
         return;
@@ -184,13 +180,13 @@ void Walk::Elements(ByteRange range, const Layout* layout, int depth)
 
 void Walk::Element(ByteRange& range, const Layout* layout, int depth)
 {
-    if (!range.Has(WORD_SIZE)) {
+    if (!range.Has(wire::WORD_SIZE)) {
         Fault(range.Take(range.Size()), depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for an element"));
         return;
     }
-    const ByteRange tag = range.Take(WORD_SIZE);
-    const ElementType* type = FindType(layout, tag.Word());
+    const ByteRange tag = range.Take(wire::WORD_SIZE);
+    const ElementType* type = FindType(layout, static_cast<qint32>(tag.Word()));
     const char* name = type ? type->name : "unknown element";
     Visit(Kind::Tag, tag, depth, name);
     const auto payload = Counted(range, {Kind::Length, {}, depth, name});
@@ -237,12 +233,12 @@ void Walk::Bool(ByteRange& payload, const ElementType& type, int depth)
 
 void Walk::Coordinates(ByteRange& payload, const ElementType& type, int depth)
 {
-    if (!payload.Has(WORD_SIZE)) {
+    if (!payload.Has(wire::WORD_SIZE)) {
         Fault(payload.Take(payload.Size()), depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for a count"));
         return;
     }
-    const ByteRange word = payload.Take(WORD_SIZE);
+    const ByteRange word = payload.Take(wire::WORD_SIZE);
     Visit(Kind::Count, word, depth, "coordinates that follow");
     const qint64 count = static_cast<qint32>(word.Word());
     qint64 number = 0;

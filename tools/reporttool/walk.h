@@ -14,9 +14,6 @@
 
 namespace ReportTool {
 
-constexpr char PLAIN_MARKER[] = "IRGObject";
-constexpr char COMPRESSED_MARKER[] = "IRGObjectQCompress";
-
 /// Most that compressed data may hold by their own account, where their size makes that possible: what a file
 /// may hold that is not compressed.
 constexpr qint64 UNCOMPRESSED_CEILING = INPUT_CEILING;

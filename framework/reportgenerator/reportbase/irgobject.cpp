@@ -9,54 +9,8 @@
 #include <QtCore/QDateTime>
 
 #include <utility>
-#include <vector>
 
 namespace REPORTGENERATOR {
-
-namespace {
-
-constexpr int LAST_KIND = 80;
-
-/// The identities that objects have by their kind alone, by the numbers of the kinds; those between them are of no
-/// kind.
-const std::vector<ObjectIdentity>& IdentitiesOfKinds()
-{
-    static const std::vector<ObjectIdentity> identities = [] {
-        std::vector<ObjectIdentity> made;
-        for (int number = 0; number <= LAST_KIND; ++number) {
-            const auto kind = static_cast<ObjectTypes>(number);
-            made.push_back({kind, number, ObjectTypesToName(kind), nullptr, false});
-        }
-        return made;
-    }();
-    return identities;
-}
-
-/// Null for a number that has no name.
-const ObjectIdentity* IdentityOfKind(ObjectTypes type)
-{
-    const auto number = static_cast<std::size_t>(static_cast<unsigned int>(type));
-    const std::vector<ObjectIdentity>& identities = IdentitiesOfKinds();
-    return number < identities.size() && !identities[number].name.isEmpty() ? &identities[number] : nullptr;
-}
-
-const ObjectIdentity& NamelessIdentity()
-{
-    static const ObjectIdentity identity = {};
-    return identity;
-}
-
-std::shared_ptr<Logger> LoggerOf(const ObjectSettings* settings)
-{
-    return settings ? settings->logger : nullptr;
-}
-
-std::shared_ptr<VersionConverterProxy> ConverterOf(const ObjectSettings* settings)
-{
-    return settings ? settings->converter : nullptr;
-}
-
-} // namespace
 
 const QString IRGObject::EMPTY_VERSION;
 
@@ -185,7 +139,8 @@ const QString& IRGObject::GetObjectName() const
 void IRGObject::SetValidate(bool validate) const
 {
     if (validate != ObjectAccess::Validates(*this))
-        ReplaceSettings(ObjectSettings::Of(validate, LoggerOf(m_settings), ConverterOf(m_settings)));
+        ReplaceSettings(ObjectSettings::Of(validate, ObjectSettings::LoggerOf(m_settings),
+                                           ObjectSettings::ConverterOf(m_settings)));
 }
 
 bool IRGObject::GetValidate() const
@@ -195,9 +150,9 @@ bool IRGObject::GetValidate() const
 
 void IRGObject::SetLogger(std::shared_ptr<Logger> logger) const
 {
-    if (logger != LoggerOf(m_settings))
-        ReplaceSettings(
-            ObjectSettings::Of(ObjectAccess::Validates(*this), std::move(logger), ConverterOf(m_settings)));
+    if (logger != ObjectSettings::LoggerOf(m_settings))
+        ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), std::move(logger),
+                                           ObjectSettings::ConverterOf(m_settings)));
 }
 
 void IRGObject::ResetLogger() const
@@ -238,14 +193,14 @@ long long IRGObject::GetObjectId() const
 
 std::shared_ptr<Logger> IRGObject::GetLogger() const
 {
-    return LoggerOf(m_settings);
+    return ObjectSettings::LoggerOf(m_settings);
 }
 
 void IRGObject::InjectVersionConverter(std::shared_ptr<VersionConverterProxy> converter)
 {
     TraceProgress(converter ? messages::InjectingVersionConverter : messages::RemovingVersionConverter);
-    ReplaceSettings(
-        ObjectSettings::Of(ObjectAccess::Validates(*this), LoggerOf(m_settings), std::move(converter)));
+    ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), ObjectSettings::LoggerOf(m_settings),
+                                       std::move(converter)));
 }
 
 QString IRGObject::GetXmlTagName(ObjectTypes type)
@@ -257,20 +212,20 @@ QString IRGObject::GetXmlTagName(ObjectTypes type)
 
 void IRGObject::Trace(LogLevel level, const QString& text) const
 {
-    if (const auto logger = LoggerOf(m_settings))
+    if (const auto logger = ObjectSettings::LoggerOf(m_settings))
         logger->Trace(level, text, false);
 }
 
 void IRGObject::Trace(LogLevel level, const RGException& exception) const
 {
-    if (const auto logger = LoggerOf(m_settings))
+    if (const auto logger = ObjectSettings::LoggerOf(m_settings))
         logger->Trace(level, exception, false);
 }
 
 void IRGObject::TraceOrThrow(LogLevel level, RGException& exception, bool fatal,
                              bool throwWithoutLogger) const
 {
-    if (LoggerOf(m_settings) ? fatal : throwWithoutLogger)
+    if (ObjectSettings::LoggerOf(m_settings) ? fatal : throwWithoutLogger)
         reporting::Throw(*this, exception, level);
     Trace(level, exception);
 }
@@ -303,7 +258,7 @@ bool IRGObject::PrepareToWrite() const
 /// Spares the text when nobody listens.
 void IRGObject::TraceProgress(QString (*message)(const QString& objectName)) const
 {
-    if (LoggerOf(m_settings))
+    if (ObjectSettings::LoggerOf(m_settings))
         Trace(LogLevel::INFO, message(GetObjectName()));
 }
 
@@ -321,9 +276,10 @@ ObjectIdentity& IRGObject::OwnIdentity()
 /// Validate flag and logger; the version converter stays.
 void IRGObject::PassSettingsTo(const IRGObject& other) const
 {
-    if (ConverterOf(m_settings) || ConverterOf(other.m_settings)) {
-        other.ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), LoggerOf(m_settings),
-                                                 ConverterOf(other.m_settings)));
+    if (ObjectSettings::ConverterOf(m_settings) || ObjectSettings::ConverterOf(other.m_settings)) {
+        other.ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this),
+                                                 ObjectSettings::LoggerOf(m_settings),
+                                                 ObjectSettings::ConverterOf(other.m_settings)));
         return;
     }
     ObjectSettings::Retain(m_settings);

@@ -1,6 +1,7 @@
 #include <reportgenerator/reportbase/forms/compression.h>
 
 #include <reportgenerator/reportbase/forms/limits.h>
+#include <reportgenerator/reportbase/forms/wirefacts.h>
 
 #include <QtCore/QtEndian>
 
@@ -19,7 +20,7 @@ QByteArray Uncompress(const QByteArray& data)
     const qint64 claimed = qFromBigEndian<quint32>(data.constData());
     if (claimed > limits::MAX_BYTE_ARRAY)
         return QByteArray();
-    const qint64 possible = qint64(data.size()) * limits::MAX_INFLATION + limits::INFLATION_SLACK;
+    const qint64 possible = qint64(data.size()) * wire::MAX_INFLATION + limits::INFLATION_SLACK;
     if (claimed <= possible)
         return qUncompress(data);
     // qUncompress grows its buffer when the prefix is too small, so a smaller claim gives the same result.

@@ -11,11 +11,7 @@ namespace REPORTGENERATOR {
 /// write.
 namespace limits {
 
-/// A deflate stream grows at most by this factor, so compressed data cannot hold more than their size times
-/// this.
-constexpr qint64 MAX_INFLATION = 1032;
-
-/// Room left to blocks of a few bytes, for which the factor alone says little.
+/// Room left to compressed blocks of a few bytes, for which the factor by which they can grow says little.
 constexpr qint64 INFLATION_SLACK = 64;
 
 /// A byte array of the reference platform holds less than this, its administration included.

@@ -47,7 +47,7 @@ struct ObjectAccess
 
     static std::shared_ptr<VersionConverterProxy> ConverterOf(const IRGObject& object)
     {
-        return object.m_settings ? object.m_settings->converter : nullptr;
+        return ObjectSettings::ConverterOf(object.m_settings);
     }
 
     static QString TextOf(const IRGObject& object, QXmlStreamReader& reader)

@@ -24,6 +24,12 @@ struct ObjectIdentity
     bool isOwn = false;
 };
 
+/// What objects point at that are nothing but of a kind; null for a number that has no name.
+const ObjectIdentity* IdentityOfKind(ObjectTypes type);
+
+/// What an object points at before it has a kind.
+const ObjectIdentity& NamelessIdentity();
+
 /// The identity of a class that is of the kind `AnyType` and has a name of its own.
 inline ObjectIdentity IdentityNamed(const QString& name)
 {

@@ -34,6 +34,16 @@ struct ObjectSettings
             delete settings;
     }
 
+    static std::shared_ptr<Logger> LoggerOf(const ObjectSettings* settings)
+    {
+        return settings ? settings->logger : nullptr;
+    }
+
+    static std::shared_ptr<VersionConverterProxy> ConverterOf(const ObjectSettings* settings)
+    {
+        return settings ? settings->converter : nullptr;
+    }
+
     /// Settings of that content, retained for the caller; null for those of a new object.
     static const ObjectSettings* Of(bool validate, std::shared_ptr<Logger> logger,
                                     std::shared_ptr<VersionConverterProxy> converter);

@@ -3,7 +3,8 @@
 
 #include <reportgenerator/reportbase/frames/directroad.h>
 #include <reportgenerator/reportbase/records/checking.h>
-#include <reportgenerator/reportbase/records/directreading.h>
+#include <reportgenerator/reportbase/records/directelements.h>
+#include <reportgenerator/reportbase/records/directxml.h>
 #include <reportgenerator/reportbase/records/settingsof.h>
 #include <reportgenerator/reportbase/records/tagged.h>
 #include <reportgenerator/reportbase/records/xmlwriting.h>

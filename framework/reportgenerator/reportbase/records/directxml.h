@@ -1,33 +1,19 @@
-#ifndef REPORTGENERATOR_RECORDS_DIRECTREADING_H
-#define REPORTGENERATOR_RECORDS_DIRECTREADING_H
+#ifndef REPORTGENERATOR_RECORDS_DIRECTXML_H
+#define REPORTGENERATOR_RECORDS_DIRECTXML_H
 
-#include <reportgenerator/reportbase/forms/byterange.h>
-#include <reportgenerator/reportbase/forms/values.h>
 #include <reportgenerator/reportbase/forms/xmlscanner.h>
-#include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
-#include <reportgenerator/reportbase/records/tagged.h>
+#include <reportgenerator/reportbase/records/freshrecord.h>
 
+#include <QtCore/QVector>
+
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <tuple>
 
 namespace REPORTGENERATOR {
 
-// Reading past Qt's stream classes: aside, into a fresh record, which is taken over when all of it has been read and
-// found good. Each function returns false for whatever is odd.
-
-/// Puts the value into a record that doesn't have it yet.
-template <class Data, class D, class T>
-bool PutValue(Data& data, const Field<D, T, Flagged>& row, const T& value)
-{
-    if (row.IsSetIn(data) || !IsAdmitted(row, value))
-        return false;
-    row.In(data) = value;
-    SetFlag(data, row.setBy);
-    return true;
-}
-
-// --- XML --------------------------------------------------------------------------------------------------
+// A fresh record from XML of the shape that the library writes.
 
 template <class Unit, class Data>
 bool ReadRecord(XmlScanner<Unit>& scanner, const Name& name, Data& data);
@@ -211,135 +197,6 @@ bool ReadDocument(XmlScanner<Unit> scanner, Data& data)
 {
     const Name& name = Description<Data>::NAME;
     return scanner.EnterTag(name) && ReadRecord(scanner, name, data) && scanner.IsAtEndOfBlanks();
-}
-
-// --- Tagged elements --------------------------------------------------------------------------------------
-
-template <class Data>
-bool ReadRecord(ByteRange body, Data& data);
-
-inline bool ReadPayload(ByteRange payload, double& value)
-{
-    return payload.TakeSizeOfRest() && numbers::ReadFixed(payload.next, payload.end, value);
-}
-
-inline bool ReadPayload(ByteRange payload, bool& value)
-{
-    value = payload.Left() == 1 && *payload.next != 0;
-    return payload.Left() == 1;
-}
-
-inline bool ReadPayload(ByteRange payload, QString& value)
-{
-    if (!payload.TakeSizeOfRest())
-        return false;
-    value = elements::TextOfUtf8(payload.next, payload.Left());
-    return true;
-}
-
-template <class Data, class D, class T>
-bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Field<D, T, Flagged>& row)
-{
-    T value{};
-    return tag == row.setBy.tag && ReadPayload(payload, value) && PutValue(data, row, value);
-}
-
-template <class Data>
-bool ReadElement(ByteRange payload, qint32 tag, Data& data, const FormatVersion<Data>& row)
-{
-    if (tag != row.tag || !payload.TakeSizeOfRest() || !payload.HoldsText(row.model))
-        return false;
-    data.*(row.loaded) = row.model.Text();
-    return true;
-}
-
-template <class Data, class Object>
-bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Member<Data, Object>& row)
-{
-    if (tag != row.setBy.tag || row.IsSetIn(data))
-        return false;
-    SetFlag(data, row.setBy);
-    return ReadRecord(payload, RecordAccess::Make(row.In(data)));
-}
-
-template <class Data, class Item>
-bool ReadElement(ByteRange payload, qint32 tag, Data& data, const ItemList<Data, Item>& row)
-{
-    qint32 count = 0;
-    if (tag != row.setBy.tag || row.IsSetIn(data) || !payload.TakeWord(count) || count < 0 ||
-        count > payload.Left() / ShortestBody(row))
-        return false;
-    if (count == 0)
-        return payload.Left() == 0;
-    QVector<Item> items(count);
-    for (Item& item : items) {
-        auto& itemData = RecordAccess::Make(item);
-        qint32 length = 0;
-        ByteRange body = {};
-        if (!payload.TakeWord(length) || !payload.TakePart(length, body) || !ReadRecord(body, itemData) ||
-            !AreMandatoryRowsSet(&itemData, Description<typename Item::RecordData>::ROWS))
-            return false;
-    }
-    row.In(data).Adopt(items);
-    SetFlag(data, row.setBy);
-    return payload.Left() == 0;
-}
-
-template <class Data>
-bool ReadRecord(ByteRange body, Data& data)
-{
-    while (body.Left() > 0) {
-        qint32 tag = 0;
-        qint32 length = 0;
-        ByteRange payload = {};
-        if (!body.TakeWord(tag) || !body.TakeWord(length) || !body.TakePart(length, payload))
-            return false;
-        if (!AnyOfFields(Description<Data>::ROWS,
-                         [&](const auto& row) { return ReadElement(payload, tag, data, row); }))
-            return false;
-    }
-    return true;
-}
-
-// --- Taking over ------------------------------------------------------------------------------------------
-
-template <class Data>
-void AdoptRecord(Data& to, Data& from);
-
-template <class Data, class D, class T>
-void AdoptRow(Data& to, Data& from, const Field<D, T, Flagged>& row)
-{
-    row.In(to) = row.In(from);
-}
-
-template <class Data>
-void AdoptRow(Data& to, Data& from, const FormatVersion<Data>& row)
-{
-    // Data without a version leave the one that was loaded before.
-    if (!(from.*(row.loaded)).isNull())
-        to.*(row.loaded) = from.*(row.loaded);
-}
-
-template <class Data, class Object>
-void AdoptRow(Data& to, Data& from, const Member<Data, Object>& row)
-{
-    if (row.IsSetIn(from))
-        AdoptRecord(RecordAccess::Make(row.In(to)), RecordAccess::Make(row.In(from)));
-}
-
-template <class Data, class Item>
-void AdoptRow(Data& to, Data& from, const ItemList<Data, Item>& row)
-{
-    if (row.IsSetIn(from))
-        row.In(to).Adopt(row.In(from).Own());
-}
-
-/// Takes what was read over into a record in which nothing is set.
-template <class Data>
-void AdoptRecord(Data& to, Data& from)
-{
-    ForEachField(Description<Data>::ROWS, [&](const auto& row) { AdoptRow(to, from, row); });
-    to.flags = from.flags;
 }
 
 } // namespace REPORTGENERATOR
