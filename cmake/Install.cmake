@@ -56,6 +56,12 @@ if(UNIX)
     set(REPORTGENERATOR_PC_CFLAGS "-fPIC")
 endif()
 
+# Users set the sink of traces and the switches in the base library, which the full system has of its own.
+set(REPORTGENERATOR_PC_LIBS "-lreportbase")
+if(TARGET wendbase)
+    string(APPEND REPORTGENERATOR_PC_LIBS " -lwendbase")
+endif()
+
 configure_file(
     "${PROJECT_SOURCE_DIR}/cmake/reportgenerator.pc.in"
     "${PROJECT_BINARY_DIR}/reportgenerator.pc"

@@ -1,11 +1,20 @@
+#include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/frequency.h>
+#include <reportgenerator/reportbase/invalidxmlexception.h>
+#include <reportgenerator/reportbase/settingsnotifier.h>
+#include <wendbase/errorhandler.h>
+#include <wendbase/qtrace.h>
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <cstdio>
 
+using REPORTGENERATOR::Ellipse;
 using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::RegisterCenter;
+using REPORTGENERATOR::SettingsNotifier;
 
 namespace {
 
@@ -17,10 +26,8 @@ bool Expect(bool condition, const char* what)
     return condition;
 }
 
-} // namespace
-
 /// Sends one frequency through the text form and the compressed form.
-int main()
+bool SendFrequency()
 {
     Frequency sent;
     sent.SetValue(433920000.0);
@@ -33,11 +40,43 @@ int main()
     Frequency fromBytes;
     const bool bytesAccepted = fromBytes.SetBinaryRepresentation(bytes);
 
-    const bool good = Expect(xmlAccepted, "the XML text is accepted") &&
-                      Expect(fromXml.GetValue() == 433920000.0, "the XML text carries the value") &&
-                      Expect(fromXml.GetMin() == 433000000.0, "the XML text carries the minimum") &&
-                      Expect(!fromXml.IsMaxSet(), "the XML text carries no maximum") &&
-                      Expect(bytesAccepted, "the bytes are accepted") &&
-                      Expect(fromBytes == sent, "the bytes carry the whole object");
-    return good ? 0 : 1;
+    return Expect(xmlAccepted, "the XML text is accepted") &&
+           Expect(fromXml.GetValue() == 433920000.0, "the XML text carries the value") &&
+           Expect(fromXml.GetMin() == 433000000.0, "the XML text carries the minimum") &&
+           Expect(!fromXml.IsMaxSet(), "the XML text carries no maximum") &&
+           Expect(bytesAccepted, "the bytes are accepted") &&
+           Expect(fromBytes == sent, "the bytes carry the whole object");
+}
+
+/// Takes what the notifier traces: the base library comes with the report library.
+bool TakeTrace()
+{
+    QStringList traces;
+    SetTraceSink(
+        [&traces](const QString& text, const QString& /*source*/, int /*line*/) { traces.append(text); });
+    ErrorHandler::Instance().SetFlags(ErrorHandler::TRACE);
+
+    auto* center = new RegisterCenter;
+    center->RegisterInterface(new Ellipse);
+    SettingsNotifier notifier;
+    notifier.NotifyOnChanged(center);
+    bool refused = false;
+    try {
+        notifier.SetSettings(QString::fromLatin1("<Ellipse><Step/></Ellipse>"), true);
+    } catch (const InvalidXmlException&) {
+        refused = true;
+    }
+    SetTraceSink(nullptr);
+
+    const QString expected =
+        QString::fromLatin1("SettingsNotifier::SetSettings: Unknown Tag 'Step' in 'Ellipse'.");
+    return Expect(refused, "the exception reaches the program across the library's border") &&
+           Expect(traces == QStringList(expected), "the sink gets the trace");
+}
+
+} // namespace
+
+int main()
+{
+    return SendFrequency() && TakeTrace() ? 0 : 1;
 }
