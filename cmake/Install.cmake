@@ -18,7 +18,8 @@ configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/ReportGeneratorConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/ReportGeneratorConfig.cmake"
     INSTALL_DESTINATION "${packageDir}"
-    NO_SET_AND_CHECK_MACRO)
+    NO_SET_AND_CHECK_MACRO
+    NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 
 # Before 1.0 a new minor version may change the interface.
 write_basic_package_version_file(

@@ -1,5 +1,5 @@
-# Another project takes the sources in. It gets the target under its installed name, and neither the tests nor the
-# programs.
+# Another project, whose own libraries are static ones, takes the sources in. It gets the target under its installed
+# name, which is a shared library, and neither the tests nor the programs.
 
 include("${SETTINGS}")
 
@@ -11,6 +11,10 @@ add_subdirectory([==[${SOURCE_DIR}]==] reportgenerator)
 if(NOT TARGET ReportGenerator::reportbase)
     message(FATAL_ERROR \"no target ReportGenerator::reportbase\")
 endif()
+get_target_property(type ReportGenerator::reportbase TYPE)
+if(NOT type STREQUAL \"SHARED_LIBRARY\")
+    message(FATAL_ERROR \"a \${type}\")
+endif()
 foreach(target IN ITEMS reportbase_tests reporttool roundtrip)
     if(TARGET \${target})
         message(FATAL_ERROR \"unasked target \${target}\")
@@ -20,5 +24,8 @@ if(CMAKE_RUNTIME_OUTPUT_DIRECTORY)
     message(FATAL_ERROR \"the parent's settings are changed\")
 endif()
 ")
-run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" ${CONFIGURE_ARGUMENTS}
+run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" ${CONFIGURE_ARGUMENTS} -DBUILD_SHARED_LIBS=OFF
     "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}")
+if(NOT RUN_OUTPUT MATCHES "reportbase is a shared library whatever BUILD_SHARED_LIBS says")
+    message(FATAL_ERROR "not told that the library is a shared one")
+endif()
