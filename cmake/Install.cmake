@@ -1,5 +1,5 @@
-# Installed files besides the libraries: the programs that were built, and the descriptions by which CMake and
-# pkg-config find all of it. No file holds the prefix, so an installed tree can be moved.
+# Installed files besides the libraries: the programs that were built, the descriptions by which CMake and pkg-config
+# find all of it, and the pages. No file holds the prefix, so an installed tree can be moved.
 
 set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/ReportGenerator")
 set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
@@ -70,3 +70,16 @@ configure_file(
 install(FILES "${PROJECT_BINARY_DIR}/reportgenerator.pc"
     DESTINATION "${pkgConfigDir}"
     COMPONENT development)
+
+# --- Pages, with the folders that they name
+
+# A project that takes this one in has pages of its own.
+if(PROJECT_IS_TOP_LEVEL)
+    install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+        COMPONENT documentation)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" "${PROJECT_SOURCE_DIR}/examples"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+        COMPONENT documentation
+        PATTERN "CMakeLists.txt" EXCLUDE)
+endif()

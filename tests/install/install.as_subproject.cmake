@@ -1,5 +1,5 @@
 # Another project, whose own libraries are static ones, takes the sources in. It gets the target under its installed
-# name, which is a shared library, and neither the tests nor the programs.
+# name, which is a shared library, and neither the tests nor the programs nor the pages.
 
 include("${SETTINGS}")
 
@@ -29,3 +29,10 @@ run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" ${CONFIGURE_ARGUMEN
 if(NOT RUN_OUTPUT MATCHES "reportbase is a shared library whatever BUILD_SHARED_LIBS says")
     message(FATAL_ERROR "not told that the library is a shared one")
 endif()
+file(GLOB_RECURSE installScripts "${project}/build/cmake_install.cmake")
+foreach(installScript IN LISTS installScripts)
+    file(READ "${installScript}" text)
+    if(text MATCHES "README\\.md")
+        message(FATAL_ERROR "${installScript} installs pages")
+    endif()
+endforeach()

@@ -46,6 +46,34 @@ foreach(file IN LISTS needed)
     endif()
 endforeach()
 
+# --- The pages: all of them, with what they lead to
+
+file(GLOB pages RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/docs/*")
+if(NOT pages)
+    message(FATAL_ERROR "no pages")
+endif()
+list(APPEND pages README.md CHANGELOG.md)
+foreach(page IN LISTS pages)
+    set(installedPage "${PREFIX}/${DOC_DIR}/${page}")
+    if(NOT EXISTS "${installedPage}")
+        message(FATAL_ERROR "not installed: ${DOC_DIR}/${page}")
+    endif()
+    if(NOT page MATCHES "\\.md$")
+        continue()
+    endif()
+    file(READ "${installedPage}" text)
+    cmake_path(GET installedPage PARENT_PATH folder)
+    # A bracket would keep the links from being a list.
+    string(REPLACE "](" "\n(" text "${text}")
+    string(REGEX MATCHALL "\n\\([^()#:\n]+[)#]" links "${text}")
+    foreach(link IN LISTS links)
+        string(REGEX REPLACE "^..(.*).$" "\\1" link "${link}")
+        if(NOT EXISTS "${folder}/${link}")
+            message(FATAL_ERROR "${page} leads to ${link}, which is not installed")
+        endif()
+    endforeach()
+endforeach()
+
 # --- No description knows where the tree was built or installed
 
 file(GLOB_RECURSE descriptions "${PREFIX}/*.cmake" "${PREFIX}/*.pc")
