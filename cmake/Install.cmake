@@ -1,14 +1,16 @@
 # Installed files besides the libraries: the programs that were built, the descriptions by which CMake and pkg-config
 # find all of it, and the pages. No file holds the prefix, so an installed tree can be moved.
 
-set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/ReportGenerator")
+set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/${REPORTGENERATOR_PACKAGE}")
 set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 # --- Programs
 
 if(TARGET reporttool)
     file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
-    set_target_properties(reporttool PROPERTIES INSTALL_RPATH "$ORIGIN/${binToLib}")
+    set_target_properties(reporttool PROPERTIES
+        OUTPUT_NAME reporttool${REPORTGENERATOR_FILE_SUFFIX}
+        INSTALL_RPATH "$ORIGIN/${binToLib}")
     install(TARGETS reporttool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
 endif()
 
@@ -16,23 +18,23 @@ endif()
 
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/ReportGeneratorConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/ReportGeneratorConfig.cmake"
+    "${PROJECT_BINARY_DIR}/${REPORTGENERATOR_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${packageDir}"
     NO_SET_AND_CHECK_MACRO
     NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 
 # Before 1.0 a new minor version may change the interface.
 write_basic_package_version_file(
-    "${PROJECT_BINARY_DIR}/ReportGeneratorConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/${REPORTGENERATOR_PACKAGE}ConfigVersion.cmake"
     COMPATIBILITY SameMinorVersion)
 
-install(EXPORT ReportGeneratorTargets
+install(EXPORT ${REPORTGENERATOR_PACKAGE}Targets
     NAMESPACE ReportGenerator::
     DESTINATION "${packageDir}"
     COMPONENT development)
 install(FILES
-    "${PROJECT_BINARY_DIR}/ReportGeneratorConfig.cmake"
-    "${PROJECT_BINARY_DIR}/ReportGeneratorConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/${REPORTGENERATOR_PACKAGE}Config.cmake"
+    "${PROJECT_BINARY_DIR}/${REPORTGENERATOR_PACKAGE}ConfigVersion.cmake"
     DESTINATION "${packageDir}"
     COMPONENT development)
 
@@ -52,22 +54,20 @@ endforeach()
 
 # Qt's headers refuse to be compiled without this where Qt was built with reduced relocations; Qt's own .pc files
 # leave it to the user.
-set(REPORTGENERATOR_PC_CFLAGS "")
+set(REPORTGENERATOR_PC_CFLAGS "-DREPORTGENERATOR_QT_MAJOR=${REPORTGENERATOR_QT_MAJOR}")
 if(UNIX)
-    set(REPORTGENERATOR_PC_CFLAGS "-fPIC")
+    string(APPEND REPORTGENERATOR_PC_CFLAGS " -fPIC")
 endif()
 
 # Users set the sink of traces and the switches in the base library, which the full system has of its own.
-set(REPORTGENERATOR_PC_LIBS "-lreportbase")
+set(REPORTGENERATOR_PC_LIBS "-lreportbase${REPORTGENERATOR_FILE_SUFFIX}")
 if(TARGET wendbase)
-    string(APPEND REPORTGENERATOR_PC_LIBS " -lwendbase")
+    string(APPEND REPORTGENERATOR_PC_LIBS " -lwendbase${REPORTGENERATOR_FILE_SUFFIX}")
 endif()
 
-configure_file(
-    "${PROJECT_SOURCE_DIR}/cmake/reportgenerator.pc.in"
-    "${PROJECT_BINARY_DIR}/reportgenerator.pc"
-    @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/reportgenerator.pc"
+set(pcFile "${PROJECT_BINARY_DIR}/reportgenerator${REPORTGENERATOR_FILE_SUFFIX}.pc")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/reportgenerator.pc.in" "${pcFile}" @ONLY)
+install(FILES "${pcFile}"
     DESTINATION "${pkgConfigDir}"
     COMPONENT development)
 

@@ -73,10 +73,17 @@ function(reportgenerator_add_library target)
     add_library(ReportGenerator::${target} ALIAS ${target})
     reportgenerator_target_defaults(${target})
 
+    # Before 1.0 a new minor version may change the interface.
+    set(interfaceVersion ${PROJECT_VERSION_MAJOR})
+    if(PROJECT_VERSION_MAJOR EQUAL 0)
+        set(interfaceVersion ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    endif()
+
     list(TRANSFORM PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE publicHeaderPaths)
     set_target_properties(${target} PROPERTIES
+        OUTPUT_NAME ${target}${REPORTGENERATOR_FILE_SUFFIX}
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
+        SOVERSION ${interfaceVersion}
         # The libraries are installed side by side and find one another there.
         INSTALL_RPATH "$ORIGIN"
         PUBLIC_HEADER "${publicHeaderPaths}")
@@ -93,7 +100,7 @@ function(reportgenerator_add_library target)
 
     file(RELATIVE_PATH headerDir "${PROJECT_SOURCE_DIR}/framework" "${CMAKE_CURRENT_SOURCE_DIR}")
     install(TARGETS ${target}
-        EXPORT ReportGeneratorTargets
+        EXPORT ${REPORTGENERATOR_PACKAGE}Targets
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <cstdio>
+#include <cstdlib>
 
 using REPORTGENERATOR::Ellipse;
 using REPORTGENERATOR::Frequency;
@@ -76,7 +77,13 @@ bool TakeTrace()
 
 } // namespace
 
-int main()
+/// The first argument is the version of Qt that the program should have been built with.
+int main(int argc, char** argv)
 {
-    return SendFrequency() && TakeTrace() ? 0 : 1;
+    const int qtMajor = argc == 2 ? std::atoi(argv[1]) : 0;
+    const bool good =
+        Expect(qtMajor == QT_VERSION_MAJOR, "the headers of this Qt are used") &&
+        Expect(QString::fromLatin1(qVersion()).startsWith(QString::number(qtMajor)), "this Qt is loaded") &&
+        SendFrequency() && TakeTrace();
+    return good ? 0 : 1;
 }

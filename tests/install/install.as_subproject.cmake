@@ -36,3 +36,15 @@ foreach(installScript IN LISTS installScripts)
         message(FATAL_ERROR "${installScript} installs pages")
     endif()
 endforeach()
+
+# --- Sources and an installed library in one project
+
+file(WRITE "${project}/twice/CMakeLists.txt" "
+cmake_minimum_required(VERSION 3.22)
+project(Twice LANGUAGES CXX)
+add_library(ReportGenerator::reportbase INTERFACE IMPORTED)
+add_subdirectory([==[${SOURCE_DIR}]==] reportgenerator)
+")
+run_refused("This project has a ReportGenerator::reportbase already"
+    "${CMAKE_COMMAND}" -S "${project}/twice" -B "${project}/twice/build" ${CONFIGURE_ARGUMENTS}
+    "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}")

@@ -2,8 +2,8 @@
 
 include("${SETTINGS}")
 
-set(build "${SCRATCH}/cmake_consumer")
+set(build "${SCRATCH}/cmake_consumer_qt${QT_MAJOR}")
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/consumer" -B "${build}" ${CONFIGURE_ARGUMENTS}
-    "-DCMAKE_PREFIX_PATH=${PREFIX}")
+    "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DREPORTGENERATOR_PACKAGE=${PACKAGE}")
 run("${CMAKE_COMMAND}" --build "${build}")
-run("${build}/consumer")
+run_consumer("${build}/consumer")

@@ -2,15 +2,15 @@
 
 include("${SETTINGS}")
 
-set(project "${SCRATCH}/components")
+set(project "${SCRATCH}/components_qt${QT_MAJOR}")
 file(WRITE "${project}/CMakeLists.txt" "
 cmake_minimum_required(VERSION 3.22)
 project(Components LANGUAGES CXX)
-find_package(ReportGenerator CONFIG \${ARGUMENTS})
-if(NOT ReportGenerator_FOUND OR NOT TARGET ReportGenerator::reportbase)
-    message(FATAL_ERROR \"not found: \${ReportGenerator_NOT_FOUND_MESSAGE}\")
+find_package(${PACKAGE} CONFIG \${ARGUMENTS})
+if(NOT ${PACKAGE}_FOUND OR NOT TARGET ReportGenerator::reportbase)
+    message(FATAL_ERROR \"not found: \${${PACKAGE}_NOT_FOUND_MESSAGE}\")
 endif()
-if(ReportGenerator_Charts_FOUND)
+if(${PACKAGE}_Charts_FOUND)
     message(FATAL_ERROR \"there are charts\")
 endif()
 ")
@@ -20,6 +20,6 @@ set(configure "${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" ${CONFIGU
 run(${configure} "-DARGUMENTS=REQUIRED\;OPTIONAL_COMPONENTS\;Charts")
 run(${configure} "-DARGUMENTS=OPTIONAL_COMPONENTS\;Charts")
 
-set(words "ReportGenerator has no components, but these are asked for: Maps Tables.")
+set(words "${PACKAGE} has no components, but these are asked for: Maps Tables.")
 run_refused("${words}" ${configure} "-DARGUMENTS=REQUIRED\;COMPONENTS\;Maps\;Tables\;OPTIONAL_COMPONENTS\;Charts")
 run_refused("not found: ${words}" ${configure} "-DARGUMENTS=COMPONENTS\;Maps\;Tables")

@@ -4,5 +4,5 @@ include("${SETTINGS}")
 
 set(build "${SCRATCH}/headers_build")
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/install/headers" -B "${build}" ${CONFIGURE_ARGUMENTS}
-    "-DCMAKE_PREFIX_PATH=${PREFIX}")
+    "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DREPORTGENERATOR_PACKAGE=${PACKAGE}")
 run("${CMAKE_COMMAND}" --build "${build}" --parallel 2)

@@ -3,8 +3,7 @@
 include("${SETTINGS}")
 
 set(build "${SCRATCH}/fullsystem")
-# Without a build type, which is the quickest to compile.
-run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/fullsystem" -B "${build}" ${CONFIGURE_ARGUMENTS} -DCMAKE_BUILD_TYPE=
+run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/fullsystem" -B "${build}" ${CONFIGURE_ARGUMENTS} ${QUICK_BUILD_ARGUMENTS}
     "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}" "-DREPORTGENERATOR_SOURCE_DIR=${SOURCE_DIR}")
 run("${CMAKE_COMMAND}" --build "${build}" --target fullsystem)
 run("${build}/fullsystem")

@@ -29,22 +29,10 @@ endif()
 
 # --- The other files
 
-set(needed
-    "${LIB_DIR}/cmake/ReportGenerator/ReportGeneratorConfig.cmake"
-    "${LIB_DIR}/cmake/ReportGenerator/ReportGeneratorConfigVersion.cmake"
-    "${LIB_DIR}/pkgconfig/reportgenerator.pc")
-if(UNIX AND NOT APPLE)
-    list(APPEND needed "${LIB_DIR}/libreportbase.so" "${LIB_DIR}/libreportbase.so.0"
-        "${LIB_DIR}/libreportbase.so.${VERSION}")
+include("${SOURCE_DIR}/tests/install/libraryfiles.cmake")
+if(BUILD_TOOLS AND NOT EXISTS "${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}")
+    message(FATAL_ERROR "not installed: ${BIN_DIR}/reporttool${SUFFIX}")
 endif()
-if(BUILD_TOOLS)
-    list(APPEND needed "${BIN_DIR}/reporttool")
-endif()
-foreach(file IN LISTS needed)
-    if(NOT EXISTS "${PREFIX}/${file}")
-        message(FATAL_ERROR "not installed: ${file}")
-    endif()
-endforeach()
 
 # --- The pages: all of them, with what they lead to
 
@@ -90,5 +78,5 @@ endforeach()
 # --- The program finds its library in the moved tree
 
 if(BUILD_TOOLS)
-    run("${PREFIX}/${BIN_DIR}/reporttool" --help)
+    run("${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}" --help)
 endif()

@@ -1,0 +1,17 @@
+# The files of the libraries for QT_MAJOR are in the prefix.
+
+set(needed
+    "${LIB_DIR}/cmake/${PACKAGE}/${PACKAGE}Config.cmake"
+    "${LIB_DIR}/cmake/${PACKAGE}/${PACKAGE}ConfigVersion.cmake"
+    "${LIB_DIR}/pkgconfig/${PC_NAME}.pc")
+if(UNIX AND NOT APPLE)
+    foreach(library IN ITEMS reportbase wendbase)
+        list(APPEND needed "${LIB_DIR}/lib${library}${SUFFIX}.so" "${LIB_DIR}/lib${library}${SUFFIX}.so.${VERSION}"
+            "${LIB_DIR}/lib${library}${SUFFIX}.so.${INTERFACE_VERSION}")
+    endforeach()
+endif()
+foreach(file IN LISTS needed)
+    if(NOT EXISTS "${PREFIX}/${file}")
+        message(FATAL_ERROR "not installed: ${file}")
+    endif()
+endforeach()
