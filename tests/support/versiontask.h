@@ -11,7 +11,7 @@
 //         EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
 //     }
 //
-// The proxy destroys converters as IXmlConverter, so that these have no fields: what they note is here.
+// The proxy doesn't destroy the fields of its converter: what these converters note is here.
 
 #include "support/expect.h"
 #include "support/files.h"

@@ -264,7 +264,8 @@ public:
     /// As `ObjectTypesToName`.
     static QString GetXmlTagName(ObjectTypes type);
 
-    /// Sends a message or an exception to the logger, if there is one, as not fatal.
+    /// Sends a message or an exception to the logger, if there is one, as not fatal. The logger may take
+    /// itself away from the object meanwhile.
     void Trace(LogLevel level, const QString& text) const;
     void Trace(LogLevel level, const RGException& exception) const;
 

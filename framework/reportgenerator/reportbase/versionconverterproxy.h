@@ -26,8 +26,12 @@ namespace REPORTGENERATOR {
 ///     task.InjectVersionConverter(proxy);
 ///     task.LoadXml(path);
 ///
-/// The registered objects belong to the application and must outlive the proxy. The proxy writes nothing and
-/// holds no report data.
+/// The registered objects belong to the application and must outlive the proxy. They may have the proxy too,
+/// and while they load a file for it they may load others through it. The proxy writes nothing and holds no
+/// report data.
+///
+/// Whoever calls `CanUseProxy` or `LoadXml` keeps the proxy alive until it has returned, as
+/// `IRGObject::LoadXml` does.
 class REPORTBASE_EXPORT VersionConverterProxy : public IXmlConverter, public IRGObject
 {
 public:
@@ -42,12 +46,16 @@ public:
     /// The object registered for the pair, or null.
     IRGObject* GetRegisteredRootClass(const QString& name, const QString& version) const;
 
-    /// Takes the converter over; one injected earlier is destroyed (see `IXmlConverter` for its destructor).
+    /// Takes the converter over; one injected earlier is destroyed (see `IXmlConverter` for its destructor),
+    /// or, while it is converting, when it has come to its end.
     void InjectXmlConverter(std::unique_ptr<IXmlConverter> converter);
 
-    /// Whether the file names a registered root class in a registered version whose object is not `target`;
-    /// false while a registered object is loading the file. Reads the file from its start and rewinds it.
-    /// Throws `RGException` with the XML reader's text for malformed XML.
+    /// Whether the file names a registered root class in a registered version whose object is not `target`.
+    /// Reads the file from its start and rewinds it. Throws `RGException` with the XML reader's text for
+    /// malformed XML.
+    ///
+    /// While a registered object is loading the file for the proxy, also by opening it anew, the answer is
+    /// false, and the file is not touched.
     bool CanUseProxy(QFile* file, IRGObject* target);
 
     bool HasData() const override;
@@ -62,6 +70,10 @@ public:
     /// Loads the file into the object registered for its version and converts that object into the first one
     /// that is registered for another version of the same root class. Returns what the converter returns,
     /// false without a converter. Failures of registered objects and malformed XML are not passed on.
+    ///
+    /// Every registered root class is looked for, in the order of the names, behind the one before; the last
+    /// one that is found is converted. A registered object that closes the file ends the search. The file
+    /// stands where the last object has left it.
     bool LoadXml(QFile* file) override;
 
 protected:
@@ -79,17 +91,18 @@ private:
     VersionConverterProxy& operator=(const VersionConverterProxy& other) = delete;
 
     using Versions = QMap<QString, IRGObject*>;
+    class Search;
     class Loading;
 
-    bool LoadRegistered(QFile* file, IRGObject* object, bool loadedBefore);
+    void LoadRegistered(QFile* file, bool& loaded);
 
     QString m_version;
     QString m_rootClass;
     IRGObject* m_loadedObject = nullptr;
     QStringList m_errors;
     QMap<QString, Versions> m_rootClasses;
-    std::unique_ptr<IXmlConverter> m_converter;
-    QFile* m_loadingFile = nullptr;
+    std::shared_ptr<IXmlConverter> m_converter; ///< shared with the conversion that runs
+    const Loading* m_loading = nullptr;
 };
 
 } // namespace REPORTGENERATOR

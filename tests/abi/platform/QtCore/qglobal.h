@@ -3,3 +3,4 @@
 #pragma once
 #define Q_DECL_EXPORT
 #define Q_DECL_IMPORT
+#define Q_ALWAYS_INLINE inline
