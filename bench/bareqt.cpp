@@ -37,15 +37,15 @@ void AddXml(Suite& suite)
 
 void AddFile(Suite& suite)
 {
-    const QString path = PathFor(BARE_QT.name);
     suite.AddForm(
         "file", BARE_QT,
-        [path](const PlainReport& report) {
-            QFile file(path);
+        [](const PlainReport& report) {
+            const WrittenFile written{PathFor(BARE_QT.name, report.points.size())};
+            QFile file(written.path);
             file.open(QIODevice::WriteOnly | QIODevice::Text);
             QXmlStreamWriter writer(&file);
             BareQt::WriteXml(writer, report);
-            return WrittenFile{path};
+            return written;
         },
         [](const WrittenFile& written) {
             QFile file(written.path);

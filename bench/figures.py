@@ -168,7 +168,7 @@ def bare_qt_table(times):
     return table
 
 
-def others_table(times, memory):
+def others_table(times):
     table = Table("against the others (goal)", ["against the others (goal)"] + list(SIZES.values()))
 
     def add(title, what, to, goal):
@@ -190,11 +190,15 @@ def others_table(times, memory):
         add_last(f"{title} : bare Qt writes plain binary",
                  times.ratio(f"{job}/library", "plain_write/bareqt", 200_000), goal)
     add_last("copying an untouched report : a tiny one", times.ratio("copy/library", "copy/library", 200_000, 0), 1.1)
-    if memory:
-        for form in memory["forms"]:
-            add_last(f"bytes a coordinate after reading, {form['title']}", form["bytesPerCoordinate"], 56)
-        for form in memory["forms"]:
-            add_last(f"peak beyond the input : result, {form['title']}", form["peakBeyondInput"], 1.25)
+    return table
+
+
+def memory_table(memory):
+    table = Table("memory (goal)", ["memory (goal)", "bytes a coordinate", "peak : result", "bare Qt, bytes", "bare Qt, peak"])
+    for form in memory["forms"] if memory else []:
+        library, bare_qt = form["library"], form["bareqt"]
+        table.add(form["title"], [cell(library["bytesPerCoordinate"], 56), cell(library["peakBeyondInput"], 1.25),
+                                  cell(bare_qt["bytesPerCoordinate"]), cell(bare_qt["peakBeyondInput"])])
     return table
 
 
@@ -272,7 +276,7 @@ def conditions(times, context):
 
 
 def report(times, memory, context):
-    tables = [bare_qt_table(times), others_table(times, memory), floor_table(times), cost_table(times),
+    tables = [bare_qt_table(times), others_table(times), memory_table(memory), floor_table(times), cost_table(times),
               peers_table(times), unchecked_table(times)]
     tables = [table for table in tables if table.rows]
     text = "\n\n".join([conditions(times, context)] + [table.markdown() for table in tables])

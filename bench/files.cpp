@@ -27,10 +27,10 @@ void Open(QFile& file, QIODevice::OpenMode mode)
 
 } // namespace
 
-QString PathFor(const std::string& contender)
+QString PathFor(const std::string& contender, qsizetype coordinates)
 {
     static const QTemporaryDir folder(Folder());
-    return folder.filePath(QString::fromStdString(contender));
+    return folder.filePath(QString::fromStdString(contender) + QString::number(coordinates));
 }
 
 void WriteFile(const QString& path, const QByteArray& bytes)

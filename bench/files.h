@@ -8,8 +8,8 @@
 
 namespace Bench {
 
-/// Where a contender keeps its file. The folder is gone when the program ends.
-QString PathFor(const std::string& contender);
+/// Where a contender writes its report of so many coordinates. The folder is gone when the program ends.
+QString PathFor(const std::string& contender, qsizetype coordinates);
 
 void WriteFile(const QString& path, const QByteArray& bytes);
 QByteArray ReadFile(const QString& path);

@@ -20,12 +20,12 @@ void AddLoops(Suite& suite)
     suite.AddForm("tagged", FLOOR, Floor::Tagged, Floor::FromTagged);
     suite.AddForm("raw", FLOOR, Floor::Raw, Floor::FromRaw);
 
-    const QString path = PathFor(FLOOR.name);
     suite.AddForm(
         "file", FLOOR,
-        [path](const PlainReport& report) {
-            WriteFile(path, Floor::XmlBytes(report));
-            return WrittenFile{path};
+        [](const PlainReport& report) {
+            const WrittenFile file{PathFor(FLOOR.name, report.points.size())};
+            WriteFile(file.path, Floor::XmlBytes(report));
+            return file;
         },
         [](const WrittenFile& file) { return Floor::FromXml(ReadFile(file.path)); });
 }
@@ -35,12 +35,12 @@ void AddFileAlone(Suite& suite)
 {
     const Contender<QByteArray> bytes{"bytes", Floor::XmlBytes,
                                       [](const QByteArray& xml) { return Floor::FromXml(xml); }};
-    const QString path = PathFor(bytes.name);
     suite.AddForm(
         "file", bytes,
-        [path](const QByteArray& xml) {
-            WriteFile(path, xml);
-            return WrittenFile{path};
+        [name = bytes.name](const QByteArray& xml) {
+            const WrittenFile file{PathFor(name, xml.size())};
+            WriteFile(file.path, xml);
+            return file;
         },
         [](const WrittenFile& file) { return ReadFile(file.path); });
 }

@@ -19,11 +19,16 @@ char16_t* CharactersOf(QString& text)
     return reinterpret_cast<char16_t*>(text.data());
 }
 
+int Most(const PlainReport& report, int perCoordinate, int aroundCoordinates)
+{
+    const int mostPerCharacter = 3; // of UTF-8, for one of UTF-16
+    return aroundCoordinates + mostPerCharacter * static_cast<int>(report.areaName.size()) +
+           perCoordinate * static_cast<int>(report.points.size());
+}
+
 QByteArray Filled(const PlainReport& report, char* (*put)(char*, const PlainReport&))
 {
-    const int most =
-        MOST_AROUND_COORDINATES + 3 * report.areaName.size() + MOST_PER_COORDINATE * report.points.size();
-    QByteArray bytes(most, Qt::Uninitialized);
+    QByteArray bytes(Most(report, MOST_PER_COORDINATE, MOST_AROUND_COORDINATES), Qt::Uninitialized);
     const char* const end = put(bytes.data(), report);
     bytes.truncate(static_cast<int>(end - bytes.constData()));
     return bytes;

@@ -13,6 +13,9 @@ namespace Bench::Floor {
 char* CharactersOf(QByteArray& bytes);
 char16_t* CharactersOf(QString& text);
 
+/// Characters that a form takes at most: so many for each coordinate, and so many for the rest.
+int Most(const PlainReport& report, int perCoordinate, int aroundCoordinates);
+
 /// What `put` writes into a buffer that is large enough for any binary form of the report.
 QByteArray Filled(const PlainReport& report, char* (*put)(char*, const PlainReport&));
 

@@ -147,10 +147,8 @@ Char* PutFrequencyAndBandwidth(Char* out, const PlainReport& report)
 template <class Kind>
 typename Kind::Text Xml(const PlainReport& report)
 {
-    const int most =
-        MOST_AROUND_COORDINATES + 3 * report.areaName.size() + MOST_PER_COORDINATE * report.points.size();
     using Char = typename Kind::Char;
-    typename Kind::Text text(most, Qt::Uninitialized);
+    typename Kind::Text text(Most(report, MOST_PER_COORDINATE, MOST_AROUND_COORDINATES), Qt::Uninitialized);
     Char* const begin = CharactersOf(text);
     Char* out = Put(begin, ROOT_BEGIN<Char>);
     out = PutFrequencyAndBandwidth(out, report);

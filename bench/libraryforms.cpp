@@ -4,6 +4,7 @@
 #include "files.h"
 #include "libraryobjects.h"
 #include "streams.h"
+#include "suite.h"
 #include "wirefacts.h"
 #include "workload.h"
 
@@ -28,15 +29,20 @@ void AddXml(Suite& suite)
         });
 }
 
+qsizetype NumberOfCoordinates(const ReportBase& report)
+{
+    return report.IsAreaSet() ? report.GetArea().GetCoordinate().size() : 0;
+}
+
 template <bool VALIDATE>
 void AddFile(Suite& suite)
 {
-    const QString path = PathFor(LIBRARY<VALIDATE>.name);
     suite.AddForm(
         "file", LIBRARY<VALIDATE>,
-        [path](const ReportBase& report) {
-            report.SaveXml(path);
-            return WrittenFile{path};
+        [](const ReportBase& report) {
+            const WrittenFile file{PathFor(LIBRARY<VALIDATE>.name, NumberOfCoordinates(report))};
+            report.SaveXml(file.path);
+            return file;
         },
         [](const WrittenFile& file) {
             ReportBase report = EmptyReport(VALIDATE);

@@ -2,6 +2,7 @@
 
 #include "contenders.h"
 #include "libraryobjects.h"
+#include "suite.h"
 #include "workload.h"
 
 #include <utility>

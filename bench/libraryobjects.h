@@ -1,7 +1,7 @@
 #ifndef BENCH_LIBRARYOBJECTS_H
 #define BENCH_LIBRARYOBJECTS_H
 
-#include "suite.h"
+#include "contender.h"
 
 #include <reportgenerator/reportbase/reportbase.h>
 

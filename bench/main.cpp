@@ -2,6 +2,7 @@
 // runs it and makes tables of what it finds.
 
 #include "contenders.h"
+#include "peers/peers.h"
 #include "suite.h"
 
 #include <benchmark/benchmark.h>
@@ -43,6 +44,7 @@ void AddContext()
 #endif
     benchmark::AddCustomContext("qt", qVersion());
     benchmark::AddCustomContext("zlib", zlibVersion());
+    benchmark::AddCustomContext("left_out", Bench::MissingPeers());
 }
 
 } // namespace
@@ -60,6 +62,7 @@ int main(int argc, char** argv)
         Bench::AddLibraryJobs(suite);
         Bench::AddBareQt(suite);
         Bench::AddFloor(suite);
+        Bench::AddPeers(suite);
         suite.Verify();
 
         AddContext();

@@ -1,7 +1,7 @@
 #ifndef BENCH_SUITE_H
 #define BENCH_SUITE_H
 
-#include "plainreport.h"
+#include "contender.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,15 +23,6 @@ struct Sample
 {
     int coordinates = 0;
     PlainReport report;
-};
-
-/// One who takes part: the objects that it works on, and the way between them and the plain values.
-template <class Object>
-struct Contender
-{
-    std::string name;
-    Object (*fill)(const PlainReport&);
-    PlainReport (*values)(const Object&);
 };
 
 /// A form that was written to a file.
@@ -56,8 +48,8 @@ public:
     /// With reports of up to `largest` coordinates.
     explicit Suite(int largest);
 
-    /// Measures FORM_write and FORM_read. `write` makes bytes or a text of an object, `read` an object of
-    /// these.
+    /// Measures FORM_write and FORM_read. `write` makes of an object what the form is written as, of one type
+    /// for all contenders, and `read` an object of that.
     template <class Object, class Write, class Read>
     void AddForm(const std::string& form, const Contender<Object>& contender, Write write, Read read,
                  int largest = ALL);
@@ -97,10 +89,25 @@ private:
     void RequireSameBytes(const std::string& form, const std::string& contender, int size,
                           const QByteArray& written);
 
+    /// What the readers of a form read. It is made once, since all contenders write the same.
+    template <class Make>
+    const auto& Input(const std::string& form, const Sample& sample, Make make);
+
     std::deque<Sample> m_samples; ///< the benchmarks refer to them
     std::vector<std::function<void()>> m_checks;
     std::map<FormAndSize, Reference> m_references; ///< filled only while verifying
+    std::map<FormAndSize, std::shared_ptr<const void>> m_inputs;
 };
+
+template <class Make>
+const auto& Suite::Input(const std::string& form, const Sample& sample, Make make)
+{
+    using Written = decltype(make());
+    std::shared_ptr<const void>& input = m_inputs[{form, sample.coordinates}];
+    if (input == nullptr)
+        input = std::make_shared<const Written>(make());
+    return *static_cast<const Written*>(input.get());
+}
 
 template <class Object, class Write, class Read>
 void Suite::AddForm(const std::string& form, const Contender<Object>& contender, Write write, Read read,
@@ -119,7 +126,7 @@ void Suite::AddForm(const std::string& form, const Contender<Object>& contender,
         });
 
         Register(form + "_read", contender.name, sample.coordinates, [=, &sample](benchmark::State& state) {
-            const auto written = write(contender.fill(sample.report));
+            const auto& written = Input(form, sample, [&] { return write(contender.fill(sample.report)); });
             for (auto _ : state) {
                 Object object = read(written);
                 benchmark::DoNotOptimize(object);
