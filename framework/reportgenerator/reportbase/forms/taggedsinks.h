@@ -95,6 +95,33 @@ public:
         m_out.SetEnd(out + size);
     }
 
+    /// A body without tag whose elements all are numbers: calls `next` with a function that takes tag, number and
+    /// format of one after the other and returns false for a number that takes a longer way. Returns false, with nothing
+    /// written, in that case. There are at most `count` numbers.
+    template <class WriteNumbers>
+    bool NumbersBody(qint64 count, WriteNumbers&& writeNumbers)
+    {
+        constexpr qint64 head = 3 * wire::WORD_SIZE;
+        char* const begin = m_out.Room(wire::WORD_SIZE + count * (head + numbers::MAX_FIXED));
+        char* next = begin + wire::WORD_SIZE;
+        const bool isWritten = writeNumbers([&next](qint32 tag, double value, NumberFormat format) {
+            char* const text = next + head;
+            char* const end = numbers::WriteFixed(text, value, format.decimals);
+            if (!end)
+                return false;
+            PutWord(static_cast<quint32>(tag), next);
+            PutWord(static_cast<quint32>(end - text + wire::WORD_SIZE), next + wire::WORD_SIZE);
+            PutWord(static_cast<quint32>(end - text), next + 2 * wire::WORD_SIZE);
+            next = end;
+            return true;
+        });
+        if (!isWritten)
+            return false;
+        PutWord(static_cast<quint32>(next - begin - wire::WORD_SIZE), begin);
+        m_out.SetEnd(next);
+        return true;
+    }
+
     void Value(double value, NumberFormat format)
     {
         char* const size = m_out.Room(wire::WORD_SIZE + numbers::MAX_FIXED);

@@ -7,6 +7,8 @@
 
 #include <QtCore/QXmlStreamReader>
 
+#include <algorithm>
+
 namespace REPORTGENERATOR {
 
 // Fields as XML. Reading functions take an `apply(field, value)` that puts the value where it belongs.
@@ -49,8 +51,14 @@ void ReadXmlText(const QString& text, const FieldOfData& field, Apply&& apply)
 template <class FieldOfData, class Apply>
 void ReadXmlAttribute(const QXmlStreamAttributes& attributes, const FieldOfData& field, Apply&& apply)
 {
-    if (field.place == Place::Attribute && attributes.hasAttribute(field.name.Latin1()))
-        ReadXmlText(attributes.value(field.name.Latin1()).toString(), field, apply);
+    if (field.place != Place::Attribute)
+        return;
+    const auto attribute =
+        std::find_if(attributes.cbegin(), attributes.cend(), [&field](const auto& candidate) {
+            return candidate.qualifiedName() == field.name.Latin1();
+        });
+    if (attribute != attributes.cend())
+        ReadXmlText(attribute->value().toString(), field, apply);
 }
 
 /// Reads the child element `name` if it is the field; `readText` puts the element's text into a value and is called only

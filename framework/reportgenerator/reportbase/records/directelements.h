@@ -59,6 +59,22 @@ bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Member<Data, O
     return ReadRecord(payload, RecordAccess::Make(row.In(data)));
 }
 
+/// Reads an item that holds all its numbers in the order in which they are written, as items do. Otherwise the record is as
+/// it may.
+template <class ItemData>
+bool ReadNumbers(ByteRange body, ItemData& data)
+{
+    const bool isRead = AllOfFields(Description<ItemData>::ROWS, [&](const auto& row) {
+        qint32 tag = 0;
+        qint32 length = 0;
+        ByteRange payload = {};
+        double value = 0.0;
+        return body.TakeWord(tag) && tag == row.setBy.tag && body.TakeWord(length) &&
+               body.TakePart(length, payload) && ReadPayload(payload, value) && PutValue(data, row, value);
+    });
+    return isRead && body.Left() == 0;
+}
+
 template <class Data, class Item>
 bool ReadElement(ByteRange payload, qint32 tag, Data& data, const ItemList<Data, Item>& row)
 {
@@ -73,7 +89,12 @@ bool ReadElement(ByteRange payload, qint32 tag, Data& data, const ItemList<Data,
         auto& itemData = RecordAccess::Make(item);
         qint32 length = 0;
         ByteRange body = {};
-        if (!payload.TakeWord(length) || !payload.TakePart(length, body) || !ReadRecord(body, itemData) ||
+        if (!payload.TakeWord(length) || !payload.TakePart(length, body))
+            return false;
+        if (ReadNumbers(body, itemData))
+            continue;
+        itemData.flags = 0;
+        if (!ReadRecord(body, itemData) ||
             !AreMandatoryRowsSet(&itemData, Description<typename Item::RecordData>::ROWS))
             return false;
     }

@@ -76,28 +76,49 @@ bool WriteItemsAtOnce(QDataStream& stream, const QVector<Item>& items)
     return true;
 }
 
-/// Appends so many items if the stream holds them whole and each has all its fields.
-template <class Object, class Data, class Item>
-bool ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& row, qint32 count)
+/// Reads items from their bytes. Returns false when one lacks a field.
+template <class Item>
+bool TakeRawItems(const char* bytes, Item* begin, Item* end)
 {
     using ItemData = typename Item::RecordData;
-    if (count <= 0 || !ObjectAccess::RoadOf(object) || !streampiece::HasDoubles(stream))
-        return false;
-    return streampiece::Read(stream, count * RawSize<ItemData>(), [&](const char* bytes) {
-        QVector<Item> items(count);
-        for (Item& item : items) {
-            ItemData& data = RecordAccess::Make(item);
-            data.flags = static_cast<quint8>(*bytes++);
-            ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
-                field.In(data) = qFromBigEndian<double>(bytes);
-                bytes += sizeof(field.In(data));
-            });
-            if (!AreMandatoryRowsSet(&data, Description<ItemData>::ROWS))
-                return false;
-        }
-        AppendItems(object, row, items);
-        return true;
+    return std::all_of(begin, end, [&bytes](Item& item) {
+        ItemData& data = RecordAccess::Make(item);
+        data.flags = static_cast<quint8>(*bytes++);
+        ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
+            field.In(data) = qFromBigEndian<double>(bytes);
+            bytes += sizeof(field.In(data));
+        });
+        return AreMandatoryRowsSet(&data, Description<ItemData>::ROWS);
     });
+}
+
+/// So many are read at once, so that their bytes need little room.
+constexpr qint32 ITEMS_AT_ONCE = 4096;
+
+/// Appends up to so many items, as far as the stream holds them whole and each has all its fields. Returns how many.
+template <class Object, class Data, class Item>
+qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& row, qint32 count)
+{
+    if (count <= 0 || !ObjectAccess::RoadOf(object) || !streampiece::HasDoubles(stream))
+        return 0;
+    QVector<Item>& items = row.In(RecordAccess::Make(object)).Own();
+    const auto before = items.size();
+    bool isRead = true;
+    for (qint32 done = 0; done < count && isRead;) {
+        const qint32 piece = std::min(count - done, ITEMS_AT_ONCE);
+        isRead =
+            streampiece::Read(stream, piece * RawSize<typename Item::RecordData>(), [&](const char* bytes) {
+                const auto first = items.size();
+                items.resize(first + piece);
+                const bool isGood = TakeRawItems(bytes, items.begin() + first, items.end());
+                if (!isGood)
+                    items.resize(first);
+                return isGood;
+            });
+        done += isRead ? piece : 0;
+    }
+    SettleRawItems(object, row, static_cast<int>(before));
+    return static_cast<qint32>(items.size() - before);
 }
 
 // Writing
@@ -177,11 +198,9 @@ void ReadRowRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>&
 {
     qint32 count = 0;
     stream >> count;
-    if (ReadItemsAtOnce(object, stream, row, count))
-        return;
     ReserveItems(object, row, count, elements::BytesLeft(stream) / RawSize<typename Item::RecordData>());
     bool isLast = false;
-    for (qint32 i = 0; i < count && !isLast; ++i) {
+    for (qint32 i = ReadItemsAtOnce(object, stream, row, count); i < count && !isLast; ++i) {
         // The first one that is missing is offered like the others: it reads as an empty one.
         isLast = elements::AtEnd(stream);
         ReadItem(object, row, [&](Item& item) { item.SetVersionSpecificBinaryWithoutValidation(stream); });

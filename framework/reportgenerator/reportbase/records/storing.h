@@ -77,19 +77,20 @@ void AppendItem(Object& object, const ItemList<Data, Item>& row, const Item& ite
     }
 }
 
-/// Appends complete items that nobody shares, as copies of what has been read with the object's settings.
+/// Marks items that have been put behind the first so many, and gives them what copies of items with the object's settings
+/// have.
 template <class Object, class Data, class Item>
-void AppendItems(Object& object, const ItemList<Data, Item>& row, QVector<Item>& items)
+void SettleRawItems(Object& object, const ItemList<Data, Item>& row, int first)
 {
+    Data& data = RecordAccess::Make(object);
+    const QVector<Item>& items = row.In(data).Values();
+    if (items.size() == first)
+        return;
+    SetFlag(data, row.setBy);
     // New ones validate.
     if (!object.GetValidate())
-        std::for_each(items.cbegin(), items.cend(), [](const Item& item) { item.SetValidate(false); });
-    Data& data = RecordAccess::Make(object);
-    if (row.In(data).Values().isEmpty())
-        row.In(data).Own().swap(items);
-    else
-        row.In(data).Own() += items;
-    SetFlag(data, row.setBy);
+        std::for_each(items.cbegin() + first, items.cend(),
+                      [](const Item& item) { item.SetValidate(false); });
 }
 
 /// Has `read` fill an item with the object's settings, and appends it.

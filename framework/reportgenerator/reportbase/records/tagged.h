@@ -45,6 +45,28 @@ void WriteObjectBody(StreamElements& sink, const Object& object, qint32 tag, boo
     object.GetBinary(sink.Stream(), tag, withTag);
 }
 
+template <class Sink, class Item>
+void WriteItemBody(Sink& sink, const Item& item, qint32 tag)
+{
+    WriteObjectBody(sink, item, tag, false);
+}
+
+/// The fields of an item all are numbers that are always written.
+template <class Item>
+void WriteItemBody(ElementBytes& sink, const Item& item, qint32 tag)
+{
+    using ItemData = typename Item::RecordData;
+    constexpr auto& rows = Description<ItemData>::ROWS;
+    const ItemData& data = *RecordAccess::Get(item);
+    const bool isWritten =
+        sink.NumbersBody(std::tuple_size_v<std::decay_t<decltype(rows)>>, [&](auto&& writeNumber) {
+            return AllOfFields(
+                rows, [&](const auto& row) { return writeNumber(row.setBy.tag, row.In(data), row.format); });
+        });
+    if (!isWritten)
+        WriteObjectBody(sink, item, tag, false);
+}
+
 template <class Sink, class Data, class D, class T>
 void WriteRowElement(Sink& sink, const Data& data, const Field<D, T, Flagged>& row)
 {
@@ -75,7 +97,7 @@ void WriteRowElement(Sink& sink, const Data& data, const ItemList<Data, Item>& r
             return;
         sink.ExpectBodies(items.size(), LongestBody(row));
         for (const Item& item : items)
-            WriteObjectBody(sink, item, row.setBy.tag, false);
+            WriteItemBody(sink, item, row.setBy.tag);
     });
 }
 
