@@ -67,7 +67,8 @@ endfunction()
 # reportgenerator_add_library(<target>)
 #
 # A shared library of SOURCES and PUBLIC_HEADERS in the current folder, which is its place below framework/ and below
-# the installed include folder too. Users link ReportGenerator::<target>, in the tree and after installation.
+# the installed include folder too. Users link ReportGenerator::<target>, in the tree and after installation. What it
+# exports stands in exports.txt of that folder.
 function(reportgenerator_add_library target)
     add_library(${target} SHARED ${PUBLIC_HEADERS} ${SOURCES})
     add_library(ReportGenerator::${target} ALIAS ${target})
@@ -97,6 +98,9 @@ function(reportgenerator_add_library target)
     if(UNIX AND NOT APPLE AND NOT REPORTGENERATOR_SANITIZE)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
+    if(UNIX AND NOT APPLE)
+        reportgenerator_limit_exports(${target} ${interfaceVersion})
+    endif()
 
     file(RELATIVE_PATH headerDir "${PROJECT_SOURCE_DIR}/framework" "${CMAKE_CURRENT_SOURCE_DIR}")
     install(TARGETS ${target}
@@ -106,4 +110,39 @@ function(reportgenerator_add_library target)
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
         PUBLIC_HEADER DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${headerDir}" COMPONENT development
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+endfunction()
+
+# reportgenerator_limit_exports(<target> <interface version>)
+#
+# Has the linker export the names in exports.txt and hide all others: the export macro of a class takes in what is
+# private of it too. The names bear a version that tells Qt and interface, so that a process into which two builds of
+# the library get, say by a plug-in, calls each by its own functions.
+function(reportgenerator_limit_exports target interfaceVersion)
+    set(list "${CMAKE_CURRENT_SOURCE_DIR}/exports.txt")
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${list}")
+    file(STRINGS "${list}" patterns REGEX "^[^#]")
+
+    # The linker compares with demangled names, which go on with "(" or end. Its patterns know neither brackets nor
+    # blanks.
+    list(TRANSFORM patterns REPLACE "<>" "?*?")
+    list(TRANSFORM patterns REPLACE "[^A-Za-z0-9_:?*]" "?")
+    set(functionPatterns ${patterns})
+    list(TRANSFORM functionPatterns APPEND "[^A-Za-z0-9_::]*")
+    list(APPEND patterns ${functionPatterns})
+    list(JOIN patterns ";\n        " patterns)
+
+    string(TOUPPER "${target}_QT${REPORTGENERATOR_QT_MAJOR}_${interfaceVersion}" version)
+    set(script "${CMAKE_CURRENT_BINARY_DIR}/exports.map")
+    file(CONFIGURE OUTPUT "${script}" @ONLY CONTENT [[
+@version@ {
+global:
+    extern "C++" {
+        @patterns@;
+    };
+local:
+    *;
+};
+]])
+    target_link_options(${target} PRIVATE "-Wl,--version-script=${script}")
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${script}")
 endfunction()

@@ -40,3 +40,28 @@ foreach(packages IN ITEMS
     separate_arguments(compileFlags UNIX_COMMAND "${RUN_OUTPUT}")
     run_refused("${words}" "${COMPILER}" -std=c++17 ${compileFlags} -fsyntax-only "${project}/main.cpp")
 endforeach()
+
+# --- A program that gets both all the same, by its parts: each part calls its own
+
+set(libraries "${PREFIX}/${LIB_DIR}")
+set(parts "")
+foreach(qtMajor IN ITEMS 5 6)
+    set(package reportgenerator)
+    if(qtMajor EQUAL 6)
+        set(package reportgenerator-qt6)
+    endif()
+    run("${PKG_CONFIG}" --cflags ${package})
+    separate_arguments(compileFlags UNIX_COMMAND "${RUN_OUTPUT}")
+    run("${PKG_CONFIG}" --libs ${package})
+    separate_arguments(linkFlags UNIX_COMMAND "${RUN_OUTPUT}")
+
+    set(part "${project}/libpart${qtMajor}.so")
+    run(${COMPILER_LAUNCHER} "${COMPILER}" -std=c++17 -fvisibility=hidden -fvisibility-inlines-hidden ${compileFlags}
+        -DUSE_REPORT=UseReportWithQt${qtMajor} -c "${SOURCE_DIR}/tests/consumer/parts/part.cpp" -o "${part}.o")
+    run("${COMPILER}" -shared "${part}.o" -o "${part}" ${linkFlags})
+    list(APPEND parts "${part}")
+endforeach()
+run("${COMPILER}" ${SANITIZE_FLAGS} "${SOURCE_DIR}/tests/consumer/parts/main.cpp" -o "${project}/program" ${parts}
+    "-Wl,-rpath-link,${libraries}")
+set(ENV{LD_LIBRARY_PATH} "${libraries}:$ENV{LD_LIBRARY_PATH}")
+run("${project}/program")

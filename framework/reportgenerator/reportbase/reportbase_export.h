@@ -10,7 +10,8 @@
 #    endif
 #endif
 
-/// Marks what the shared library exports; everything else stays hidden.
+/// Marks what the shared library exports; everything else stays hidden. Of a class that is marked, what is
+/// public or protected is exported, by its name in exports.txt.
 #if defined(REPORTBASE_LIBRARY)
 #    define REPORTBASE_EXPORT Q_DECL_EXPORT
 #else
