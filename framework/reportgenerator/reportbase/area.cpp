@@ -38,7 +38,7 @@ struct Area::Settled
     {
         hasBegun = true;
         first = items.constData();
-        count = items.size();
+        count = static_cast<int>(items.size());
         validate = area.GetValidate();
         logger = area.GetLogger();
     }

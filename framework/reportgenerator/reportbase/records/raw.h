@@ -110,7 +110,7 @@ qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data,
             streampiece::Read(stream, piece * RawSize<typename Item::RecordData>(), [&](const char* bytes) {
                 const auto first = items.size();
                 items.resize(first + piece);
-                const bool isGood = TakeRawItems(bytes, items.begin() + first, items.end());
+                const bool isGood = TakeRawItems(bytes, items.data() + first, items.data() + items.size());
                 if (!isGood)
                     items.resize(first);
                 return isGood;
