@@ -43,6 +43,16 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
     return false;
 }
 
+/// What the object writes to a writer of the library's settings.
+QString WrittenXml(const IRGObject& object)
+{
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    writer.setAutoFormatting(true);
+    object.GetXml(writer);
+    return xml;
+}
+
 /// Hands each piece of the text of the element that the reader stands on to `take`. The last one counts.
 template <class Take>
 void WalkText(QXmlStreamReader& reader, Take&& take)
@@ -111,12 +121,7 @@ QString IRGObject::GetXmlString() const
         Check();
     QString xml;
     const DirectRoad* const road = ObjectAccess::RoadOf(*this);
-    if (road && road->writeXml(*this, xml))
-        return xml;
-    QXmlStreamWriter writer(&xml);
-    writer.setAutoFormatting(true);
-    GetXml(writer);
-    return xml;
+    return road && road->writeXml(*this, xml) ? xml : WrittenXml(*this);
 }
 
 bool IRGObject::LoadXml(const QString& path)
@@ -151,22 +156,15 @@ bool IRGObject::SaveXml(const QString& path) const
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
     const DirectRoad* const road = ObjectAccess::RoadOf(*this);
-    QByteArray xml;
-    if (road) {
-        TraceProgress(messages::GeneratingXmlString);
-        if (GetValidate())
-            Check();
-        if (!road->writeXmlBytes(*this, xml)) {
-            QString text;
-            QXmlStreamWriter writer(&text);
-            writer.setAutoFormatting(true);
-            GetXml(writer);
-            xml = text.toUtf8();
-        }
-    } else {
-        xml = GetXmlString().toUtf8();
+    if (!road) {
+        file.write(GetXmlString().toUtf8());
+        return true;
     }
-    file.write(xml);
+    TraceProgress(messages::GeneratingXmlString);
+    if (GetValidate())
+        Check();
+    QByteArray xml;
+    file.write(road->writeXmlBytes(*this, xml) ? xml : WrittenXml(*this).toUtf8());
     return true;
 }
 

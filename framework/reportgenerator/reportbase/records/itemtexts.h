@@ -35,7 +35,7 @@ public:
         });
         m_sink.End(name);
         Learn(begin);
-        m_sink.Out().Room((count - 1) * (m_sink.Out().Size() - begin + qint64(FIELDS)));
+        m_sink.Out().Room((count - 1) * UsualSize());
     }
 
     /// Returns false, with nothing written, for a number that takes a longer way.
@@ -85,11 +85,19 @@ private:
         }
     }
 
-    static constexpr int USUAL_SIZE = 256;
+    /// Of an item whose numbers have a sign and three digits before the point.
+    qint64 UsualSize() const
+    {
+        qint64 size = m_around.size();
+        ForEachField(Description<Data>::ROWS, [&size](const auto& row) { size += 5 + row.format.decimals; });
+        return size;
+    }
+
+    static constexpr int ROOM_AROUND = 256;
 
     XmlText<Container>& m_sink;
     std::array<Piece, FIELDS + 1> m_pieces = {};
-    QVarLengthArray<Unit, USUAL_SIZE> m_around;
+    QVarLengthArray<Unit, ROOM_AROUND> m_around;
 };
 
 } // namespace REPORTGENERATOR
