@@ -149,8 +149,7 @@ int MostItems(const XmlScanner<Unit>& scanner)
 {
     constexpr auto tagsOfItem =
         2 * (1 + std::tuple_size_v<std::decay_t<decltype(Description<ItemData>::ROWS)>>);
-    const auto tags = std::count(scanner.Next(), scanner.End(), static_cast<Unit>('<'));
-    return static_cast<int>(tags / static_cast<std::ptrdiff_t>(tagsOfItem));
+    return static_cast<int>(scanner.CountTags() / qint64(tagsOfItem));
 }
 
 template <class Unit, class Data, class Item>
