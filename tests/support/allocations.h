@@ -1,0 +1,37 @@
+#ifndef TESTS_SUPPORT_ALLOCATIONS_H
+#define TESTS_SUPPORT_ALLOCATIONS_H
+
+// How much memory is held, as the allocator counts it: Qt's containers don't ask operator new.
+//
+//     Allocations allocations;
+//     object.SetBinaryRepresentation(bytes);
+//     EXPECT_LT(allocations.Peak(), 100 * bytes.size());
+//
+// One at a time, in one thread.
+
+#include <QtCore/QtGlobal>
+
+namespace Support {
+
+class Allocations
+{
+public:
+    /// Counts from now on.
+    Allocations();
+    ~Allocations();
+    Allocations(const Allocations&) = delete;
+    Allocations& operator=(const Allocations&) = delete;
+
+    /// The most that was held at once, beyond what was held at the start.
+    qint64 Peak() const;
+
+    /// What is held now, beyond what was held at the start.
+    qint64 Held() const;
+
+    /// Whether this platform's allocator can be watched.
+    static bool AreCounted();
+};
+
+} // namespace Support
+
+#endif
