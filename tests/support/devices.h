@@ -8,7 +8,6 @@
 #include <QtCore/QIODevice>
 
 #include <algorithm>
-#include <cstring>
 
 namespace Support {
 
@@ -30,7 +29,7 @@ protected:
     qint64 readData(char* data, qint64 size) override
     {
         const qint64 count = std::min<qint64>({size, m_content.size(), m_chunk});
-        std::memcpy(data, m_content.constData(), static_cast<std::size_t>(count));
+        std::copy_n(m_content.constData(), count, data);
         m_content.remove(0, static_cast<int>(count));
         return count;
     }

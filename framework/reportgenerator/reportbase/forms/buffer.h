@@ -52,6 +52,8 @@ public:
 
     void Append(const Unit* units, qint64 count)
     {
+        if (count == 0)
+            return;
         std::memcpy(Room(count), units, static_cast<std::size_t>(count) * sizeof(Unit));
         m_size += count;
     }
