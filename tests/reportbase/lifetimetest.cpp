@@ -213,6 +213,9 @@ TEST_F(ProxyOfOneOwner, LastsWhileTheLoggerTakesItAway)
     EXPECT_TRUE(LoadNewTask());
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
     EXPECT_TRUE(g_proxy.expired());
+    // The logger notes its end in what lives as long as this test.
+    newTask.ResetLogger();
+    EXPECT_TRUE(fate.isDestroyed);
 }
 
 TEST_F(ProxyOfOneOwner, LastsWhileARegisteredObjectTakesItAway)

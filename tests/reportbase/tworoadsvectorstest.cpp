@@ -29,7 +29,6 @@ TEST(TwoRoadsVectors, AreTheSameOnBothWhole)
     }
 }
 
-/// `./dev fuzz walk` takes every case.
 TEST(TwoRoadsVectors, AreTheSameOnBothDamaged)
 {
     constexpr int EVERY = 25;

@@ -14,7 +14,12 @@
 #endif
 
 #if defined(TESTS_WATCH_SANITIZER)
-#    include <sanitizer/allocator_interface.h>
+// GCC has the functions and not the header that declares them.
+extern "C" {
+int __sanitizer_install_malloc_and_free_hooks(void (*taken)(const volatile void*, std::size_t),
+                                              void (*freed)(const volatile void*));
+std::size_t __sanitizer_get_allocated_size(const volatile void* block);
+}
 #elif defined(__GLIBC__)
 #    define TESTS_REPLACE_ALLOCATOR
 #    include <malloc.h>
