@@ -94,6 +94,12 @@ bool HasWord(const QDataStream& stream)
     return IsSequential(stream) ? ComesOfPipe(stream, wire::WORD_SIZE) : BytesLeft(stream) >= wire::WORD_SIZE;
 }
 
+bool IsBarren(const QDataStream& stream)
+{
+    char byte = 0;
+    return !IsSequential(stream) && stream.device() != nullptr && stream.device()->peek(&byte, 1) < 1;
+}
+
 QByteArray ReadBytes(QDataStream& stream)
 {
     if (IsSequential(stream))

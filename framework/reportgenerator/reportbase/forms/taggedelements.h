@@ -40,6 +40,10 @@ bool AtEnd(const QDataStream& stream);
 /// Whether the stream still gives a tag or a length; waits like `AtEnd`.
 bool HasWord(const QDataStream& stream);
 
+/// Whether the stream gives nothing though it doesn't call that its end: its device is not open for reading, or fails.
+/// Whatever is read from it is 0.
+bool IsBarren(const QDataStream& stream);
+
 /// A serialised byte array; null, with the stream at its end, when its length is more than what is left.
 QByteArray ReadBytes(QDataStream& stream);
 
@@ -68,6 +72,9 @@ bool WalkBody(QDataStream& stream, qint32 length, ReadPayload&& readPayload)
         qint32 payloadLength = 0;
         stream >> tag >> payloadLength;
         remaining -= 2 * wire::WORD_SIZE + payloadLength;
+        // The rest would be tags and lengths of 0, however many.
+        if (stream.status() != QDataStream::Ok && tag == 0 && payloadLength == 0 && IsBarren(stream))
+            return remaining % (2 * wire::WORD_SIZE) == 0;
         if (!readPayload(tag, payloadLength))
             Skip(stream, payloadLength);
     }
