@@ -8,7 +8,6 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
-#include <cmath>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -265,17 +264,6 @@ TEST(ChannelSpacing, IncompleteLoadedObjectIsRefusedOnlyWhenValidating)
     EXPECT_NO_RG_THROW(
         spacing.SetXmlString(Text("<ChannelSpacing><Visual>x</Visual></ChannelSpacing>"), true));
     EXPECT_TEXT(spacing.GetVisual(), "x");
-}
-
-TEST(ChannelSpacing, OtherChildrenAreUnknownEvenWhenNotValidating)
-{
-    for (const char* name : {"Step", "SameDistance", "value", "ChannelSpacing"}) {
-        ChannelSpacing spacing;
-        spacing.SetValidate(false);
-        EXPECT_RG_THROW(
-            spacing.SetXmlString(Text("<ChannelSpacing><") + Text(name) + Text("/></ChannelSpacing>"), true),
-            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'ChannelSpacing'."));
-    }
 }
 
 TEST(ChannelSpacing, MergeAppendsTheValues)

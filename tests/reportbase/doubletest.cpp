@@ -1,7 +1,7 @@
-#include "support/bytes.h"
+// The fields of a Double: setting, querying, comparing and merging them.
+
 #include "support/expect.h"
-#include "support/files.h"
-#include "support/readererror.h"
+#include "support/records.h"
 
 #include <reportgenerator/reportbase/double.h>
 #include <reportgenerator/reportbase/irgobject.h>
@@ -9,18 +9,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QByteArray>
-#include <QtCore/QDataStream>
-#include <QtCore/QIODevice>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
-#include <QtCore/QXmlStreamReader>
-#include <QtCore/QXmlStreamWriter>
 
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <type_traits>
 
 namespace {
 
@@ -29,7 +22,6 @@ using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ObjectTypes;
 using REPORTGENERATOR::VersionConverterProxy;
 using Support::NewLogger;
-using Support::String;
 using Support::Text;
 
 constexpr double NOT_SET = -111111.11;
@@ -69,14 +61,6 @@ void ExpectNothingSet(const Double& number, double invalid)
     EXPECT_EQ(number.GetPrecision(), 6);
     EXPECT_FALSE(number.AnyData());
     EXPECT_FALSE(number.HasData());
-}
-
-/// Moves a reader onto the root element and lets the object read it, without any reset.
-void ProcessXml(Double& number, const char* xml)
-{
-    QXmlStreamReader reader(Text(xml));
-    ASSERT_TRUE(reader.readNextStartElement());
-    number.ProcessXml(reader);
 }
 
 } // namespace
@@ -437,7 +421,7 @@ TEST(Double, ComparesFourNumbersAndTheUnit)
         {"name", [](Double& number) { number.SetName(Text("M")); }, true},
         {"validate flag", [](Double& number) { number.SetValidate(false); }, true},
         {"logger", [](Double& number) { number.SetLogger(NewLogger()); }, true},
-        {"version", [](Double& number) { ProcessXml(number, "<N Version=\"7\"/>"); }, true},
+        {"version", [](Double& number) { Support::ReadElement(number, Text("<N Version=\"7\"/>")); }, true},
         {"value that is no number", [](Double& number) { number.SetValue(NOT_A_NUMBER); }, false},
     };
     for (const Row& row : rows) {
@@ -489,300 +473,7 @@ TEST(Double, InvalidNumberItselfIsNotCompared)
     EXPECT_TRUE(left == right);
 }
 
-// --- Writing XML -------------------------------------------------------------------------------------------
-
-TEST(Double, WritesTheValueAloneWithoutAttributes)
-{
-    Double number = Named("N");
-    number.SetValue(3.0);
-    EXPECT_XML(number, "\n<N>\n    <DoubleValue>3.000000</DoubleValue>\n</N>");
-}
-
-TEST(Double, WritesAttributesInTheirOrder)
-{
-    Double number = Named("N");
-    number.SetUnit(Text("dB"));
-    number.SetDefault(4.0);
-    number.SetMaximum(9.0);
-    number.SetMinimum(-1.25);
-    number.SetValue(5.0);
-    EXPECT_XML(number, "\n<N Minimum=\"-1.250000\" Maximum=\"9.000000\" Default=\"4.000000\" Unit=\"dB\">\n"
-                       "    <DoubleValue>5.000000</DoubleValue>\n</N>");
-}
-
-TEST(Double, WritesEachAttributeOnlyWhenItIsSet)
-{
-    struct Row
-    {
-        const char* name;
-        void (*fill)(Double&);
-        const char* attribute;
-    };
-    const Row rows[] = {
-        {"minimum", [](Double& number) { number.SetMinimum(0.0); }, " Minimum=\"0.000000\""},
-        {"maximum", [](Double& number) { number.SetMaximum(0.0); }, " Maximum=\"0.000000\""},
-        {"default", [](Double& number) { number.SetDefault(0.0); }, " Default=\"0.000000\""},
-        {"unit", [](Double& number) { number.SetUnit(Text("<\"&>")); }, " Unit=\"&lt;&quot;&amp;&gt;\""},
-        {"invalid number", [](Double& number) { number.SetMinimum(NOT_SET); }, ""},
-        {"empty unit", [](Double& number) { number.SetUnit(QStringLiteral("")); }, ""},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        Double number = Named("N");
-        number.SetValue(1.0);
-        row.fill(number);
-        EXPECT_XML(number, Text("\n<N") + Text(row.attribute) +
-                               Text(">\n    <DoubleValue>1.000000</DoubleValue>\n</N>"));
-    }
-}
-
-TEST(Double, NeverWritesTheVersion)
-{
-    Double number = Named("N");
-    ProcessXml(number, "<N Version=\"3.5\"><DoubleValue>1</DoubleValue></N>");
-    EXPECT_XML(number, "\n<N>\n    <DoubleValue>1.000000</DoubleValue>\n</N>");
-    EXPECT_TEXT(number.GetVersion(), "");
-}
-
-TEST(Double, IsNamedAnyTypeUntilItGetsAName)
-{
-    Double number;
-    number.SetValue(1.0);
-    EXPECT_XML(number, "\n<AnyType>\n    <DoubleValue>1.000000</DoubleValue>\n</AnyType>");
-}
-
-TEST(Double, RefusesToWriteWithoutValueWhateverTheValidateFlag)
-{
-    for (const bool validate : {true, false}) {
-        SCOPED_TRACE(validate);
-        const auto logger = NewLogger();
-        Double number = Named("N");
-        number.SetMinimum(1.0);
-        number.SetUnit(Text("dB"));
-        number.SetValidate(validate);
-        number.SetLogger(logger);
-        EXPECT_RG_THROW(number.GetXmlString(), "RGException", Text("N") + Text(MISSING_VALUE));
-        EXPECT_LOG(logger, {"INFO: N: Generating xml string."});
-
-        QString text;
-        QXmlStreamWriter writer(&text);
-        EXPECT_RG_THROW(number.GetXml(writer), "RGException", Text("N") + Text(MISSING_VALUE));
-        EXPECT_TEXT(text, "");
-        EXPECT_LOG(logger, {"INFO: N: Generating xml string."});
-    }
-}
-
-// --- Reading XML -------------------------------------------------------------------------------------------
-
-TEST(Double, ReadsWhatItWrites)
-{
-    Double number = Named("N");
-    number.SetMinimum(-1.25);
-    number.SetMaximum(9.0);
-    number.SetDefault(4.0);
-    number.SetValue(5.5);
-    number.SetUnit(Text("<µ\"&>"));
-    Double read = Named("N");
-    EXPECT_TRUE(read.SetXmlString(number.GetXmlString(), true));
-    EXPECT_EQ(read, number);
-}
-
-TEST(Double, ReadsAttributesInAnyOrder)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(
-        number.SetXmlString(Text("<N Unit=\"s\" Default=\"4\" Other=\"x\" Maximum=\"1e3\" Version=\"2.0\" "
-                                 "Minimum=\" -1.5 \"><DoubleValue> 5 </DoubleValue></N>"),
-                            true));
-    EXPECT_EQ(number.GetMinimum(), -1.5);
-    EXPECT_EQ(number.GetMaximum(), 1000.0);
-    EXPECT_EQ(number.GetDefault(), 4.0);
-    EXPECT_EQ(number.GetValue(), 5.0);
-    EXPECT_TEXT(number.GetUnit(), "s");
-    EXPECT_TEXT(number.GetVersion(), "");
-}
-
-TEST(Double, DefaultGivesTheValueToo)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(Text("<N Default=\"5\"/>"), true));
-    EXPECT_EQ(number.GetDefault(), 5.0);
-    EXPECT_EQ(number.GetValue(), 5.0);
-
-    EXPECT_TRUE(number.SetXmlString(Text("<N Default=\"5\"><DoubleValue>6</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetDefault(), 5.0);
-    EXPECT_EQ(number.GetValue(), 6.0);
-}
-
-TEST(Double, AttributesAreToldApartByCase)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N minimum=\"1\" MAXIMUM=\"2\" default=\"3\" unit=\"s\"><DoubleValue>4</DoubleValue></N>"),
-        true));
-    EXPECT_FALSE(number.IsValid(number.GetMinimum()));
-    EXPECT_FALSE(number.IsValid(number.GetMaximum()));
-    EXPECT_FALSE(number.IsValid(number.GetDefault()));
-    EXPECT_TEXT(number.GetUnit(), "");
-}
-
-TEST(Double, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const char* text : {"", "abc", "1,5", "5 dB", "0x5"}) {
-        SCOPED_TRACE(text);
-        const QString attribute = Text("=\"") + Text(text) + Text("\"");
-        Double number = Named("N");
-        EXPECT_TRUE(number.SetXmlString(Text("<N Minimum") + attribute + Text(" Maximum") + attribute +
-                                            Text(" Default") + attribute + Text("/>"),
-                                        true));
-        EXPECT_EQ(number.GetMinimum(), 0.0);
-        EXPECT_EQ(number.GetMaximum(), 0.0);
-        EXPECT_EQ(number.GetDefault(), 0.0);
-        EXPECT_EQ(number.GetValue(), 0.0);
-        EXPECT_TRUE(number.HasData());
-    }
-}
-
-TEST(Double, ReadsNumbersThatAreNotFinite)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N Minimum=\"-inf\" Maximum=\"inf\"><DoubleValue>nan</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetMinimum(), -INFINITE);
-    EXPECT_EQ(number.GetMaximum(), INFINITE);
-    EXPECT_TRUE(std::isnan(number.GetValue()));
-}
-
-TEST(Double, LastOfSeveralValuesCounts)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><DoubleValue>6</DoubleValue> <!-- --> <DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 7.0);
-}
-
-TEST(Double, ValueInPiecesIsItsLastPiece)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(Text("<N><DoubleValue>12<!-- -->34</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 34.0);
-}
-
-TEST(Double, UnknownChildEndsTheReadingWithoutAnError)
-{
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><DoubleValue>6</DoubleValue><Extra>1</Extra><DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_LOG(logger, {"INFO: N: Loading xml string."});
-
-    const QString before = Text("<N Minimum=\"1\"><Extra/><DoubleValue>7</DoubleValue></N>");
-    EXPECT_RG_THROW(number.SetXmlString(before, true), "RGException", Text("N") + Text(MISSING_VALUE));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_FALSE(number.HasData());
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(before, true));
-    EXPECT_FALSE(number.HasData());
-}
-
-TEST(Double, ValueInsideAnUnknownChildIsRead)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><Extra><DoubleValue>6</DoubleValue></Extra><DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-}
-
-TEST(Double, ChildrenAreToldApartByCase)
-{
-    Double number = Named("N");
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(Text("<N><doublevalue>6</doublevalue></N>"), true));
-    EXPECT_FALSE(number.HasData());
-}
-
-TEST(Double, AbsentAttributesLeaveTheirFieldsAlone)
-{
-    Double number = Filled();
-    ProcessXml(number, "<N/>");
-    EXPECT_EQ(number, Filled());
-    ProcessXml(number, "<N Maximum=\"8\"/>");
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_EQ(number.GetMaximum(), 8.0);
-    EXPECT_EQ(number.GetDefault(), 4.0);
-    EXPECT_EQ(number.GetValue(), 5.0);
-    EXPECT_TEXT(number.GetUnit(), "dB");
-    ProcessXml(number, "<N Unit=\"\"/>");
-    EXPECT_TEXT(number.GetUnit(), "");
-    ProcessXml(number, "<N><DoubleValue>6</DoubleValue></N>");
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_EQ(number.GetDefault(), 4.0);
-}
-
-TEST(Double, LoadingResetsFirst)
-{
-    Double number = Filled();
-    EXPECT_TRUE(number.SetXmlString(Text("<N><DoubleValue>6</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_EQ(number.GetMinimum(), -1.0);
-    EXPECT_TEXT(number.GetUnit(), "");
-}
-
-TEST(Double, LoadedElementWithoutValueFailsTheCheckWhenValidating)
-{
-    const QString xml = Text("<N Minimum=\"1\" Unit=\"dB\"/>");
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    EXPECT_RG_THROW(number.SetXmlString(xml, true), "RGException", Text("N") + Text(MISSING_VALUE));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_TEXT(number.GetUnit(), "dB");
-    EXPECT_LOG(logger, {"INFO: N: Loading xml string."});
-
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(xml, true));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_FALSE(number.HasData());
-}
-
-TEST(Double, MalformedXmlIsReported)
-{
-    const QString xml = Text("<N Minimum=\"1\"><DoubleValue>6</DoubleValue>");
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    const QString error = Support::ReaderError(xml);
-    EXPECT_RG_THROW(number.SetXmlString(xml, true), "RGException", error);
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_LOG(logger, QStringList({Text("INFO: N: Loading xml string."),
-                                    Text("FATAL ERROR: RGException: ") + error}));
-}
-
-TEST(Double, ElementOfAnotherNameIsNotFound)
-{
-    Double number = Filled();
-    EXPECT_FALSE(number.SetXmlString(Text("<M><DoubleValue>6</DoubleValue></M>"), false));
-    EXPECT_EQ(number, Filled());
-}
-
-TEST(Double, IsSavedAndLoadedAsAFile)
-{
-    const Support::TemporaryFolder folder;
-    Double number = Named("N");
-    number.SetValue(0.25);
-    number.SetUnit(Text("s"));
-    EXPECT_TRUE(number.SaveXml(folder.Path("number.xml")));
-    EXPECT_EQ(folder.Read("number.xml"),
-              QByteArray("\n<N Unit=\"s\">\n    <DoubleValue>0.250000</DoubleValue>\n</N>"));
-    Double read = Named("N");
-    EXPECT_TRUE(read.LoadXml(folder.Path("number.xml")));
-    EXPECT_EQ(read, number);
-}
-
-// --- Merging and binary form -------------------------------------------------------------------------------
+// --- Merging -----------------------------------------------------------------------------------------------
 
 TEST(Double, MergeTakesWhatTheOtherHasAndItsDefaultOnlyUntilItsValue)
 {
@@ -808,37 +499,4 @@ TEST(Double, MergeOfAnObjectWithoutValueThrows)
     other.SetValidate(false);
     EXPECT_RG_THROW(number.MergeRGObject(other), "RGException", Text("M") + Text(MISSING_VALUE));
     EXPECT_EQ(number.GetValue(), 1.0);
-}
-
-TEST(Double, HasNoBinaryForm)
-{
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetValue(1.0);
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::ReadWrite);
-    EXPECT_RG_THROW(number.GetBinary(stream, 1, true), "RGException",
-                    "GetBinary is not implemented for object of type 80.");
-    EXPECT_RG_THROW(number.SetBinary(stream, 0), "RGException",
-                    "SetBinary is not implemented for object of type 80.");
-    number.SetLogger(logger);
-    EXPECT_RG_THROW(number.GetBinaryRepresentationAsQByteArray(), "RGException",
-                    "GetBinary is not implemented for object of type 80.");
-    EXPECT_LOG(logger, {"INFO: N: Generating binary representation (target: byte array).",
-                        "INFO: N: Generating binary representation (target: data stream).",
-                        "FATAL ERROR: RGException: GetBinary is not implemented for object of type 80."});
-
-    number.SetValidate(false);
-    EXPECT_TRUE(number.GetBinary(stream, 1, true));
-    EXPECT_NO_RG_THROW(number.SetBinary(stream, 100));
-    EXPECT_BYTES(bytes, QByteArray());
-    EXPECT_EQ(number.GetValue(), 1.0);
-    EXPECT_BYTES(number.GetBinaryRepresentationAsQByteArray(), String(u"IRGObject") + String(u"N"));
-}
-
-TEST(Double, BinaryRepresentationWithoutValueFailsTheCheckFirst)
-{
-    const Double number;
-    EXPECT_RG_THROW(number.GetBinaryRepresentationAsQByteArray(), "RGException",
-                    Text("AnyType") + Text(MISSING_VALUE));
 }

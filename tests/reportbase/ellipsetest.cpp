@@ -138,15 +138,6 @@ TEST(Ellipse, MissingRotationStaysUnsetAndIsReportedWhenValidating)
     EXPECT_TRUE(ellipse.SetXmlString(xml, true));
 }
 
-TEST(Ellipse, OtherChildrenAreUnknown)
-{
-    for (const char* name : {"minRadius", "Radius", "Ellipse", "Version"}) {
-        Ellipse ellipse;
-        EXPECT_RG_THROW(ellipse.SetXmlString(Text("<Ellipse><") + Text(name) + Text("/></Ellipse>"), true),
-                        "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'Ellipse'."));
-    }
-}
-
 TEST(Ellipse, MergeTakesTheWrittenNumbers)
 {
     Ellipse ellipse = Of(1.0, 2.0, 3.0);

@@ -3,7 +3,6 @@
 
 #include <reportgenerator/reportbase/frequencyinformation.h>
 #include <reportgenerator/reportbase/frequencyrangeold.h>
-#include <reportgenerator/reportbase/minmax.h>
 
 #include <gtest/gtest.h>
 
@@ -18,7 +17,6 @@ namespace {
 
 using REPORTGENERATOR::FrequencyInformation;
 using REPORTGENERATOR::FrequencyRangeOld;
-using REPORTGENERATOR::MinMax;
 using Support::NewLogger;
 using Support::Text;
 
@@ -74,38 +72,6 @@ TEST(FrequencyInformation, StartsWithNeitherAlternativeAndIsRefused)
     EXPECT_RG_THROW(information.GetXmlString(), "RGException", EITHER_OR);
     information.SetValidate(false);
     EXPECT_XML(information, "");
-}
-
-TEST(FrequencyInformation, FrequencyAndBoundsAreStoredWithoutACheck)
-{
-    FrequencyInformation information;
-    information.SetFrequency(-5.0);
-    information.SetFrequencyMin(3.0);
-    information.SetFrequencyMax(1.0);
-    EXPECT_EQ(information.GetFrequency(), -5.0);
-    EXPECT_EQ(information.GetFrequencyMin(), 3.0);
-    EXPECT_EQ(information.GetFrequencyMax(), 1.0);
-
-    double min = 0.0;
-    double max = 0.0;
-    information.GetFrequencyMinMax(min, max);
-    EXPECT_EQ(min, 3.0);
-    EXPECT_EQ(max, 1.0);
-    information.SetFrequencyMinMax(10.0, 20.0);
-    const MinMax bounds = information.GetFrequencyMinMax();
-    EXPECT_EQ(bounds.GetMin(), 10.0);
-    EXPECT_EQ(bounds.GetMax(), 20.0);
-    information.SetFrequencyMinMax(MinMax(30.0, 40.0));
-    EXPECT_EQ(information.GetFrequencyMin(), 30.0);
-    EXPECT_EQ(information.GetFrequencyMax(), 40.0);
-    EXPECT_EQ(information.GetFrequency(), -5.0);
-}
-
-TEST(FrequencyInformation, UnsetBoundsComeOutAsTheNumberForNotSet)
-{
-    const MinMax bounds = FrequencyInformation().GetFrequencyMinMax();
-    EXPECT_EQ(bounds.GetMin(), NOT_SET);
-    EXPECT_EQ(bounds.GetMax(), NOT_SET);
 }
 
 TEST(FrequencyInformation, BoundsAloneAreNoData)
@@ -244,18 +210,6 @@ TEST(FrequencyInformation, ReadingBothAlternativesIsRefusedOnlyWhenValidating)
     EXPECT_TRUE(information.SetXmlString(xml, true));
     EXPECT_EQ(information.GetFrequency(), 1.0);
     EXPECT_EQ(information.GetFrequencyRange().GetStartFrequency(), 1.0);
-}
-
-TEST(FrequencyInformation, OtherChildrenAreUnknown)
-{
-    for (const char* name : {"Value", "frequency", "StartFrequency", "FrequencyInformation"}) {
-        FrequencyInformation information;
-        information.SetValidate(false);
-        EXPECT_RG_THROW(
-            information.SetXmlString(
-                Text("<FrequencyInformation><") + Text(name) + Text("/></FrequencyInformation>"), true),
-            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'FrequencyInformation'."));
-    }
 }
 
 TEST(FrequencyInformation, UnknownChildOfTheRangeIsNamedByTheRange)

@@ -2,7 +2,6 @@
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/frequencylistvalue.h>
-#include <reportgenerator/reportbase/minmax.h>
 
 #include <gtest/gtest.h>
 
@@ -19,7 +18,6 @@
 namespace {
 
 using REPORTGENERATOR::FrequencyListValue;
-using REPORTGENERATOR::MinMax;
 using Support::NewLogger;
 using Support::Text;
 
@@ -59,27 +57,6 @@ TEST(FrequencyListValue, StartsWithNothingSetAndPasses)
     EXPECT_TRUE(entry.GetTimeStamp().isNull());
     EXPECT_NO_RG_THROW(entry.Check());
     EXPECT_XML(entry, "");
-}
-
-TEST(FrequencyListValue, FrequencyAndBoundsAreStoredWithoutACheck)
-{
-    FrequencyListValue entry;
-    entry.SetFrequency(-5.0);
-    entry.SetFrequencyMin(3.0);
-    entry.SetFrequencyMax(1.0);
-    EXPECT_EQ(entry.GetFrequency(), -5.0);
-    double min = 0.0;
-    double max = 0.0;
-    entry.GetFrequencyMinMax(min, max);
-    EXPECT_EQ(min, 3.0);
-    EXPECT_EQ(max, 1.0);
-    entry.SetFrequencyMinMax(10.0, 20.0);
-    const MinMax bounds = entry.GetFrequencyMinMax();
-    EXPECT_EQ(bounds.GetMin(), 10.0);
-    EXPECT_EQ(bounds.GetMax(), 20.0);
-    entry.SetFrequencyMinMax(MinMax(30.0, 40.0));
-    EXPECT_EQ(entry.GetFrequencyMin(), 30.0);
-    EXPECT_EQ(entry.GetFrequencyMax(), 40.0);
 }
 
 TEST(FrequencyListValue, BoundsAloneAreNoData)
@@ -212,15 +189,6 @@ TEST(FrequencyListValue, BeginningOfTheEpochIsATimeStamp)
                       "\n    <Frequency>1.00</Frequency>"
                       "\n    <TimeStamp>1970-01-01T00:00:00.000Z</TimeStamp>"
                       "\n</Value>");
-}
-
-TEST(FrequencyListValue, OtherChildrenAreUnknown)
-{
-    for (const char* name : {"Value", "frequency", "Timestamp", "FrequencyRange"}) {
-        FrequencyListValue entry;
-        EXPECT_RG_THROW(entry.SetXmlString(Text("<Value><") + Text(name) + Text("/></Value>"), true),
-                        "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'Value'."));
-    }
 }
 
 TEST(FrequencyListValue, CopyTakesBoundsAndTimeStamp)

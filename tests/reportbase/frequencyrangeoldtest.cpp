@@ -133,15 +133,6 @@ TEST(FrequencyRangeOld, ReadsItsChildrenInAnyOrderAndTheLastOfEach)
     EXPECT_TRUE(range == Range(2.0, 3.5));
 }
 
-TEST(FrequencyRangeOld, ChildOfAnotherSpellingIsUnknown)
-{
-    FrequencyRangeOld range;
-    for (const char* name : {"Start", "startFrequency", "Stopfrequency", "FrequencyRange"})
-        EXPECT_RG_THROW(
-            range.SetXmlString(Text("<FrequencyRange><") + Text(name) + Text("/></FrequencyRange>"), true),
-            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'FrequencyRange'."));
-}
-
 TEST(FrequencyRangeOld, LoadedRangeWithOneEndIsRefusedOnlyWhenValidating)
 {
     const QString xml = Text("<FrequencyRange><StartFrequency>1</StartFrequency></FrequencyRange>");

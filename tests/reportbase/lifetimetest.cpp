@@ -31,9 +31,9 @@ using Support::Children;
 using Support::Conversions;
 using Support::CopyingConverter;
 using Support::DOWNGRADE;
+using Support::FileAtItsEnd;
 using Support::g_conversions;
 using Support::OLD_FILE;
-using Support::OpenFile;
 using Support::PlainObject;
 using Support::StubbornObject;
 using Support::Text;
@@ -149,7 +149,7 @@ public:
     bool LoadNewTask()
     {
         proxy.reset();
-        OpenFile file(OLD_FILE);
+        FileAtItsEnd file(OLD_FILE);
         return newTask.LoadXml(file.Get());
     }
 };
@@ -228,7 +228,7 @@ TEST_F(ProxyOfOneOwner, LastsWhileARegisteredObjectTakesItAway)
     };
     Inject(std::make_unique<CopyingConverter>());
     proxy.reset();
-    OpenFile file("<Job Version=\"1.0\"><Task Version=\"1.0\"/></Job>");
+    FileAtItsEnd file("<Job Version=\"1.0\"><Task Version=\"1.0\"/></Job>");
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
     EXPECT_TRUE(g_proxy.expired());

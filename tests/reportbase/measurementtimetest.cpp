@@ -324,16 +324,6 @@ TEST(MeasurementTime, LoadedTimeWithoutModeIsRefusedOnlyWhenValidating)
     EXPECT_EQ(time.GetMeasurementTimeValue(), 2.0);
 }
 
-TEST(MeasurementTime, OtherChildrenAreUnknown)
-{
-    for (const char* name : {"Mode", "measurementMode", "DoubleValue"}) {
-        MeasurementTime time;
-        EXPECT_RG_THROW(
-            time.SetXmlString(Text("<MeasurementTime><") + Text(name) + Text("/></MeasurementTime>"), true),
-            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'MeasurementTime'."));
-    }
-}
-
 TEST(MeasurementTime, ComparesModeTimeAndNames)
 {
     EXPECT_TRUE(MeasurementTime() == MeasurementTime());

@@ -1,4 +1,5 @@
 #include "support/expect.h"
+#include "support/vocabularies.h"
 
 #include <reportgenerator/reportbase/measurementtype.h>
 
@@ -7,9 +8,7 @@
 #include <QtCore/QString>
 
 #include <cstddef>
-#include <future>
 #include <limits>
-#include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -88,92 +87,37 @@ const Spelling SPELLINGS[] = {
     {"SubSensorTypeToNodeName", OfSubSensor<MeasurementType::SubSensorTypeToNodeName>, SUB_SENSOR_NODE_NAMES},
 };
 
+using Known = std::vector<std::pair<const char*, int>>;
+
+/// The names with their places as numbers, and others with theirs.
+Known Numbered(const Names& names, const Known& others = {})
+{
+    Known known;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        known.emplace_back(names[i], static_cast<int>(i));
+    known.insert(known.end(), others.begin(), others.end());
+    return known;
+}
+
 struct Lookup
 {
     const char* name;
     int (*find)(const QString&);
-    std::vector<std::pair<const char*, int>> known; ///< every other text gives -1
+    Known known; ///< every other text gives -1
 };
 
 const Lookup LOOKUPS[] = {
-    {"NameToMeasurementType",
-     Measurement<MeasurementType::NameToMeasurementType>,
-     {{"Level", 0},
-      {"Offset", 1},
-      {"FStrength", 2},
-      {"AM", 3},
-      {"AM Pos", 4},
-      {"AM Neg", 5},
-      {"FM", 6},
-      {"FM Pos", 7},
-      {"FM Neg", 8},
-      {"PM", 9},
-      {"Bandwidth", 10},
-      {"RDS", 11}}},
-    {"NodeNameToMeasurementType",
-     Measurement<MeasurementType::NodeNameToMeasurementType>,
-     {{"LEVEL", 0},
-      {"OFFSET", 1},
-      {"FSTRENGTH", 2},
-      {"AM", 3},
-      {"AMPOS", 4},
-      {"AMNEG", 5},
-      {"FM", 6},
-      {"FMPOS", 7},
-      {"FMNEG", 8},
-      {"PM", 9},
-      {"BANDWIDTH", 10},
-      {"RDS", 11}}},
-    {"NameToSubSensorType",
-     SubSensor<MeasurementType::NameToSubSensorType>,
-     {{"AM", 0},
-      {"AM Pos", 1},
-      {"AM Neg", 2},
-      {"FM", 3},
-      {"FM Pos", 4},
-      {"FM Neg", 5},
-      {"PM", 6},
-      {"CW", 7}}},
-    {"SkpiNameToSubSensorType",
-     SubSensor<MeasurementType::SkpiNameToSubSensorType>,
-     {{"AM", 0},
-      {"AM:POS", 1},
-      {"AM:NEG", 2},
-      {"FM", 3},
-      {"FM:POS", 4},
-      {"FM:NEG", 5},
-      {"PM", 6},
-      {"CW", 7}}},
-    {"NodeNameToSubSensorType",
-     SubSensor<MeasurementType::NodeNameToSubSensorType>,
-     {{"LEVEL", 0},
-      {"OFFSET", 1},
-      {"FSTRENGTH", 2},
-      {"AM", 3},
-      {"AMPOS", 4},
-      {"AMNEG", 5},
-      {"FM", 6},
-      {"FMPOS", 7},
-      {"FMNEG", 8},
-      {"PMCW", 9}}},
-    {"SensorNodeNameToMeasurementType",
-     Measurement<MeasurementType::SensorNodeNameToMeasurementType>,
-     {{"LEVEL", 0},
-      {"OFFSET", 1},
-      {"FSTRENGTH", 2},
-      {"AM", 3},
-      {"AMPOS", 4},
-      {"AMNEG", 5},
-      {"FM", 6},
-      {"FMPOS", 7},
-      {"FMNEG", 8},
-      {"PM", 9},
-      {"BANDWIDTH", 10},
-      {"RDS", 11},
-      {"AM:POS", 4},
-      {"AM:NEG", 5},
-      {"FM:POS", 7},
-      {"FM:NEG", 8}}},
+    {"NameToMeasurementType", Measurement<MeasurementType::NameToMeasurementType>,
+     Numbered(MEASUREMENT_NAMES)},
+    {"NodeNameToMeasurementType", Measurement<MeasurementType::NodeNameToMeasurementType>,
+     Numbered(MEASUREMENT_NODE_NAMES)},
+    {"NameToSubSensorType", SubSensor<MeasurementType::NameToSubSensorType>, Numbered(SUB_SENSOR_NAMES)},
+    {"SkpiNameToSubSensorType", SubSensor<MeasurementType::SkpiNameToSubSensorType>,
+     Numbered(SUB_SENSOR_COLON_NAMES)},
+    {"NodeNameToSubSensorType", SubSensor<MeasurementType::NodeNameToSubSensorType>,
+     Numbered(SUB_SENSOR_NODE_NAMES, {{"FMNEG", 8}, {"PMCW", 9}})},
+    {"SensorNodeNameToMeasurementType", Measurement<MeasurementType::SensorNodeNameToMeasurementType>,
+     Numbered(MEASUREMENT_NODE_NAMES, {{"AM:POS", 4}, {"AM:NEG", 5}, {"FM:POS", 7}, {"FM:NEG", 8}})},
 };
 
 int Expected(const Lookup& lookup, const QString& text)
@@ -185,22 +129,9 @@ int Expected(const Lookup& lookup, const QString& text)
     return -1;
 }
 
-/// The numbers around the lists and those that would fall into them if only a part of their bits counted.
 std::vector<int> Numbers()
 {
-    std::vector<int> numbers = {std::numeric_limits<int>::min(),
-                                std::numeric_limits<int>::min() + 1,
-                                std::numeric_limits<int>::max(),
-                                std::numeric_limits<int>::max() - 1,
-                                std::numeric_limits<int>::min() + 7,
-                                -65536,
-                                -256,
-                                64,
-                                256,
-                                65536};
-    for (int number = -2; number <= 60; ++number)
-        numbers.push_back(number);
-    return numbers;
+    return Support::NumbersAround({std::numeric_limits<int>::min() + 7});
 }
 
 /// Every spelling that any of the lists holds, and texts that differ little from one.
@@ -212,9 +143,9 @@ std::vector<QString> Texts()
                                SUB_SENSOR_COLON_NAMES, SUB_SENSOR_NODE_NAMES, lastSensorNodes}) {
         for (const char* utf8 : names) {
             const QString name = Support::Text(utf8);
-            const QChar blank = QLatin1Char(' ');
-            texts.insert(texts.end(), {name, name.toLower(), name.toUpper(), blank + name, name + blank,
-                                       name.chopped(1), name + QChar(QChar::Null)});
+            texts.push_back(name);
+            const std::vector<QString> nearMisses = Support::NearMisses(name);
+            texts.insert(texts.end(), nearMisses.begin(), nearMisses.end());
         }
     }
     return texts;
@@ -397,10 +328,5 @@ TEST(MeasurementType, DeviceDataNeverUseDisplayNames)
 
 TEST(MeasurementType, AnswersTheSameOnSeveralThreadsAtOnce)
 {
-    const std::vector<QString> expected = Answers();
-    std::vector<std::future<std::vector<QString>>> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.push_back(std::async(std::launch::async, Answers));
-    for (auto& thread : threads)
-        EXPECT_EQ(thread.get(), expected);
+    Support::ExpectTheSameOnSeveralThreadsAtOnce(Answers);
 }

@@ -258,18 +258,6 @@ TEST(ScanParameter, IncompleteLoadedObjectIsRefusedOnlyWhenValidating)
     EXPECT_EQ(scan.GetDwellTime(), 1.0);
 }
 
-TEST(ScanParameter, OtherChildrenAreUnknown)
-{
-    for (const char* name :
-         {"StepFrequency", "frequencystep", "StartFrequency", "Version", "ScanParameter"}) {
-        ScanParameter scan;
-        scan.SetValidate(false);
-        EXPECT_RG_THROW(
-            scan.SetXmlString(Text("<ScanParameter><") + Text(name) + Text("/></ScanParameter>"), true),
-            "RGException", Text("Unknown Tag '") + Text(name) + Text("' in 'ScanParameter'."));
-    }
-}
-
 TEST(ScanParameter, UnknownChildOfTheRangeIsNamedByTheRange)
 {
     ScanParameter scan;

@@ -33,9 +33,9 @@ using Proxy = REPORTGENERATOR::VersionConverterProxy;
 using Support::Children;
 using Support::Conversions;
 using Support::DOWNGRADE;
+using Support::FileAtItsEnd;
 using Support::g_conversions;
 using Support::OLD_FILE;
-using Support::OpenFile;
 using Support::PlainObject;
 using Support::RefusingConverter;
 using Support::StubbornObject;
@@ -144,7 +144,7 @@ TEST_F(ProxyOfTwoRoots, ConverterGetsObjectsOfOneClassWhenTheObjectsHaveTheProxy
 {
     for (PlainObject* target : {&newTask, &oldZone}) {
         g_conversions.clear();
-        OpenFile file(TASK_AND_ZONE);
+        FileAtItsEnd file(TASK_AND_ZONE);
         EXPECT_FALSE(target->LoadXml(file.Get()));
         EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &newZone, &oldZone}}));
         EXPECT_EQ(newZone.children, Children({{Text("B"), Text("2")}}));
@@ -153,7 +153,7 @@ TEST_F(ProxyOfTwoRoots, ConverterGetsObjectsOfOneClassWhenTheObjectsHaveTheProxy
 
 TEST_F(ProxyOfTwoRoots, QuestionDuringALoadIsAnsweredWithoutAnyTouch)
 {
-    OpenFile file(WATCHED_AND_ZONE);
+    FileAtItsEnd file(WATCHED_AND_ZONE);
     LoadWatched(file.Get(), [&] {
         for (IRGObject* target : {static_cast<IRGObject*>(&watched), static_cast<IRGObject*>(&newZone),
                                   static_cast<IRGObject*>(nullptr)}) {
@@ -167,8 +167,8 @@ TEST_F(ProxyOfTwoRoots, QuestionDuringALoadIsAnsweredWithoutAnyTouch)
 
 TEST_F(ProxyOfTwoRoots, LoadOfAnotherFileInBetweenLeavesTheOuterOneAlone)
 {
-    OpenFile file(WATCHED_FILE);
-    OpenFile other(OLD_ZONE_FILE);
+    FileAtItsEnd file(WATCHED_FILE);
+    FileAtItsEnd other(OLD_ZONE_FILE);
     LoadWatched(file.Get(), [&] { EXPECT_FALSE(newZone.LoadXml(other.Get())); });
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldZone, &newZone}, {UPGRADE, &watched, &oldTask}}));
 }
@@ -176,16 +176,16 @@ TEST_F(ProxyOfTwoRoots, LoadOfAnotherFileInBetweenLeavesTheOuterOneAlone)
 TEST_F(ProxyOfTwoRoots, ObjectOfALoadInBetweenIsNotConvertedForTheOuterOne)
 {
     watched.result = false;
-    OpenFile file(WATCHED_FILE);
-    OpenFile other(OLD_ZONE_FILE);
+    FileAtItsEnd file(WATCHED_FILE);
+    FileAtItsEnd other(OLD_ZONE_FILE);
     LoadWatched(file.Get(), [&] { EXPECT_FALSE(newZone.LoadXml(other.Get())); });
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldZone, &newZone}, {UPGRADE, nullptr, &oldTask}}));
 }
 
 TEST_F(ProxyOfTwoRoots, MalformedFileInBetweenLeavesTheOuterOneAlone)
 {
-    OpenFile file(WATCHED_FILE);
-    OpenFile malformed("<Other><");
+    FileAtItsEnd file(WATCHED_FILE);
+    FileAtItsEnd malformed("<Other><");
     LoadWatched(file.Get(), [&] { EXPECT_FALSE(proxy->LoadXml(malformed.Get())); });
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &watched, &oldTask}}));
 }
@@ -195,8 +195,8 @@ TEST_F(ProxyOfTwoRoots, EveryFileOnTheWayIsKnownAsBeingLoaded)
     PreparingObject inner;
     inner.SetObjectName(Text("Zone"));
     proxy->RegisterRootClass(Text("Zone"), Text("0.5"), &inner);
-    OpenFile file(WATCHED_FILE);
-    OpenFile other("<Task><Zone Version=\"0.5\"/></Task>");
+    FileAtItsEnd file(WATCHED_FILE);
+    FileAtItsEnd other("<Task><Zone Version=\"0.5\"/></Task>");
     int questions = 0;
     inner.prepare = [&](QFile* loaded) {
         EXPECT_EQ(loaded, other.Get());
@@ -220,7 +220,7 @@ TEST_F(ProxyOfTwoRoots, ObjectThatOpensTheFileAnewReadsItItself)
     reopening.SetObjectName(Text("Task"));
     reopening.InjectVersionConverter(proxy);
     proxy->RegisterRootClass(Text("Task"), Text("0.1"), &reopening);
-    OpenFile file("<Task Version=\"0.1\"><A>1</A><Zone Version=\"2.0\"/></Task>");
+    FileAtItsEnd file("<Task Version=\"0.1\"><A>1</A><Zone Version=\"2.0\"/></Task>");
     EXPECT_FALSE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(reopening.children.size(), 2);
     EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, &newZone, &oldZone}}));
@@ -238,7 +238,7 @@ TEST_F(ProxyOfTwoRoots, EveryProxyKnowsItsOwnLoadsOnly)
     older.InjectVersionConverter(proxy);
 
     // From proxy to proxy and back to the first one, which is loading the file.
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_FALSE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(older.children, Children({{Text("A"), Text("1")}}));
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &older, &newer}, {DOWNGRADE, nullptr, &watched}}));
@@ -246,9 +246,9 @@ TEST_F(ProxyOfTwoRoots, EveryProxyKnowsItsOwnLoadsOnly)
 
 TEST_F(ProxyOfTwoRoots, QuestionThatEndsInAnErrorLeavesTheRootItHadFound)
 {
-    OpenFile malformed("<Task Version=\"7.0\"><Zone");
+    FileAtItsEnd malformed("<Task Version=\"7.0\"><Zone");
     EXPECT_THROW(proxy->CanUseProxy(malformed.Get(), nullptr), RGException);
-    OpenFile unknown("<Unknown/>");
+    FileAtItsEnd unknown("<Unknown/>");
     EXPECT_FALSE(proxy->LoadXml(unknown.Get()));
     EXPECT_EQ(g_conversions, Conversions({{DOWNGRADE, nullptr, &watched}}));
 }
@@ -319,8 +319,8 @@ TEST_F(ProxyOfTwoRoots, ObjectMayCloseTheFile)
         for (const int many : {0, 5000}) {
             SCOPED_TRACE(many);
             g_conversions.clear();
-            OpenFile file("<Task Version=\"0.5\">" + QByteArray("<A>1</A>").repeated(many) +
-                          "<Zone Version=\"2.0\"/></Task>");
+            FileAtItsEnd file("<Task Version=\"0.5\">" + QByteArray("<A>1</A>").repeated(many) +
+                              "<Zone Version=\"2.0\"/></Task>");
             const QtMessages messages;
             LoadWatched(file.Get(), [&] {
                 file.Get()->close();
@@ -338,7 +338,7 @@ TEST_F(ProxyOfTwoRoots, ObjectMayCloseTheFileWhenNoFurtherRootIsLookedFor)
     StubbornObject last;
     last.result = true;
     proxy->RegisterRootClass(Text("Zone"), Text("0.5"), &last);
-    OpenFile file("<Task><Zone Version=\"0.5\"/></Task>");
+    FileAtItsEnd file("<Task><Zone Version=\"0.5\"/></Task>");
     const QtMessages messages;
     last.onLoad = [&] { file.Get()->close(); };
     proxy->LoadXml(file.Get());
@@ -362,8 +362,8 @@ TEST_F(ProxyOfTwoRoots, SearchGoesOnInAFileThatWasClosedAndOpenedAgain)
     for (const int many : {0, 5000}) {
         SCOPED_TRACE(many);
         g_conversions.clear();
-        OpenFile file("<Task Version=\"0.5\">" + QByteArray("<A>1</A>").repeated(many) +
-                      "<Zone Version=\"2.0\"/></Task>");
+        FileAtItsEnd file("<Task Version=\"0.5\">" + QByteArray("<A>1</A>").repeated(many) +
+                          "<Zone Version=\"2.0\"/></Task>");
         LoadWatched(file.Get(), [&] {
             file.Get()->close();
             EXPECT_TRUE(file.Get()->open(QIODevice::ReadOnly));
@@ -376,7 +376,7 @@ TEST_F(ProxyOfTwoRoots, FileStandsWhereTheLastObjectLeftIt)
 {
     StubbornObject last;
     proxy->RegisterRootClass(Text("Zone"), Text("0.5"), &last);
-    OpenFile file("<Task><Zone Version=\"0.5\"/></Task>");
+    FileAtItsEnd file("<Task><Zone Version=\"0.5\"/></Task>");
     last.onLoad = [&] { EXPECT_TRUE(file.Get()->seek(3)); };
     proxy->LoadXml(file.Get());
     EXPECT_EQ(file.Get()->pos(), 3);

@@ -20,12 +20,12 @@ using Support::Conversions;
 using Support::CopyingConverter;
 using Support::DOWNGRADE;
 using Support::Downgraded;
+using Support::FileAtItsEnd;
 using Support::g_conversions;
 using Support::NamedObject;
 using Support::NEW_FILE;
 using Support::NewLogger;
 using Support::OLD_FILE;
-using Support::OpenFile;
 using Support::PlainObject;
 using Support::RefusingConverter;
 using Support::StubbornObject;
@@ -50,7 +50,7 @@ TEST_F(VersionConverterProxy, RootObjectLoadsAnOlderFileThroughTheProxy)
     newTask.children = {{Text("Left"), Text("over")}};
     oldTask.SetLogger(ofOldTask);
 
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(newTask.children, Upgraded());
     EXPECT_EQ(newTask.calls.reset, 1);
@@ -67,7 +67,7 @@ TEST_F(VersionConverterProxy, RootObjectLoadsANewerFileThroughTheProxy)
     Inject(std::make_unique<CopyingConverter>());
     oldTask.InjectVersionConverter(proxy);
     oldTask.SetLogger(logger);
-    OpenFile file(NEW_FILE);
+    FileAtItsEnd file(NEW_FILE);
     EXPECT_TRUE(oldTask.LoadXml(file.Get()));
     EXPECT_EQ(oldTask.children, Downgraded());
     EXPECT_LOG(logger, QStringList(Text("INFO: Task: Using version converter to load the xml file \"") +
@@ -80,7 +80,7 @@ TEST_F(VersionConverterProxy, RootObjectLoadsAFileOfItsOwnVersionItself)
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
     newTask.SetLogger(logger);
-    OpenFile file(NEW_FILE);
+    FileAtItsEnd file(NEW_FILE);
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(newTask.children, Children({{Text("A"), Text("2")}}));
     EXPECT_EQ(newTask.calls.check, 1);
@@ -93,11 +93,11 @@ TEST_F(VersionConverterProxy, RootObjectLoadsFilesOfUnknownVersionsItself)
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
     for (const char* content : {"<Task Version=\"3.0\"><A>3</A></Task>", "<Task><A>3</A></Task>"}) {
-        OpenFile file(content);
+        FileAtItsEnd file(content);
         EXPECT_TRUE(newTask.LoadXml(file.Get()));
         EXPECT_EQ(newTask.children, Children({{Text("A"), Text("3")}}));
     }
-    OpenFile unknown("<Other/>");
+    FileAtItsEnd unknown("<Other/>");
     EXPECT_FALSE(newTask.LoadXml(unknown.Get()));
     EXPECT_TRUE(g_conversions.empty());
 }
@@ -115,7 +115,7 @@ TEST_F(VersionConverterProxy, RootObjectGivesTheResultOfTheProxyAndIsReset)
 {
     newTask.InjectVersionConverter(proxy);
     newTask.children = {{Text("Left"), Text("over")}};
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_FALSE(newTask.LoadXml(file.Get()));
     EXPECT_TRUE(newTask.children.isEmpty());
     EXPECT_EQ(newTask.calls.check, 0);
@@ -131,7 +131,7 @@ TEST_F(VersionConverterProxy, FailureOfARegisteredObjectDoesNotReachTheRootObjec
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
     newTask.SetLogger(logger);
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     bool result = true;
     EXPECT_NO_RG_THROW(result = newTask.LoadXml(file.Get()));
     EXPECT_FALSE(result);
@@ -146,7 +146,7 @@ TEST_F(VersionConverterProxy, ThrowingConverterLeavesAnEmptyRootObjectThatCounts
     newTask.InjectVersionConverter(proxy);
     newTask.SetLogger(logger);
     newTask.children = {{Text("Left"), Text("over")}};
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     bool result = false;
     EXPECT_NO_RG_THROW(result = newTask.LoadXml(file.Get()));
     EXPECT_TRUE(result);
@@ -162,7 +162,7 @@ TEST_F(VersionConverterProxy, RegisteredObjectsMayHaveTheProxyToo)
     oldTask.InjectVersionConverter(proxy);
     newTask.InjectVersionConverter(proxy);
     oldTask.SetLogger(ofOldTask);
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(newTask.children, Upgraded());
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &oldTask, &newTask}}));
@@ -177,7 +177,7 @@ TEST_F(VersionConverterProxy, RegisteredObjectWithTheProxyReadsAFileOfTwoRootsIt
     Inject(std::make_unique<RefusingConverter>());
     oldTask.InjectVersionConverter(proxy);
     newTask.InjectVersionConverter(proxy);
-    OpenFile file("<Task Version=\"1.0\"><A>1</A><Zone Version=\"2.0\"/></Task>");
+    FileAtItsEnd file("<Task Version=\"1.0\"><A>1</A><Zone Version=\"2.0\"/></Task>");
     EXPECT_FALSE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(oldTask.children.size(), 2);
     EXPECT_EQ(oldTask.calls.reset, 1);
@@ -191,7 +191,7 @@ TEST_F(VersionConverterProxy, RegisteredObjectThatThrowsIsNotLoadingAnyMore)
     StubbornObject stubborn;
     stubborn.problemOfLoading = Text("broken");
     proxy->RegisterRootClass(Text("Job"), Text("1.0"), &stubborn);
-    OpenFile file("<Job Version=\"1.0\"/>");
+    FileAtItsEnd file("<Job Version=\"1.0\"/>");
     bool usableMeanwhile = true;
     stubborn.onLoad = [&] { usableMeanwhile = proxy->CanUseProxy(file.Get(), &oldTask); };
     proxy->LoadXml(file.Get());
@@ -205,7 +205,7 @@ TEST_F(VersionConverterProxy, RegisteredObjectMayLoadAnotherFileThroughTheProxy)
     proxy->RegisterRootClass(Text("Task"), Text("3.0"), &stubborn);
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
-    OpenFile other(OLD_FILE);
+    FileAtItsEnd other(OLD_FILE);
     stubborn.onLoad = [&] { EXPECT_TRUE(newTask.LoadXml(other.Get())); };
     Load("<Task Version=\"3.0\"/>");
     EXPECT_EQ(newTask.children, Upgraded());
@@ -217,7 +217,7 @@ TEST_F(VersionConverterProxy, RootObjectThatIsNotRegisteredIsNotFilledButItsRegi
     stranger.children = {{Text("Left"), Text("over")}};
     stranger.InjectVersionConverter(proxy);
     Inject(std::make_unique<CopyingConverter>());
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_TRUE(stranger.LoadXml(file.Get()));
     EXPECT_TRUE(stranger.children.isEmpty());
     EXPECT_EQ(newTask.children, Upgraded());
@@ -233,7 +233,7 @@ TEST_F(VersionConverterProxy, MalformedFilePassesOutOfTheRootObject)
     proxy->SetLogger(ofProxy);
     const char* content = "<Other></Task>";
     const QString error = Support::ReaderError(Text(content));
-    OpenFile file(content);
+    FileAtItsEnd file(content);
     EXPECT_RG_THROW(newTask.LoadXml(file.Get()), "RGException", error);
     EXPECT_TRUE(newTask.children.isEmpty());
     EXPECT_LOG(logger, {});
@@ -244,7 +244,7 @@ TEST_F(VersionConverterProxy, RootObjectWithoutProxyLoadsEveryVersionItself)
 {
     newTask.InjectVersionConverter(proxy);
     newTask.InjectVersionConverter(nullptr);
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     ASSERT_TRUE(file.Get()->seek(0));
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(newTask.children, Children({{Text("A"), Text("1")}}));
@@ -256,7 +256,7 @@ TEST_F(VersionConverterProxy, CopyOfARootObjectUsesTheSameProxy)
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
     PlainObject copy(newTask);
-    OpenFile file(NEW_FILE);
+    FileAtItsEnd file(NEW_FILE);
 
     // The registered object for the file's version is the original, so the copy goes through the proxy.
     EXPECT_TRUE(copy.LoadXml(file.Get()));
@@ -281,7 +281,7 @@ TEST_F(VersionConverterProxy, VeryLongFilesAreConverted)
                                QByteArray("<A>1</A>").repeated(COUNT) + QByteArray("</Task>");
     Inject(std::make_unique<CopyingConverter>());
     newTask.InjectVersionConverter(proxy);
-    OpenFile file(content);
+    FileAtItsEnd file(content);
     EXPECT_TRUE(newTask.LoadXml(file.Get()));
     EXPECT_EQ(oldTask.children.size(), COUNT);
     EXPECT_EQ(newTask.children.size(), COUNT + 1);

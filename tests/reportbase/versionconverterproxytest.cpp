@@ -25,13 +25,13 @@ using Support::Conversion;
 using Support::Conversions;
 using Support::CopyingConverter;
 using Support::DOWNGRADE;
+using Support::FileAtItsEnd;
 using Support::g_conversions;
 using Support::g_convertersDestroyed;
 using Support::NamedObject;
 using Support::NEW_FILE;
 using Support::NewLogger;
 using Support::OLD_FILE;
-using Support::OpenFile;
 using Support::PlainObject;
 using Support::RefusingConverter;
 using Support::Text;
@@ -194,7 +194,7 @@ TEST_F(VersionConverterProxy, IsNotUsedForUnknownNamesAndVersions)
         SCOPED_TRACE(content);
         EXPECT_FALSE(CanUse(content, nullptr));
     }
-    OpenFile file(OLD_FILE);
+    FileAtItsEnd file(OLD_FILE);
     EXPECT_FALSE(Proxy().CanUseProxy(file.Get(), &newTask));
     EXPECT_EQ(file.Get()->pos(), 0);
 }
@@ -243,7 +243,7 @@ TEST_F(VersionConverterProxy, MalformedFilePassesOutOfTheQuestion)
     proxy->SetLogger(logger);
     for (const char* content : {"", "not XML", "<Other><Task Version=\"1.0\"", "<Other></Task>"}) {
         SCOPED_TRACE(content);
-        OpenFile file(content);
+        FileAtItsEnd file(content);
         const QString error = Support::ReaderError(Text(content));
         ASSERT_FALSE(error.isEmpty());
         logger->Reset(true);

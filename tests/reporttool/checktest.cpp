@@ -1,6 +1,7 @@
 #include "samples.h"
 #include "toolrun.h"
 
+#include "support/records.h"
 #include "support/vectors.h"
 
 #include <gtest/gtest.h>
@@ -23,6 +24,7 @@ using ToolTest::Plain;
 using ToolTest::RunTool;
 using ToolTest::Scratch;
 using ToolTest::ToolRun;
+namespace Tag = Support::Tag;
 
 /// What `check` prints for standard input.
 ToolRun CheckInput(const QByteArray& input)
@@ -150,9 +152,10 @@ TEST(ToolCheck, GivesAllProblemsOfAReport)
 
 TEST(ToolCheck, GivesWhatFrequencyAndBandwidthLack)
 {
-    ExpectProblems(Plain(Element(ToolTest::FREQUENCY, Bytes()) + Element(ToolTest::BANDWIDTH, Bytes())),
-                   {"OutOfRangeException: Frequency: Please set Value properly.",
-                    "OutOfRangeException: IFBandwidth: Please set Value properly."});
+    ExpectProblems(
+        Plain(Element(Tag::REPORT_FREQUENCY, Bytes()) + Element(Tag::REPORT_IF_BANDWIDTH, Bytes())),
+        {"OutOfRangeException: Frequency: Please set Value properly.",
+         "OutOfRangeException: IFBandwidth: Please set Value properly."});
 }
 
 TEST(ToolCheck, GivesTheReadersErrorOfMalformedXmlOnce)
@@ -185,8 +188,9 @@ TEST(ToolCheck, RefusesWhatHoldsNoReport)
 {
     ExpectProblems("<Task><Frequency>1.00</Frequency></Task>",
                    {"NoReport: there is no element 'ReportBase'"});
-    ExpectProblems(Support::Representation(u"Frequency", Element(ToolTest::VALUE, ByteArray("1.00"))).Data(),
-                   {"NoReport: this is an object 'Frequency'"});
+    ExpectProblems(
+        Support::Representation(u"Frequency", Element(Tag::FREQUENCY_VALUE, ByteArray("1.00"))).Data(),
+        {"NoReport: this is an object 'Frequency'"});
 }
 
 TEST(ToolCheck, RefusesWhatStandsBehindTheEnd)
@@ -271,8 +275,8 @@ TEST(ToolCheck, ClaimsOfTwoGigabytesAreNotBelieved)
         Support::RepresentationOfLength(u"ReportBase", 0x7FFFFFFF, Bytes()).Data(),
         {"BinaryParsingException: ReportBase::SetBinary(...): Length error occurred during processing "
          "of binary representation"});
-    ExpectProblems(Plain(Element(ToolTest::FREQUENCY,
-                                 ElementOfLength(ToolTest::VALUE, 8,
+    ExpectProblems(Plain(Element(Tag::REPORT_FREQUENCY,
+                                 ElementOfLength(Tag::FREQUENCY_VALUE, 8,
                                                  Support::Int32(0x7FFFFFFF) + Support::Raw("1.00")))),
                    {"LengthMismatch: offset 0x46: size of value: 2147483647 claimed, 4 left"});
 }
@@ -290,8 +294,8 @@ TEST(ToolCheck, DataThatMayUncompressToMoreThanTheCeilingAreRefusedUnread)
 TEST(ToolCheck, RefusesALengthThatTheLibraryTolerates)
 {
     // The value's element is the last of all and holds a byte that nobody reads.
-    const Bytes value = Element(ToolTest::VALUE, ByteArray("1.00") + Support::Raw("x"));
-    ExpectProblems(Plain(Element(ToolTest::FREQUENCY, value)),
+    const Bytes value = Element(Tag::FREQUENCY_VALUE, ByteArray("1.00") + Support::Raw("x"));
+    ExpectProblems(Plain(Element(Tag::REPORT_FREQUENCY, value)),
                    {"LengthMismatch: offset 0x4e: bytes that are no part of value"});
 }
 

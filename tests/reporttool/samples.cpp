@@ -1,15 +1,11 @@
 #include "samples.h"
 
+#include "support/recordelements.h"
 #include "support/vectors.h"
 
 namespace ToolTest {
 
-using Support::Body;
-using Support::ByteArray;
 using Support::Bytes;
-using Support::Element;
-using Support::Int32;
-using Support::String;
 
 namespace {
 
@@ -64,10 +60,8 @@ QByteArray NamedAreaXml(const char* name)
 
 Bytes NamedArea(std::string_view name)
 {
-    const Bytes point =
-        Body(Element(LONGITUDE, ByteArray("8.500000")) + Element(LATITUDE, ByteArray("47.250000")));
-    return Element(AREA, Element(VERSION, String(u"1.0")) + Element(NAME, ByteArray(name)) +
-                             Element(COORDINATES, Int32(1, "count") + point));
+    return Support::AreaElement(Support::Version(u"1.0") + Support::Name(name) +
+                                Support::Coordinates(1, Support::Point("8.500000", "47.250000")));
 }
 
 } // namespace ToolTest

@@ -14,18 +14,6 @@
 
 namespace ToolTest {
 
-// Tags of the elements.
-constexpr long long FREQUENCY = 0xCF452ADA;
-constexpr long long BANDWIDTH = 0xCA8F8C7C;
-constexpr long long AREA = 0xA838BE37;
-constexpr long long VALUE = 0x8AFF57B3;
-constexpr long long USE = 0xAA39C731;
-constexpr long long VERSION = 0xCCFEDFA1;
-constexpr long long NAME = 0x8C9FBCA8;
-constexpr long long COORDINATES = 0x6F69083F;
-constexpr long long LONGITUDE = 0x247E7491;
-constexpr long long LATITUDE = 0xCB2F4B76;
-
 QByteArray FullXml();
 QByteArray FullPlain();
 QByteArray FullCompressed();

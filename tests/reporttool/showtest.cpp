@@ -1,6 +1,7 @@
 #include "samples.h"
 #include "toolrun.h"
 
+#include "support/records.h"
 #include "support/vectors.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,7 @@ using ToolTest::Plain;
 using ToolTest::RunTool;
 using ToolTest::Scratch;
 using ToolTest::ToolRun;
+namespace Tag = Support::Tag;
 
 ToolRun ShowInput(const QByteArray& input)
 {
@@ -380,7 +382,7 @@ TEST(ToolShowDump, IsTheHandWrittenAnnotationOfAPlainRepresentation)
 
 TEST(ToolShowDump, IndentsTheContentOfABinaryFile)
 {
-    const Bytes frequency = Element(ToolTest::FREQUENCY, Element(ToolTest::USE, Support::Bool(false)));
+    const Bytes frequency = Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_USE, Support::Bool(false)));
     EXPECT_TEXT(
         DumpOf(InFile(Plain(frequency))),
         "0000  00 00 00 47                                      size: representation, bytes that follow\n"
@@ -402,7 +404,7 @@ TEST(ToolShowDump, IndentsTheContentOfABinaryFile)
 
 TEST(ToolShowDump, AddsTheUncompressedFieldsWithOffsetsOfTheirOwn)
 {
-    const Bytes frequency = Element(ToolTest::FREQUENCY, Element(ToolTest::USE, Support::Bool(true)));
+    const Bytes frequency = Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_USE, Support::Bool(true)));
     // Stored data: prefix, two bytes of zlib's header, five of the block's, the body, four of the checksum.
     EXPECT_TEXT(
         DumpOf(Support::CompressedRepresentation(u"ReportBase", frequency).Data())
@@ -430,8 +432,8 @@ QString ElementsOf(const Bytes& elements)
 TEST(ToolShowDump, MarksALengthThatIsLongerThanWhatThereIs)
 {
     EXPECT_TEXT(
-        ElementsOf(
-            Support::ElementOfLength(ToolTest::FREQUENCY, 1000, Element(ToolTest::USE, Support::Bool(true)))),
+        ElementsOf(Support::ElementOfLength(Tag::REPORT_FREQUENCY, 1000,
+                                            Element(Tag::FREQUENCY_USE, Support::Bool(true)))),
         "0036  cf 45 2a da                                        tag: frequency\n"
         "003a  00 00 03 e8                                        length!: bytes of frequency: 1000 claimed, "
         "9 left\n"
@@ -453,9 +455,9 @@ TEST(ToolShowDump, MarksANegativeLengthAndWhatFollowsItIsStillShown)
 TEST(ToolShowDump, MarksWhatIsNoPartOfAnElement)
 {
     EXPECT_TEXT(
-        ElementsOf(
-            Element(ToolTest::FREQUENCY,
-                    Element(ToolTest::USE, Support::Bool(true) + Support::Raw("xy")) + Support::Raw("z"))),
+        ElementsOf(Element(Tag::REPORT_FREQUENCY,
+                           Element(Tag::FREQUENCY_USE, Support::Bool(true) + Support::Raw("xy")) +
+                               Support::Raw("z"))),
         "0036  cf 45 2a da                                        tag: frequency\n"
         "003a  00 00 00 0c                                        length: bytes of frequency\n"
         "003e  aa 39 c7 31                                          tag: use\n"
@@ -468,9 +470,9 @@ TEST(ToolShowDump, MarksWhatIsNoPartOfAnElement)
 TEST(ToolShowDump, MarksACountOfMoreCoordinatesThanThereAre)
 {
     EXPECT_TEXT(
-        ElementsOf(Element(ToolTest::AREA, Element(ToolTest::NAME, Support::NullByteArray()) +
-                                               Element(ToolTest::COORDINATES,
-                                                       Support::Int32(0x7FFFFFFF) + Support::Int32(0)))),
+        ElementsOf(Element(Tag::REPORT_AREA, Element(Tag::AREA_NAME, Support::NullByteArray()) +
+                                                 Element(Tag::AREA_COORDINATES,
+                                                         Support::Int32(0x7FFFFFFF) + Support::Int32(0)))),
         "0036  a8 38 be 37                                        tag: area\n"
         "003a  00 00 00 1c                                        length: bytes of area\n"
         "003e  8c 9f bc a8                                          tag: name\n"
@@ -497,7 +499,8 @@ TEST(ToolShowDump, CharactersAreNotTornApartAndControlCharactersNotShown)
 {
     // Byte 16 would be the second one of the "ü".
     EXPECT_TEXT(
-        ElementsOf(Element(ToolTest::AREA, Element(ToolTest::NAME, ByteArray("0123456789abcd\x1B\xC3\xBC")))),
+        ElementsOf(
+            Element(Tag::REPORT_AREA, Element(Tag::AREA_NAME, ByteArray("0123456789abcd\x1B\xC3\xBC")))),
         "0036  a8 38 be 37                                        tag: area\n"
         "003a  00 00 00 1d                                        length: bytes of area\n"
         "003e  8c 9f bc a8                                          tag: name\n"
@@ -510,8 +513,8 @@ TEST(ToolShowDump, CharactersAreNotTornApartAndControlCharactersNotShown)
 
 TEST(ToolShowDump, KnowsTheElementsOfOtherObjects)
 {
-    const QString dump =
-        DumpOf(Support::Representation(u"Frequency", Element(ToolTest::USE, Support::Bool(true))).Data());
+    const QString dump = DumpOf(
+        Support::Representation(u"Frequency", Element(Tag::FREQUENCY_USE, Support::Bool(true))).Data());
     EXPECT_TRUE(dump.contains(QLatin1String("tag: use\n")));
     EXPECT_TRUE(dump.contains(QLatin1String("bool: true\n")));
 }

@@ -48,6 +48,23 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A file that is open for reading.
+class OpenFile
+{
+public:
+    explicit OpenFile(const QByteArray& content) : m_file(m_folder.Write("opened", content))
+    {
+        EXPECT_TRUE(m_file.open(QIODevice::ReadOnly));
+    }
+
+    QFile* Get() { return &m_file; }
+    QString Path() const { return m_file.fileName(); }
+
+private:
+    TemporaryFolder m_folder;
+    QFile m_file;
+};
+
 } // namespace Support
 
 #endif

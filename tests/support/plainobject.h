@@ -140,6 +140,17 @@ public:
     int lastLength = 0; ///< the argument of the last SetBinary
 };
 
+/// A PlainObject that holds something which a reset takes away.
+struct FilledObject
+{
+    FilledObject() { object.children = {{QStringLiteral("Old"), QStringLiteral("1")}}; }
+
+    bool IsUntouched() const { return object.calls.reset == 0 && object.children.size() == 1; }
+    bool IsReset() const { return object.calls.reset == 1 && object.children.isEmpty(); }
+
+    PlainObject object;
+};
+
 inline void PrintTo(const PlainObject::Child& child, std::ostream* stream)
 {
     *stream << child.name.toStdString() << "=\"" << child.text.toStdString() << '"';

@@ -170,10 +170,10 @@ public:
 };
 
 /// A file that is open for reading, with the place at its end.
-class OpenFile
+class FileAtItsEnd
 {
 public:
-    explicit OpenFile(const QByteArray& content) : m_file(m_folder.Write("opened.xml", content))
+    explicit FileAtItsEnd(const QByteArray& content) : m_file(m_folder.Write("opened.xml", content))
     {
         EXPECT_TRUE(m_file.open(QIODevice::ReadOnly));
         EXPECT_TRUE(m_file.seek(content.size()));
@@ -215,13 +215,13 @@ public:
 
     bool Load(const QByteArray& content)
     {
-        OpenFile file(content);
+        FileAtItsEnd file(content);
         return proxy->LoadXml(file.Get());
     }
 
     bool CanUse(const QByteArray& content, REPORTGENERATOR::IRGObject* target)
     {
-        OpenFile file(content);
+        FileAtItsEnd file(content);
         const bool result = proxy->CanUseProxy(file.Get(), target);
         EXPECT_EQ(file.Get()->pos(), 0);
         return result;

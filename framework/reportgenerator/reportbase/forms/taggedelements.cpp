@@ -97,7 +97,7 @@ bool HasWord(const QDataStream& stream)
 bool IsBarren(const QDataStream& stream)
 {
     char byte = 0;
-    return !IsSequential(stream) && stream.device() != nullptr && stream.device()->peek(&byte, 1) < 1;
+    return !IsSequential(stream) && !stream.atEnd() && stream.device()->peek(&byte, 1) < 1;
 }
 
 QByteArray ReadBytes(QDataStream& stream)
