@@ -1,9 +1,9 @@
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
-#include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/forms/numbers.h>
-#include <reportgenerator/reportbase/rgexception.h>
 #include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/messages_p.h>
+#include <reportgenerator/reportbase/rgexception.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
