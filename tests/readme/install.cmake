@@ -22,7 +22,11 @@ foreach(block IN ITEMS installing packageProject byPackage byPkgConfig subprojec
 endforeach()
 
 # The home folder of the page, with the installed copy and the commands that stand for the page's.
+# A shell takes the words of pkg-config apart at blanks, which home folders don't have and build folders may.
 set(home "${SCRATCH_HOME}")
+if(home MATCHES " ")
+    execute_process(COMMAND mktemp -d OUTPUT_VARIABLE home OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+endif()
 file(REMOVE_RECURSE "${home}")
 file(MAKE_DIRECTORY "${home}/commands")
 file(CREATE_LINK "${PREFIX}" "${home}/report" SYMBOLIC)
@@ -75,3 +79,7 @@ file(COPY "${EXAMPLE}" DESTINATION "${home}/subproject")
 file(CREATE_LINK "${SOURCE_DIR}" "${home}/subproject/reportgenerator" SYMBOLIC)
 run("${CMAKE_COMMAND}" -S "${home}/subproject" -B "${home}/subproject/build" ${CONFIGURE_ARGUMENTS}
     "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}")
+
+if(NOT home STREQUAL SCRATCH_HOME)
+    file(REMOVE_RECURSE "${home}")
+endif()
