@@ -52,4 +52,18 @@ TEST(XmlText, IsTheSameInAStringAndInAFile)
     }
 }
 
+TEST(XmlText, OfANullTextLeavesItNull)
+{
+    Area area;
+    area.SetValidate(false);
+    EXPECT_XML(area, "\n<Area Version=\"1.0\">\n    <Name></Name>\n</Area>");
+    area.GetBinaryRepresentationAsQByteArray();
+    EXPECT_TRUE(area.GetName().isNull());
+    EXPECT_TRUE(area.GetScriptID().isNull());
+
+    const QString xml;
+    EXPECT_FALSE(area.SetXmlString(xml, true));
+    EXPECT_TRUE(xml.isNull());
+}
+
 } // namespace

@@ -28,6 +28,12 @@ struct UnitOf<QByteArray>
     using Type = char;
 };
 
+/// The units of a text. Qt 6's own `utf16` turns a null text into an empty one.
+inline const ushort* UnitsOf(const QString& text)
+{
+    return reinterpret_cast<const ushort*>(text.constData());
+}
+
 /// A text or an array of bytes that grows at its end.
 template <class Container>
 class Buffer

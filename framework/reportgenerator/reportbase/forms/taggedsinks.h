@@ -91,7 +91,7 @@ public:
         const qint64 size = qint64(text.size()) * qint64(sizeof(QChar));
         Word(static_cast<qint32>(size));
         char* const out = m_out.Room(size);
-        qToBigEndian<ushort>(text.utf16(), text.size(), out);
+        qToBigEndian<ushort>(UnitsOf(text), text.size(), out);
         m_out.SetEnd(out + size);
     }
 

@@ -201,7 +201,7 @@ private:
     void PutPlain(const QString& text)
     {
         if constexpr (sizeof(Unit) == sizeof(QChar)) {
-            m_out.Append(text.utf16(), text.size());
+            m_out.Append(UnitsOf(text), text.size());
         } else {
             const QByteArray bytes = text.toUtf8();
             m_out.Append(bytes.constData(), bytes.size());

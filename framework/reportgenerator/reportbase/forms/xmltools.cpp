@@ -1,5 +1,6 @@
 #include <reportgenerator/reportbase/forms/xmltools.h>
 
+#include <reportgenerator/reportbase/forms/buffer.h>
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 
 #include <QtCore/QXmlStreamReader>
@@ -66,7 +67,7 @@ bool MatchesExpression(const QString& xml, const QString& name)
 /// somewhere. Of the form that compilers turn into few instructions for many characters.
 bool MayBeginInBlock(const ushort* block, const QString& pattern)
 {
-    const ushort* const units = pattern.utf16();
+    const ushort* const units = UnitsOf(pattern);
     const ushort first = units[0];
     const ushort second = units[1];
     const ushort last = units[pattern.size() - 1];

@@ -109,7 +109,7 @@ private:
 
     static bool ReadXmlText(IRGObject& object, const QString& xml)
     {
-        return ReadXml(object, xml.utf16(), xml.size());
+        return ReadXml(object, UnitsOf(xml), xml.size());
     }
 
     static bool ReadXmlBytes(IRGObject& object, const QByteArray& xml)
