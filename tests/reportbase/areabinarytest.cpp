@@ -1,5 +1,5 @@
-// An area in its tagged and its raw form. What all records have in common there stands in recordbinarytest.cpp and
-// recordrawformtest.cpp, what hangs on the version in areaversiontest.cpp.
+// An area in its tagged and its raw form. What all records have in common there stands in
+// recordbinarytest.cpp and recordrawformtest.cpp, what hangs on the version in areaversiontest.cpp.
 
 #include "support/bytes.h"
 #include "support/expect.h"

@@ -1,5 +1,5 @@
-// An area in XML. What all records have in common there stands in recordxmltest.cpp, what hangs on the version in
-// areaversiontest.cpp.
+// An area in XML. What all records have in common there stands in recordxmltest.cpp, what hangs on the
+// version in areaversiontest.cpp.
 
 #include "support/bytes.h"
 #include "support/expect.h"

@@ -18,8 +18,8 @@ namespace {
 using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::ReportBase;
 
-/// A device that is not open for reading; what it holds is left where it is. Every word that is read from it is 0, and
-/// an element of the tag 0 and the length 0 takes 8 bytes of a body.
+/// A device that is not open for reading; what it holds is left where it is. Every word that is read from it
+/// is 0, and an element of the tag 0 and the length 0 takes 8 bytes of a body.
 template <class Object>
 void Read(int length)
 {

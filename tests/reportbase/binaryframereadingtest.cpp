@@ -20,6 +20,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -116,6 +117,28 @@ TEST(BinaryFrame, NameInTheDataIsNotCompared)
                                          ByteArrayOf(Stored(Int32(1) + Body(sample.elements)))));
         EXPECT_EQ(compressed.count, 5);
         EXPECT_TEXT(compressed.GetObjectName(), "AnyType");
+    }
+}
+
+TEST(BinaryFrame, NameOfOddSizeTakesUpNothing)
+{
+    for (const int size : {1, 3, 45}) {
+        SCOPED_TRACE(size);
+        const Bytes root = Int32(1) + Body(Value("5.00"));
+        Frequency plain;
+        EXPECT_TRUE(Read(plain, String(u"IRGObject") + Int32(size) + root));
+        EXPECT_EQ(plain.GetValue(), 5.0);
+
+        Frequency compressed;
+        EXPECT_TRUE(
+            Read(compressed, String(u"IRGObjectQCompress") + Int32(size) + ByteArrayOf(Stored(root))));
+        EXPECT_EQ(compressed.GetValue(), 5.0);
+
+        // The bytes that the size speaks of are the root tag already.
+        Frequency shifted;
+        EXPECT_RG_THROW(Read(shifted, String(u"IRGObject") + Int32(size) +
+                                          Raw(std::string(static_cast<std::size_t>(size), 'n')) + root),
+                        "BinaryParsingException", FREQUENCY_LENGTH_ERROR);
     }
 }
 

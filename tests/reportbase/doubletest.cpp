@@ -1,5 +1,6 @@
 // The fields of a Double: setting, querying, comparing and merging them.
 
+#include "support/doubles.h"
 #include "support/expect.h"
 #include "support/records.h"
 
@@ -21,34 +22,14 @@ using REPORTGENERATOR::Double;
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ObjectTypes;
 using REPORTGENERATOR::VersionConverterProxy;
+using Support::Filled;
+using Support::INFINITE;
+using Support::MISSING_VALUE;
+using Support::Named;
 using Support::NewLogger;
+using Support::NOT_A_NUMBER;
+using Support::NOT_SET;
 using Support::Text;
-
-constexpr double NOT_SET = -111111.11;
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-
-constexpr const char* MISSING_VALUE = "The double has not been set! Please use SetValue first";
-
-Double Named(const char* name)
-{
-    Double number;
-    number.SetName(Text(name));
-    return number;
-}
-
-/// An object in which each field differs from its default.
-Double Filled()
-{
-    Double number = Named("N");
-    number.SetDefaultInvalidValue(-1.0);
-    number.SetMinimum(1.0);
-    number.SetMaximum(9.0);
-    number.SetDefault(4.0);
-    number.SetValue(5.0);
-    number.SetUnit(Text("dB"));
-    return number;
-}
 
 void ExpectNothingSet(const Double& number, double invalid)
 {

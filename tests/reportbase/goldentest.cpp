@@ -1,5 +1,5 @@
-// Every case of tests/vectors that is written and read: what is written is compared with the files, what is read
-// with what the tables below say. The cases that are only read stand in goldenreadingtest.cpp.
+// Every case of tests/vectors that is written and read: what is written is compared with the files, what is
+// read with what the tables below say. The cases that are only read stand in goldenreadingtest.cpp.
 
 #include "support/golden.h"
 #include "support/bytes.h"

@@ -1,4 +1,5 @@
-// What objects share behind the scenes must not show: identity, settings, and the coordinates of copied areas.
+// What objects share behind the scenes must not show: identity, settings, and the coordinates of copied
+// areas.
 
 #include "support/expect.h"
 #include "support/records.h"

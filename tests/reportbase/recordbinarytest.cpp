@@ -1,5 +1,5 @@
-// How the classes with a record are written to and read from tagged elements: where a body may stand, what of it
-// is passed over, and what an object holds when the lengths don't come out.
+// How the classes with a record are written to and read from tagged elements: where a body may stand, what of
+// it is passed over, and what an object holds when the lengths don't come out.
 
 #include "support/bytes.h"
 #include "support/expect.h"

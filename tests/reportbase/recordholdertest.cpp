@@ -1,5 +1,5 @@
-// Area and ReportBase hold objects, which have their validate flag and their logger: from whenever they come in,
-// again when somebody gave them others, and in copies.
+// Area and ReportBase hold objects, which have their validate flag and their logger: from whenever they come
+// in, again when somebody gave them others, and in copies.
 
 #include "support/bytes.h"
 #include "support/expect.h"

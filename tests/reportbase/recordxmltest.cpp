@@ -36,8 +36,8 @@ using Support::Text;
 using Support::Used;
 using Support::XmlOfOne;
 
-// In the texts of the tables "@" stands for the name of the class. Each table begins with the rows of Frequency
-// and IFBandwidth.
+// In the texts of the tables "@" stands for the name of the class. Each table begins with the rows of
+// Frequency and IFBandwidth.
 
 AreaState OfVersion(const char* version, AreaState state)
 {

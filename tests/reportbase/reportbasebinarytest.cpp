@@ -1,5 +1,5 @@
-// A report in its tagged and its raw form. What all records have in common there stands in recordbinarytest.cpp
-// and recordrawformtest.cpp.
+// A report in its tagged and its raw form. What all records have in common there stands in
+// recordbinarytest.cpp and recordrawformtest.cpp.
 
 #include "support/bytes.h"
 #include "support/expect.h"

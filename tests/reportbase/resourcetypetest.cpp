@@ -16,7 +16,8 @@ namespace {
 
 using ResourceType::ResourceTypeValue;
 
-// The types that callers were compiled with; those of the group tests are fixed by the table in vocabularytest.cpp.
+// The types that callers were compiled with; those of the group tests are fixed by the table in
+// vocabularytest.cpp.
 static_assert(std::is_same_v<std::underlying_type_t<ResourceTypeValue>, int>);
 static_assert(std::is_same_v<decltype(&ResourceType::GetInvalidResourceType), ResourceTypeValue (*)()>);
 static_assert(std::is_same_v<decltype(&ResourceType::IsValidResourceType), bool (*)(ResourceTypeValue)>);

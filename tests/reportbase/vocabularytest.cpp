@@ -1,5 +1,5 @@
-// The vocabularies whose numbers have a name each and stand in groups: what holds for all of their numbers and
-// names.
+// The vocabularies whose numbers have a name each and stand in groups: what holds for all of their numbers
+// and names.
 
 #include "support/expect.h"
 #include "support/vocabularies.h"

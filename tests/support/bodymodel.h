@@ -1,8 +1,8 @@
 #ifndef TESTS_SUPPORT_BODYMODEL_H
 #define TESTS_SUPPORT_BODYMODEL_H
 
-// A reader of its own: what reading a plain representation of a frequency, an IF bandwidth or a coordinate gives,
-// whatever the bytes are, without QDataStream and without the library.
+// A reader of its own: what reading a plain representation of a frequency, an IF bandwidth or a coordinate
+// gives, whatever the bytes are, without QDataStream and without the library.
 //
 //     Prediction prediction = PredictedFor(QStringLiteral("coordinate"), bytes);
 //     EXPECT_EQ(object.SetBinaryRepresentation(bytes), prediction.isAccepted);

@@ -1,8 +1,8 @@
 #ifndef TESTS_SUPPORT_GOLDEN_H
 #define TESTS_SUPPORT_GOLDEN_H
 
-// What the tests over tests/vectors share: objects with and without something in them, and what an object holds
-// in the end.
+// What the tests over tests/vectors share: objects with and without something in them, and what an object
+// holds in the end.
 //
 //     Outcome outcome = OutcomeOf<Frequency>(FrequencyState{433920000.0});
 //     for (const SubjectMaker& make : {Maker<Frequency>(FrequencyState(), true),

@@ -22,16 +22,19 @@ extern template class REPORTBASE_EXPORT RecordObject<AreaData, SharedRecord<Area
 /// The class has a format version, "1.0". Data of an older version (compared as numbers; no version counts as
 /// 0) reset the area when their version is read, so that they start from an empty one.
 ///
-/// `Check` reports name or coordinates that are not set, and a text that is set and null; then the coordinates are
-/// checked. Writing XML refuses an incomplete coordinate when validating ("IncompleteDefinitionException"); otherwise it
-/// is written after a WARNING. An area whose list is set and empty passes `Check` and writes nothing. Reading goes through the setters. A count of coordinates in tagged data that is greater
-/// than what follows ends in the length error, after the coordinates that are there have been read.
+/// `Check` reports name or coordinates that are not set, and a text that is set and null; then the
+/// coordinates are checked. Writing XML refuses an incomplete coordinate when validating
+/// ("IncompleteDefinitionException"); otherwise it is written after a WARNING. An area whose list is set and
+/// empty passes `Check` and writes nothing. Reading goes through the setters. A count of coordinates in
+/// tagged data that is greater than what follows ends in the length error, after the coordinates that are
+/// there have been read.
 ///
-/// The raw form is a byte with a bit for each field that is set (name, coordinates, script identifier, from bit 0),
-/// version, name, the number of coordinates, the raw form of each, and the script identifier when set. Its reader
-/// appends to the coordinates that are there and checks that each is complete when validating, and nothing else. When
-/// fewer follow than their number says, the first one that is missing counts as an empty one, which is refused when
-/// validating; otherwise it is the last one, and the stream's status is `ReadPastEnd`.
+/// The raw form is a byte with a bit for each field that is set (name, coordinates, script identifier, from
+/// bit 0), version, name, the number of coordinates, the raw form of each, and the script identifier when
+/// set. Its reader appends to the coordinates that are there and checks that each is complete when
+/// validating, and nothing else. When fewer follow than their number says, the first one that is missing
+/// counts as an empty one, which is refused when validating; otherwise it is the last one, and the stream's
+/// status is `ReadPastEnd`.
 ///
 /// Copies are values. One thread at a time.
 ///

@@ -22,9 +22,9 @@ extern template class REPORTBASE_EXPORT RecordObject<CoordinateData, OwnRecord<C
 /// and "Latitude"; it has tagged, compressed and raw forms. XML and tagged forms carry six decimals; the raw
 /// form keeps the numbers as they are.
 ///
-/// `Check` reports a value that is not set or outside its range. An unset value is written as it stands when not
-/// validating. The raw form has 17 bytes: a byte with a bit for each field that is set (longitude, latitude, from bit
-/// 0), longitude, latitude.
+/// `Check` reports a value that is not set or outside its range. An unset value is written as it stands when
+/// not validating. The raw form has 17 bytes: a byte with a bit for each field that is set (longitude,
+/// latitude, from bit 0), longitude, latitude.
 ///
 /// Copies are values. One thread at a time.
 ///

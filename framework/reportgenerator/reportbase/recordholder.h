@@ -8,8 +8,8 @@ namespace REPORTGENERATOR {
 /// What a record begins with.
 struct Record
 {
-    /// A bit for each field that says whether it is set. The byte is also the first one of the raw form, read back
-    /// as it stands: bits that belong to no field are kept and mean nothing.
+    /// A bit for each field that says whether it is set. The byte is also the first one of the raw form, read
+    /// back as it stands: bits that belong to no field are kept and mean nothing.
     quint8 flags = 0;
 
     /// Whether a record that stands in its object has been made.

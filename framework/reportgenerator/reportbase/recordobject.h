@@ -9,9 +9,9 @@ namespace REPORTGENERATOR {
 /// Base of the objects that keep their fields in a private record: `ReportBase`, `Frequency`, `IFBandwidth`,
 /// `Coordinate` and `Area`. What they have in common is here: they are their tables.
 ///
-/// The record is made on first use; until then nothing is set. Objects behave as values and are cheap to copy and
-/// to assign. Each field has a flag that says whether it is set. A copy takes the validate flag over and has
-/// neither logger nor version converter; assigning takes the fields over and nothing else.
+/// The record is made on first use; until then nothing is set. Objects behave as values and are cheap to copy
+/// and to assign. Each field has a flag that says whether it is set. A copy takes the validate flag over and
+/// has neither logger nor version converter; assigning takes the fields over and nothing else.
 ///
 /// The class is implemented for the records of the library only. `Holder` is where the record stands.
 template <class Data, class Holder>
@@ -39,20 +39,20 @@ public:
 
     using IRGObject::Check;
 
-    /// Reports every field that must be set and isn't, or holds something that is not admitted, and checks the
-    /// members: throws `RGException` named "OutOfRangeException", the object name and ": Please set %1
+    /// Reports every field that must be set and isn't, or holds something that is not admitted, and checks
+    /// the members: throws `RGException` named "OutOfRangeException", the object name and ": Please set %1
     /// properly.". With `logOnly` and a logger each failure is logged instead.
     void Check(bool logOnly) const override;
 
     /// As `Check(false)`.
     void Check() const override;
 
-    /// Writes the element. Mandatory fields are written even when they are not set, which can only happen when the
-    /// object doesn't validate. Throws as `Check` when validating.
+    /// Writes the element. Mandatory fields are written even when they are not set, which can only happen
+    /// when the object doesn't validate. Throws as `Check` when validating.
     void GetXml(QXmlStreamWriter& writer) const override;
 
-    /// Writes one tagged element per field; numbers travel as the text of their XML form. Throws as `Check` when
-    /// validating.
+    /// Writes one tagged element per field; numbers travel as the text of their XML form. Throws as `Check`
+    /// when validating.
     bool GetBinary(QDataStream& stream, int tag, bool withTag) const override;
 
     /// Reads the elements into the unset object.
@@ -67,8 +67,8 @@ public:
     /// Does nothing: the kind of these objects cannot be changed.
     void SetObjectType(ObjectTypes type) override;
 
-    /// The raw form of the older binary versions, without tags, lengths and checks: a byte with a bit for each field
-    /// that is set, and the fields in the order of their bits.
+    /// The raw form of the older binary versions, without tags, lengths and checks: a byte with a bit for
+    /// each field that is set, and the fields in the order of their bits.
     void GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const;
     void SetVersionSpecificBinaryWithoutValidation(QDataStream& stream);
 

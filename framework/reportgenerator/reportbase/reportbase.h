@@ -19,9 +19,9 @@ extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData, SharedRecor
 /// compressed and raw forms. It adds no values and no messages of its own. Validate flag and logger are
 /// passed on to the members.
 ///
-/// `Check` checks the members that the report carries, in the order frequency, IF bandwidth, area. The raw form is a
-/// byte with a bit for each member that the report carries (in this order, from bit 0) and the raw forms of these
-/// members.
+/// `Check` checks the members that the report carries, in the order frequency, IF bandwidth, area. The raw
+/// form is a byte with a bit for each member that the report carries (in this order, from bit 0) and the raw
+/// forms of these members.
 ///
 /// Copies are values. One thread at a time.
 ///

@@ -3,11 +3,13 @@
 
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 
+#include <QtCore/QChar>
 #include <QtCore/QtEndian>
 
 namespace REPORTGENERATOR {
 
-/// Bytes that are read from the front, as a stream of the library's version holds them. What isn't there is not taken.
+/// Bytes that are read from the front, as a stream of the library's version holds them. What isn't there is
+/// not taken.
 struct ByteRange
 {
     const char* next;
@@ -39,6 +41,12 @@ struct ByteRange
     {
         qint32 size = 0;
         return TakeWord(size) && TakePart(size, content);
+    }
+
+    /// The same of a text, which has whole characters.
+    bool TakeText(ByteRange& content)
+    {
+        return TakeCounted(content) && content.Left() % qint64(sizeof(QChar)) == 0;
     }
 
     /// The size of a serialised text or byte array that takes up the rest.

@@ -49,8 +49,8 @@ struct Flagged
     }
 };
 
-/// All that there is to know of the form of one value: a number, a switch or a text. A class's description is a
-/// tuple of such rows in the order in which they are written.
+/// All that there is to know of the form of one value: a number, a switch or a text. A class's description is
+/// a tuple of such rows in the order in which they are written.
 ///
 ///     constexpr auto MIN = AttributeField(&Record::min, REPORTBASE_NAME("Min"), Flagged{1, wire::tag::MIN});
 ///     constexpr auto STEP = ElementField(&ScanParameter::m_step, REPORTBASE_NAME("FrequencyStep")).Mandatory();

@@ -9,7 +9,8 @@
 
 #include <typeinfo>
 
-/// Bytes that a caller's stream takes or gives in one piece, where nobody can tell this from the many small ones.
+/// Bytes that a caller's stream takes or gives in one piece, where nobody can tell this from the many small
+/// ones.
 namespace REPORTGENERATOR::streampiece {
 
 /// Whether the stream writes integers and texts as those of the library do, to a place of known behaviour.
@@ -20,8 +21,8 @@ bool HasDoubles(const QDataStream& stream);
 
 void Write(QDataStream& stream, Buffer<QByteArray>& bytes);
 
-/// The next bytes of the stream, which stay there; null where the stream is not as `CanWrite` wants it or has fewer.
-/// `room` keeps them if need be.
+/// The next bytes of the stream, which stay there; null where the stream is not as `CanWrite` wants it or has
+/// fewer. `room` keeps them if need be.
 const char* Peek(const QDataStream& stream, qint64 length, QByteArray& room);
 
 /// Hands the next bytes of the stream to `read`, and skips them if that returns true. Returns whether it did.

@@ -8,8 +8,8 @@
 #include <QtCore/QIODevice>
 #include <QtCore/QString>
 
-/// The tagged binary form on a stream: an element is a signed 32-bit tag, a signed 32-bit length and as many bytes
-/// of payload.
+/// The tagged binary form on a stream: an element is a signed 32-bit tag, a signed 32-bit length and as many
+/// bytes of payload.
 namespace REPORTGENERATOR::elements {
 
 // Writing
@@ -40,8 +40,8 @@ bool AtEnd(const QDataStream& stream);
 /// Whether the stream still gives a tag or a length; waits like `AtEnd`.
 bool HasWord(const QDataStream& stream);
 
-/// Whether the stream gives nothing though it doesn't call that its end: its device is not open for reading, or fails.
-/// Whatever is read from it is 0.
+/// Whether the stream gives nothing though it doesn't call that its end: its device is not open for reading,
+/// or fails. Whatever is read from it is 0.
 bool IsBarren(const QDataStream& stream);
 
 /// A serialised byte array; null, with the stream at its end, when its length is more than what is left.

@@ -10,8 +10,8 @@
 
 namespace REPORTGENERATOR {
 
-// What tagged elements are written to. All sinks offer the same few operations: a body or an element around what a
-// function writes, and the payloads.
+// What tagged elements are written to. All sinks offer the same few operations: a body or an element around
+// what a function writes, and the payloads.
 
 /// A caller's stream, whose device lengths are patched by seeking.
 class StreamElements
@@ -95,9 +95,9 @@ public:
         m_out.SetEnd(out + size);
     }
 
-    /// A body without tag whose elements all are numbers: calls `next` with a function that takes tag, number and
-    /// format of one after the other and returns false for a number that takes a longer way. Returns false, with nothing
-    /// written, in that case. There are at most `count` numbers.
+    /// A body without tag whose elements all are numbers: calls `next` with a function that takes tag, number
+    /// and format of one after the other and returns false for a number that takes a longer way. Returns
+    /// false, with nothing written, in that case. There are at most `count` numbers.
     template <class WriteNumbers>
     bool NumbersBody(qint64 count, WriteNumbers&& writeNumbers)
     {

@@ -8,8 +8,8 @@
 
 namespace REPORTGENERATOR {
 
-// The values that fields have, numbers, switches and texts: what is admitted, and their form as a text, which XML
-// and tagged form share. A type without these functions does not compile.
+// The values that fields have, numbers, switches and texts: what is admitted, and their form as a text, which
+// XML and tagged form share. A type without these functions does not compile.
 
 /// Whether a value may be set: a number within its range, a text that is not null, any switch.
 template <class FieldOfData>

@@ -3,8 +3,8 @@
 
 #include <reportgenerator/reportbase/forms/name.h>
 
-/// The numbers and names of the wire forms, for the library and its tools alike. Programs and files hold all of
-/// them.
+/// The numbers and names of the wire forms, for the library and its tools alike. Programs and files hold all
+/// of them.
 namespace REPORTGENERATOR::wire {
 
 // --- Streams

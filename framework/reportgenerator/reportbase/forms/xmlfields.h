@@ -61,8 +61,8 @@ void ReadXmlAttribute(const QXmlStreamAttributes& attributes, const FieldOfData&
         ReadXmlText(attribute->value().toString(), field, apply);
 }
 
-/// Reads the child element `name` if it is the field; `readText` puts the element's text into a value and is called only
-/// then. Returns whether it was.
+/// Reads the child element `name` if it is the field; `readText` puts the element's text into a value and is
+/// called only then. Returns whether it was.
 template <class ElementName, class ReadText, class FieldOfData, class Apply>
 bool ReadXmlElement(const ElementName& name, const FieldOfData& field, ReadText&& readText, Apply&& apply)
 {

@@ -13,9 +13,9 @@
 
 namespace REPORTGENERATOR {
 
-/// Reads XML of the shape that the library writes: start tags with attributes in double quotes, end tags, blanks
-/// between them, and texts without references and markup. Whatever else XML knows, it calls odd by returning false.
-/// `Unit` is the unit of UTF-16 or a byte of UTF-8.
+/// Reads XML of the shape that the library writes: start tags with attributes in double quotes, end tags,
+/// blanks between them, and texts without references and markup. Whatever else XML knows, it calls odd by
+/// returning false. `Unit` is the unit of UTF-16 or a byte of UTF-8.
 template <class Unit>
 class XmlScanner
 {
@@ -66,8 +66,8 @@ public:
         return Take('>');
     }
 
-    /// Hands the text of an attribute `name` to `read` if that one comes next. Returns false when it doesn't, or when
-    /// `read` does.
+    /// Hands the text of an attribute `name` to `read` if that one comes next. Returns false when it doesn't,
+    /// or when `read` does.
     template <class Read>
     bool Attribute(const Name& name, Read&& read)
     {

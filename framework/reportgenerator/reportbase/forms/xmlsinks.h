@@ -13,8 +13,8 @@
 
 namespace REPORTGENERATOR {
 
-// What XML is written to. All sinks offer the same few operations: `Start` and `End` of an element, and between
-// them attributes, child elements that hold one value, and the element's own text.
+// What XML is written to. All sinks offer the same few operations: `Start` and `End` of an element, and
+// between them attributes, child elements that hold one value, and the element's own text.
 
 /// A caller's writer.
 class XmlWriterSink
@@ -53,8 +53,8 @@ private:
     QXmlStreamWriter& m_writer;
 };
 
-/// The text that a `QXmlStreamWriter` with auto-formatting writes, without one: into a `QString`, or as UTF-8 into
-/// a `QByteArray`.
+/// The text that a `QXmlStreamWriter` with auto-formatting writes, without one: into a `QString`, or as UTF-8
+/// into a `QByteArray`.
 template <class Container>
 class XmlText
 {

@@ -63,8 +63,8 @@ bool MatchesExpression(const QString& xml, const QString& name)
     return Matches(searched, QStringLiteral("<%1([^>]*)?/?>").arg(name));
 }
 
-/// Whether the pattern may begin in the block: whether its first two characters and its last one stand in their places
-/// somewhere. Of the form that compilers turn into few instructions for many characters.
+/// Whether the pattern may begin in the block: whether its first two characters and its last one stand in
+/// their places somewhere. Of the form that compilers turn into few instructions for many characters.
 bool MayBeginInBlock(const ushort* block, const QString& pattern)
 {
     const ushort* const units = UnitsOf(pattern);

@@ -89,7 +89,7 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, const QByteArray& r
     ByteRange range = {representation.constData(), representation.constData() + representation.size()};
     ByteRange marker = {};
     ByteRange objectName = {};
-    if (!range.TakeCounted(marker) || !range.TakeCounted(objectName))
+    if (!range.TakeText(marker) || !range.TakeText(objectName))
         return false;
     if (marker.HoldsText(wire::PLAIN_MARKER))
         return ReadRootDirectly(road, object, range);

@@ -9,8 +9,8 @@ namespace REPORTGENERATOR {
 
 class IRGObject;
 
-/// The way of a class between its objects and one buffer, past Qt's stream classes. Only for objects of exactly
-/// this class: what a derived class overrides would not be asked.
+/// The way of a class between its objects and one buffer, past Qt's stream classes. Only for objects of
+/// exactly this class: what a derived class overrides would not be asked.
 ///
 /// Writing is for objects that have been checked if they validate. Each function returns false, with nothing
 /// written, logged or changed but what the other way would do anyway, where something is odd: the caller then

@@ -13,8 +13,8 @@ namespace REPORTGENERATOR {
 /// What the library's own classes know of an object beyond its interface.
 struct ObjectAccess
 {
-    /// The direct road of an object of exactly the class that has it, under the name that the class gives; null
-    /// for other objects.
+    /// The direct road of an object of exactly the class that has it, under the name that the class gives;
+    /// null for other objects.
     static const DirectRoad* RoadOf(const IRGObject& object)
     {
         const DirectRoad* const road = object.m_identity->road;

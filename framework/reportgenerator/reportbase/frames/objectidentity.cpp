@@ -9,8 +9,8 @@ namespace {
 
 constexpr int LAST_KIND = 80;
 
-/// The identities that objects have by their kind alone, by the numbers of the kinds; those between them are of no
-/// kind.
+/// The identities that objects have by their kind alone, by the numbers of the kinds; those between them are
+/// of no kind.
 const std::vector<ObjectIdentity>& IdentitiesOfKinds()
 {
     static const std::vector<ObjectIdentity> identities = [] {

@@ -9,8 +9,8 @@ namespace REPORTGENERATOR {
 
 struct DirectRoad;
 
-/// Kind, name and id of an object. All objects of a class point at the same one, which is made with the first of
-/// them and stays as long as the program; an object that is given another name or kind has one of its own.
+/// Kind, name and id of an object. All objects of a class point at the same one, which is made with the first
+/// of them and stays as long as the program; an object that is given another name or kind has one of its own.
 struct ObjectIdentity
 {
     ObjectTypes type = AnyType;

@@ -10,8 +10,8 @@ namespace REPORTGENERATOR {
 class Logger;
 class VersionConverterProxy;
 
-/// Validate flag, logger and version converter. Objects with the same settings may point at the same ones, which
-/// don't change as long as they do; no settings at all are those of a new object.
+/// Validate flag, logger and version converter. Objects with the same settings may point at the same ones,
+/// which don't change as long as they do; no settings at all are those of a new object.
 struct ObjectSettings
 {
     bool validate = true;

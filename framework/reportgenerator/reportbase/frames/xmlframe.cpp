@@ -25,8 +25,8 @@ namespace {
 /// A reader asks the file for so many bytes at a time.
 constexpr qint64 READER_BLOCK = 8192;
 
-/// Reads the rest of a file past Qt's reader, which would leave it at its end too. Otherwise the file stays where it
-/// is. Returns whether it was read.
+/// Reads the rest of a file past Qt's reader, which would leave it at its end too. Otherwise the file stays
+/// where it is. Returns whether it was read.
 bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
 {
     if (file.isSequential() || !file.isReadable() || file.isTransactionStarted())

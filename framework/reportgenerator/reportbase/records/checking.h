@@ -8,8 +8,8 @@
 
 namespace REPORTGENERATOR {
 
-// Completeness. `IsRecordGood` only looks; `CheckRow` reports what is missing: with a logger and `logOnly` the
-// failure is logged, otherwise thrown.
+// Completeness. `IsRecordGood` only looks; `CheckRow` reports what is missing: with a logger and `logOnly`
+// the failure is logged, otherwise thrown.
 
 template <class Object>
 bool IsRecordGood(const Object& object);

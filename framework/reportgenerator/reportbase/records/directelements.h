@@ -59,8 +59,8 @@ bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Member<Data, O
     return ReadRecord(payload, RecordAccess::Make(row.In(data)));
 }
 
-/// Reads an item that holds all its numbers in the order in which they are written, as items do. Otherwise the record is as
-/// it may.
+/// Reads an item that holds all its numbers in the order in which they are written, as items do. Otherwise
+/// the record is as it may.
 template <class ItemData>
 bool ReadNumbers(ByteRange body, ItemData& data)
 {

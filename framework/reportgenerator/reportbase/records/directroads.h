@@ -13,8 +13,8 @@ namespace REPORTGENERATOR {
 
 // --- Whether writing has nothing to tell ------------------------------------------------------------------
 
-/// Whether the object is called like its class, and so are its members, and what is written has a record. Objects that
-/// validate must have data; without validation XML warns of incomplete items.
+/// Whether the object is called like its class, and so are its members, and what is written has a record.
+/// Objects that validate must have data; without validation XML warns of incomplete items.
 template <class Object>
 bool IsPlain(const Object& object, bool warnsOfItems);
 

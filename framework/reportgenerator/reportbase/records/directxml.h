@@ -123,7 +123,8 @@ bool ReadItemByTags(XmlScanner<Unit>& scanner, const Name& name, Data& data, Pat
     return true;
 }
 
-/// Reads an item that looks like the one before. Otherwise the scanner stays where it is, and the record is as it may.
+/// Reads an item that looks like the one before. Otherwise the scanner stays where it is, and the record is
+/// as it may.
 template <class Unit, class Data, class Pattern>
 bool ReadItemByPattern(XmlScanner<Unit>& scanner, Data& data, const Pattern& pattern)
 {

@@ -7,8 +7,8 @@
 
 namespace REPORTGENERATOR {
 
-// Reading past Qt's stream classes goes aside, into a fresh record, which is taken over when all of it has been read and
-// found good. Each function that reads returns false for whatever is odd.
+// Reading past Qt's stream classes goes aside, into a fresh record, which is taken over when all of it has
+// been read and found good. Each function that reads returns false for whatever is odd.
 
 /// Puts the value into a record that doesn't have it yet.
 template <class Data, class D, class T>

@@ -13,8 +13,8 @@
 
 namespace REPORTGENERATOR {
 
-/// Writes the items of a list whose fields all are numbers in elements of their own: the first one tag by tag, and the
-/// others by copying what stands around its numbers.
+/// Writes the items of a list whose fields all are numbers in elements of their own: the first one tag by
+/// tag, and the others by copying what stands around its numbers.
 template <class Container, class Data>
 class ItemTexts
 {

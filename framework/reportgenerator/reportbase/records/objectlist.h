@@ -13,9 +13,9 @@ namespace REPORTGENERATOR {
 
 /// The items of one record.
 ///
-/// A copy has items of its own, as copying each would give them, but shares those of its source until somebody
-/// looks at either list: until then settings that are passed on are only noted. A list that has been handed to a
-/// caller is copied at once, since its items can be changed behind its back.
+/// A copy has items of its own, as copying each would give them, but shares those of its source until
+/// somebody looks at either list: until then settings that are passed on are only noted. A list that has been
+/// handed to a caller is copied at once, since its items can be changed behind its back.
 template <class Item>
 class ObjectList
 {
@@ -33,8 +33,8 @@ public:
     /// For those who look at the items' values, not at their settings.
     const QVector<Item>& Values() const { return m_items; }
 
-    /// For a caller, who may keep the reference and change what it refers to. A vector of a caller's that shares the
-    /// items goes on sharing them.
+    /// For a caller, who may keep the reference and change what it refers to. A vector of a caller's that
+    /// shares the items goes on sharing them.
     QVector<Item>& HandOut()
     {
         if (!m_isHandedOut)
@@ -43,8 +43,8 @@ public:
         return m_items;
     }
 
-    /// The items, shared with nobody, with the settings that they should have. Those that a caller's vector shares
-    /// lose their logger by being copied.
+    /// The items, shared with nobody, with the settings that they should have. Those that a caller's vector
+    /// shares lose their logger by being copied.
     QVector<Item>& Own()
     {
         if (m_isCopy)
@@ -132,7 +132,8 @@ private:
             PassLogger(*logger);
     }
 
-    /// Copies the items for whom else shares them. Only copies that nobody has looked at know nothing of settings.
+    /// Copies the items for whom else shares them. Only copies that nobody has looked at know nothing of
+    /// settings.
     void Separate()
     {
         if (m_isHandedOut) {

@@ -3,16 +3,16 @@
 
 #include <reportgenerator/reportbase/forms/streampiece.h>
 #include <reportgenerator/reportbase/forms/taggedelements.h>
-
-#include <QtCore/QtEndian>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/storing.h>
 
+#include <QtCore/QtEndian>
+
 namespace REPORTGENERATOR {
 
-// The raw form: the flag byte, then the rows in the order of their bits as plain stream values. The version has no bit
-// and stands in front.
+// The raw form: the flag byte, then the rows in the order of their bits as plain stream values. The version
+// has no bit and stands in front.
 
 constexpr int BIT_OF_VERSION = -1;
 
@@ -39,8 +39,8 @@ void ForEachRowByBit(const std::tuple<Rows...>& rows, Visit&& visit)
     }
 }
 
-// Items whose fields all are numbers have a raw form of always the same size: a list of them goes in one piece where
-// the stream takes it.
+// Items whose fields all are numbers have a raw form of always the same size: a list of them goes in one
+// piece where the stream takes it.
 
 /// Bytes of the raw form of an item.
 template <class ItemData>
@@ -95,7 +95,8 @@ bool TakeRawItems(const char* bytes, Item* begin, Item* end)
 /// So many are read at once, so that their bytes need little room.
 constexpr qint32 ITEMS_AT_ONCE = 4096;
 
-/// Appends up to so many items, as far as the stream holds them whole and each has all its fields. Returns how many.
+/// Appends up to so many items, as far as the stream holds them whole and each has all its fields. Returns
+/// how many.
 template <class Object, class Data, class Item>
 qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& row, qint32 count)
 {

@@ -45,8 +45,8 @@ struct RecordAccess
         return object.m_record.Own();
     }
 
-    /// The record for operations of its members and items, which may change these: shared with nobody, nor are the
-    /// items.
+    /// The record for operations of its members and items, which may change these: shared with nobody, nor
+    /// are the items.
     template <class Data, class Holder>
     static Data& MakePrivate(const RecordObject<Data, Holder>& object)
     {

@@ -39,8 +39,8 @@ struct ItemList
     bool IsSetIn(const Data& data) const { return (data.flags & setBy.Mask()) != 0; }
 };
 
-/// The version of the class's format. What is kept is the one found in the data last read; data of an older one
-/// start from an unset object.
+/// The version of the class's format. What is kept is the one found in the data last read; data of an older
+/// one start from an unset object.
 template <class Data>
 struct FormatVersion
 {
@@ -162,8 +162,8 @@ bool IsRowEqual(const Data& /*left*/, const Data& /*right*/, const FormatVersion
     return true;
 }
 
-/// A field matches when it is set in neither record, or in both with equal values. What an unset field has left
-/// behind doesn't count.
+/// A field matches when it is set in neither record, or in both with equal values. What an unset field has
+/// left behind doesn't count.
 template <class Data, class... Rows>
 bool AreRecordsEqual(const Data& left, const Data& right, const std::tuple<Rows...>& rows)
 {

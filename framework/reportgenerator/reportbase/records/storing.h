@@ -13,8 +13,8 @@
 
 namespace REPORTGENERATOR {
 
-// What setters and readers do with a value: they report what is not admitted, which throws when validating, and store
-// it.
+// What setters and readers do with a value: they report what is not admitted, which throws when validating,
+// and store it.
 
 template <class FieldOfData>
 QString NotAdmitted(const IRGObject& object, const FieldOfData& field, double /*value*/)
@@ -52,7 +52,8 @@ void ResetRow(Object& object, const Row& row)
     ClearFlag(data, row.setBy);
 }
 
-/// Remembers the version of the data that are being read. Data of an older version start from an unset object.
+/// Remembers the version of the data that are being read. Data of an older version start from an unset
+/// object.
 template <class Object, class Data>
 void TakeVersion(Object& object, const FormatVersion<Data>& row, const QString& version)
 {
@@ -77,8 +78,8 @@ void AppendItem(Object& object, const ItemList<Data, Item>& row, const Item& ite
     }
 }
 
-/// Marks items that have been put behind the first so many, and gives them what copies of items with the object's settings
-/// have.
+/// Marks items that have been put behind the first so many, and gives them what copies of items with the
+/// object's settings have.
 template <class Object, class Data, class Item>
 void SettleRawItems(Object& object, const ItemList<Data, Item>& row, int first)
 {

@@ -8,8 +8,8 @@
 
 namespace REPORTGENERATOR {
 
-// A record's rows as tagged elements, for every sink. Members and items are written along their own rows; on a
-// caller's stream by their own operation, which looks what they lack.
+// A record's rows as tagged elements, for every sink. Members and items are written along their own rows; on
+// a caller's stream by their own operation, which looks what they lack.
 
 /// Bytes of the tagged body of an item whose texts have so many characters more than the shortest ones.
 template <class Data, class Item>
@@ -114,8 +114,8 @@ void WriteObjectBody(Sink& sink, const Object& object, qint32 tag, bool withTag)
     WriteRecordBody(sink, tag, withTag, *RecordAccess::Get(object), RecordAccess::RowsOf(object));
 }
 
-// Reading, from a stream. Each function reads the payload of the element `tag` if it is the row's and returns whether
-// it was.
+// Reading, from a stream. Each function reads the payload of the element `tag` if it is the row's and returns
+// whether it was.
 
 inline void ReadPayload(QDataStream& stream, double& value)
 {

@@ -9,8 +9,8 @@
 
 namespace REPORTGENERATOR {
 
-// A record's rows from a caller's XML reader, which stands on a child element. Each function reads the child if it is
-// the row's and returns whether it was.
+// A record's rows from a caller's XML reader, which stands on a child element. Each function reads the child
+// if it is the row's and returns whether it was.
 
 template <class Object, class D, class T>
 bool ReadRowXml(Object& object, QXmlStreamReader& reader, const Field<D, T, Flagged>& row)

@@ -10,8 +10,8 @@
 
 namespace REPORTGENERATOR {
 
-// A record's rows as XML, for every sink. Members and items are written along their own rows, or, carefully, by
-// their own operation, which looks what they lack.
+// A record's rows as XML, for every sink. Members and items are written along their own rows, or, carefully,
+// by their own operation, which looks what they lack.
 
 /// Members and items write themselves to a caller's writer.
 struct CarefulXml : XmlWriterSink
