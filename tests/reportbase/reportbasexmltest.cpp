@@ -37,9 +37,7 @@ using Support::ReportState;
 using Support::ReportWithFlags;
 using Support::Text;
 
-constexpr int FREQUENCY_FLAG = 1;
 constexpr int BANDWIDTH_FLAG = 2;
-constexpr int AREA_FLAG = 4;
 
 const char* const LAKE_XML =
     "<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1.000000</Longitude>"
