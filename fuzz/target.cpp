@@ -7,9 +7,8 @@
 namespace Fuzz {
 
 Given::Given(const QByteArray& data)
-    : kind(Support::Kind::Report),
-      isVariant(false), trip{Support::Choices(data.mid(KIND_SIZE + OFFER_SIZE, SETUP_SIZE)),
-                             Support::Choices(data.mid(KIND_SIZE, OFFER_SIZE))},
+    : trip{Support::Choices(data.mid(KIND_SIZE + OFFER_SIZE, SETUP_SIZE)),
+           Support::Choices(data.mid(KIND_SIZE, OFFER_SIZE))},
       input(data.mid(HEADER_SIZE))
 {
     constexpr unsigned char HIGHEST_BIT = 0x80;

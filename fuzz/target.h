@@ -27,8 +27,8 @@ struct Given
     /// Of data that are shorter than a header the missing bytes count as zeros.
     explicit Given(const QByteArray& data);
 
-    Support::Kind kind;
-    bool isVariant; ///< the highest bit of the first byte, for a target that has two ways
+    Support::Kind kind = Support::Kind::Report;
+    bool isVariant = false; ///< the highest bit of the first byte, for a target that has two ways
     Support::Trip trip;
     QByteArray input;
 };

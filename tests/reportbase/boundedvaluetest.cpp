@@ -276,6 +276,20 @@ TYPED_TEST(BoundedValue, XmlNumbersMayBeNoNumbersAndInfinite)
     EXPECT_EQ(object.GetMax(), INF);
 }
 
+TYPED_TEST(BoundedValue, BoundWithoutItsSecondQuoteIsMalformed)
+{
+    for (const char* xml :
+         {"<@ Min=\"4>5</@>", "<@ Min=\"4.50>5</@>", "<@ Max=\"4.50 >5</@>", "<@ Min=\"1\" Max=\"4>5</@>",
+          "<@ Min=\"4'>5</@>", "<@ Min=\"4 Max=\"6\">5</@>", "<@ Min=\"\">5</@", "<@ Min=\">5</@>"}) {
+        SCOPED_TRACE(xml);
+        const QString text = Named<TypeParam>(xml);
+        for (const bool checkRoot : {true, false}) {
+            TypeParam object = WithValue<TypeParam>(7.0);
+            EXPECT_RG_THROW(object.SetXmlString(text, checkRoot), "RGException", Support::XmlErrorOf(text));
+        }
+    }
+}
+
 TYPED_TEST(BoundedValue, ElementWithoutTextSetsTheValueToZero)
 {
     for (const char* xml : {"<@/>", "<@></@>", "<@><!-- none --></@>", "<@ Min=\"1\"/>"}) {

@@ -288,6 +288,18 @@ TEST(Frequency, AttributesAreStoredBeforeMalformedTextIsMet)
     EXPECT_FALSE(frequency.IsValueSet());
 }
 
+TEST(Frequency, UseWithoutItsSecondQuoteIsMalformed)
+{
+    for (const char* text :
+         {"<Frequency Use=\"true>1</Frequency>", "<Frequency Use=\"false >1</Frequency>"}) {
+        SCOPED_TRACE(text);
+        Frequency frequency = WithUse(1.0, false);
+        const QString xml = QString::fromLatin1(text);
+        EXPECT_RG_THROW(frequency.SetXmlString(xml, true), "RGException", Support::XmlErrorOf(xml));
+        EXPECT_FALSE(frequency.AnyData());
+    }
+}
+
 TEST(Frequency, FrequencyInformationIsAnotherElement)
 {
     Frequency frequency = WithUse(1.0, false);

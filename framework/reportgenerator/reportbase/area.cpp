@@ -58,7 +58,8 @@ Area::Area(const Area& other) : RecordObject(other) {}
 
 Area& Area::operator=(const Area& other)
 {
-    RecordObject::operator=(other);
+    if (this != &other)
+        RecordObject::operator=(other);
     return *this;
 }
 

@@ -270,6 +270,7 @@ ObjectIdentity& IRGObject::OwnIdentity()
         own->isOwn = true;
         m_identity = own.release();
     }
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): one's own is not made as a constant
     return const_cast<ObjectIdentity&>(*m_identity);
 }
 

@@ -39,6 +39,7 @@ public:
     // that the program that took the memory gives it back itself. A class with another base that brings such
     // operators says by "using" which ones it means.
 
+    // NOLINTNEXTLINE(misc-new-delete-overloads): the global operators make them
     static Q_ALWAYS_INLINE void operator delete(void* memory) noexcept { ::operator delete(memory); }
     static Q_ALWAYS_INLINE void operator delete(void* memory, std::align_val_t alignment) noexcept
     {

@@ -61,7 +61,7 @@ struct ByteRange
     {
         if (Left() != 2 * qint64(text.size))
             return false;
-        for (int i = 0; i < text.size; ++i) {
+        for (qint64 i = 0; i < text.size; ++i) {
             if (next[2 * i] != 0 || next[2 * i + 1] != text.latin1[i])
                 return false;
         }

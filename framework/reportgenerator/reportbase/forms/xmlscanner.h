@@ -66,18 +66,17 @@ public:
         return Take('>');
     }
 
-    /// Hands the text of an attribute `name` to `read` if that one comes next. Returns false when it doesn't,
-    /// or when `read` does.
+    /// Hands the text of an attribute `name` to `read` if that one comes next. Returns false when it doesn't, when
+    /// `read` does, and when the text goes on; the attribute then is still to come, which makes the tag an odd one.
     template <class Read>
     bool Attribute(const Name& name, Read&& read)
     {
         const Unit* const before = m_next;
         SkipBlanks();
-        if (m_next == before || !Take(name) || !Take('=') || !Take('"')) {
-            m_next = before;
-            return false;
-        }
-        return read(*this) && Take('"');
+        if (m_next != before && Take(name) && Take('=') && Take('"') && read(*this) && Take('"'))
+            return true;
+        m_next = before;
+        return false;
     }
 
     bool EndTag(const Name& name)
