@@ -180,7 +180,7 @@ TEST(IXmlConverter, ConverterThatIsAnObjectTooIsDestroyedWholeAsAnObject)
     delete new ConvertingObject;
     std::unique_ptr<IRGObject> object = std::make_unique<ConvertingObject>();
     EXPECT_TRUE(object->HasData());
-    object.reset(new VersionConverterProxy);
+    object = std::make_unique<VersionConverterProxy>();
     const std::shared_ptr<IRGObject> shared(new ConvertingObject);
     const auto proxy = std::make_unique<VersionConverterProxy>();
     const std::shared_ptr<IXmlConverter> converter = std::make_shared<ConvertingObject>();

@@ -24,7 +24,6 @@ using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Double;
 using REPORTGENERATOR::ReportBase;
-using REPORTGENERATOR::Task;
 
 Coordinate At(double longitude, double latitude)
 {

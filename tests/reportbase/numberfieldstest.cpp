@@ -49,19 +49,31 @@ using Support::WithLeftovers;
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
 
+template <class T>
+constexpr const char* NAME = nullptr;
+template <>
+constexpr const char* NAME<Frequency> = "Frequency";
+template <>
+constexpr const char* NAME<IFBandwidth> = "IFBandwidth";
+template <>
+constexpr const char* NAME<Coordinate> = "Coordinate";
+template <>
+constexpr const char* NAME<Ellipse> = "Ellipse";
+template <>
+constexpr const char* NAME<FrequencyRangeOld> = "FrequencyRangeOld";
+template <>
+constexpr const char* NAME<ScanParameter> = "ScanParameter";
+template <>
+constexpr const char* NAME<ChannelSpacing> = "ChannelSpacing";
+template <>
+constexpr const char* NAME<ValueMinMax> = "ValueMinMax";
+
 struct ClassNames
 {
     template <class T>
     static std::string GetName(int)
     {
-        return std::is_same_v<T, Frequency>           ? "Frequency"
-               : std::is_same_v<T, IFBandwidth>       ? "IFBandwidth"
-               : std::is_same_v<T, Coordinate>        ? "Coordinate"
-               : std::is_same_v<T, Ellipse>           ? "Ellipse"
-               : std::is_same_v<T, FrequencyRangeOld> ? "FrequencyRangeOld"
-               : std::is_same_v<T, ScanParameter>     ? "ScanParameter"
-               : std::is_same_v<T, ChannelSpacing>    ? "ChannelSpacing"
-                                                      : "ValueMinMax";
+        return NAME<T>;
     }
 };
 

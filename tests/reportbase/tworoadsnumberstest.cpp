@@ -87,7 +87,7 @@ TEST(TwoRoadsNumbers, AreWrittenTheSameWhateverTheyAre)
 TEST(TwoRoadsNumbers, OfBoundsAreWrittenTheSame)
 {
     for (const Kind kind : {Kind::Frequency, Kind::Bandwidth}) {
-        for (quint64 seed = 0; seed < 4 * MANY; ++seed) {
+        for (quint64 seed = 0; seed < 4 * quint64(MANY); ++seed) {
             const std::string difference = Support::Difference(kind, [&](Road& road, Traveller& traveller) {
                 if (kind == Kind::Frequency)
                     SetNumbers<Frequency>(traveller, Choices(seed));

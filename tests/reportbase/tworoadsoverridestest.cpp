@@ -28,7 +28,6 @@
 
 namespace {
 
-using REPORTGENERATOR::IRGObject;
 using ::testing::IsSupersetOf;
 
 using Calls = std::set<std::string>;
@@ -152,13 +151,13 @@ protected:
         Support::Choices choices{QByteArray()};
         T& plain = m_object;
         Support::Fill(plain, choices);
-        xml = m_object.GetXmlString();
-        bytes = m_object.GetBinaryRepresentationAsQByteArray();
+        m_xml = m_object.GetXmlString();
+        m_bytes = m_object.GetBinaryRepresentationAsQByteArray();
     }
 
     Noting<T> m_object;
-    QString xml;
-    QByteArray bytes;
+    QString m_xml;
+    QByteArray m_bytes;
 };
 
 using Classes =
@@ -197,21 +196,21 @@ TYPED_TEST(TwoRoadsOverrides, AreCalledForTheCompressedRepresentation)
 
 TYPED_TEST(TwoRoadsOverrides, AreCalledByReadingText)
 {
-    EXPECT_THAT(this->m_object.During([&] { this->m_object.SetXmlString(this->xml, true); }),
+    EXPECT_THAT(this->m_object.During([&] { this->m_object.SetXmlString(this->m_xml, true); }),
                 IsSupersetOf({"GetObjectName", "Reset", "ProcessXml", "GetValidate", "Check"}));
 }
 
 TYPED_TEST(TwoRoadsOverrides, AreCalledByReadingAFile)
 {
     const Support::TemporaryFolder folder;
-    const QString path = folder.Write("a.xml", this->xml.toUtf8());
+    const QString path = folder.Write("a.xml", this->m_xml.toUtf8());
     EXPECT_THAT(this->m_object.During([&] { this->m_object.LoadXml(path); }),
                 IsSupersetOf({"LoadXml", "Reset", "GetObjectName", "ProcessXml", "GetValidate", "Check"}));
 }
 
 TYPED_TEST(TwoRoadsOverrides, AreCalledByReadingRepresentations)
 {
-    QByteArray plain = this->bytes;
+    QByteArray plain = this->m_bytes;
     EXPECT_THAT(this->m_object.During([&] { this->m_object.SetBinaryRepresentation(plain); }),
                 IsSupersetOf({"SetBinaryRepresentation", "SetBinary", "SetValidate", "SetLogger"}));
     QByteArray compressed = this->m_object.GetCompressedBinaryRepresentationAsQByteArray(-1);
@@ -222,7 +221,8 @@ TYPED_TEST(TwoRoadsOverrides, AreCalledByReadingRepresentations)
 TYPED_TEST(TwoRoadsOverrides, AreCalledByReadingABinaryFile)
 {
     const Support::TemporaryFolder folder;
-    QFile file(folder.Write("a.bin", Support::Written([&](QDataStream& stream) { stream << this->bytes; })));
+    QFile file(
+        folder.Write("a.bin", Support::Written([&](QDataStream& stream) { stream << this->m_bytes; })));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_THAT(this->m_object.During([&] { this->m_object.LoadBinary(&file); }),
                 IsSupersetOf({"Reset", "SetBinaryRepresentation of an array", "SetBinaryRepresentation",
@@ -253,7 +253,7 @@ TYPED_TEST_SUITE(TwoRoadsChildOverrides, Holders);
 
 TYPED_TEST(TwoRoadsChildOverrides, AreCalledForEachChild)
 {
-    EXPECT_THAT(this->m_object.During([&] { this->m_object.SetXmlString(this->xml, true); }),
+    EXPECT_THAT(this->m_object.During([&] { this->m_object.SetXmlString(this->m_xml, true); }),
                 IsSupersetOf({"ProcessXmlStartElement"}));
 }
 

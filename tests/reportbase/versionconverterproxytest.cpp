@@ -21,7 +21,6 @@ namespace {
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::IXmlConverter;
 using Proxy = REPORTGENERATOR::VersionConverterProxy;
-using Support::Conversion;
 using Support::Conversions;
 using Support::CopyingConverter;
 using Support::DOWNGRADE;
