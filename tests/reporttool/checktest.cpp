@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QRegularExpression>
+
 #include <string>
 
 namespace {
@@ -32,12 +34,12 @@ ToolRun CheckInput(const QByteArray& input)
     return RunTool({"check", "-"}, {input, {}, {}});
 }
 
-/// Expects a report with these problems, each "Name: text".
+/// Expects a report with these problems, each "Place: Name: text".
 void ExpectProblems(const QByteArray& input, std::initializer_list<const char*> problems)
 {
     QByteArray expected;
     for (const char* problem : problems)
-        expected += QByteArray("-: ") + problem + "\n";
+        expected += QByteArray("-:") + problem + "\n";
     const ToolRun run = CheckInput(input);
     EXPECT_EQ(run.exitCode, problems.size() == 0 ? 0 : 1);
     EXPECT_TEXT(run.Output(), QString::fromUtf8(expected));
@@ -128,8 +130,12 @@ TEST(ToolCheck, GivesTheLibrarysProblemsOfMalformedReports)
             Support::LoadError(path.left(path.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".error"));
         const ToolRun run = CheckInput(input);
         EXPECT_EQ(run.exitCode, 1) << path.toStdString();
-        const QString line = QStringLiteral("-: %1: %2\n").arg(error.name, error.text);
-        EXPECT_TRUE(run.Output().startsWith(line)) << path.toStdString() << ": " << run.output.toStdString();
+        const QString problem =
+            QRegularExpression::escape(QStringLiteral("%1: %2").arg(error.name, error.text));
+        const QRegularExpression line(
+            QStringLiteral("\\A-:(?:[0-9]+:[0-9]+|0x[0-9a-f]+): %1(?: \\([a-zA-Z.]+\\))?\n").arg(problem));
+        EXPECT_TRUE(line.match(run.Output()).hasMatch())
+            << path.toStdString() << ": " << run.output.toStdString();
         EXPECT_TEXT(run.Errors(), "");
     }
 }
@@ -141,113 +147,109 @@ TEST(ToolCheck, GivesAllProblemsOfAReport)
         "<Coordinate><Longitude>180.5</Longitude><Latitude>47</Latitude></Coordinate>"
         "<Coordinate><Longitude>8</Longitude></Coordinate>"
         "</Area></ReportBase>",
-        {"OutOfRangeException: Parameters for m_longitude are not set within range (-180, 180) in "
-         "'Coordinate'.",
-         "IncompleteDefinitionException: Area: Tried to append not completely defined or invalid item "
-         "Coordinate.",
-         "OutOfRangeException: Area: Please set Name properly.",
-         "OutOfRangeException: Coordinate: Please set Longitude properly.",
-         "OutOfRangeException: Coordinate: Please set Latitude properly."});
+        {"1:56: OutOfRangeException: Parameters for m_longitude are not set within range (-180, 180) in "
+         "'Coordinate'. (area.coordinate[1].longitude = \"180.5\")",
+         "1:13: OutOfRangeException: Area: Please set Name properly. (area.name)",
+         "1:109: OutOfRangeException: Coordinate: Please set Latitude properly. "
+         "(area.coordinate[2].latitude)"});
 }
 
 TEST(ToolCheck, GivesWhatFrequencyAndBandwidthLack)
 {
     ExpectProblems(
         Plain(Element(Tag::REPORT_FREQUENCY, Bytes()) + Element(Tag::REPORT_IF_BANDWIDTH, Bytes())),
-        {"OutOfRangeException: Frequency: Please set Value properly.",
-         "OutOfRangeException: IFBandwidth: Please set Value properly."});
+        {"0x36: OutOfRangeException: Frequency: Please set Value properly. (frequency.value)",
+         "0x3e: OutOfRangeException: IFBandwidth: Please set Value properly. (ifBandwidth.value)"});
 }
 
 TEST(ToolCheck, GivesTheReadersErrorOfMalformedXmlOnce)
 {
     ExpectProblems("<ReportBase><Area Version=\"1.0\"><Name>Lake",
-                   {"RGException: Premature end of document."});
-    ExpectProblems("<ReportBase", {"RGException: Premature end of document."});
+                   {"1:43: RGException: Premature end of document."});
+    ExpectProblems("<ReportBase", {"1:12: RGException: Premature end of document."});
 }
 
 // --- What the library passes over
 
 TEST(ToolCheck, RefusesWhatIsInNoKnownForm)
 {
-    ExpectProblems("", {"UnknownForm: not a report in any known form (empty)"});
-    ExpectProblems("x", {"UnknownForm: not a report in any known form"});
-    ExpectProblems(" \n", {"UnknownForm: not a report in any known form"});
-    ExpectProblems("Frequency;121500000", {"UnknownForm: not a report in any known form"});
+    ExpectProblems("", {" UnknownForm: not a report in any known form (empty)"});
+    ExpectProblems("x", {" UnknownForm: not a report in any known form"});
+    ExpectProblems(" \n", {" UnknownForm: not a report in any known form"});
+    ExpectProblems("Frequency;121500000", {" UnknownForm: not a report in any known form"});
     ExpectProblems(QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16),
-                   {"UnknownForm: not a report in any known form"});
+                   {" UnknownForm: not a report in any known form"});
 }
 
 TEST(ToolCheck, RefusesAnUnknownMarker)
 {
     const Bytes otherMarker = Support::String(u"IRGObjectZip") + Support::String(u"ReportBase");
-    ExpectProblems(otherMarker.Data(), {"UnknownForm: not a report in any known form"});
-    ExpectProblems(InFile(otherMarker.Data()), {"UnknownForm: not a report in any known form"});
+    ExpectProblems(otherMarker.Data(), {" UnknownForm: not a report in any known form"});
+    ExpectProblems(InFile(otherMarker.Data()), {" UnknownForm: not a report in any known form"});
 }
 
 TEST(ToolCheck, RefusesWhatHoldsNoReport)
 {
     ExpectProblems("<Task><Frequency>1.00</Frequency></Task>",
-                   {"NoReport: there is no element 'ReportBase'"});
+                   {"1:1: NoReport: there is no element 'ReportBase' (\"Task\")"});
     ExpectProblems(
         Support::Representation(u"Frequency", Element(Tag::FREQUENCY_VALUE, ByteArray("1.00"))).Data(),
-        {"NoReport: this is an object 'Frequency'"});
+        {"0x1a: NoReport: this is an object 'Frequency'"});
 }
 
 TEST(ToolCheck, RefusesWhatStandsBehindTheEnd)
 {
     // The report begins at 0 and takes 340 bytes as a plain representation, which are 0x154.
     ASSERT_EQ(FullPlain().size(), 0x154);
-    ExpectProblems(FullPlain() + "x", {"TrailingData: offset 0x154: 1 bytes behind the end"});
-    ExpectProblems(InFile(FullPlain()) + "xy", {"TrailingData: offset 0x158: 2 bytes behind the end"});
-    ExpectProblems(InFile(FullPlain() + "xy"), {"TrailingData: offset 0x158: 2 bytes behind the end"});
-    ExpectProblems(FullXml() + "x", {"TrailingData: Extra content at end of document."});
-    ExpectProblems("<Task><ReportBase/>", {"TrailingData: Premature end of document."});
+    ExpectProblems(FullPlain() + "x", {"0x154: TrailingData: 1 bytes behind the end"});
+    ExpectProblems(InFile(FullPlain()) + "xy", {"0x158: TrailingData: 2 bytes behind the end"});
+    ExpectProblems(InFile(FullPlain() + "xy"), {"0x158: TrailingData: 2 bytes behind the end"});
+    // The reader has read the character, which is the 14th.
+    ExpectProblems(FullXml() + "x", {"17:15: TrailingData: Extra content at end of document."});
+    ExpectProblems("<Task><ReportBase/>", {"1:20: TrailingData: Premature end of document."});
 }
 
 TEST(ToolCheck, RefusesWhatStandsBehindTheEndOfCompressedData)
 {
     const QByteArray whole = FullCompressed();
     const QString end = QString::number(whole.size(), 16);
-    const QByteArray line =
-        QStringLiteral("TrailingData: offset 0x%1: 3 bytes behind the end").arg(end).toUtf8();
+    const QByteArray line = QStringLiteral("0x%1: TrailingData: 3 bytes behind the end").arg(end).toUtf8();
     ExpectProblems(whole + "xyz", {line.constData()});
 
     const Bytes inner = Support::Int32(1, "tag") + Support::Int32(0, "length") + Support::Raw("xyz");
     const Bytes data = Support::ByteArrayOf(Support::Stored(inner));
     ExpectProblems((Support::String(u"IRGObjectQCompress") + Support::String(u"ReportBase") + data).Data(),
-                   {"TrailingData: offset 0x8 of the uncompressed data: 3 bytes behind the end"});
+                   {"uncompressed:0x8: TrailingData: 3 bytes behind the end"});
 }
 
 TEST(ToolCheck, RefusesATruncatedRepresentationThatTheLibraryWouldTake)
 {
     // All lengths add up, only the last four bytes of the script identifier are missing.
     ExpectProblems(FullPlain().left(0x150),
-                   {"OutOfRangeException: Area: Please set ScriptID properly (origin: Setter).",
-                    "OutOfRangeException: Area: Please set ScriptID properly.",
-                    "LengthMismatch: offset 0x32: length of elements: 286 claimed, 282 left"});
+                   {"0x14c: OutOfRangeException: Area: Please set ScriptID properly (origin: Setter). "
+                    "(area.scriptId = \"VHF-\")",
+                    "0x32: LengthMismatch: length of elements: 286 claimed, 282 left"});
 }
 
 TEST(ToolCheck, RefusesABinaryFileWhoseSizeIsWrong)
 {
     const QByteArray file = InFile(FullPlain());
     ExpectProblems(file.left(file.size() - 0x122),
-                   {"LengthMismatch: offset 0x0: size of representation: 340 claimed, 50 left"});
+                   {"0x0: LengthMismatch: size of representation: 340 claimed, 50 left"});
     const QByteArray huge = QByteArray("\x7F\xFF\xFF\xFF") + file.mid(4);
-    ExpectProblems(huge,
-                   {"LengthMismatch: offset 0x0: size of representation: 2147483647 claimed, 340 left"});
+    ExpectProblems(huge, {"0x0: LengthMismatch: size of representation: 2147483647 claimed, 340 left"});
 }
 
 TEST(ToolCheck, RefusesAnObjectNameThatIsCutOff)
 {
-    ExpectProblems(FullPlain().left(0x1E),
-                   {"LengthMismatch: offset 0x16: size of object name: 20 claimed, 4 left"});
+    ExpectProblems(FullPlain().left(0x1E), {"0x16: LengthMismatch: size of object name: 20 claimed, 4 left"});
     ExpectProblems(FullPlain().left(0x18),
-                   {"LengthMismatch: offset 0x16: too few bytes for the size of object name"});
+                   {"0x16: LengthMismatch: too few bytes for the size of object name"});
 }
 
 TEST(ToolCheck, RefusesAReportWithoutRootElement)
 {
-    ExpectProblems(FullPlain().left(0x2E), {"LengthMismatch: offset 0x2e: too few bytes for a root element"});
+    ExpectProblems(FullPlain().left(0x2E), {"0x2e: LengthMismatch: too few bytes for a root element"});
 }
 
 TEST(ToolCheck, RefusesDamagedCompressedData)
@@ -256,12 +258,12 @@ TEST(ToolCheck, RefusesDamagedCompressedData)
     // The first byte of the zlib stream, behind two texts, a size and the prefix.
     const int firstByte = 4 + 36 + 4 + 20 + 4 + 4;
     damaged[firstByte] = '\xFF';
-    ExpectProblems(damaged, {"DamagedData: offset 0x48: compressed data that cannot be uncompressed"});
+    ExpectProblems(damaged, {"0x48: DamagedData: compressed data that cannot be uncompressed"});
     ExpectProblems(
         (Support::String(u"IRGObjectQCompress") + Support::String(u"ReportBase") + ByteArray("ab")).Data(),
-        {"DamagedData: offset 0x44: too few bytes for compressed data"});
+        {"0x44: DamagedData: too few bytes for compressed data"});
     ExpectProblems((Support::String(u"IRGObjectQCompress") + Support::String(u"ReportBase")).Data(),
-                   {"LengthMismatch: offset 0x40: too few bytes for the size of compressed data"});
+                   {"0x40: LengthMismatch: too few bytes for the size of compressed data"});
 }
 
 TEST(ToolCheck, ClaimsOfTwoGigabytesAreNotBelieved)
@@ -270,15 +272,15 @@ TEST(ToolCheck, ClaimsOfTwoGigabytesAreNotBelieved)
     const int prefix = 4 + 36 + 4 + 20 + 4;
     claiming.replace(prefix, 4, "\x7F\xFF\xFF\x00", 4);
     ExpectProblems(claiming,
-                   {"LengthMismatch: offset 0x44: bytes when uncompressed: 2147483392 claimed, 294 there"});
+                   {"0x44: LengthMismatch: bytes when uncompressed: 2147483392 claimed, 294 there"});
     ExpectProblems(
         Support::RepresentationOfLength(u"ReportBase", 0x7FFFFFFF, Bytes()).Data(),
-        {"BinaryParsingException: ReportBase::SetBinary(...): Length error occurred during processing "
+        {"0x32: BinaryParsingException: ReportBase::SetBinary(...): Length error occurred during processing "
          "of binary representation"});
     ExpectProblems(Plain(Element(Tag::REPORT_FREQUENCY,
                                  ElementOfLength(Tag::FREQUENCY_VALUE, 8,
                                                  Support::Int32(0x7FFFFFFF) + Support::Raw("1.00")))),
-                   {"LengthMismatch: offset 0x46: size of value: 2147483647 claimed, 4 left"});
+                   {"0x46: LengthMismatch: size of value: 2147483647 claimed, 4 left (frequency.value)"});
 }
 
 TEST(ToolCheck, DataThatMayUncompressToMoreThanTheCeilingAreRefusedUnread)
@@ -288,7 +290,7 @@ TEST(ToolCheck, DataThatMayUncompressToMoreThanTheCeilingAreRefusedUnread)
     ExpectProblems(
         (Support::String(u"IRGObjectQCompress") + Support::String(u"ReportBase") + Support::ByteArrayOf(data))
             .Data(),
-        {"TooLarge: offset 0x48: 2147483647 bytes when uncompressed"});
+        {"0x48: TooLarge: 2147483647 bytes when uncompressed"});
 }
 
 TEST(ToolCheck, RefusesALengthThatTheLibraryTolerates)
@@ -296,7 +298,7 @@ TEST(ToolCheck, RefusesALengthThatTheLibraryTolerates)
     // The value's element is the last of all and holds a byte that nobody reads.
     const Bytes value = Element(Tag::FREQUENCY_VALUE, ByteArray("1.00") + Support::Raw("x"));
     ExpectProblems(Plain(Element(Tag::REPORT_FREQUENCY, value)),
-                   {"LengthMismatch: offset 0x4e: bytes that are no part of value"});
+                   {"0x4e: LengthMismatch: bytes that are no part of value (frequency.value)"});
 }
 
 // --- Several files

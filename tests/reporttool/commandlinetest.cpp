@@ -136,9 +136,12 @@ TEST(ToolCommandLine, FileNamesBeyondAsciiWorkInThePlainLocale)
     const QString path = scratch.Write("Zürich.xml", "<ReportBase><Area/></ReportBase>");
     const ToolRun run = RunTool({"check", path}, {{}, {}, QStringLiteral("C")});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TEXT(run.Output(),
-                path + QStringLiteral(": OutOfRangeException: Area: Please set Name properly.\n") + path +
-                    QStringLiteral(": OutOfRangeException: Area: Please set Coordinate properly.\n"));
+    EXPECT_TEXT(
+        run.Output(),
+        path + QStringLiteral(":1:13: OutOfRangeException: Area: Please set Name properly. (area.name)\n") +
+            path +
+            QStringLiteral(
+                ":1:13: OutOfRangeException: Area: Please set Coordinate properly. (area.coordinate)\n"));
     EXPECT_TEXT(run.Errors(), "");
 }
 

@@ -136,11 +136,13 @@ TEST(ToolConvert, InvalidReportLeavesTheOldFile)
                   QStringLiteral("reporttool: in: UnknownForm: not a report in any known form (empty)\n"));
     ExpectRefusal(
         "<ReportBase><Area/></ReportBase>", "plain",
-        QStringLiteral("reporttool: in: OutOfRangeException: Area: Please set Name properly.\n"
-                       "reporttool: in: OutOfRangeException: Area: Please set Coordinate properly.\n"));
+        QStringLiteral(
+            "reporttool: in:1:13: OutOfRangeException: Area: Please set Name properly. (area.name)\n"
+            "reporttool: in:1:13: OutOfRangeException: Area: Please set Coordinate properly. "
+            "(area.coordinate)\n"));
     ExpectRefusal(
         FullPlain().left(100), "file",
-        QStringLiteral("reporttool: in: BinaryParsingException: Frequency::SetBinary(...): Length error "
+        QStringLiteral("reporttool: in:0x32: BinaryParsingException: Frequency::SetBinary(...): Length error "
                        "occurred during processing of binary representation\n"));
 }
 

@@ -2,8 +2,8 @@
 
 #include "support/expect.h"
 
-#include <reporttool/reportfile.h>
-#include <reporttool/walk.h>
+#include <reportcore/reportfile.h>
+#include <reportcore/walk.h>
 
 #include <gtest/gtest.h>
 
@@ -11,12 +11,12 @@
 
 namespace {
 
-using ReportTool::Field;
-using ReportTool::FileForm;
-using ReportTool::Form;
-using ReportTool::ReadReport;
-using ReportTool::Recognise;
-using ReportTool::Walk;
+using ReportCore::FileForm;
+using ReportCore::Form;
+using ReportCore::ReadReport;
+using ReportCore::Recognise;
+using ReportCore::Walk;
+using ReportCore::WireField;
 using ToolTest::FullCompressed;
 using ToolTest::FullPlain;
 using ToolTest::FullXml;
@@ -45,7 +45,7 @@ QVector<QByteArray> AllForms()
 QByteArray WalkedBytes(const QByteArray& bytes, bool isBinaryFile)
 {
     QByteArray walked;
-    Walk walk(bytes, isBinaryFile, [&walked](const Field& field) { walked += field.bytes.Bytes(); });
+    Walk walk(bytes, isBinaryFile, [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
     walk.Frame();
     if (!walk.IsCompressed())
         walk.Body();
@@ -79,7 +79,7 @@ TEST_F(ToolRobustness, EveryFlippedBitIsSurvivedAndEveryByteWalkedOnce)
         for (int bit = 0; bit < whole.size() * 8; ++bit) {
             QByteArray damaged = whole;
             damaged[bit / 8] = static_cast<char>(static_cast<uchar>(damaged.at(bit / 8)) ^ (1U << (bit % 8)));
-            const ReportTool::ReportFile file = ReadReport(damaged);
+            const ReportCore::ReportFile file = ReadReport(damaged);
             EXPECT_EQ(file.size, damaged.size());
             ExpectCompleteWalk(damaged);
         }
@@ -136,7 +136,7 @@ TEST_F(ToolRobustness, FieldsOfAnUncompressedReportAreThoseOfThePlainOne)
 {
     QByteArray walked;
     const QByteArray bytes = FullCompressed();
-    Walk walk(bytes, false, [&walked](const Field& field) { walked += field.bytes.Bytes(); });
+    Walk walk(bytes, false, [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
     walk.Frame();
     walked.clear();
     walk.Body();

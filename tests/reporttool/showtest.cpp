@@ -161,14 +161,12 @@ TEST(ToolShow, TellsWhatAnIncompleteReportHasAndWhatItLacks)
         "        latitude:      none\n"
         "        coordinates:   1\n"
         "            1:         200 not set  (invalid)\n"
-        "    problems:          5\n"
+        "    problems:          3\n"
         "        OutOfRangeException: Parameters for m_longitude are not set within range (-180, 180) in "
-        "'Coordinate'. (line 2)\n"
-        "        IncompleteDefinitionException: Area: Tried to append not completely defined or invalid "
-        "item Coordinate. (line 2)\n"
-        "        OutOfRangeException: Area: Please set Name properly.\n"
-        "        OutOfRangeException: Coordinate: Please set Longitude properly.\n"
-        "        OutOfRangeException: Coordinate: Please set Latitude properly.\n");
+        "'Coordinate'. (line 2, column 24: area.coordinate[1].longitude = \"200\")\n"
+        "        OutOfRangeException: Area: Please set Name properly. (line 1, column 46: area.name)\n"
+        "        OutOfRangeException: Coordinate: Please set Latitude properly. "
+        "(line 2, column 1: area.coordinate[1].latitude)\n");
 }
 
 TEST(ToolShow, TellsWhatComesBeforeTheDamage)
@@ -176,7 +174,8 @@ TEST(ToolShow, TellsWhatComesBeforeTheDamage)
     const ToolRun run = ShowInput("<ReportBase><Frequency>5.00</Frequency><Area Version=\"1.0\"><Name>Lake");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(run.output.contains("        value:         5\n"));
-    EXPECT_TRUE(run.output.contains("        RGException:   Premature end of document. (line 1)\n"));
+    EXPECT_TRUE(
+        run.output.contains("        RGException:   Premature end of document. (line 1, column 70)\n"));
 }
 
 TEST(ToolShow, TellsTheLittleThatIsKnownOfNoReport)
@@ -327,7 +326,13 @@ TEST(ToolShowJson, ListsTheProblemsWithTheirLines)
     EXPECT_TEXT(TextAt(first, "name"), "InvalidXmlException");
     EXPECT_TEXT(TextAt(first, "text"), "Unknown Tag 'Extra' in 'Area'.");
     EXPECT_EQ(NumberAt(first, "line"), 3.0);
-    EXPECT_TRUE(IsNull(problems.at(1).toObject(), "line"));
+    EXPECT_EQ(NumberAt(first, "column"), 1.0);
+    EXPECT_TRUE(IsNull(first, "offset"));
+    EXPECT_TEXT(TextAt(first, "path"), "area");
+    EXPECT_TRUE(IsNull(first, "value"));
+    const QJsonObject second = problems.at(1).toObject();
+    EXPECT_EQ(NumberAt(second, "line"), 2.0);
+    EXPECT_TEXT(TextAt(second, "path"), "area.name");
     EXPECT_TRUE(IsNull(ObjectAt(json, "area"), "name"));
     EXPECT_TRUE(IsNull(ObjectAt(json, "area"), "bounds"));
     EXPECT_TRUE(IsNull(ObjectAt(json, "area"), "coordinates"));

@@ -1,187 +1,104 @@
 #include <reporttool/commands.h>
 
-#include <reporttool/commandline.h>
-#include <reporttool/dump.h>
-#include <reporttool/files.h>
-#include <reporttool/showjson.h>
-#include <reporttool/showtext.h>
-#include <reporttool/textoutput.h>
-#include <reporttool/texts.h>
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/parser.h>
 
-#include <reportgenerator/reportbase/reportexception.h>
-
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
+#include <reportcore/files.h>
 
 #include <algorithm>
+#include <iterator>
 #include <new>
-#include <variant>
 
 namespace ReportTool {
 
 namespace {
 
-QString FileLine(const QString& file, const QString& text)
+constexpr int SUMMARY_COLUMN = 25;
+
+constexpr char GENERAL_DESCRIPTION[] =
+    "Looks into radio-monitoring reports, checks them and writes them in another form.\n"
+    "\n"
+    "A report is XML, a plain or compressed binary representation, or a binary file that holds\n"
+    "one of these two. The form of a file is recognised by its content, never by its name.\n"
+    "\n"
+    "Commands, each with a --help of its own:\n"
+    "%1"
+    "\n"
+    "Exit codes of all commands: 0 all is good, 1 a report is invalid, 2 a file cannot be read\n"
+    "or written or the command line is wrong. Of several files the greatest code counts.";
+
+QString Lines()
 {
-    return QStringLiteral("%1: %2").arg(Printable(file), Printable(text));
+    QString lines;
+    for (const Command* command : COMMANDS) {
+        const QString line =
+            QStringLiteral("  %1 %2").arg(QLatin1String(command->name), QLatin1String(command->syntax));
+        lines += line.leftJustified(SUMMARY_COLUMN) + QLatin1String(command->summary) + QLatin1Char('\n');
+    }
+    return lines;
 }
 
-QString ProblemText(const QString& name, const QString& text)
+/// "show, convert or check"
+QString Names()
 {
-    return QStringLiteral("%1: %2").arg(name, text);
+    QString names;
+    for (const Command* command : COMMANDS) {
+        if (command != *std::begin(COMMANDS))
+            names += command == *std::rbegin(COMMANDS) ? QStringLiteral(" or ") : QStringLiteral(", ");
+        names += QLatin1String(command->name);
+    }
+    return names;
 }
 
-int ExitCodeOf(const ReportFile& file)
+/// A command line without a command in front.
+int RunGeneral(const QStringList& arguments, Console& console)
 {
-    return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
+    Parser parser(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()), QStringLiteral("COMMAND"),
+                  QStringLiteral("What to do: %1.").arg(Names()));
+    parser.AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Show the version of this program."));
+    parser.addOption(version);
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp())
+        console.Output().Text(parser.helpText());
+    else if (parser.isSet(version))
+        console.Output().Text(QStringLiteral("reporttool " REPORTTOOL_VERSION "\n"));
+    else if (parser.positionalArguments().isEmpty())
+        throw UsageError{QStringLiteral("no command is given")};
+    else
+        throw UsageError{QStringLiteral("no command is called '%1'").arg(parser.positionalArguments().at(0))};
+    return EXIT_GOOD;
 }
 
-/// The commands, one operator each.
-class Commands
+int RunCommand(const QStringList& arguments, Console& console)
 {
-public:
-    Commands(TextOutput& output, TextOutput& errors) : m_output(output), m_errors(errors) {}
-
-    int operator()(const TextRequest& request)
-    {
-        m_output.Text(request.text);
-        return EXIT_GOOD;
-    }
-
-    int operator()(const ShowRequest& request)
-    {
-        return request.asJson ? ShowAsJson(request.files) : ShowAsText(request);
-    }
-
-    int operator()(const CheckRequest& request)
-    {
-        int exitCode = EXIT_GOOD;
-        for (const QString& name : request.files)
-            exitCode = std::max(exitCode, CheckFile(name));
-        return exitCode;
-    }
-
-    int operator()(const ConvertRequest& request)
-    {
-        const ReportFile file = ReadReport(ReadInput(request.input));
-        for (const Problem& problem : file.problems)
-            Complain(request.input, ProblemText(problem.name, problem.text));
-        return file.IsGood() ? Convert(file.report, request) : EXIT_INVALID;
-    }
-
-    void Complain(const QString& file, const QString& text) { Complain(FileLine(file, text)); }
-
-    void Complain(const QString& text)
-    {
-        // What came before stands before it on a terminal, too.
-        m_output.Flush();
-        m_errors.Line(QStringLiteral("reporttool: ") + text);
-    }
-
-private:
-    int ShowAsText(const ShowRequest& request)
-    {
-        int exitCode = EXIT_GOOD;
-        for (const QString& name : request.files) {
-            if (name != request.files.first())
-                m_output.Line(QString());
-            exitCode = std::max(exitCode, ShowFileAsText(name, request));
-        }
-        return exitCode;
-    }
-
-    int ShowFileAsText(const QString& name, const ShowRequest& request)
-    {
-        QByteArray bytes;
-        QString error;
-        if (!Read(name, bytes, error))
-            return EXIT_UNUSABLE;
-        const ReportFile file = ReadReport(bytes);
-        ShowText(name, file, request.withAllPoints, m_output);
-        if (request.withDump && (file.form.form == Form::Plain || file.form.form == Form::Compressed)) {
-            m_output.Line(QString());
-            Dump(bytes, file.form.isBinaryFile, m_output);
-        }
-        return ExitCodeOf(file);
-    }
-
-    int ShowAsJson(const QStringList& names)
-    {
-        int exitCode = EXIT_GOOD;
-        QJsonArray json;
-        for (const QString& name : names) {
-            QByteArray bytes;
-            QString error;
-            if (!Read(name, bytes, error)) {
-                json.append(ToJson(name, error));
-                exitCode = EXIT_UNUSABLE;
-                continue;
-            }
-            const ReportFile file = ReadReport(bytes);
-            json.append(ToJson(name, file));
-            exitCode = std::max(exitCode, ExitCodeOf(file));
-        }
-        m_output.Bytes(QJsonDocument(json).toJson());
-        return exitCode;
-    }
-
-    int CheckFile(const QString& name)
-    {
-        QByteArray bytes;
-        QString error;
-        if (!Read(name, bytes, error))
-            return EXIT_UNUSABLE;
-        const ReportFile file = ReadReport(bytes);
-        for (const Problem& problem : file.problems)
-            m_output.Line(FileLine(name, ProblemText(problem.name, problem.text)));
-        return ExitCodeOf(file);
-    }
-
-    int Convert(const REPORTGENERATOR::ReportBase& report, const ConvertRequest& request)
-    {
-        const QByteArray bytes = WriteReport(report, request.form, request.level);
-        const QString loss = FindLoss(report, bytes);
-        if (!loss.isEmpty()) {
-            Complain(request.output, QStringLiteral("this form would not keep ") + loss);
-            return EXIT_INVALID;
-        }
-        WriteOutput(request.output, bytes);
-        return EXIT_GOOD;
-    }
-
-    /// Reads a file; one that cannot be read doesn't keep the next from being read.
-    bool Read(const QString& name, QByteArray& bytes, QString& error)
-    {
-        try {
-            bytes = ReadInput(name);
-            return true;
-        } catch (const UnusableFile& unusable) {
-            error = unusable.text;
-        }
-        Complain(name, error);
-        return false;
-    }
-
-    TextOutput& m_output;
-    TextOutput& m_errors;
-};
+    // "--" in front of the command changes nothing: a command is no option.
+    const int place = arguments.value(1) == QLatin1String("--") ? 2 : 1;
+    const QString name = arguments.value(place);
+    const auto* const found =
+        std::find_if(std::begin(COMMANDS), std::end(COMMANDS),
+                     [&name](const Command* command) { return name == QLatin1String(command->name); });
+    return found == std::end(COMMANDS) ? RunGeneral(arguments, console) : (*found)->run(arguments, console);
+}
 
 } // namespace
 
 int Run(const QStringList& arguments, TextOutput& output, TextOutput& errors)
 {
-    Commands commands(output, errors);
+    Console console(output, errors);
     try {
-        const int exitCode = std::visit(commands, ParseCommandLine(arguments));
+        const int exitCode = RunCommand(arguments, console);
         output.Flush();
         return exitCode;
     } catch (const UsageError& error) {
-        commands.Complain(error.text);
-        errors.Line(QStringLiteral("Try 'reporttool --help'."));
-    } catch (const UnusableFile& unusable) {
-        commands.Complain(unusable.file, unusable.text);
+        console.Complain(error.text);
+        console.ErrorLine(QStringLiteral("Try 'reporttool --help'."));
+    } catch (const ReportCore::UnusableFile& unusable) {
+        console.Complain(unusable.file, unusable.text);
     } catch (const std::bad_alloc&) {
-        commands.Complain(QStringLiteral("out of memory"));
+        console.Complain(QStringLiteral("out of memory"));
     }
     return EXIT_UNUSABLE;
 }

@@ -1,12 +1,20 @@
 #include <reporttool/dump.h>
 
 #include <reporttool/textoutput.h>
-#include <reporttool/texts.h>
-#include <reporttool/walk.h>
+
+#include <reportcore/texts.h>
+#include <reportcore/walk.h>
 
 #include <QtCore/QString>
 
 namespace ReportTool {
+
+using ReportCore::ByteRange;
+using ReportCore::Describe;
+using ReportCore::Kind;
+using ReportCore::Printable;
+using ReportCore::Walk;
+using ReportCore::WireField;
 
 namespace {
 
@@ -44,7 +52,7 @@ QLatin1String KindText(Kind kind)
     return QLatin1String("bytes");
 }
 
-bool IsText(const Field& field)
+bool IsText(const WireField& field)
 {
     return field.kind == Kind::Utf8 || field.kind == Kind::Utf16;
 }
@@ -55,7 +63,7 @@ bool ContinuesCharacter(const ByteRange& bytes, qint64 index)
 }
 
 /// How many bytes go on a line; a character is not torn apart unless it is broken anyway.
-qint64 LineSize(const Field& field, const ByteRange& rest)
+qint64 LineSize(const WireField& field, const ByteRange& rest)
 {
     if (!rest.Has(BYTES_PER_LINE + 1))
         return rest.Size();
@@ -65,7 +73,7 @@ qint64 LineSize(const Field& field, const ByteRange& rest)
     return size > 0 ? size : BYTES_PER_LINE;
 }
 
-QString Meaning(const Field& field, const ByteRange& line, bool isFirst)
+QString Meaning(const WireField& field, const ByteRange& line, bool isFirst)
 {
     const QString kind = isFirst ? KindText(field.kind) + QLatin1String(field.IsFaulty() ? "!: " : ": ")
                                  : QStringLiteral("... ");
@@ -85,7 +93,7 @@ QString Line(const ByteRange& bytes, int depth, const QString& meaning)
            QString(depth * INDENT, QLatin1Char(' ')) + meaning;
 }
 
-void WriteField(const Field& field, TextOutput& output)
+void WriteField(const WireField& field, TextOutput& output)
 {
     ByteRange rest = field.bytes;
     bool isFirst = true;
@@ -100,7 +108,7 @@ void WriteField(const Field& field, TextOutput& output)
 
 void Dump(const QByteArray& bytes, bool isBinaryFile, TextOutput& output)
 {
-    Walk walk(bytes, isBinaryFile, [&output](const Field& field) { WriteField(field, output); });
+    Walk walk(bytes, isBinaryFile, [&output](const WireField& field) { WriteField(field, output); });
     walk.Frame();
     if (!walk.IsCompressed()) {
         walk.Body();

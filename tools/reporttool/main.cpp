@@ -1,6 +1,7 @@
 #include <reporttool/commands.h>
-#include <reporttool/files.h>
 #include <reporttool/textoutput.h>
+
+#include <reportcore/files.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -19,8 +20,8 @@ void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, cons
 void KeepStreamsBinary()
 {
 #ifdef Q_OS_WIN
-    _setmode(ReportTool::STANDARD_INPUT, _O_BINARY);
-    _setmode(ReportTool::STANDARD_OUTPUT, _O_BINARY);
+    _setmode(ReportCore::STANDARD_INPUT, _O_BINARY);
+    _setmode(ReportCore::STANDARD_OUTPUT, _O_BINARY);
 #endif
 }
 
@@ -44,11 +45,11 @@ int main(int argc, char** argv)
     QFile output;
     QFile errors;
     const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
-    if (!output.open(ReportTool::STANDARD_OUTPUT, mode) || !errors.open(ReportTool::STANDARD_ERROR, mode))
+    if (!output.open(ReportCore::STANDARD_OUTPUT, mode) || !errors.open(ReportCore::STANDARD_ERROR, mode))
         return ReportTool::EXIT_UNUSABLE;
     try {
         return RunOnStreams(output, errors);
-    } catch (const ReportTool::UnusableFile&) {
+    } catch (const ReportCore::UnusableFile&) {
         // There is nobody left to tell.
         return ReportTool::EXIT_UNUSABLE;
     }

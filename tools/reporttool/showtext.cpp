@@ -1,24 +1,36 @@
 #include <reporttool/showtext.h>
 
-#include <reporttool/bounds.h>
 #include <reporttool/textoutput.h>
-#include <reporttool/texts.h>
+
+#include <reportcore/bounds.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/texts.h>
+
+#include <QtCore/QStringList>
 
 #include <algorithm>
 
 namespace ReportTool {
 
-using REPORTGENERATOR::Area;
-using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::IFBandwidth;
-using REPORTGENERATOR::ReportBase;
+using ReportCore::Bounds;
+using ReportCore::Field;
+using ReportCore::FieldKind;
+using ReportCore::FileForm;
+using ReportCore::Form;
+using ReportCore::NumberText;
+using ReportCore::ObjectInfo;
+using ReportCore::Printable;
+using ReportCore::Problem;
+using ReportCore::Problems;
+using ReportCore::Quoted;
+using ReportCore::ReportFile;
+using REPORTGENERATOR::IRGObject;
 
 namespace {
 
 constexpr int INDENT = 4;
 constexpr int VALUE_COLUMN = 22;
-constexpr int FIRST_POINTS = 4;
+constexpr int FIRST_ITEMS = 4;
 
 const QString& NotSet()
 {
@@ -40,8 +52,6 @@ public:
 
     void Row(int depth, const char* name, const QString& value) { Row(depth, QLatin1String(name), value); }
 
-    void Heading(int depth, const char* name) { Row(depth, QLatin1String(name), QString()); }
-
 private:
     TextOutput& m_output;
 };
@@ -60,40 +70,32 @@ QString FormText(const FileForm& form)
     }
 }
 
-QString OptionalNumber(bool isSet, double number)
+QString ValueText(const IRGObject& holder, const Field& field)
 {
-    return isSet ? NumberText(number) : NotSet();
-}
-
-/// Value and bounds of a frequency or an IF bandwidth.
-template <class Bounded>
-void ShowBounded(const Bounded& object, Page& page)
-{
-    page.Row(2, "value", OptionalNumber(object.IsValueSet(), object.GetValue()));
-    page.Row(2, "min", OptionalNumber(object.IsMinSet(), object.GetMin()));
-    page.Row(2, "max", OptionalNumber(object.IsMaxSet(), object.GetMax()));
-}
-
-QString UseText(const Frequency& frequency)
-{
-    if (!frequency.IsUseSet())
+    const QVariant value = field.ValueIn(holder);
+    switch (value.userType()) {
+    case QMetaType::Double:
+        return NumberText(value.toDouble());
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+    case QMetaType::QString:
+        return value.toString().isNull() ? QStringLiteral("null") : Quoted(value.toString());
+    default:
         return NotSet();
-    return frequency.GetUse() ? QStringLiteral("true") : QStringLiteral("false");
+    }
 }
 
-QString NameText(bool isSet, const QString& text)
+/// The values of an item in one line.
+QString ItemText(const IRGObject& item, const ObjectInfo& info)
 {
-    if (!isSet)
-        return NotSet();
-    return text.isNull() ? QStringLiteral("null") : Quoted(text);
-}
-
-QString PointText(const Coordinate& point)
-{
-    const QString text =
-        QStringLiteral("%1 %2").arg(OptionalNumber(point.IsLongitudeSet(), point.GetLongitude()),
-                                    OptionalNumber(point.IsLatitudeSet(), point.GetLatitude()));
-    return IsValidPoint(point) ? text : text + QStringLiteral("  (invalid)");
+    QStringList values;
+    bool isGood = true;
+    for (const Field* field : info.InReadingOrder()) {
+        values << ValueText(item, *field);
+        isGood = isGood && field->IsGoodIn(item);
+    }
+    const QString text = values.join(QLatin1Char(' '));
+    return isGood ? text : text + QStringLiteral("  (invalid)");
 }
 
 QString RangeText(const Bounds& bounds, double low, double high)
@@ -103,52 +105,58 @@ QString RangeText(const Bounds& bounds, double low, double high)
     return QStringLiteral("%1 to %2").arg(NumberText(low), NumberText(high));
 }
 
-void ShowPoints(const QVector<Coordinate>& points, bool withAllPoints, Page& page)
+void ShowItems(const IRGObject& holder, const Field& list, int depth, bool withAllItems, Page& page)
 {
-    using Count = decltype(points.size());
-    const Count shown = withAllPoints ? points.size() : std::min<Count>(points.size(), FIRST_POINTS);
-    for (Count i = 0; i < shown; ++i)
-        page.Row(3, QString::number(i + 1), PointText(points.at(i)));
-    if (shown < points.size())
-        page.Row(3, "...", QStringLiteral("%1 more (--all shows them)").arg(points.size() - shown));
+    const int count = list.CountIn(holder);
+    const int shown = withAllItems ? count : std::min(count, FIRST_ITEMS);
+    for (int i = 0; i < shown; ++i)
+        page.Row(depth, QString::number(i + 1), ItemText(list.ItemIn(holder, i), list.Object()));
+    if (shown < count)
+        page.Row(depth, "...", QStringLiteral("%1 more (--all shows them)").arg(count - shown));
 }
 
-void ShowArea(const Area& area, bool withAllPoints, Page& page)
+void ShowList(const IRGObject& holder, const Field& list, int depth, bool withAllItems, Page& page)
 {
-    const QVector<Coordinate>& points = area.GetCoordinate();
-    const Bounds bounds = BoundsOf(points);
-    page.Row(2, "name", NameText(area.IsNameSet(), area.GetName()));
-    page.Row(2, "version",
-             NameText(!area.GetInitialVersionLoaded().isEmpty(), area.GetInitialVersionLoaded()));
-    page.Row(2, "script ID", NameText(area.IsScriptIDSet(), area.GetScriptID()));
-    page.Row(2, "longitude", RangeText(bounds, bounds.west, bounds.east));
-    page.Row(2, "latitude", RangeText(bounds, bounds.south, bounds.north));
-    page.Row(2, "coordinates", area.IsCoordinateSet() ? QString::number(points.size()) : NotSet());
-    ShowPoints(points, withAllPoints, page);
+    if (ReportCore::HoldsPoints(list)) {
+        const Bounds bounds = ReportCore::BoundsOf(holder, list);
+        page.Row(depth, "longitude", RangeText(bounds, bounds.west, bounds.east));
+        page.Row(depth, "latitude", RangeText(bounds, bounds.south, bounds.north));
+    }
+    const QString count = QString::number(list.CountIn(holder));
+    page.Row(depth, list.Label(), list.IsSetIn(holder) ? count : NotSet());
+    ShowItems(holder, list, depth + 1, withAllItems, page);
 }
 
-void ShowReport(const ReportBase& report, bool withAllPoints, Page& page)
+void ShowFields(const IRGObject& object, const ObjectInfo& info, int depth, bool withAllItems, Page& page);
+
+void ShowMember(const IRGObject& holder, const Field& member, int depth, bool withAllItems, Page& page)
 {
-    const QString notPresent = QStringLiteral("not present");
-    if (report.IsFrequencySet()) {
-        page.Heading(1, "frequency");
-        ShowBounded(report.GetFrequency(), page);
-        page.Row(2, "use", UseText(report.GetFrequency()));
-    } else {
-        page.Row(1, "frequency", notPresent);
+    if (!member.IsSetIn(holder)) {
+        page.Row(depth, member.Label(), QStringLiteral("not present"));
+        return;
     }
-    if (report.IsIFBandwidthSet()) {
-        page.Heading(1, "IF bandwidth");
-        ShowBounded(report.GetIFBandwidth(), page);
-    } else {
-        page.Row(1, "IF bandwidth", notPresent);
+    page.Row(depth, member.Label(), QString());
+    ShowFields(member.ItemIn(holder, 0), member.Object(), depth + 1, withAllItems, page);
+}
+
+void ShowFields(const IRGObject& object, const ObjectInfo& info, int depth, bool withAllItems, Page& page)
+{
+    for (const Field* field : info.InReadingOrder()) {
+        if (field->Kind() == FieldKind::List)
+            ShowList(object, *field, depth, withAllItems, page);
+        else if (field->Kind() == FieldKind::Object)
+            ShowMember(object, *field, depth, withAllItems, page);
+        else
+            page.Row(depth, field->Label(), ValueText(object, *field));
     }
-    if (report.IsAreaSet()) {
-        page.Heading(1, "area");
-        ShowArea(report.GetArea(), withAllPoints, page);
-    } else {
-        page.Row(1, "area", notPresent);
-    }
+}
+
+/// " (line 12, column 7: area.name)"
+QString Where(const Problem& problem)
+{
+    QStringList parts = {ReportCore::PlaceText(problem.place), ReportCore::FieldText(problem)};
+    parts.removeAll(QString());
+    return parts.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(parts.join(QLatin1String(": ")));
 }
 
 void ShowProblems(const Problems& problems, Page& page)
@@ -158,10 +166,8 @@ void ShowProblems(const Problems& problems, Page& page)
         return;
     }
     page.Row(1, "problems", QString::number(problems.size()));
-    for (const Problem& problem : problems) {
-        const QString place = problem.line > 0 ? QStringLiteral(" (line %1)").arg(problem.line) : QString();
-        page.Row(2, problem.name, Printable(problem.text) + place);
-    }
+    for (const Problem& problem : problems)
+        page.Row(2, problem.name, Printable(problem.text) + Where(problem));
 }
 
 } // namespace
@@ -173,7 +179,7 @@ void ShowText(const QString& name, const ReportFile& file, bool withAllPoints, T
     page.Row(1, "form", FormText(file.form));
     page.Row(1, "size", QStringLiteral("%1 bytes").arg(file.size));
     page.Row(1, "name", file.objectName.isEmpty() ? QStringLiteral("none") : Quoted(file.objectName));
-    ShowReport(file.report, withAllPoints, page);
+    ShowFields(file.report, ReportCore::ReportInfo(), 1, withAllPoints, page);
     ShowProblems(file.problems, page);
 }
 

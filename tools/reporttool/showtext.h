@@ -1,7 +1,7 @@
 #ifndef REPORTTOOL_SHOWTEXT_H
 #define REPORTTOOL_SHOWTEXT_H
 
-#include <reporttool/reportfile.h>
+#include <reportcore/reportfile.h>
 
 namespace ReportTool {
 
@@ -9,7 +9,8 @@ class TextOutput;
 
 /// Writes for people what a file holds, of a long list of coordinates only the first ones unless
 /// `withAllPoints` is true.
-void ShowText(const QString& name, const ReportFile& file, bool withAllPoints, TextOutput& output);
+void ShowText(const QString& name, const ReportCore::ReportFile& file, bool withAllPoints,
+              TextOutput& output);
 
 } // namespace ReportTool
 

@@ -1,6 +1,6 @@
 #include <reporttool/textoutput.h>
 
-#include <reporttool/files.h>
+#include <reportcore/files.h>
 
 namespace ReportTool {
 
@@ -35,7 +35,7 @@ void TextOutput::Flush()
     // What could not be written is dropped: the next message is to say so, not to try again.
     const QByteArray bytes = m_pending;
     m_pending.clear();
-    WriteAll(m_device, bytes, m_name);
+    ReportCore::WriteAll(m_device, bytes, m_name);
 }
 
 } // namespace ReportTool

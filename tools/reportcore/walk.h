@@ -1,10 +1,10 @@
-#ifndef REPORTTOOL_WALK_H
-#define REPORTTOOL_WALK_H
+#ifndef REPORTCORE_WALK_H
+#define REPORTCORE_WALK_H
 
-#include <reporttool/byterange.h>
-#include <reporttool/files.h>
-#include <reporttool/layouts.h>
-#include <reporttool/problem.h>
+#include <reportcore/byterange.h>
+#include <reportcore/fieldpath.h>
+#include <reportcore/files.h>
+#include <reportcore/problem.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -12,7 +12,7 @@
 #include <functional>
 #include <optional>
 
-namespace ReportTool {
+namespace ReportCore {
 
 /// Most that compressed data may hold by their own account, where their size makes that possible: what a file
 /// may hold that is not compressed.
@@ -35,15 +35,18 @@ enum class Kind
 };
 
 /// One field of a binary form.
-struct Field
+struct WireField
 {
     Kind kind = Kind::Other;
     ByteRange bytes;
     int depth = 0;          ///< how many lengths and counts stand around it
-    const char* name = "";  ///< what it is, or of which element it is a part
+    QString name = {};      ///< what it is, or of which element it is a part
     qint64 number = 0;      ///< which of several elements of that name, from 1; 0 for a single one
     const char* fault = ""; ///< name of the problem; empty for a field that is as it should be
     QString faultText = {}; ///< what is wrong with it
+
+    /// Of a report, which field or object it belongs to; empty for what belongs to none. Valid during the visit.
+    const FieldPath* path = nullptr;
 
     bool IsFaulty() const { return *fault != '\0'; }
 };
@@ -52,11 +55,11 @@ struct Field
 ///
 /// No length is trusted: an element that claims more than there is gets what there is, and the field with the
 /// claim is told to be faulty. The walk tells what the bytes are; what they mean to a report is the library's
-/// to say.
+/// to say. A walk without a visitor only looks whether there is a fault.
 class Walk
 {
 public:
-    using Visitor = std::function<void(const Field& field)>;
+    using Visitor = std::function<void(const WireField& field)>;
 
     /// The array, which must outlive the walk, holds a representation, or is a binary file that holds one.
     Walk(const QByteArray& bytes, bool isBinaryFile, Visitor visit);
@@ -80,16 +83,25 @@ public:
     /// Root tag, root length and elements, uncompressed. Valid as long as the walk.
     QByteArray BodyBytes() const { return m_body.Bytes(); }
 
+    /// Where these begin: in the array, or 0 where they were compressed.
+    qint64 BodyOffset() const { return m_body.Offset(); }
+
+    /// Whether a fault has come up so far.
+    bool HasFault() const { return m_hasFault; }
+
 private:
-    std::optional<ByteRange> Counted(ByteRange& range, Field field);
-    ByteRange Text(ByteRange& range, Kind sizeKind, const char* name, int depth);
+    std::optional<ByteRange> Counted(ByteRange& range, Kind kind, int depth, const QString& name,
+                                     qint64 number = 0);
+    ByteRange Text(ByteRange& range, Kind sizeKind, const QString& name, int depth);
     void Uncompress(ByteRange data, int depth);
-    void Elements(ByteRange range, const Layout* layout, int depth);
-    void Element(ByteRange& range, const Layout* layout, int depth);
-    void Payload(ByteRange payload, const ElementType& type, int depth);
-    void Bool(ByteRange& payload, const ElementType& type, int depth);
-    void Coordinates(ByteRange& payload, const ElementType& type, int depth);
-    void Visit(Kind kind, const ByteRange& bytes, int depth, const char* name);
+    void Elements(ByteRange range, const ObjectInfo* object, int depth);
+    void Element(ByteRange& range, const ObjectInfo* object, int depth);
+    void Payload(ByteRange payload, const Field& type, int depth);
+    void Value(ByteRange& payload, const Field& type, int depth);
+    void Bool(ByteRange& payload, const Field& type, int depth);
+    void Items(ByteRange& payload, const Field& list, int depth);
+    void Visit(Kind kind, const ByteRange& bytes, int depth, const QString& name);
+    void Visit(WireField field);
     void Fault(const ByteRange& bytes, int depth, const char* fault, const QString& text);
     void Behind(const ByteRange& bytes, int depth);
 
@@ -97,7 +109,9 @@ private:
     ByteRange m_all;
     bool m_isBinaryFile;
     bool m_isCompressed = false;
+    bool m_hasFault = false;
     int m_depth = 0;
+    FieldPath m_path;
     QString m_objectName;
     QByteArray m_uncompressed;
     ByteRange m_body;
@@ -107,11 +121,11 @@ private:
 
 /// What a field is, without its kind: "bytes of longitude"; what is wrong with it stands behind: "bytes of
 /// longitude: 12 claimed, 8 left".
-QString Describe(const Field& field);
+QString Describe(const WireField& field);
 
 /// A faulty field for those who don't see its bytes: "length of longitude: 12 claimed, 8 left".
-QString DescribeFault(const Field& field);
+QString DescribeFault(const WireField& field);
 
-} // namespace ReportTool
+} // namespace ReportCore
 
 #endif

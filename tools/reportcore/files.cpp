@@ -1,4 +1,4 @@
-#include <reporttool/files.h>
+#include <reportcore/files.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace ReportTool {
+namespace ReportCore {
 
 namespace {
 
@@ -110,4 +110,4 @@ void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name)
     }
 }
 
-} // namespace ReportTool
+} // namespace ReportCore

@@ -1,11 +1,13 @@
-#ifndef REPORTTOOL_BOUNDS_H
-#define REPORTTOOL_BOUNDS_H
+#ifndef REPORTCORE_BOUNDS_H
+#define REPORTCORE_BOUNDS_H
+
+#include <reportcore/field.h>
 
 #include <reportgenerator/reportbase/coordinate.h>
 
 #include <QtCore/QVector>
 
-namespace ReportTool {
+namespace ReportCore {
 
 /// Whether both values are set and lie within their ranges.
 bool IsValidPoint(const REPORTGENERATOR::Coordinate& point);
@@ -18,10 +20,19 @@ struct Bounds
     double east = 0.0;
     double south = 0.0;
     double north = 0.0;
+
+    /// Makes room for a point if it is valid.
+    void Take(const REPORTGENERATOR::Coordinate& point);
 };
 
 Bounds BoundsOf(const QVector<REPORTGENERATOR::Coordinate>& points);
 
-} // namespace ReportTool
+/// Whether a field is a list of coordinates.
+bool HoldsPoints(const Field& field);
+
+/// Of such a list.
+Bounds BoundsOf(const REPORTGENERATOR::IRGObject& holder, const Field& list);
+
+} // namespace ReportCore
 
 #endif

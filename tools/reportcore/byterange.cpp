@@ -1,8 +1,8 @@
-#include <reporttool/byterange.h>
+#include <reportcore/byterange.h>
 
 #include <QtCore/QtEndian>
 
-namespace ReportTool {
+namespace ReportCore {
 
 namespace {
 
@@ -47,4 +47,4 @@ QString ByteRange::Utf16() const
     return text;
 }
 
-} // namespace ReportTool
+} // namespace ReportCore

@@ -1,12 +1,12 @@
-#ifndef REPORTTOOL_FILES_H
-#define REPORTTOOL_FILES_H
+#ifndef REPORTCORE_FILES_H
+#define REPORTCORE_FILES_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 class QIODevice;
 
-namespace ReportTool {
+namespace ReportCore {
 
 /// No report comes near this size: an area of a million points takes half of it as XML.
 constexpr qint64 INPUT_CEILING = qint64(256) * 1024 * 1024;
@@ -39,6 +39,6 @@ void WriteOutput(const QString& name, const QByteArray& bytes);
 /// Writes all bytes or throws `UnusableFile` with the given name.
 void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name);
 
-} // namespace ReportTool
+} // namespace ReportCore
 
 #endif

@@ -1,9 +1,9 @@
-#ifndef REPORTTOOL_TEXTS_H
-#define REPORTTOOL_TEXTS_H
+#ifndef REPORTCORE_TEXTS_H
+#define REPORTCORE_TEXTS_H
 
 #include <QtCore/QString>
 
-namespace ReportTool {
+namespace ReportCore {
 
 /// The text with escapes in place of what would end a line or change how a terminal shows the rest of it.
 QString Printable(const QString& text);
@@ -15,6 +15,6 @@ QString Quoted(const QString& text);
 /// and "-inf" for what is no number.
 QString NumberText(double number);
 
-} // namespace ReportTool
+} // namespace ReportCore
 
 #endif

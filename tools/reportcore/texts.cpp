@@ -1,8 +1,8 @@
-#include <reporttool/texts.h>
+#include <reportcore/texts.h>
 
 #include <QtCore/QLocale>
 
-namespace ReportTool {
+namespace ReportCore {
 
 namespace {
 
@@ -67,4 +67,4 @@ QString NumberText(double number)
     return QString::number(number, 'f', QLocale::FloatingPointShortest);
 }
 
-} // namespace ReportTool
+} // namespace ReportCore

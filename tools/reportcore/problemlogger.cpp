@@ -1,10 +1,10 @@
-#include <reporttool/problemlogger.h>
+#include <reportcore/problemlogger.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
 
-#include <QtCore/QXmlStreamReader>
+#include <utility>
 
-namespace ReportTool {
+namespace ReportCore {
 
 ProblemLogger::ProblemLogger() : Logger(REPORTGENERATOR::LogLevel::WARNING) {}
 
@@ -22,30 +22,35 @@ void ProblemLogger::Trace(REPORTGENERATOR::LogLevel level, const QString& text, 
 
 bool ProblemLogger::HasErrors() const
 {
-    return !m_problems.empty();
+    return !m_remarks.empty();
 }
 
 void ProblemLogger::Reset(bool /*clearEntries*/)
 {
-    m_problems.clear();
+    m_remarks.clear();
 }
 
-void ProblemLogger::Follow(const QXmlStreamReader* reader)
+void ProblemLogger::Follow(std::function<qint64()> position)
 {
-    m_reader = reader;
+    m_position = std::move(position);
 }
 
 void ProblemLogger::Catch(const ReportException& exception)
 {
-    const bool isKept = !m_problems.empty() && m_problems.back().name == exception.GetErrorName() &&
-                        m_problems.back().text == exception.GetErrorText();
+    const bool isKept = !m_remarks.empty() && m_remarks.back().name == exception.GetErrorName() &&
+                        m_remarks.back().text == exception.GetErrorText();
     if (!isKept)
         Keep(exception.GetErrorName(), exception.GetErrorText());
 }
 
-void ProblemLogger::Keep(const QString& name, const QString& text)
+Remarks ProblemLogger::Take()
 {
-    m_problems.push_back({name, text, m_reader ? m_reader->lineNumber() : 0});
+    return std::exchange(m_remarks, {});
 }
 
-} // namespace ReportTool
+void ProblemLogger::Keep(const QString& name, const QString& text)
+{
+    m_remarks.push_back({name, text, m_position ? m_position() : -1});
+}
+
+} // namespace ReportCore

@@ -1,10 +1,10 @@
-#ifndef REPORTTOOL_BYTERANGE_H
-#define REPORTTOOL_BYTERANGE_H
+#ifndef REPORTCORE_BYTERANGE_H
+#define REPORTCORE_BYTERANGE_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-namespace ReportTool {
+namespace ReportCore {
 
 /// A part of a byte array that is taken from its front. It never gives more than it has, whatever a number in
 /// the data claims. The array must outlive it.
@@ -44,6 +44,6 @@ private:
     qint64 m_end = 0;
 };
 
-} // namespace ReportTool
+} // namespace ReportCore
 
 #endif

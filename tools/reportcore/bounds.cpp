@@ -1,0 +1,53 @@
+#include <reportcore/bounds.h>
+
+#include <algorithm>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::IRGObject;
+
+bool IsValidPoint(const Coordinate& point)
+{
+    return point.HasData() && point.IsValidLongitude(point.GetLongitude()) &&
+           point.IsValidLatitude(point.GetLatitude());
+}
+
+void Bounds::Take(const Coordinate& point)
+{
+    if (!IsValidPoint(point))
+        return;
+    const double longitude = point.GetLongitude();
+    const double latitude = point.GetLatitude();
+    if (isEmpty)
+        *this = {false, longitude, longitude, latitude, latitude};
+    west = std::min(west, longitude);
+    east = std::max(east, longitude);
+    south = std::min(south, latitude);
+    north = std::max(north, latitude);
+}
+
+Bounds BoundsOf(const QVector<Coordinate>& points)
+{
+    Bounds bounds;
+    for (const Coordinate& point : points)
+        bounds.Take(point);
+    return bounds;
+}
+
+bool HoldsPoints(const Field& field)
+{
+    return field.Kind() == FieldKind::List &&
+           field.Object().ObjectName() == Coordinate::GetStaticObjectName();
+}
+
+Bounds BoundsOf(const IRGObject& holder, const Field& list)
+{
+    Bounds bounds;
+    const int count = list.CountIn(holder);
+    for (int i = 0; i < count; ++i)
+        bounds.Take(static_cast<const Coordinate&>(list.ItemIn(holder, i)));
+    return bounds;
+}
+
+} // namespace ReportCore

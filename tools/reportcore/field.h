@@ -1,0 +1,160 @@
+#ifndef REPORTCORE_FIELD_H
+#define REPORTCORE_FIELD_H
+
+#include <reportgenerator/reportbase/forms/field.h>
+#include <reportgenerator/reportbase/irgobject.h>
+
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+
+#include <memory>
+#include <vector>
+
+namespace ReportCore {
+
+class ObjectInfo;
+
+/// What a field holds.
+enum class FieldKind
+{
+    Number,  ///< `double`
+    Switch,  ///< `bool`
+    Text,    ///< `QString`
+    Version, ///< `QString`: the version of the format that was read; nobody sets it
+    Object,  ///< a member object
+    List     ///< objects of one class
+};
+
+/// What is known of a field without any object.
+struct FieldFacts
+{
+    FieldKind kind = FieldKind::Text;
+    QString elementName; ///< of its XML element or attribute; of a list, of each item
+    REPORTGENERATOR::Place place = REPORTGENERATOR::Place::Element;
+    qint32 tag = 0;
+    bool isMandatory = false;
+    REPORTGENERATOR::Range range = {};  ///< of a number
+    const ObjectInfo* object = nullptr; ///< the class of a member object or of the items of a list
+};
+
+/// One field of a class, as the library describes it. It is asked about objects of that class, its holders.
+///
+/// A list is counted from 0 here; in paths people count from 1.
+class Field
+{
+public:
+    explicit Field(const FieldFacts& facts);
+    virtual ~Field();
+    Field(const Field& other) = delete;
+    Field& operator=(const Field& other) = delete;
+
+    FieldKind Kind() const { return m_facts.kind; }
+    const FieldFacts& Facts() const { return m_facts; }
+
+    /// Whether there are objects below it.
+    bool HasObjects() const { return m_facts.object != nullptr; }
+    const ObjectInfo& Object() const { return *m_facts.object; }
+
+    /// In paths: "scriptId", "coordinate".
+    const QString& Name() const { return m_name; }
+
+    /// In JSON: "scriptId", "coordinates".
+    const QString& Key() const { return m_key; }
+
+    /// For people: "script ID", "coordinates".
+    const QString& Label() const { return m_label; }
+
+    /// Of its bytes: "script identifier", "coordinates".
+    const QString& WireLabel() const { return m_wireLabel; }
+
+    /// Of the whole, be it a value, a member object or a list.
+    virtual bool IsSetIn(const REPORTGENERATOR::IRGObject& holder) const = 0;
+
+    /// Unsets it, as the class's own operation does; refuses with an `RGException`.
+    virtual void UnsetIn(REPORTGENERATOR::IRGObject& holder) const = 0;
+
+    /// Whether the library's check has nothing to say about it, what stands within objects aside. What it says
+    /// otherwise tells `Complaint`.
+    virtual bool IsGoodIn(const REPORTGENERATOR::IRGObject& holder) const = 0;
+    virtual QString Complaint(const REPORTGENERATOR::IRGObject& holder) const = 0;
+
+    // Of values
+
+    /// Invalid when not set. A text may be set and null.
+    virtual QVariant ValueIn(const REPORTGENERATOR::IRGObject& holder) const;
+
+    /// Sets it as the class's own setter does when it validates: what that refuses is refused here, with the same
+    /// `RGException`. So is a value of another type, and what nobody sets.
+    virtual void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const;
+
+    /// The value that a text stands for, as people write it: numbers with a decimal point, switches as "true" or
+    /// "false". Throws `RGException` for others.
+    QVariant ValueOf(const QString& text) const;
+
+    // Of a member object, which is one or none, and of lists
+
+    virtual int CountIn(const REPORTGENERATOR::IRGObject& holder) const;
+    virtual const REPORTGENERATOR::IRGObject& ItemIn(const REPORTGENERATOR::IRGObject& holder,
+                                                     int index) const;
+
+    /// A copy of the item; a new object where there is none.
+    virtual std::unique_ptr<REPORTGENERATOR::IRGObject> CopyOf(const REPORTGENERATOR::IRGObject& holder,
+                                                               int index) const;
+
+    /// Puts a copy of `item` in the place of the item; a member object counts as set afterwards.
+    virtual void ReplaceIn(REPORTGENERATOR::IRGObject& holder, int index,
+                           const REPORTGENERATOR::IRGObject& item) const;
+
+    /// In front of the item `index` of a list, or at its end; refuses an incomplete one with an `RGException`, as
+    /// appending does.
+    virtual void InsertIn(REPORTGENERATOR::IRGObject& holder, int index,
+                          const REPORTGENERATOR::IRGObject& item) const;
+    virtual void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index) const;
+
+private:
+    FieldFacts m_facts;
+    QString m_name;
+    QString m_key;
+    QString m_label;
+    QString m_wireLabel;
+};
+
+/// A class with fields.
+class ObjectInfo
+{
+public:
+    using Fields = std::vector<std::unique_ptr<const Field>>;
+
+    ObjectInfo(const QString& objectName, Fields fields);
+
+    /// Of the class's objects and their elements: "IFBandwidth".
+    const QString& ObjectName() const { return m_objectName; }
+
+    /// For people: "IF bandwidth".
+    const QString& Label() const { return m_label; }
+
+    /// In the order in which they are written.
+    const Fields& All() const { return m_fields; }
+
+    /// In the order in which people want them: what must be set, other values, member objects, lists.
+    const std::vector<const Field*>& InReadingOrder() const { return m_inReadingOrder; }
+
+    // Null where there is none.
+
+    /// By its name in paths or its key in JSON.
+    const Field* FindName(const QString& name) const;
+    const Field* FindTag(qint32 tag) const;
+
+    /// Of the child element or attribute.
+    const Field* FindElement(const QString& elementName, REPORTGENERATOR::Place place) const;
+
+private:
+    QString m_objectName;
+    QString m_label;
+    Fields m_fields;
+    std::vector<const Field*> m_inReadingOrder;
+};
+
+} // namespace ReportCore
+
+#endif

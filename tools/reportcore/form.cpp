@@ -1,0 +1,140 @@
+#include <reportcore/form.h>
+
+#include <reportcore/byterange.h>
+
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+
+#include <QtCore/QXmlStreamReader>
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#    include <QtCore/QTextCodec>
+#else
+#    include <QtCore/QStringDecoder>
+#endif
+
+#include <algorithm>
+#include <iterator>
+
+namespace ReportCore {
+
+namespace {
+
+namespace wire = REPORTGENERATOR::wire;
+
+constexpr QChar BYTE_ORDER_MARK(0xFEFF);
+
+bool BeginsWithMarker(ByteRange range, const REPORTGENERATOR::Name& marker)
+{
+    if (!range.Has(wire::WORD_SIZE))
+        return false;
+    const qint64 size = range.Take(wire::WORD_SIZE).Word();
+    return range.Has(size) && range.Take(size).Utf16() == marker;
+}
+
+Form FormOfRepresentation(const ByteRange& range)
+{
+    if (BeginsWithMarker(range, wire::PLAIN_MARKER))
+        return Form::Plain;
+    return BeginsWithMarker(range, wire::COMPRESSED_MARKER) ? Form::Compressed : Form::Unknown;
+}
+
+/// One of the ways in which XML may be encoded, as far as its first character shows it.
+struct Encoding
+{
+    const char* name;
+    const char* byteOrderMark;
+    qint64 markSize;
+    qint64 unitSize;
+    qint64 lowestByte; ///< which byte of a unit counts for ASCII characters
+};
+
+constexpr Encoding ENCODINGS[] = {{"UTF-8", "\xEF\xBB\xBF", 3, 1, 0},
+                                  {"UTF-32LE", "\xFF\xFE\x00\x00", 4, 4, 0},
+                                  {"UTF-32BE", "\x00\x00\xFE\xFF", 4, 4, 3},
+                                  {"UTF-16LE", "\xFF\xFE", 2, 2, 0},
+                                  {"UTF-16BE", "\xFE\xFF", 2, 2, 1}};
+
+/// The first character of the range if it is an ASCII character, else NUL.
+char AsciiAt(const ByteRange& range, const Encoding& encoding)
+{
+    for (qint64 i = 0; i < encoding.unitSize; ++i) {
+        if (i != encoding.lowestByte && range.At(i) != 0)
+            return '\0';
+    }
+    return static_cast<char>(range.At(encoding.lowestByte));
+}
+
+bool IsXmlBlank(char character)
+{
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
+bool LooksLikeXml(ByteRange range, const Encoding& encoding)
+{
+    ByteRange start = range;
+    if (start.Take(encoding.markSize).Bytes() ==
+        QByteArray(encoding.byteOrderMark, static_cast<int>(encoding.markSize)))
+        range = start;
+    while (range.Has(encoding.unitSize)) {
+        const char character = AsciiAt(range, encoding);
+        if (!IsXmlBlank(character))
+            return character == '<';
+        range.Take(encoding.unitSize);
+    }
+    return false;
+}
+
+/// The encoding in which the bytes look like XML; null for none.
+const Encoding* FindEncoding(const ByteRange& range)
+{
+    const auto* const found =
+        std::find_if(std::begin(ENCODINGS), std::end(ENCODINGS),
+                     [&range](const Encoding& encoding) { return LooksLikeXml(range, encoding); });
+    return found == std::end(ENCODINGS) ? nullptr : found;
+}
+
+/// The encoding that an XML declaration names, or else the default.
+QByteArray DeclaredEncoding(const QByteArray& bytes)
+{
+    QXmlStreamReader reader(bytes);
+    reader.readNext();
+    const QString name = reader.documentEncoding().toString();
+    return name.isEmpty() ? QByteArrayLiteral("UTF-8") : name.toLatin1();
+}
+
+QString Decode(const QByteArray& bytes, const QByteArray& encoding)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QTextCodec* const codec = QTextCodec::codecForName(encoding);
+    return codec ? codec->toUnicode(bytes) : QString::fromUtf8(bytes.constData(), bytes.size());
+#else
+    QStringDecoder decoder(encoding.constData());
+    return decoder.isValid() ? QString(decoder(bytes)) : QString::fromUtf8(bytes);
+#endif
+}
+
+} // namespace
+
+FileForm Recognise(const QByteArray& bytes)
+{
+    const ByteRange range(bytes);
+    if (const Form form = FormOfRepresentation(range); form != Form::Unknown)
+        return {form, false};
+    ByteRange content = range;
+    content.Take(wire::WORD_SIZE);
+    if (const Form form = FormOfRepresentation(content); form != Form::Unknown)
+        return {form, true};
+    return {FindEncoding(range) ? Form::Xml : Form::Unknown, false};
+}
+
+QString DecodeXml(const QByteArray& bytes)
+{
+    const auto* const found = FindEncoding(ByteRange(bytes));
+    const bool isOfBytes = !found || found->unitSize == 1;
+    QString text = Decode(bytes, isOfBytes ? DeclaredEncoding(bytes) : QByteArray(found->name));
+    if (text.startsWith(BYTE_ORDER_MARK))
+        text.remove(0, 1);
+    return text;
+}
+
+} // namespace ReportCore

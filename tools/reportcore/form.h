@@ -1,0 +1,37 @@
+#ifndef REPORTCORE_FORM_H
+#define REPORTCORE_FORM_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace ReportCore {
+
+/// How a report is written down.
+enum class Form
+{
+    Unknown,
+    Xml,
+    Plain,
+    Compressed
+};
+
+/// What the bytes of a file look like.
+struct FileForm
+{
+    Form form = Form::Unknown;
+
+    /// Whether the representation stands in a binary file, behind its size.
+    bool isBinaryFile = false;
+
+    bool IsBinary() const { return form == Form::Plain || form == Form::Compressed; }
+};
+
+/// Recognises the form by the content alone.
+FileForm Recognise(const QByteArray& bytes);
+
+/// The text of XML in whichever encoding, without byte order mark.
+QString DecodeXml(const QByteArray& bytes);
+
+} // namespace ReportCore
+
+#endif

@@ -1,0 +1,100 @@
+#include <reportcore/reportjson.h>
+
+#include <reportcore/bounds.h>
+#include <reportcore/texts.h>
+
+#include <cmath>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::IRGObject;
+using Json = QJsonValue;
+
+namespace {
+
+Json ValueToJson(const QVariant& value)
+{
+    switch (value.userType()) {
+    case QMetaType::Double: {
+        const double number = value.toDouble();
+        return std::isfinite(number) ? Json(number) : Json(NumberText(number));
+    }
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::QString:
+        return value.toString().isNull() ? Json() : Json(value.toString());
+    default:
+        return Json();
+    }
+}
+
+Json BoundsToJson(const Bounds& bounds)
+{
+    if (bounds.isEmpty)
+        return Json();
+    return QJsonObject{{QStringLiteral("west"), bounds.west},
+                       {QStringLiteral("east"), bounds.east},
+                       {QStringLiteral("south"), bounds.south},
+                       {QStringLiteral("north"), bounds.north}};
+}
+
+Json ItemsToJson(const IRGObject& holder, const Field& list)
+{
+    QJsonArray json;
+    const int count = list.CountIn(holder);
+    for (int i = 0; i < count; ++i)
+        json.append(FieldsToJson(list.ItemIn(holder, i), list.Object()));
+    return json;
+}
+
+Json FieldToJson(const IRGObject& holder, const Field& field)
+{
+    if (!field.HasObjects())
+        return ValueToJson(field.ValueIn(holder));
+    if (!field.IsSetIn(holder))
+        return Json();
+    return field.Kind() == FieldKind::List ? ItemsToJson(holder, field)
+                                           : FieldsToJson(field.ItemIn(holder, 0), field.Object());
+}
+
+Json TextOrNull(const QString& text)
+{
+    return text.isNull() ? Json() : Json(text);
+}
+
+} // namespace
+
+QJsonObject FieldsToJson(const IRGObject& object, const ObjectInfo& info)
+{
+    QJsonObject json;
+    for (const auto& field : info.All()) {
+        json.insert(field->Key(), FieldToJson(object, *field));
+        if (HoldsPoints(*field))
+            json.insert(QStringLiteral("bounds"), BoundsToJson(BoundsOf(object, *field)));
+    }
+    return json;
+}
+
+QJsonObject ProblemToJson(const Problem& problem)
+{
+    const FilePlace& place = problem.place;
+    const QString path = problem.path.isEmpty() ? QString() : problem.path;
+    return {{QStringLiteral("name"), problem.name},
+            {QStringLiteral("text"), problem.text},
+            {QStringLiteral("line"), place.line > 0 ? Json(place.line) : Json()},
+            {QStringLiteral("column"), place.line > 0 ? Json(place.column) : Json()},
+            {QStringLiteral("offset"), place.offset >= 0 ? Json(place.offset) : Json()},
+            {QStringLiteral("uncompressed"), place.offset >= 0 ? Json(place.isUncompressed) : Json()},
+            {QStringLiteral("path"), TextOrNull(path)},
+            {QStringLiteral("value"), TextOrNull(problem.value)}};
+}
+
+QJsonArray ProblemsToJson(const Problems& problems)
+{
+    QJsonArray json;
+    for (const Problem& problem : problems)
+        json.append(ProblemToJson(problem));
+    return json;
+}
+
+} // namespace ReportCore

@@ -1,0 +1,24 @@
+#ifndef REPORTCORE_REPORTJSON_H
+#define REPORTCORE_REPORTJSON_H
+
+#include <reportcore/field.h>
+#include <reportcore/problem.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
+
+namespace ReportCore {
+
+/// The fields of an object by their keys, those of its members and items within. Every key is always there; what is not
+/// set is null. JSON has no word for a number that is none: that is given as a text. A list of coordinates has the box
+/// around its valid points beside it, as "bounds".
+QJsonObject FieldsToJson(const REPORTGENERATOR::IRGObject& object, const ObjectInfo& info);
+
+/// All that is known of a problem; what isn't known is null.
+QJsonObject ProblemToJson(const Problem& problem);
+
+QJsonArray ProblemsToJson(const Problems& problems);
+
+} // namespace ReportCore
+
+#endif

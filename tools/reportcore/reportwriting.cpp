@@ -1,0 +1,79 @@
+#include <reportcore/reportwriting.h>
+
+#include <reportcore/names.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/reportfile.h>
+
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+
+#include <QtCore/QDataStream>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::IRGObject;
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+namespace wire = REPORTGENERATOR::wire;
+
+QByteArray BinaryFile(const QByteArray& representation)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(wire::STREAM_VERSION);
+    stream << representation;
+    return bytes;
+}
+
+/// Numbers may have been rounded.
+bool IsKept(const IRGObject& written, const IRGObject& read, const Field& field)
+{
+    if (field.Kind() == FieldKind::Version)
+        return true;
+    if (field.IsSetIn(written) != field.IsSetIn(read) || field.CountIn(written) != field.CountIn(read))
+        return false;
+    return field.Kind() != FieldKind::Text || field.ValueIn(written) == field.ValueIn(read);
+}
+
+QString FindLossOf(const IRGObject& written, const IRGObject& read, const ObjectInfo& info)
+{
+    for (const Field* field : info.InReadingOrder()) {
+        if (!IsKept(written, read, *field)) {
+            if (field->Kind() == FieldKind::Object)
+                return QStringLiteral("the %1").arg(field->Label());
+            const QString article = field->Kind() == FieldKind::List ? QString() : QStringLiteral("the ");
+            return QStringLiteral("%1%2 of the %3").arg(article, field->WireLabel(), info.Label());
+        }
+        if (field->Kind() == FieldKind::Object && field->IsSetIn(written)) {
+            const QString loss =
+                FindLossOf(field->ItemIn(written, 0), field->ItemIn(read, 0), field->Object());
+            if (!loss.isEmpty())
+                return loss;
+        }
+    }
+    return QString();
+}
+
+} // namespace
+
+QByteArray WriteReport(const ReportBase& report, const FileForm& form, int level)
+{
+    report.SetValidate(true);
+    if (form.form == Form::Xml)
+        return report.GetXmlString().toUtf8();
+    const QByteArray representation = form.form == Form::Compressed
+                                          ? report.GetCompressedBinaryRepresentationAsQByteArray(level)
+                                          : report.GetBinaryRepresentationAsQByteArray();
+    return form.isBinaryFile ? BinaryFile(representation) : representation;
+}
+
+QString FindLoss(const ReportBase& written, const QByteArray& bytes)
+{
+    const ReportFile file = ReadReport(bytes);
+    if (!file.IsGood())
+        return QStringLiteral("the report: ") + file.problems.front().text;
+    return FindLossOf(written, file.report, ReportInfo());
+}
+
+} // namespace ReportCore

@@ -1,0 +1,23 @@
+#ifndef REPORTCORE_REPORTWRITING_H
+#define REPORTCORE_REPORTWRITING_H
+
+#include <reportcore/form.h>
+
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+namespace ReportCore {
+
+/// Writes a good report in the given form. `level` is for compressed forms: zlib's, 0 to 9, or -1 for its
+/// default. Throws `RGException`.
+QByteArray WriteReport(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+
+/// What of a report would be lost in a form: nothing, or a text that names it. Numbers may have been rounded,
+/// as every form rounds them; but not every text fits into every form.
+QString FindLoss(const REPORTGENERATOR::ReportBase& written, const QByteArray& bytes);
+
+} // namespace ReportCore
+
+#endif

@@ -1,0 +1,328 @@
+#include <reportcore/walk.h>
+
+#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/irgobject.h>
+
+#include <utility>
+
+namespace ReportCore {
+
+namespace {
+
+namespace wire = REPORTGENERATOR::wire;
+
+const QString& UnknownElement()
+{
+    static const QString name = QStringLiteral("unknown element");
+    return name;
+}
+
+bool IsSize(Kind kind)
+{
+    return kind == Kind::SizeOfBytes || kind == Kind::SizeOfUtf8 || kind == Kind::SizeOfUtf16;
+}
+
+bool IsNull(Kind kind, quint32 word)
+{
+    return IsSize(kind) && word == wire::NULL_SIZE;
+}
+
+/// Sizes have no sign, lengths have one. No bytes belong to what is null.
+qint64 Claimed(Kind kind, quint32 word)
+{
+    if (IsNull(kind, word))
+        return 0;
+    return IsSize(kind) ? qint64(word) : qint64(static_cast<qint32>(word));
+}
+
+QString ClaimedAndLeft(qint64 claimed, qint64 left)
+{
+    return QStringLiteral("%1 claimed, %2 left").arg(claimed).arg(left);
+}
+
+QString WhatFollows(const WireField& field, const char* what)
+{
+    if (IsNull(field.kind, field.bytes.Word()))
+        return QStringLiteral("no %1 at all (null)").arg(field.name);
+    return QStringLiteral("%1, %2 that follow").arg(field.name, QLatin1String(what));
+}
+
+QString DescribeSound(const WireField& field)
+{
+    switch (field.kind) {
+    case Kind::Length:
+        return field.number == 0 ? QStringLiteral("bytes of %1").arg(field.name)
+                                 : QStringLiteral("bytes of %1 %2").arg(field.name).arg(field.number);
+    case Kind::SizeOfBytes:
+        return WhatFollows(field, "bytes");
+    case Kind::SizeOfUtf8:
+        return WhatFollows(field, "bytes of UTF-8");
+    case Kind::SizeOfUtf16:
+        return WhatFollows(field, "bytes of UTF-16");
+    case Kind::Bool:
+        return field.bytes.At(0) != 0 ? QStringLiteral("true") : QStringLiteral("false");
+    default:
+        return field.name;
+    }
+}
+
+} // namespace
+
+Walk::Walk(const QByteArray& bytes, bool isBinaryFile, Visitor visit)
+    : m_visit(std::move(visit)), m_all(bytes), m_isBinaryFile(isBinaryFile)
+{
+}
+
+void Walk::Frame()
+{
+    ByteRange range = m_all;
+    if (m_isBinaryFile) {
+        const auto content = Counted(range, Kind::SizeOfBytes, m_depth, QStringLiteral("representation"));
+        m_behindRepresentation = range;
+        range = content.value_or(ByteRange());
+        ++m_depth;
+    }
+    m_isCompressed =
+        Text(range, Kind::SizeOfUtf16, QStringLiteral("marker"), m_depth).Utf16() == wire::COMPRESSED_MARKER;
+    m_objectName = Text(range, Kind::SizeOfUtf16, QStringLiteral("object name"), m_depth).Utf16();
+    if (!m_isCompressed) {
+        m_body = range;
+        return;
+    }
+    const auto data = Counted(range, Kind::SizeOfBytes, m_depth, QStringLiteral("compressed data"));
+    m_behindData = range;
+    if (data)
+        Uncompress(*data, m_depth + 1);
+}
+
+void Walk::Body()
+{
+    // That there is nothing to walk has been told already.
+    if (m_isCompressed && m_body.IsEmpty())
+        return;
+    const int depth = m_isCompressed ? 0 : m_depth;
+    ByteRange range = m_body;
+    if (!range.Has(wire::WORD_SIZE)) {
+        Fault(range, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for a root element"));
+        return;
+    }
+    Visit(Kind::Tag, range.Take(wire::WORD_SIZE), depth, QStringLiteral("root"));
+    const auto elements = Counted(range, Kind::Length, depth, QStringLiteral("elements"));
+    if (elements)
+        Elements(*elements, FindObject(m_objectName), depth + 1);
+    Behind(range, depth);
+}
+
+void Walk::End()
+{
+    Behind(m_behindData, m_depth);
+    Behind(m_behindRepresentation, 0);
+}
+
+/// Visits a length or size, and cuts off what it counts, or what there is when it claims more. Nothing if
+/// there is not even the number.
+std::optional<ByteRange> Walk::Counted(ByteRange& range, Kind kind, int depth, const QString& name,
+                                       qint64 number)
+{
+    if (!range.Has(wire::WORD_SIZE)) {
+        Fault(range.Take(range.Size()), depth, LENGTH_MISMATCH,
+              QStringLiteral("too few bytes for the size of %1").arg(name));
+        return std::nullopt;
+    }
+    const ByteRange word = range.Take(wire::WORD_SIZE);
+    const qint64 count = Claimed(kind, word.Word());
+    const bool isSound = range.Has(count);
+    if (m_visit || !isSound) {
+        WireField field{kind, word, depth, name, number};
+        if (!isSound) {
+            field.fault = LENGTH_MISMATCH;
+            field.faultText = ClaimedAndLeft(count, range.Size());
+        }
+        Visit(std::move(field));
+    }
+    return range.Take(count);
+}
+
+/// A text with its size in front. Returns the text.
+ByteRange Walk::Text(ByteRange& range, Kind sizeKind, const QString& name, int depth)
+{
+    const auto text = Counted(range, sizeKind, depth, name);
+    if (!text)
+        return ByteRange();
+    if (!text->IsEmpty())
+        Visit(sizeKind == Kind::SizeOfUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
+    return *text;
+}
+
+void Walk::Uncompress(ByteRange data, int depth)
+{
+    const QByteArray prefixed = data.Bytes();
+    if (!data.Has(wire::WORD_SIZE)) {
+        Fault(data, depth, DAMAGED_DATA, QStringLiteral("too few bytes for compressed data"));
+        return;
+    }
+    WireField prefix{Kind::Prefix, data.Take(wire::WORD_SIZE), depth,
+                     QStringLiteral("bytes when uncompressed")};
+    const qint64 claimed = prefix.bytes.Word();
+    if (claimed > UNCOMPRESSED_CEILING && prefixed.size() > UNCOMPRESSED_CEILING / wire::MAX_INFLATION) {
+        Visit(prefix);
+        Fault(data, depth, TOO_LARGE, QStringLiteral("%1 bytes when uncompressed").arg(claimed));
+        return;
+    }
+    m_uncompressed = REPORTGENERATOR::IRGObject::UncompressBinary(prefixed);
+    m_body = ByteRange(m_uncompressed);
+    if (m_body.IsEmpty()) {
+        Visit(prefix);
+        Fault(data, depth, DAMAGED_DATA, QStringLiteral("compressed data that cannot be uncompressed"));
+        return;
+    }
+    if (claimed != m_body.Size()) {
+        prefix.fault = LENGTH_MISMATCH;
+        prefix.faultText = QStringLiteral("%1 claimed, %2 there").arg(claimed).arg(m_body.Size());
+    }
+    Visit(prefix);
+    Visit(Kind::Other, data, depth, QStringLiteral("zlib data"));
+}
+
+void Walk::Elements(ByteRange range, const ObjectInfo* object, int depth)
+{
+    while (!range.IsEmpty())
+        Element(range, object, depth);
+}
+
+void Walk::Element(ByteRange& range, const ObjectInfo* object, int depth)
+{
+    if (!range.Has(wire::WORD_SIZE)) {
+        Fault(range.Take(range.Size()), depth, LENGTH_MISMATCH,
+              QStringLiteral("too few bytes for an element"));
+        return;
+    }
+    const ByteRange tag = range.Take(wire::WORD_SIZE);
+    const Field* const type = object ? object->FindTag(static_cast<qint32>(tag.Word())) : nullptr;
+    const QString& name = type ? type->WireLabel() : UnknownElement();
+    if (type)
+        m_path.Enter(*type);
+    Visit(Kind::Tag, tag, depth, name);
+    if (const auto payload = Counted(range, Kind::Length, depth, name)) {
+        if (type)
+            Payload(*payload, *type, depth + 1);
+        else if (!payload->IsEmpty())
+            Visit(Kind::Other, *payload, depth + 1, QStringLiteral("payload"));
+    }
+    if (type)
+        m_path.Leave();
+}
+
+void Walk::Payload(ByteRange payload, const Field& type, int depth)
+{
+    switch (type.Kind()) {
+    case FieldKind::Object:
+        Elements(payload.Take(payload.Size()), &type.Object(), depth);
+        break;
+    case FieldKind::List:
+        Items(payload, type, depth);
+        break;
+    default:
+        Value(payload, type, depth);
+        break;
+    }
+    if (!payload.IsEmpty())
+        Fault(payload, depth, LENGTH_MISMATCH,
+              QStringLiteral("bytes that are no part of %1").arg(type.WireLabel()));
+}
+
+/// A number travels as its text.
+void Walk::Value(ByteRange& payload, const Field& type, int depth)
+{
+    if (type.Kind() == FieldKind::Switch)
+        Bool(payload, type, depth);
+    else
+        Text(payload, type.Kind() == FieldKind::Version ? Kind::SizeOfUtf16 : Kind::SizeOfUtf8,
+             type.WireLabel(), depth);
+}
+
+void Walk::Bool(ByteRange& payload, const Field& type, int depth)
+{
+    if (payload.IsEmpty())
+        Fault(payload, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for %1").arg(type.WireLabel()));
+    else
+        Visit(Kind::Bool, payload.Take(1), depth, type.WireLabel());
+}
+
+void Walk::Items(ByteRange& payload, const Field& list, int depth)
+{
+    if (!payload.Has(wire::WORD_SIZE)) {
+        Fault(payload.Take(payload.Size()), depth, LENGTH_MISMATCH,
+              QStringLiteral("too few bytes for a count"));
+        return;
+    }
+    const ByteRange word = payload.Take(wire::WORD_SIZE);
+    Visit(Kind::Count, word, depth, m_visit ? list.WireLabel() + QStringLiteral(" that follow") : QString());
+    const qint64 count = static_cast<qint32>(word.Word());
+    int number = 0;
+    while (number < count && !payload.IsEmpty()) {
+        m_path.SetIndex(number);
+        ++number;
+        const auto body = Counted(payload, Kind::Length, depth + 1, list.Object().Label(), number);
+        if (body)
+            Elements(*body, &list.Object(), depth + 2);
+    }
+    m_path.SetIndex(FieldPath::WHOLE);
+    if (number != count)
+        Fault(payload.Take(0), depth + 1, LENGTH_MISMATCH,
+              QStringLiteral("%1 %2 claimed, %3 there").arg(count).arg(list.WireLabel()).arg(number));
+}
+
+void Walk::Visit(Kind kind, const ByteRange& bytes, int depth, const QString& name)
+{
+    if (m_visit)
+        Visit(WireField{kind, bytes, depth, name});
+}
+
+void Walk::Visit(WireField field)
+{
+    m_hasFault = m_hasFault || field.IsFaulty();
+    field.path = &m_path;
+    if (m_visit)
+        m_visit(field);
+}
+
+void Walk::Fault(const ByteRange& bytes, int depth, const char* fault, const QString& text)
+{
+    WireField field;
+    field.bytes = bytes;
+    field.depth = depth;
+    field.fault = fault;
+    field.faultText = text;
+    Visit(std::move(field));
+}
+
+void Walk::Behind(const ByteRange& bytes, int depth)
+{
+    if (!bytes.IsEmpty())
+        Fault(bytes, depth, TRAILING_DATA, QStringLiteral("%1 bytes behind the end").arg(bytes.Size()));
+}
+
+QString Describe(const WireField& field)
+{
+    if (!field.IsFaulty())
+        return DescribeSound(field);
+    if (field.kind == Kind::Other)
+        return field.faultText;
+    return QStringLiteral("%1: %2").arg(DescribeSound(field), field.faultText);
+}
+
+QString DescribeFault(const WireField& field)
+{
+    if (field.kind == Kind::Other)
+        return field.faultText;
+    if (field.kind == Kind::Length)
+        return QStringLiteral("length of %1: %2").arg(field.name, field.faultText);
+    if (IsSize(field.kind))
+        return QStringLiteral("size of %1: %2").arg(field.name, field.faultText);
+    return QStringLiteral("%1: %2").arg(field.name, field.faultText);
+}
+
+} // namespace ReportCore

@@ -1,0 +1,19 @@
+#ifndef REPORTTOOL_COMMANDS_LIST_H
+#define REPORTTOOL_COMMANDS_LIST_H
+
+#include <reporttool/command.h>
+
+namespace ReportTool {
+
+// A line for each command, here and in the table.
+
+extern const Command SHOW_COMMAND;
+extern const Command CONVERT_COMMAND;
+extern const Command CHECK_COMMAND;
+
+/// In the order in which the help names them.
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND};
+
+} // namespace ReportTool
+
+#endif

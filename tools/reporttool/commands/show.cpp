@@ -1,0 +1,108 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/dump.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
+#include <reporttool/showjson.h>
+#include <reporttool/showtext.h>
+
+#include <reportcore/reportfile.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+using ReportCore::ReportFile;
+
+namespace {
+
+constexpr char DESCRIPTION[] =
+    "Tells what reports hold. What is incomplete or invalid is shown as far as it can be read.\n"
+    "\n"
+    "Exit codes: 0 all reports are good, 1 a report is invalid, 2 a file cannot be read or the\n"
+    "command line is wrong.";
+
+struct Options
+{
+    QStringList files;
+    bool withAllPoints = false;
+    bool withDump = false;
+};
+
+int ExitCodeOf(const ReportFile& file)
+{
+    return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
+}
+
+int ShowFile(const QString& name, const Options& options, Console& console)
+{
+    QByteArray bytes;
+    QString error;
+    if (!console.Read(name, bytes, error))
+        return EXIT_UNUSABLE;
+    const ReportFile file = ReportCore::ReadReport(bytes);
+    ShowText(name, file, options.withAllPoints, console.Output());
+    if (options.withDump && file.form.IsBinary()) {
+        console.Output().Line(QString());
+        Dump(bytes, file.form.isBinaryFile, console.Output());
+    }
+    return ExitCodeOf(file);
+}
+
+int ShowAsText(const Options& options, Console& console)
+{
+    int exitCode = EXIT_GOOD;
+    for (const QString& name : options.files) {
+        if (name != options.files.first())
+            console.Output().Line(QString());
+        exitCode = std::max(exitCode, ShowFile(name, options, console));
+    }
+    return exitCode;
+}
+
+int ShowAsJson(const QStringList& names, Console& console)
+{
+    int exitCode = EXIT_GOOD;
+    QJsonArray json;
+    for (const QString& name : names) {
+        QByteArray bytes;
+        QString error;
+        if (!console.Read(name, bytes, error)) {
+            json.append(ToJson(name, error));
+            exitCode = EXIT_UNUSABLE;
+            continue;
+        }
+        const ReportFile file = ReportCore::ReadReport(bytes);
+        json.append(ToJson(name, file));
+        exitCode = std::max(exitCode, ExitCodeOf(file));
+    }
+    console.Output().Bytes(QJsonDocument(json).toJson());
+    return exitCode;
+}
+
+int Show(const QStringList& arguments, Console& console)
+{
+    Parser parser(DESCRIPTION, "show");
+    parser.AddFiles();
+    parser.AddSwitch("json", "Write one JSON array with an object for each file, all coordinates included.");
+    parser.AddSwitch("all", "Show all coordinates, not just the first ones.");
+    parser.AddSwitch("dump", "Add the bytes of binary forms, field by field with their meaning.");
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    if (parser.Has("json") && parser.Has("dump"))
+        throw UsageError{QStringLiteral("--json and --dump do not go together")};
+    const Options options = {parser.Files(), parser.Has("all"), parser.Has("dump")};
+    return parser.Has("json") ? ShowAsJson(options.files, console) : ShowAsText(options, console);
+}
+
+} // namespace
+
+const Command SHOW_COMMAND = {"show", "FILE...", "tell what reports hold", Show};
+
+} // namespace ReportTool

@@ -1,0 +1,51 @@
+#ifndef REPORTTOOL_PARSER_H
+#define REPORTTOOL_PARSER_H
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+namespace ReportTool {
+
+/// A command line that asks for nothing that there is; the text is for people.
+struct UsageError
+{
+    QString text;
+};
+
+/// What the command lines of all commands have in common: a description and an option for help.
+class Parser : public QCommandLineParser
+{
+public:
+    Parser(const QString& description, const QString& command, const QString& commandDescription);
+
+    /// Of a command's own line.
+    Parser(const char* description, const char* command);
+
+    void AddArgument(const char* name, const char* description, const char* syntax);
+    void AddSwitch(const char* name, const char* description);
+    void AddOption(const char* name, const char* description, const char* valueName);
+
+    /// FILE..., several reports.
+    void AddFiles();
+
+    /// Throws `UsageError`.
+    void ParseOrThrow(const QStringList& arguments);
+
+    bool AsksForHelp() const { return isSet(m_help); }
+    bool Has(const char* option) const { return isSet(QLatin1String(option)); }
+    QString Value(const char* option) const { return value(QLatin1String(option)); }
+
+    /// The arguments behind the command.
+    QStringList Arguments() const { return positionalArguments().mid(1); }
+
+    /// These as files to read. Throws `UsageError` when there is none, or standard input twice.
+    QStringList Files() const;
+
+private:
+    QCommandLineOption m_help;
+};
+
+} // namespace ReportTool
+
+#endif
