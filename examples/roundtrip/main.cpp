@@ -9,14 +9,15 @@
 #include <reportgenerator/reportbase/reportbase.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDataStream>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
-#include <vector>
 
 using REPORTGENERATOR::ReportBase;
 
@@ -149,10 +150,10 @@ bool TravelOrTell(const QString& path, int nameWidth)
 
 int main(int argc, char** argv)
 {
-    std::vector<QString> paths;
-    for (int i = 1; i < argc; ++i)
-        paths.push_back(QFile::decodeName(argv[i]));
-    if (paths.empty()) {
+    // Qt knows the arguments in whatever characters the system has them.
+    const QCoreApplication application(argc, argv);
+    const QStringList paths = QCoreApplication::arguments().mid(1);
+    if (paths.isEmpty()) {
         std::fprintf(stderr, "Usage: roundtrip REPORT.xml...\n");
         return USAGE;
     }

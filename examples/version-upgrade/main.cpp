@@ -12,7 +12,8 @@
 #include <reportgenerator/reportbase/rgexception.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
-#include <QtCore/QFile>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
 #include <QtCore/QTextStream>
 
 #include <cstdio>
@@ -54,7 +55,10 @@ bool Load(QTextStream& out, Mission& mission, const QString& path, ListLogger& l
 
 int main(int argc, char** argv)
 {
-    if (argc < 2) {
+    // Qt knows the arguments in whatever characters the system has them.
+    const QCoreApplication application(argc, argv);
+    const QStringList paths = QCoreApplication::arguments().mid(1);
+    if (paths.isEmpty()) {
         std::fprintf(stderr, "Usage: version-upgrade MISSION.xml...\n");
         return USAGE;
     }
@@ -74,8 +78,7 @@ int main(int argc, char** argv)
     PrintLog(out, *logger);
 
     bool allLoaded = true;
-    for (int i = 1; i < argc; ++i) {
-        const QString path = QFile::decodeName(argv[i]);
+    for (const QString& path : paths) {
         allLoaded = Load(out, older, path, *logger) && allLoaded;
         allLoaded = Load(out, newer, path, *logger) && allLoaded;
     }

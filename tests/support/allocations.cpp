@@ -31,7 +31,7 @@ bool g_counting = false;
 qint64 g_held = 0;
 qint64 g_peak = 0;
 
-void Count(qint64 bytes)
+[[maybe_unused]] void Count(qint64 bytes)
 {
     if (!g_counting)
         return;

@@ -1,10 +1,13 @@
 #include <reportcore/files.h>
 
+#include <reportcore/platform.h>
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
 #include <algorithm>
+#include <memory>
 
 namespace ReportCore {
 
@@ -35,6 +38,13 @@ void OpenForReading(QFile& file, const QString& name)
         RequireOpen(file.open(STANDARD_INPUT, QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
         return;
     }
+    const QString device = DevicePath(name);
+    if (!device.isEmpty()) {
+        const QString error = OpenDevice(file, device);
+        if (!error.isEmpty())
+            throw UnusableFile{name, error};
+        return;
+    }
     const QFileInfo info(name);
     if (!info.exists())
         throw UnusableFile{name, QStringLiteral("no such file")};
@@ -47,6 +57,7 @@ void OpenForReading(QFile& file, const QString& name)
 /// written only by commit() may get lost there without an error.
 void ReplaceFile(const QString& name, const QByteArray& bytes)
 {
+    const FileBeingReplaced waits;
     QSaveFile file(name);
     RequireOpen(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered), file, name);
     WriteAll(file, bytes, name);
@@ -82,9 +93,15 @@ QByteArray ReadInput(const QString& name)
 void WriteOutput(const QString& name, const QByteArray& bytes)
 {
     if (IsStandardStream(name)) {
-        QFile file;
-        RequireOpen(file.open(STANDARD_OUTPUT, QIODevice::WriteOnly | QIODevice::Unbuffered), file, name);
-        WriteAll(file, bytes, name);
+        const std::unique_ptr<QIODevice> output = OpenForOutput(STANDARD_OUTPUT);
+        if (!output)
+            throw UnusableFile{name, QStringLiteral("is not open")};
+        WriteAll(*output, bytes, name);
+        return;
+    }
+    const QString devicePath = DevicePath(name);
+    if (!devicePath.isEmpty()) {
+        WriteAll(*OpenDeviceForOutput(devicePath, name), bytes, name);
         return;
     }
     const QFileInfo info(name);

@@ -11,12 +11,6 @@ namespace ReportCore {
 /// No report comes near this size: an area of a million points takes half of it as XML.
 constexpr qint64 INPUT_CEILING = qint64(256) * 1024 * 1024;
 
-// The numbers under which a program finds its standard streams open.
-
-constexpr int STANDARD_INPUT = 0;
-constexpr int STANDARD_OUTPUT = 1;
-constexpr int STANDARD_ERROR = 2;
-
 /// A file that cannot be read or written; the text is for people.
 struct UnusableFile
 {

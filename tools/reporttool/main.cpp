@@ -2,30 +2,18 @@
 #include <reporttool/textoutput.h>
 
 #include <reportcore/files.h>
+#include <reportcore/platform.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QFile>
 
-#ifdef Q_OS_WIN
-#    include <fcntl.h>
-#    include <io.h>
-#endif
+#include <memory>
 
 namespace {
 
 /// Qt's own remarks, on damaged compressed data for example, are not meant for our users.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
 
-/// Reports are bytes: line ends stay as they are.
-void KeepStreamsBinary()
-{
-#ifdef Q_OS_WIN
-    _setmode(ReportCore::STANDARD_INPUT, _O_BINARY);
-    _setmode(ReportCore::STANDARD_OUTPUT, _O_BINARY);
-#endif
-}
-
-int RunOnStreams(QFile& output, QFile& errors)
+int RunOnStreams(QIODevice& output, QIODevice& errors)
 {
     ReportTool::TextOutput outputText(output, QStringLiteral("standard output"));
     ReportTool::TextOutput errorText(errors, QStringLiteral("standard error"));
@@ -39,16 +27,16 @@ int RunOnStreams(QFile& output, QFile& errors)
 int main(int argc, char** argv)
 {
     qInstallMessageHandler(DropMessage);
+    // Qt asks Windows for the arguments, whose characters don't all fit into argv there.
     const QCoreApplication application(argc, argv);
-    KeepStreamsBinary();
+    ReportCore::PreparePlatform();
 
-    QFile output;
-    QFile errors;
-    const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
-    if (!output.open(ReportCore::STANDARD_OUTPUT, mode) || !errors.open(ReportCore::STANDARD_ERROR, mode))
+    const std::unique_ptr<QIODevice> output = ReportCore::OpenForOutput(ReportCore::STANDARD_OUTPUT);
+    const std::unique_ptr<QIODevice> errors = ReportCore::OpenForOutput(ReportCore::STANDARD_ERROR);
+    if (!output || !errors)
         return ReportTool::EXIT_UNUSABLE;
     try {
-        return RunOnStreams(output, errors);
+        return RunOnStreams(*output, *errors);
     } catch (const ReportCore::UnusableFile&) {
         // There is nobody left to tell.
         return ReportTool::EXIT_UNUSABLE;
