@@ -88,6 +88,9 @@ function(reportgenerator_add_library target)
         # The libraries are installed side by side and find one another there.
         INSTALL_RPATH "$ORIGIN"
         PUBLIC_HEADER "${publicHeaderPaths}")
+    if(WIN32)
+        set_target_properties(${target} PROPERTIES PREFIX "")
+    endif()
 
     target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/framework>")
     target_compile_features(${target} PUBLIC cxx_std_17)
@@ -98,7 +101,7 @@ function(reportgenerator_add_library target)
     if(UNIX AND NOT APPLE AND NOT REPORTGENERATOR_SANITIZE)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
-    if(UNIX AND NOT APPLE)
+    if((UNIX AND NOT APPLE) OR MINGW)
         reportgenerator_limit_exports(${target} ${interfaceVersion})
     endif()
 
@@ -116,7 +119,8 @@ endfunction()
 #
 # Has the linker export the names in exports.txt and hide all others: the export macro of a class takes in what is
 # private of it too. The names bear a version that tells Qt and interface, so that a process into which two builds of
-# the library get, say by a plug-in, calls each by its own functions.
+# the library get, say by a plug-in, calls each by its own functions. On Windows names bear no version: there a function
+# is called by the name of its library too.
 function(reportgenerator_limit_exports target interfaceVersion)
     set(list "${CMAKE_CURRENT_SOURCE_DIR}/exports.txt")
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${list}")
@@ -144,5 +148,10 @@ local:
 };
 ]])
     target_link_options(${target} PRIVATE "-Wl,--version-script=${script}")
+    if(MINGW)
+        # All that the list doesn't hide: the linker would export what is marked whatever the list says, and so nothing
+        # is marked while the library itself is compiled.
+        target_link_options(${target} PRIVATE -Wl,--export-all-symbols)
+    endif()
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${script}")
 endfunction()

@@ -4,7 +4,7 @@
 cmake_minimum_required(VERSION 3.22)
 
 execute_process(
-    COMMAND "${PROGRAM}" ${ARGUMENTS}
+    COMMAND ${EMULATOR} "${PROGRAM}" ${ARGUMENTS}
     RESULT_VARIABLE result
     OUTPUT_VARIABLE output
     ERROR_VARIABLE errors)

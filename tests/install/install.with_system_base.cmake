@@ -6,7 +6,8 @@ set(build "${SCRATCH}/fullsystem")
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/fullsystem" -B "${build}" ${CONFIGURE_ARGUMENTS} ${QUICK_BUILD_ARGUMENTS}
     "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}" "-DREPORTGENERATOR_SOURCE_DIR=${SOURCE_DIR}")
 run("${CMAKE_COMMAND}" --build "${build}" --target fullsystem)
-run("${build}/fullsystem")
+find_dlls("${build}" "${build}/reportgenerator/framework/reportgenerator/reportbase")
+run_program("${build}/fullsystem")
 set(expected "system base: SettingsNotifier::SetSettings: Unknown Tag 'Step' in 'Ellipse'. | \
 framework/reportgenerator/reportbase/settingsnotifier | 110\n")
 if(NOT RUN_OUTPUT STREQUAL expected)

@@ -4,10 +4,14 @@ set(needed
     "${LIB_DIR}/cmake/${PACKAGE}/${PACKAGE}Config.cmake"
     "${LIB_DIR}/cmake/${PACKAGE}/${PACKAGE}ConfigVersion.cmake"
     "${LIB_DIR}/pkgconfig/${PC_NAME}.pc")
-if(UNIX AND NOT APPLE)
+if(UNIX AND NOT APPLE AND NOT WINDOWS)
     foreach(library IN ITEMS reportbase wendbase)
         list(APPEND needed "${LIB_DIR}/lib${library}${SUFFIX}.so" "${LIB_DIR}/lib${library}${SUFFIX}.so.${VERSION}"
             "${LIB_DIR}/lib${library}${SUFFIX}.so.${INTERFACE_VERSION}")
+    endforeach()
+elseif(WINDOWS)
+    foreach(library IN ITEMS reportbase wendbase)
+        list(APPEND needed "${BIN_DIR}/${library}${SUFFIX}.dll" "${LIB_DIR}/lib${library}${SUFFIX}.dll.a")
     endforeach()
 endif()
 foreach(file IN LISTS needed)

@@ -30,8 +30,8 @@ endif()
 # --- The other files
 
 include("${SOURCE_DIR}/tests/install/libraryfiles.cmake")
-if(BUILD_TOOLS AND NOT EXISTS "${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}")
-    message(FATAL_ERROR "not installed: ${BIN_DIR}/reporttool${SUFFIX}")
+if(BUILD_TOOLS AND NOT EXISTS "${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}${EXE}")
+    message(FATAL_ERROR "not installed: ${BIN_DIR}/reporttool${SUFFIX}${EXE}")
 endif()
 
 # --- The pages: all of them, with what they lead to
@@ -80,5 +80,6 @@ endforeach()
 # --- The program finds its library in the moved tree
 
 if(BUILD_TOOLS)
-    run("${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}" --help)
+    find_dlls()
+    run_program("${PREFIX}/${BIN_DIR}/reporttool${SUFFIX}" --help)
 endif()

@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.22)
 
 execute_process(
-    COMMAND "${PROGRAM}"
+    COMMAND ${EMULATOR} "${PROGRAM}"
     RESULT_VARIABLE result
     OUTPUT_VARIABLE output
     ERROR_VARIABLE errors)

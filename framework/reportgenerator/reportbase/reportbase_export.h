@@ -12,7 +12,10 @@
 
 /// Marks what the shared library exports; everything else stays hidden. Of a class that is marked, what is
 /// public or protected is exported, by its name in exports.txt.
-#if defined(REPORTBASE_LIBRARY)
+#if defined(REPORTBASE_LIBRARY) && defined(__MINGW32__)
+// The linker exports by exports.txt.
+#    define REPORTBASE_EXPORT
+#elif defined(REPORTBASE_LIBRARY)
 #    define REPORTBASE_EXPORT Q_DECL_EXPORT
 #else
 #    define REPORTBASE_EXPORT Q_DECL_IMPORT
