@@ -1,0 +1,7 @@
+#include "digest/specimen.h"
+
+namespace Digest {
+
+Specimen::~Specimen() = default;
+
+} // namespace Digest
