@@ -76,8 +76,8 @@ double Extreme(Choices& choices)
 double OfUsualSize(Choices& choices)
 {
     constexpr int SIZES = 96;
-    const auto exponent = static_cast<quint64>(EXPONENT_BIAS - SIZES / 2 + choices.Below(SIZES));
-    return OfBits(exponent << FRACTION_BITS | (choices.Word() & (HIDDEN_BIT - 1)));
+    const int exponent = EXPONENT_BIAS - SIZES / 2 + choices.Below(SIZES);
+    return OfBits(static_cast<quint64>(exponent) << FRACTION_BITS | (choices.Word() & (HIDDEN_BIT - 1)));
 }
 
 } // namespace
@@ -126,8 +126,8 @@ double Quotient(quint64 numerator, quint64 denominator)
         quotient /= 2;
         ++exponent;
     }
-    const auto biased = static_cast<quint64>(exponent + FRACTION_BITS + EXPONENT_BIAS);
-    return OfBits(biased << FRACTION_BITS | (quotient - HIDDEN_BIT));
+    exponent += FRACTION_BITS + EXPONENT_BIAS;
+    return OfBits(static_cast<quint64>(exponent) << FRACTION_BITS | (quotient - HIDDEN_BIT));
 }
 
 double DecimalWithin(quint64 limit, Choices& choices)
