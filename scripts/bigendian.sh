@@ -5,6 +5,10 @@
 prepare_big-endian() {
     local root=build/sysroot-s390x before=''
     [[ ! -f $root/recipe ]] || before="$(<"$root/recipe")"
+    # Where nobody has installed anything yet, apt knows no packages.
+    if [[ -z "$(apt-get indextargets 'Identifier: Packages')" ]]; then
+        apt_get update
+    fi
     say "Making the system root for s390x, unless it is there"
     run cmake/bigendian/makesysroot.sh "$root"
     # What was compiled against another one is of no use.

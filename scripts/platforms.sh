@@ -77,7 +77,7 @@ apart() {
 
 # build_platform NAME HOW...: leaves platform.sh in build/platforms/NAME, or of a preset in build/PRESET.
 build_platform() {
-    local name="$1" compiler="$2" qt="$3" level="$4" link_time="${5:-}"
+    local name="$1" compiler="$2" qt="$3" level="${4:-}" link_time="${5:-}"
     local folder="build/platforms/$name"
     if [[ $compiler == preset ]]; then
         build "$qt" --target reportbase_tests report_digest
@@ -114,7 +114,11 @@ with_platform() {
 run_platform() {
     local folder="$1" name="$2"
     local surroundings=(env LC_ALL=C.UTF-8)
-    [[ -z ${lent_library:-} ]] || surroundings+=("LD_LIBRARY_PATH=$lent_library")
+    if [[ -n ${lent_library:-} ]]; then
+        surroundings+=("LD_LIBRARY_PATH=$lent_library")
+        # That of the build that lends the tests would be found otherwise.
+        "${surroundings[@]}" ldd "$tests" | grep -qF "=> ${lent_library%%:*}/libreportbase" || fail "$tests takes another library"
+    fi
     say "Testing $name"
     show "${surroundings[@]}" "${emulator[@]}" "$tests" --gtest_brief=1
     local result=0
