@@ -72,7 +72,7 @@ void Digests::EndObject()
         // As a digest each, so that none can run into the next.
         m_hashes[i]->addData(digest);
         if (m_listener)
-            m_listener(form, m_objects, digest);
+            m_listener(form, m_objects, digest, given);
     }
     ++m_objects;
 }

@@ -54,8 +54,9 @@ public:
 
     void Inject(const Fault& fault) { m_fault = fault; }
 
-    /// Called with the form, the number of the object and the digest of what it gave in that form.
-    using Listener = std::function<void(Form form, int object, const QByteArray& digest)>;
+    /// Called with the form, the number of the object, the digest of what it gave in that form, and that itself.
+    using Listener =
+        std::function<void(Form form, int object, const QByteArray& digest, const QByteArray& given)>;
     void Listen(Listener listener) { m_listener = std::move(listener); }
 
     /// What follows belongs to the next object.

@@ -4,6 +4,7 @@
 //     report_digest                       a line for each form: its name, SHA-256, bytes that went in
 //     report_digest --count N             N generated objects instead of 10,000
 //     report_digest --each FORM           a line for each object: its number, its name and the digest of that form
+//     report_digest --show FORM NUMBER    what object NUMBER gives in that form
 //     report_digest --fault FORM NUMBER   changes a bit of what object NUMBER gives in that form, as a platform would
 //                                         that gets it wrong
 
@@ -59,6 +60,7 @@ struct Options
     int count = 10000;
     bool listsEach = false;
     Form each = Form::XmlString;
+    int shown = -1;
     Digest::Fault fault;
 };
 
@@ -89,11 +91,15 @@ Options OptionsOf(int argc, char** argv)
         } else if (word == "--each" && i + 1 < argc) {
             options.listsEach = true;
             options.each = FormNamed(argv[++i]);
+        } else if (word == "--show" && i + 2 < argc) {
+            options.each = FormNamed(argv[++i]);
+            options.shown = NumberOf(argv[++i]);
         } else if (word == "--fault" && i + 2 < argc) {
             options.fault.form = FormNamed(argv[++i]);
             options.fault.object = NumberOf(argv[++i]);
         } else {
-            throw std::invalid_argument("report_digest [--count N] [--each FORM] [--fault FORM NUMBER]");
+            throw std::invalid_argument("report_digest [--count N] [--each FORM] [--show FORM NUMBER] "
+                                        "[--fault FORM NUMBER]");
         }
     }
     return options;
@@ -102,12 +108,14 @@ Options OptionsOf(int argc, char** argv)
 void Run(Digests& digests, const Options& options)
 {
     QByteArray name;
-    if (options.listsEach) {
-        digests.Listen([&](Form form, int object, const QByteArray& digest) {
-            if (form == options.each)
-                std::printf("%d %s %s\n", object, digest.constData(), name.constData());
-        });
-    }
+    digests.Listen([&](Form form, int object, const QByteArray& digest, const QByteArray& given) {
+        if (form != options.each)
+            return;
+        if (options.listsEach)
+            std::printf("%d %s %s\n", object, digest.constData(), name.constData());
+        if (object == options.shown)
+            std::fwrite(given.constData(), 1, static_cast<std::size_t>(given.size()), stdout);
+    });
     digests.Inject(options.fault);
 
     const auto logger = std::make_shared<DigestingLogger>(digests);
@@ -155,9 +163,9 @@ int main(int argc, char** argv)
         const Options options = OptionsOf(argc, argv);
         Digests digests;
         Run(digests, options);
-        if (options.fault.object >= digests.Objects())
+        if (options.fault.object >= digests.Objects() || options.shown >= digests.Objects())
             throw std::invalid_argument("no object of that number");
-        if (!options.listsEach)
+        if (!options.listsEach && options.shown < 0)
             Print(digests);
     } catch (const RGException& exception) {
         std::fprintf(stderr, "report_digest: %s: %s\n", exception.GetErrorName().toUtf8().constData(),

@@ -55,7 +55,8 @@ QByteArray ByWriter(const IRGObject& object, bool isFormatted)
     writer.writeStartElement(QStringLiteral("Caller"));
     object.GetXml(writer);
     writer.writeEndDocument();
-    return bytes + QByteArray(writer.hasError() ? " error" : " good");
+    // Of a text that can't be encoded Qt 5 writes what can be, Qt 6 nothing. That there is an error they both tell.
+    return writer.hasError() ? QByteArray("error") : bytes;
 }
 
 QByteArray Tagged(const IRGObject& object, QDataStream::ByteOrder byteOrder, int tag, bool withTag)
@@ -142,6 +143,10 @@ int AnyPlace(int size, Choices& choices)
 QString Damaged(QString text, Choices& choices)
 {
     const int place = AnyPlace(static_cast<int>(text.size()), choices);
+    // Qt 5 and Qt 6 take different texts for a time: this one is cut off instead.
+    const int stamp = static_cast<int>(text.indexOf(QLatin1String("<TimeStamp>")));
+    if (stamp >= 0 && place >= stamp && place < text.indexOf(QLatin1String("</TimeStamp>")))
+        return text.left(stamp);
     const QChar odd = QLatin1Char(choices.Of({'<', '>', '&', '"', '/', ' ', '0', 'x', '-', '.', ';', '='}));
     switch (choices.Below(4)) {
     case 1:
