@@ -6,6 +6,11 @@ windows_parts=build/windows-parts
 # Builds what the preset needs besides the distribution's packages, once: Qt Core, GoogleTest and a Windows to run
 # programs in. It stands below build/windows-parts.
 prepare_windows() {
+    # The source package comes from the archives that apt knows, and it knows them by what it has fetched.
+    if [[ -z "$(apt-get indextargets 'Identifier: Packages' 'Origin: Debian')" ]]; then
+        missing=("the sources of Qt")
+        apt_get update
+    fi
     windows_part qt "Qt Core for Windows, which takes some minutes" cmake/windows/buildqt.sh
     windows_part googletest "GoogleTest for Windows" cmake/windows/buildgoogletest.sh cmake/windows/toolchain.cmake
     windows_part wine "a Windows to run programs in" cmake/windows/makewine.sh
