@@ -40,9 +40,10 @@ windows_part() {
         tail -n 40 "$windows_parts/$name.log" >&2
         fail "$script failed; all of its output is in $windows_parts/$name.log"
     fi
-    rm -rf "$place" "$place.new"
+    rm -rf "$place.new"
     cp -a "$work/$name" "$place.new"
     printf '%s\n' "$state" >"$place.new/recipe"
+    rm -rf "$place"
     mv "$place.new" "$place"
     rm -rf "$work"
     trap - EXIT
