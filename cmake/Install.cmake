@@ -11,7 +11,7 @@ if(TARGET reporttool)
     set_target_properties(reporttool PROPERTIES
         OUTPUT_NAME reporttool${REPORTGENERATOR_FILE_SUFFIX}
         INSTALL_RPATH "$ORIGIN/${binToLib}")
-    install(TARGETS reporttool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
+    install(TARGETS reporttool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 endif()
 
 # --- CMake package

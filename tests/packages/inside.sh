@@ -1,0 +1,175 @@
+#!/usr/bin/env bash
+# Tries the packages of /packages in the bare system that this runs in: `runtime` those that programs need to run, each
+# by itself, `development` those that programs are built with, all at once.
+set -euo pipefail
+
+part="$1"
+version="$2"
+interface="${version%.*}"
+qt5_library="libreportbase$interface"
+qt6_library="libreportbase-qt6-$interface"
+
+fail() {
+    printf 'packages: %s\n' "$*" >&2
+    exit 1
+}
+
+say() {
+    printf -- '-- %s\n' "$*"
+}
+
+apt_get() {
+    apt-get --quiet=2 -o Dpkg::Use-Pty=0 "$@" >/tmp/apt.log 2>&1 || {
+        cat /tmp/apt.log >&2
+        fail "apt-get $*"
+    }
+}
+
+# Every file and folder with its kind and rights, and every package that dpkg knows; not what apt and dpkg keep for
+# themselves.
+snapshot() {
+    find / \( -path /proc -o -path /sys -o -path /dev -o -path /tmp -o -path /packages -o -path /project \
+        -o -path /var/lib/apt -o -path /var/lib/dpkg -o -path /var/cache -o -path /var/log \) -prune \
+        -o -printf '%p %y %m\n' | sort
+    dpkg-query --show --showformat='${Package} ${db:Status-Abbrev}\n'
+}
+
+# Fails unless the system is again as the snapshot in a file says.
+expect_as_before() {
+    snapshot | diff "$1" - >&2 || fail "$2 leaves something behind"
+    if find / -xdev \( -path /proc -o -path /tmp -o -path /packages -o -path /project -o -path /var/lib/apt \
+        -o -path /var/cache/apt -o -path /var/log \) -prune -o \
+        \( -name '*reportbase*' -o -name '*wendbase*' -o -name '*reporttool*' -o -iname '*reportgenerator*' \) -print |
+        grep . >&2; then
+        fail "$2 leaves files with its name behind"
+    fi
+}
+
+expect_file() {
+    [[ -f $1 ]] || fail "there is no $1"
+}
+
+# Headers, names to link with and descriptions: what only those need who build programs.
+expect_no_development_files() {
+    if find /usr -path '/usr/include/*.h' -o -name '*.so' \( -name 'libQt*' -o -name 'libreportbase*' -o -name 'libwendbase*' \) \
+        -o -path '*/pkgconfig/reportgenerator*' -o -path '*/cmake/ReportGenerator*' | grep . >&2; then
+        fail "$1 brings development files"
+    fi
+}
+
+# The libraries load with all that they need, and the system's cache knows them.
+try_library() {
+    local suffix="$1" library place
+    for library in reportbase wendbase; do
+        place="$(ldconfig -p | sed -n "s/.*lib$library$suffix\.so\.$interface .* => //p")"
+        [[ -n $place ]] || fail "the system's cache doesn't know lib$library$suffix"
+        ldd "$place" >/tmp/ldd.log
+        ! grep 'not found' /tmp/ldd.log >&2 || fail "lib$library$suffix lacks libraries"
+    done
+}
+
+# The program says its version, accepts the reports, and takes one through every form.
+try_tool() {
+    local tool="$1" form
+    [[ "$("$tool" --version)" == *" $version" ]] || fail "$tool says another version: $("$tool" --version)"
+    "$tool" check /project/reports/*.xml
+    local report
+    report="$(find /project/reports -name '*.xml' | sort | head -n 1)"
+    "$tool" convert "$report" /tmp/report.xml --to xml
+    for form in plain compressed file; do
+        "$tool" convert "$report" /tmp/report.bin --to "$form"
+        "$tool" convert /tmp/report.bin /tmp/again.xml --to xml
+        cmp /tmp/report.xml /tmp/again.xml
+    done
+    printf '<ReportBase><Frequency>nowhere' >/tmp/broken.xml
+    ! "$tool" check /tmp/broken.xml >/dev/null 2>&1 || fail "$tool accepts a broken report"
+}
+
+test_runtime() {
+    local package
+    for package in "$qt5_library" reporttool "$qt6_library" reporttool-qt6 libreportbase-headers libreportbase-doc; do
+        say "$package"
+        snapshot >/tmp/before
+        apt_get install --yes --no-install-recommends "$package"
+        case "$package" in
+            "$qt5_library") try_library "" ;;
+            "$qt6_library") try_library -qt6 ;;
+            reporttool*) try_tool "$package" ;;
+            libreportbase-headers) expect_file /usr/include/reportgenerator/reportbase/reportbase.h ;;
+            libreportbase-doc)
+                expect_file /usr/share/doc/libreportbase-doc/README.md
+                expect_file "/usr/share/doc/libreportbase-doc/reportgenerator-$version.spdx.json"
+                ;;
+        esac
+        [[ $package == libreportbase-headers ]] || expect_no_development_files "$package"
+        ! grep -q "$qt6_library" <(dpkg-query --show) || [[ $package == *qt6* ]] || fail "$package brings Qt 6"
+        apt_get purge --yes "$package"
+        apt_get autoremove --purge --yes
+        expect_as_before /tmp/before "$package"
+    done
+
+    say "both programs beside each other"
+    snapshot >/tmp/before
+    apt_get install --yes --no-install-recommends reporttool reporttool-qt6
+    try_tool reporttool
+    try_tool reporttool-qt6
+    ! ldd /usr/bin/reporttool | grep Qt6 >&2 || fail "reporttool loads Qt 6"
+    ! ldd /usr/bin/reporttool-qt6 | grep Qt5 >&2 || fail "reporttool-qt6 loads Qt 5"
+    expect_no_development_files "reporttool"
+    apt_get purge --yes reporttool reporttool-qt6
+    apt_get autoremove --purge --yes
+    expect_as_before /tmp/before "reporttool"
+}
+
+# A program built with one version of Qt runs, with that and no other.
+try_consumer() {
+    local program="$1" qt="$2"
+    "$program" "$qt" || fail "$program"
+    ldd "$program" >/tmp/ldd.log
+    grep -q "libQt${qt}Core" /tmp/ldd.log || fail "$program doesn't load Qt $qt"
+    ! grep "libQt$((11 - qt))Core" /tmp/ldd.log >&2 || fail "$program loads another Qt than $qt"
+    ! grep 'not found' /tmp/ldd.log >&2 || fail "$program lacks libraries"
+}
+
+test_development() {
+    local qt package suffix
+    say "all packages at once"
+    snapshot >/tmp/before
+    apt_get install --yes --no-install-recommends libreportbase-dev libreportbase-qt6-dev libreportbase-doc reporttool \
+        reporttool-qt6
+    for qt in 5 6; do
+        package=ReportGenerator suffix=""
+        if ((qt == 6)); then
+            package=ReportGeneratorQt6 suffix=-qt6
+        fi
+        say "a program for Qt $qt by CMake"
+        cmake -S /project/consumer -B "/tmp/cmake$qt" "-DREPORTGENERATOR_PACKAGE=$package" >/tmp/cmake.log ||
+            { cat /tmp/cmake.log >&2; fail "cmake"; }
+        cmake --build "/tmp/cmake$qt" >/tmp/cmake.log || { cat /tmp/cmake.log >&2; fail "cmake"; }
+        try_consumer "/tmp/cmake$qt/consumer" "$qt"
+
+        say "a program for Qt $qt by pkg-config"
+        [[ "$(pkg-config --modversion "reportgenerator$suffix")" == "$version" ]] || fail "pkg-config: another version"
+        # shellcheck disable=SC2046 # these are words
+        g++ -std=c++17 /project/consumer/main.cpp -o "/tmp/consumer$qt" \
+            $(pkg-config --cflags --libs "reportgenerator$suffix")
+        try_consumer "/tmp/consumer$qt" "$qt"
+    done
+
+    # What is built runs without what it was built with.
+    say "the programs with the libraries alone"
+    apt-mark manual "$qt5_library" "$qt6_library" >/dev/null
+    apt_get purge --yes libreportbase-dev libreportbase-qt6-dev libreportbase-headers libreportbase-doc reporttool \
+        reporttool-qt6
+    apt_get autoremove --purge --yes
+    for qt in 5 6; do
+        try_consumer "/tmp/cmake$qt/consumer" "$qt"
+        try_consumer "/tmp/consumer$qt" "$qt"
+    done
+    apt_get purge --yes "$qt5_library" "$qt6_library"
+    apt_get autoremove --purge --yes
+    expect_as_before /tmp/before "everything"
+}
+
+apt_get update
+"test_$part"
