@@ -28,6 +28,24 @@ execute_process(
 configure_file("${PROJECT_SOURCE_DIR}/cmake/windows/licences.txt.in" "${PROJECT_BINARY_DIR}/licences.txt" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/licences.txt" DESTINATION "${CMAKE_INSTALL_DATADIR}/licenses" COMPONENT runtime)
 
+# --- The bill of materials
+
+set(REPORTGENERATOR_BILL_PLACE "${CMAKE_INSTALL_DOCDIR}/${REPORTGENERATOR_PACKAGE_FILE}.spdx.json")
+
+file(STRINGS "${REPORTGENERATOR_WINDOWS_PARTS}/qt/bundled" bundled)
+foreach(part IN LISTS bundled)
+    if(NOT part MATCHES "^([a-z0-9-]+) ([0-9.]+)$")
+        message(FATAL_ERROR "the version of a part that is built into Qt is not known: ${part}")
+    endif()
+    string(TOUPPER "${CMAKE_MATCH_1}" name)
+    string(REPLACE "-" "_" name "${name}")
+    set(${name}_VERSION "${CMAKE_MATCH_2}")
+endforeach()
+string(REGEX REPLACE "^.* " "" GCC_VERSION "${GCC_SOURCE}")
+string(REGEX REPLACE "^.* " "" MINGW_VERSION "${MINGW_SOURCE}")
+string(REPLACE "+" "%2B" QT_PURL_VERSION "${QT_SOURCE_VERSION}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/windows/bill.cmake.in" "${PROJECT_BINARY_DIR}/bill.cmake" @ONLY)
+
 # --- The package
 
 configure_file("${PROJECT_SOURCE_DIR}/cmake/windows/package.cmake.in" "${PROJECT_BINARY_DIR}/package.cmake" @ONLY)

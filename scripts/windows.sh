@@ -72,7 +72,7 @@ package_windows() {
     (($# == 0)) || fail "package windows takes no arguments"
     build windows
     say "Packing"
-    run cpack --config build/windows/package.cmake -B build/packages
+    SOURCE_DATE_EPOCH="$(packaging_time)" run cpack --config build/windows/package.cmake -B build/packages
     local package
     package="$(sed -n 's/^set(CPACK_PACKAGE_FILE_NAME "\(.*\)")$/\1/p' build/windows/package.cmake).zip"
     say "Trying $package"

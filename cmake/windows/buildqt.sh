@@ -67,3 +67,9 @@ done
 # For packages that hold the DLL.
 mkdir -p "$prefix/licenses"
 cp ../source/LICENSE.LGPL3 ../source/LICENSE.GPL3 ../source/debian/copyright "$prefix/licenses/"
+
+# The parts of others that are built into it, for the bill of materials: name and version.
+for part in zlib pcre2 double-conversion; do
+    printf '%s %s\n' "$part" \
+        "$(sed -n 's/^ *"Version": "\([^"]*\)",$/\1/p' "../source/src/3rdparty/$part/qt_attribution.json" | head -n 1)"
+done >"$prefix/bundled"

@@ -46,6 +46,9 @@ if(NOT licences MATCHES "qtbase-opensource-src 5\\.15\\." OR NOT licences MATCHE
     message(FATAL_ERROR "licences.txt doesn't tell what the DLLs were built from:\n${licences}")
 endif()
 
+run(python3 "${SOURCE_DIR}/scripts/sbom.py" check "${PREFIX}/share/doc/ReportGenerator/${name}.spdx.json"
+    "reportgenerator-windows=${PREFIX}")
+
 # --- The program in it, and one of another project
 
 set(RUNTIME_DIRS "")
