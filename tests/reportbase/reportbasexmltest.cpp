@@ -2,6 +2,7 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/files.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
 #include "support/reports.h"
@@ -91,6 +92,30 @@ TEST(ReportBase, XmlElementBearsTheCurrentNameAndSoDoThoseOfTheMembers)
         Support::UnindentedXmlOf(report),
         "<Summary><Rx>5.00</Rx><Region Version=\"1.0\"><Name>Lake</Name><Coordinate>"
         "<Longitude>1.000000</Longitude><Latitude>2.000000</Latitude></Coordinate></Region></Summary>");
+}
+
+TEST(ReportBase, MembersAreReadFromTheElementsOfTheirCurrentNames)
+{
+    const QString ofClass =
+        Text("<ReportBase><Frequency>5.00</Frequency><IFBandwidth>6.00</IFBandwidth></ReportBase>");
+    const QString ofMember = Text("<ReportBase><Rx>7.00</Rx><IFBandwidth>6.00</IFBandwidth></ReportBase>");
+    for (const bool isFile : {false, true}) {
+        SCOPED_TRACE(isFile ? "file" : "string");
+        ReportBase report;
+        Rename(report.GetFrequency(), QStringLiteral("Rx"));
+        const auto read = [&](const QString& xml) {
+            if (!isFile)
+                return report.SetXmlString(xml, true);
+            const Support::TemporaryFolder folder;
+            return report.LoadXml(folder.Write("report.xml", xml.toUtf8()));
+        };
+        EXPECT_TRUE(read(ofClass));
+        EXPECT_FALSE(report.IsFrequencySet());
+        EXPECT_EQ(report.GetIFBandwidth().GetValue(), 6.0);
+        EXPECT_TRUE(read(ofMember));
+        EXPECT_TRUE(report.IsFrequencySet());
+        EXPECT_EQ(std::as_const(report).GetFrequency().GetValue(), 7.0);
+    }
 }
 
 TEST(ReportBase, XmlHoldsMembersWithoutDataAsTheyStandWhenNotValidating)

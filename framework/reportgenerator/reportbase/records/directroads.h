@@ -56,6 +56,35 @@ bool IsPlain(const Object& object, bool warnsOfItems)
                        [&](const auto& row) { return IsRowPlain(*data, row, warnsOfItems && !validates); });
 }
 
+// --- Whether elements bear the names that are read ----------------------------------------------------------
+
+/// Whether the members are called like their classes. Their own names are those of their elements, and stay when the
+/// object is reset.
+template <class Object>
+bool HaveMembersClassNames(const Object& object);
+
+template <class Data, class Row>
+bool HasRowClassName(const Data& /*data*/, const Row& /*row*/)
+{
+    return true;
+}
+
+template <class Data, class Object>
+bool HasRowClassName(const Data& data, const Member<Data, Object>& row)
+{
+    const Object& member = row.In(data);
+    return ObjectAccess::HasIdentity(member, &ClassIdentity<typename Object::RecordData>()) &&
+           HaveMembersClassNames(member);
+}
+
+template <class Object>
+bool HaveMembersClassNames(const Object& object)
+{
+    const auto* data = RecordAccess::Get(object);
+    return !data || AllOfFields(RecordAccess::RowsOf(object),
+                                [data](const auto& row) { return HasRowClassName(*data, row); });
+}
+
 // --- The road ---------------------------------------------------------------------------------------------
 
 template <class T>
@@ -97,6 +126,8 @@ private:
     template <class Unit>
     static bool ReadXml(IRGObject& object, const Unit* begin, qint64 size)
     {
+        if (!HaveMembersClassNames(From(object)))
+            return false;
         Data data;
         if (!ReadDocument(XmlScanner<Unit>(begin, begin + size), data))
             return false;
