@@ -52,8 +52,10 @@ windows_part() {
 # Runs a command with a server for the programs that it runs under Wine: without one each of them would start its own.
 with_wine() {
     local -x WINEPREFIX="$root/$windows_parts/wine"
-    # One that runs already serves as well.
-    /usr/lib/wine/wineserver64 -p30 || true
+    # It outlives tests that run nothing under Wine for minutes. One that runs already serves as well.
+    /usr/lib/wine/wineserver64 -p300 >/dev/null 2>&1 </dev/null || true
+    # The services of its Windows, which the first program starts, hold that program's output open as long as they live.
+    cmake/windows/wine.sh cmd /c exit >/dev/null 2>&1 </dev/null
     trap 'stop_wine' EXIT
     local result=0
     "$@" || result=$?
@@ -63,7 +65,7 @@ with_wine() {
 }
 
 stop_wine() {
-    # There is none any more when the last program is half a minute ago.
+    # There is none any more when the last program is minutes ago.
     WINEPREFIX="$root/$windows_parts/wine" /usr/lib/wine/wineserver64 -k || true
 }
 

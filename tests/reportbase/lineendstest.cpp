@@ -18,9 +18,6 @@
 
 namespace {
 
-using REPORTGENERATOR::Area;
-using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::ReportBase;
 using Support::ReadScratch;
 using Support::ScratchPath;
