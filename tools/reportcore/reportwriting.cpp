@@ -7,6 +7,7 @@
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 
 namespace ReportCore {
 
