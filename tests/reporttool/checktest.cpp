@@ -72,7 +72,7 @@ TEST(ToolCheck, GoodReportsOfEveryFormGiveNothing)
                  scratch.Write("e", InFile(FullCompressed()))});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "");
-    EXPECT_TEXT(run.Errors(), "");
+    EXPECT_TEXT(run.Errors(), "5 files: 5 good, 0 invalid, 0 unreadable\n");
 }
 
 TEST(ToolCheck, NameOfTheFileDoesNotMatter)
@@ -90,7 +90,7 @@ TEST(ToolCheck, ExampleReportsAreGood)
                                  folder + QStringLiteral("hf_dsc_narrow.xml")});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "");
-    EXPECT_TEXT(run.Errors(), "");
+    EXPECT_TEXT(run.Errors(), "3 files: 3 good, 0 invalid, 0 unreadable\n");
 }
 
 TEST(ToolCheck, XmlMayBeInAnyEncoding)
@@ -314,12 +314,14 @@ TEST(ToolCheck, GreatestExitCodeOfSeveralFilesCounts)
     const ToolRun invalid = RunTool({"check", good, empty, good});
     EXPECT_EQ(invalid.exitCode, 1);
     EXPECT_TEXT(invalid.Output(), line);
-    EXPECT_TEXT(invalid.Errors(), "");
+    EXPECT_TEXT(invalid.Errors(), "3 files: 2 good, 1 invalid, 0 unreadable\n");
 
     const ToolRun unusable = RunTool({"check", missing, empty, good});
     EXPECT_EQ(unusable.exitCode, 2);
     EXPECT_TEXT(unusable.Output(), line);
-    EXPECT_TEXT(unusable.Errors(), QStringLiteral("reporttool: %1: no such file\n").arg(missing));
+    EXPECT_TEXT(unusable.Errors(), QStringLiteral("reporttool: %1: no such file\n"
+                                                  "3 files: 1 good, 1 invalid, 1 unreadable\n")
+                                       .arg(missing));
 }
 
 // --- Files that cannot be read

@@ -35,7 +35,9 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
                       {"convert",
                        {"convert IN OUT", "--to <form>", "--level <level>", "xml", "plain", "compressed",
                         "it holds a plain representation, or a compressed one if --level", "Exit codes"}},
-                      {"check", {"check FILE...", "Exit codes"}}};
+                      {"check",
+                       {"check FILE...", "--json", "--quiet", "--recursive", "--pattern <pattern>",
+                        "--files-from <list>", "--null", "Exit codes"}}};
     for (const auto& row : rows) {
         const ToolRun run = RunTool({row.command, "--help"});
         EXPECT_EQ(run.exitCode, 0) << row.command;
@@ -90,10 +92,18 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUse{"UnknownCommand", {"print"}, "no command is called 'print'"},
         WrongUse{"OptionBeforeCommand", {"--json", "show", "a"}, "Unknown option 'json'."},
         WrongUse{"UnknownOption", {"show", "--jsn", "a"}, "Unknown option 'jsn'."},
-        WrongUse{"OptionOfAnotherCommand", {"check", "--json", "a"}, "Unknown option 'json'."},
+        WrongUse{"OptionOfAnotherCommand", {"check", "--dump", "a"}, "Unknown option 'dump'."},
         WrongUse{"ShowWithoutFile", {"show"}, "no file is given"},
         WrongUse{"CheckWithoutFile", {"check"}, "no file is given"},
         WrongUse{"CheckOfInputTwice", {"check", "-", "-"}, "standard input can be read only once"},
+        WrongUse{"CheckOfInputAsFileAndList",
+                 {"check", "-", "--files-from", "-"},
+                 "standard input can be read only once"},
+        WrongUse{
+            "PatternWithoutFolders", {"check", "--pattern", "*", "a"}, "--pattern is for folders, with -r"},
+        WrongUse{"NulsWithoutList", {"check", "-0", "a"}, "-0 is for --files-from"},
+        WrongUse{
+            "JsonAndQuiet", {"check", "--json", "--quiet", "a"}, "--json and --quiet do not go together"},
         WrongUse{"JsonAndDump", {"show", "--json", "--dump", "a"}, "--json and --dump do not go together"},
         WrongUse{"ConvertWithoutOut", {"convert", "a", "--to", "xml"}, "convert takes IN and OUT"},
         WrongUse{"ConvertOfThree", {"convert", "a", "b", "c", "--to", "xml"}, "convert takes IN and OUT"},

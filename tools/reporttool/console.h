@@ -19,6 +19,7 @@ public:
     Console(TextOutput& output, TextOutput& errors) : m_output(output), m_errors(errors) {}
 
     TextOutput& Output() { return m_output; }
+    TextOutput& Errors() { return m_errors; }
 
     /// Tells what is wrong, behind the program's name.
     void Complain(const QString& text);

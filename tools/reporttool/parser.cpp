@@ -1,5 +1,7 @@
 #include <reporttool/parser.h>
 
+#include <reporttool/filelist.h>
+
 #include <reportcore/files.h>
 
 #include <algorithm>
@@ -37,6 +39,13 @@ void Parser::AddOption(const char* name, const char* description, const char* va
 void Parser::AddFiles()
 {
     AddArgument("FILE", "Reports; - stands for standard input.", "FILE...");
+    addOption({{QStringLiteral("r"), QStringLiteral("recursive")},
+               QStringLiteral("Of a folder take all files, and those of the folders in it.")});
+    AddOption("pattern", "Of folders take only files whose names fit, such as \"*.xml\".", "pattern");
+    AddOption("files-from", "Take the files whose names stand in this file, one a line; - is standard input.",
+              "list");
+    addOption({{QStringLiteral("0"), QStringLiteral("null")},
+               QStringLiteral("In the list a NUL stands behind each name, not a line break.")});
 }
 
 void Parser::ParseOrThrow(const QStringList& arguments)
@@ -45,14 +54,28 @@ void Parser::ParseOrThrow(const QStringList& arguments)
         throw UsageError{errorText()};
 }
 
-QStringList Parser::Files() const
+QStringList Parser::FilesAmong(const QStringList& arguments) const
 {
-    QStringList files = Arguments();
-    if (files.isEmpty())
+    const bool isRecursive = isSet(QStringLiteral("recursive"));
+    if (Has("pattern") && !isRecursive)
+        throw UsageError{QStringLiteral("--pattern is for folders, with -r")};
+    if (isSet(QStringLiteral("null")) && !Has("files-from"))
+        throw UsageError{QStringLiteral("-0 is for --files-from")};
+    if (arguments.isEmpty() && !Has("files-from"))
         throw UsageError{QStringLiteral("no file is given")};
-    if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1)
+    const QString list = Value("files-from");
+    QStringList named = arguments;
+    if (Has("files-from"))
+        named << list;
+    if (std::count_if(named.begin(), named.end(), ReportCore::IsStandardStream) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
-    return files;
+    QStringList files = arguments;
+    if (Has("files-from"))
+        files << NamesIn(ReportCore::ReadInput(list), isSet(QStringLiteral("null")));
+    if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1 ||
+        (ReportCore::IsStandardStream(list) && files.contains(QStringLiteral("-"))))
+        throw UsageError{QStringLiteral("standard input can be read only once")};
+    return isRecursive ? WithoutFolders(files, Has("pattern") ? Value("pattern") : QString()) : files;
 }
 
 } // namespace ReportTool

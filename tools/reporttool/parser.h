@@ -26,7 +26,7 @@ public:
     void AddSwitch(const char* name, const char* description);
     void AddOption(const char* name, const char* description, const char* valueName);
 
-    /// FILE..., several reports.
+    /// FILE..., several reports, and the options that name more of them.
     void AddFiles();
 
     /// Throws `UsageError`.
@@ -39,8 +39,12 @@ public:
     /// The arguments behind the command.
     QStringList Arguments() const { return positionalArguments().mid(1); }
 
-    /// These as files to read. Throws `UsageError` when there is none, or standard input twice.
-    QStringList Files() const;
+    /// The files to read: those behind the command, then those of the list; of folders all that they hold. Throws
+    /// `UsageError` when nothing is named, or standard input twice, and `UnusableFile` for a list that cannot be read.
+    QStringList Files() const { return FilesAmong(Arguments()); }
+
+    /// The same for a part of the arguments.
+    QStringList FilesAmong(const QStringList& arguments) const;
 
 private:
     QCommandLineOption m_help;

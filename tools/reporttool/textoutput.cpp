@@ -2,6 +2,14 @@
 
 #include <reportcore/files.h>
 
+#include <QtCore/QFileDevice>
+
+#ifdef Q_OS_WIN
+#    include <io.h>
+#else
+#    include <unistd.h>
+#endif
+
 namespace ReportTool {
 
 namespace {
@@ -28,6 +36,18 @@ void TextOutput::Bytes(const QByteArray& bytes)
     m_pending += bytes;
     if (m_pending.size() >= PENDING_BYTES)
         Flush();
+}
+
+bool TextOutput::IsTerminal() const
+{
+    const auto* const file = qobject_cast<const QFileDevice*>(&m_device);
+    if (!file)
+        return false;
+#ifdef Q_OS_WIN
+    return _isatty(file->handle()) != 0;
+#else
+    return isatty(file->handle()) != 0;
+#endif
 }
 
 void TextOutput::Flush()

@@ -20,6 +20,9 @@ public:
     void Text(const QString& text);
     void Bytes(const QByteArray& bytes);
 
+    /// Whether people look at it.
+    bool IsTerminal() const;
+
     /// Hands on what is still kept back. Throws as `Line`.
     void Flush();
 

@@ -1,9 +1,13 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 
 #include <reportcore/reportfile.h>
+#include <reportcore/reportjson.h>
+
+#include <QtCore/QJsonDocument>
 
 #include <algorithm>
 
@@ -14,36 +18,89 @@ namespace {
 constexpr char DESCRIPTION[] =
     "Tells what is wrong with reports, one line for each problem: file, place, name of the error,\n"
     "text, and the field with the value that was found. The place is line and column in XML, and\n"
-    "an offset in binary forms. Prints nothing for a good report.\n"
+    "an offset in binary forms. Prints nothing for a good report. Of several files, a summary\n"
+    "goes to standard error.\n"
     "\n"
     "Exit codes: 0 all reports are good, 1 a report is invalid, 2 a file cannot be read or the\n"
     "command line is wrong.";
 
-int CheckFile(const QString& name, Console& console)
+struct Options
+{
+    bool asJson = false;
+    bool isQuiet = false;
+};
+
+/// One line for programs. All keys are always there.
+void JsonLine(const QString& name, QJsonObject json, const QJsonValue& error, Console& console)
+{
+    json.insert(QStringLiteral("file"), name);
+    json.insert(QStringLiteral("error"), error);
+    console.Output().Bytes(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
+}
+
+/// The same keys without a problem.
+QJsonObject NoProblem()
+{
+    QJsonObject json = ReportCore::ProblemToJson({});
+    for (const QString& key : json.keys())
+        json[key] = QJsonValue();
+    return json;
+}
+
+int CheckFile(const QString& name, const Options& options, Console& console)
 {
     QByteArray bytes;
     QString error;
-    if (!console.Read(name, bytes, error))
+    if (!console.Read(name, bytes, error)) {
+        if (options.asJson)
+            JsonLine(name, NoProblem(), error, console);
         return EXIT_UNUSABLE;
+    }
     const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
-    for (const ReportCore::Problem& problem : file.problems)
-        console.Output().Line(FileLine(name, problem));
+    for (const ReportCore::Problem& problem : file.problems) {
+        if (options.asJson)
+            JsonLine(name, ReportCore::ProblemToJson(problem), QJsonValue(), console);
+        else if (!options.isQuiet)
+            console.Output().Line(FileLine(name, problem));
+    }
     return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
+}
+
+void Summarise(const std::vector<int>& exitCodes, Console& console)
+{
+    const auto count = [&exitCodes](int exitCode) {
+        return static_cast<qint64>(std::count(exitCodes.begin(), exitCodes.end(), exitCode));
+    };
+    console.Output().Flush();
+    console.ErrorLine(QStringLiteral("%1 files: %2 good, %3 invalid, %4 unreadable")
+                          .arg(exitCodes.size())
+                          .arg(count(EXIT_GOOD))
+                          .arg(count(EXIT_INVALID))
+                          .arg(count(EXIT_UNUSABLE)));
 }
 
 int Check(const QStringList& arguments, Console& console)
 {
     Parser parser(DESCRIPTION, "check");
     parser.AddFiles();
+    parser.AddSwitch("json", "Write a JSON object for each problem, one a line.");
+    parser.AddSwitch("quiet", "Write nothing, but why a file cannot be read; the exit code tells the rest.");
     parser.ParseOrThrow(arguments);
     if (parser.AsksForHelp()) {
         console.Output().Text(parser.helpText());
         return EXIT_GOOD;
     }
-    int exitCode = EXIT_GOOD;
-    for (const QString& name : parser.Files())
-        exitCode = std::max(exitCode, CheckFile(name, console));
-    return exitCode;
+    if (parser.Has("json") && parser.Has("quiet"))
+        throw UsageError{QStringLiteral("--json and --quiet do not go together")};
+    const Options options = {parser.Has("json"), parser.Has("quiet")};
+    const QStringList names = parser.Files();
+    const std::vector<int> exitCodes =
+        DoForEach(names, console, [&options](const QString& name, Console& toConsole) {
+            return CheckFile(name, options, toConsole);
+        });
+    if (names.size() > 1 && !options.isQuiet)
+        Summarise(exitCodes, console);
+    return ExitCodeOf(exitCodes, names);
 }
 
 } // namespace

@@ -1,0 +1,248 @@
+#include "samples.h"
+#include "toolrun.h"
+
+#include <reporttool/progress.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+
+#ifdef Q_OS_UNIX
+#    include <csignal>
+#    include <cstdlib>
+#    include <fcntl.h>
+#    include <unistd.h>
+#endif
+
+namespace {
+
+using ReportTool::ProgressText;
+using ToolTest::FullPlain;
+using ToolTest::RunTool;
+using ToolTest::Scratch;
+using ToolTest::ToolRun;
+
+constexpr int PATIENCE_IN_MS = 60 * 1000;
+constexpr char EMPTY[] = ": UnknownForm: not a report in any known form (empty)\n";
+
+/// Two folders with empty files.
+void MakeFolders(const Scratch& scratch)
+{
+    QDir folder(scratch.Folder());
+    EXPECT_TRUE(folder.mkpath(QStringLiteral("in/b")));
+    for (const char* name : {"in/c.xml", "in/a.xml", "in/d.txt", "in/b/e.xml", "in/b/.f.xml"})
+        scratch.Write(name, {});
+}
+
+// --- Which files
+
+TEST(ToolManyFiles, FolderIsRefusedUnlessItIsToBeSearched)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    EXPECT_UNUSABLE(RunTool({"check", "in"}, {{}, scratch.Folder(), {}}), "in: is a directory");
+}
+
+TEST(ToolManyFiles, FilesOfFoldersComeInTheOrderOfTheirNames)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    const ToolRun run = RunTool({"check", "-r", "in"}, {{}, scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(
+        run.Output(),
+        QStringLiteral("in/a.xml%1in/b/.f.xml%1in/b/e.xml%1in/c.xml%1in/d.txt%1").arg(QLatin1String(EMPTY)));
+    EXPECT_TEXT(run.Errors(), "5 files: 0 good, 5 invalid, 0 unreadable\n");
+}
+
+TEST(ToolManyFiles, PatternIsForFilesOfFoldersOnly)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    const ToolRun run = RunTool({"check", "--recursive", "--pattern", "?.xml", "in/d.txt", "in/b", "in"},
+                                {{}, scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(
+        run.Output(),
+        QStringLiteral("in/d.txt%1in/b/e.xml%1in/a.xml%1in/b/e.xml%1in/c.xml%1").arg(QLatin1String(EMPTY)));
+}
+
+TEST(ToolManyFiles, FolderWithoutFilesIsGood)
+{
+    const Scratch scratch;
+    const ToolRun run = RunTool({"check", "-r", scratch.Folder()});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TEXT(run.Output(), "");
+    EXPECT_TEXT(run.Errors(), "");
+}
+
+TEST(ToolManyFiles, ListHoldsANameALine)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    scratch.Write("list", "in/c.xml\r\n\nin/b/e.xml\nmissing");
+    const ToolRun run = RunTool({"check", "in/a.xml", "--files-from", "list"}, {{}, scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TEXT(run.Output(), QStringLiteral("in/a.xml%1in/c.xml%1in/b/e.xml%1").arg(QLatin1String(EMPTY)));
+    EXPECT_TEXT(run.Errors(), "reporttool: missing: no such file\n"
+                              "4 files: 0 good, 3 invalid, 1 unreadable\n");
+}
+
+TEST(ToolManyFiles, ListMayComeFromStandardInputWithNuls)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    scratch.Write("a\nb", {});
+    const ToolRun run = RunTool({"check", "--files-from", "-", "-0", "-r"},
+                                {QByteArray("a\nb\0in/b\0", 9), scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Output(), QStringLiteral("a\\nb%1in/b/.f.xml%1in/b/e.xml%1").arg(QLatin1String(EMPTY)));
+}
+
+TEST(ToolManyFiles, ListThatCannotBeReadEndsWithTwo)
+{
+    const Scratch scratch;
+    EXPECT_UNUSABLE(RunTool({"check", "--files-from", "list"}, {{}, scratch.Folder(), {}}),
+                    "list: no such file");
+}
+
+TEST(ToolManyFiles, ListMustNotNameStandardInputItself)
+{
+    EXPECT_UNUSABLE(RunTool({"check", "--files-from", "-"}, {"-\n", {}, {}}),
+                    "standard input can be read only once\nTry 'reporttool --help'.");
+}
+
+// --- In which order
+
+TEST(ToolManyFiles, OutputIsInTheOrderOfTheArguments)
+{
+    const Scratch scratch;
+    QByteArray list;
+    QByteArray expected;
+    for (int i = 0; i < 2000; ++i) {
+        const QByteArray name = QByteArray::number(i);
+        // Every third is empty, every fifth is missing.
+        if (i % 5 != 0)
+            scratch.Write(name.constData(), i % 3 == 0 ? QByteArray() : FullPlain());
+        if (i % 5 != 0 && i % 3 == 0)
+            expected += name + EMPTY;
+        list += name + '\n';
+    }
+    const ToolRun run = RunTool({"check", "--files-from", "-"}, {list, scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TEXT(run.Output(), QString::fromLatin1(expected));
+    // 667 numbers are divisible by three, 134 of these by five.
+    EXPECT_TRUE(run.errors.endsWith("\n2000 files: 1067 good, 533 invalid, 400 unreadable\n"))
+        << run.errors.right(100).toStdString();
+    EXPECT_TRUE(run.errors.startsWith("reporttool: 0: no such file\nreporttool: 5: no such file\n"));
+}
+
+// --- How far
+
+TEST(ToolManyFiles, ProgressTellsRateAndTimeLeft)
+{
+    EXPECT_TEXT(ProgressText(0, 400, 0), "0 of 400 (0 %)");
+    EXPECT_TEXT(ProgressText(0, 400, 700), "0 of 400 (0 %)");
+    EXPECT_TEXT(ProgressText(100, 400, 2000), "100 of 400 (25 %), 50/s, 6 s left");
+    EXPECT_TEXT(ProgressText(399, 400, 2000), "399 of 400 (99 %), 199/s, 1 s left");
+    EXPECT_TEXT(ProgressText(400, 400, 2000), "400 of 400 (100 %), 200/s, 0 s left");
+}
+
+#ifdef Q_OS_UNIX
+/// The tool with two files: one of them is standard input, so that it waits.
+class Waiting
+{
+public:
+    explicit Waiting(const QString& terminal)
+    {
+        if (!terminal.isEmpty())
+            m_process.setStandardErrorFile(terminal);
+        m_process.start(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL),
+                        {QStringLiteral("check"), m_scratch.Write("empty", {}), QStringLiteral("-")});
+        EXPECT_TRUE(m_process.waitForStarted(PATIENCE_IN_MS));
+    }
+
+    QProcess& Process() { return m_process; }
+
+    void Finish()
+    {
+        m_process.closeWriteChannel();
+        EXPECT_TRUE(m_process.waitForFinished(PATIENCE_IN_MS));
+    }
+
+private:
+    Scratch m_scratch;
+    QProcess m_process;
+};
+
+TEST(ToolManyFiles, TerminalShowsHowFarItHasGot)
+{
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_GE(terminal, 0);
+    ASSERT_EQ(grantpt(terminal), 0);
+    ASSERT_EQ(unlockpt(terminal), 0);
+    const QString name = QString::fromLatin1(ptsname(terminal));
+    // Held open, so that what was written stays when the tool has ended.
+    const int keeper = open(name.toLatin1().constData(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(keeper, 0);
+    Waiting tool(name);
+    QByteArray shown;
+    char buffer[256];
+    while (!shown.contains("1 of 2 (50 %)")) {
+        const auto count = read(terminal, buffer, sizeof buffer);
+        ASSERT_GT(count, 0);
+        shown.append(buffer, static_cast<int>(count));
+    }
+    tool.Finish();
+    while (!shown.contains("files:")) {
+        const auto count = read(terminal, buffer, sizeof buffer);
+        ASSERT_GT(count, 0);
+        shown.append(buffer, static_cast<int>(count));
+    }
+    EXPECT_TRUE(shown.contains("\r\x1B[K2 files: 0 good, 2 invalid, 0 unreadable")) << shown.toStdString();
+    close(keeper);
+    close(terminal);
+}
+
+TEST(ToolManyFiles, NothingButTheSummaryWhereErrorsGoElsewhere)
+{
+    Waiting tool((QString()));
+    tool.Finish();
+    EXPECT_EQ(tool.Process().exitCode(), 1);
+    EXPECT_TEXT(QString::fromUtf8(tool.Process().readAllStandardError()),
+                "2 files: 0 good, 2 invalid, 0 unreadable\n");
+}
+
+TEST(ToolManyFiles, InterruptionEndsItWithWhatWasDone)
+{
+    // Far more than it can tell before somebody reads what it tells.
+    const Scratch scratch;
+    const QString empty = scratch.Write("empty", {});
+    QProcess process;
+    QByteArray list;
+    for (int i = 0; i < 300000; ++i)
+        list += empty.toUtf8() + '\n';
+    process.start(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL),
+                  {QStringLiteral("check"), QStringLiteral("--files-from"), QStringLiteral("-")});
+    process.write(list);
+    process.closeWriteChannel();
+    // It writes as soon as it has much to tell, and has begun by then.
+    ASSERT_TRUE(process.waitForReadyRead(PATIENCE_IN_MS));
+    ASSERT_EQ(kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    ASSERT_TRUE(process.waitForFinished(PATIENCE_IN_MS));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 2);
+    const QByteArray output = process.readAllStandardOutput();
+    const QByteArray errors = process.readAllStandardError();
+    const int told = output.count(EMPTY);
+    EXPECT_TRUE(output.endsWith(EMPTY));
+    EXPECT_LT(told, 300000);
+    EXPECT_TEXT(QString::fromUtf8(errors), QStringLiteral("reporttool: interrupted after %1 of 300000 files\n"
+                                                          "%1 files: 0 good, %1 invalid, 0 unreadable\n")
+                                               .arg(told));
+}
+#endif
+
+} // namespace

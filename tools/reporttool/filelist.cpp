@@ -1,0 +1,72 @@
+#include <reporttool/filelist.h>
+
+#include <reportcore/files.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+namespace {
+
+bool ComesBefore(const QFileInfo& left, const QFileInfo& right)
+{
+    return left.fileName() < right.fileName();
+}
+
+void TakeFiles(const QString& folder, const QString& pattern, QStringList& files)
+{
+    const QDir dir(folder);
+    if (!dir.isReadable()) {
+        // Whoever reads it says why it cannot be read.
+        files << folder;
+        return;
+    }
+    QFileInfoList entries =
+        dir.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::NoSort);
+    std::sort(entries.begin(), entries.end(), ComesBefore);
+    for (const QFileInfo& entry : entries) {
+        if (entry.isDir() && !entry.isSymLink())
+            TakeFiles(entry.filePath(), pattern, files);
+        else if (entry.isFile() && (pattern.isNull() || QDir::match(pattern, entry.fileName())))
+            files << entry.filePath();
+    }
+}
+
+} // namespace
+
+QStringList FilesBelow(const QString& folder, const QString& pattern)
+{
+    QStringList files;
+    TakeFiles(folder, pattern, files);
+    return files;
+}
+
+QStringList WithoutFolders(const QStringList& names, const QString& pattern)
+{
+    QStringList files;
+    for (const QString& name : names) {
+        if (!ReportCore::IsStandardStream(name) && QFileInfo(name).isDir())
+            files << FilesBelow(name, pattern);
+        else
+            files << name;
+    }
+    return files;
+}
+
+QStringList NamesIn(const QByteArray& list, bool hasNuls)
+{
+    QStringList names;
+    for (QByteArray name : list.split(hasNuls ? '\0' : '\n')) {
+        if (!hasNuls && name.endsWith('\r'))
+            name.chop(1);
+        if (!name.isEmpty())
+            names << QFile::decodeName(name);
+    }
+    return names;
+}
+
+} // namespace ReportTool

@@ -1,0 +1,204 @@
+#include <reporttool/manyfiles.h>
+
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/interruption.h>
+#include <reporttool/progress.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+
+namespace ReportTool {
+
+namespace {
+
+/// How many files each thread may be ahead of the one whose turn it is to be told about.
+constexpr int FILES_AHEAD = 256;
+constexpr std::chrono::milliseconds GLANCE(100);
+
+/// What one file has come to.
+struct Outcome
+{
+    int exitCode = EXIT_GOOD;
+    QByteArray output;
+    QByteArray errors;
+    std::exception_ptr failure;
+};
+
+Outcome OutcomeOf(const QString& name, const FileWork& work)
+{
+    Outcome outcome;
+    QBuffer output(&outcome.output);
+    QBuffer errors(&outcome.errors);
+    output.open(QIODevice::WriteOnly);
+    errors.open(QIODevice::WriteOnly);
+    TextOutput outputText(output, QString());
+    TextOutput errorText(errors, QString());
+    Console console(outputText, errorText);
+    try {
+        outcome.exitCode = work(name, console);
+        outputText.Flush();
+        errorText.Flush();
+    } catch (...) {
+        outcome.failure = std::current_exception();
+    }
+    return outcome;
+}
+
+/// Threads that work on the files, each on the next that nobody has begun.
+class Crew
+{
+public:
+    Crew(const QStringList& names, const FileWork& work) : m_names(names), m_work(work)
+    {
+        const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+        const int count = std::min(processors, static_cast<int>(names.size()));
+        m_ahead = count * FILES_AHEAD;
+        for (int i = 0; i < count; ++i)
+            m_threads.emplace_back([this] { Work(); });
+    }
+
+    ~Crew()
+    {
+        Stop();
+        for (std::thread& thread : m_threads)
+            thread.join();
+    }
+
+    Crew(const Crew& other) = delete;
+    Crew& operator=(const Crew& other) = delete;
+
+    /// No further file is begun.
+    void Stop()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_isStopped = true;
+        m_hasRoom.notify_all();
+    }
+
+    /// The outcome of the next file in their order; nothing if it isn't there yet, after a little wait.
+    std::optional<Outcome> Next()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_hasOutcome.wait_for(lock, GLANCE, [this] { return HasNext(); });
+        if (!HasNext())
+            return std::nullopt;
+        std::optional<Outcome> outcome(std::move(m_outcomes.begin()->second));
+        m_outcomes.erase(m_outcomes.begin());
+        ++m_told;
+        m_hasRoom.notify_all();
+        return outcome;
+    }
+
+    /// Whether it has been stopped and all that was begun has been told.
+    bool IsAtEnd()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_isStopped && m_told == m_begun;
+    }
+
+private:
+    bool HasNext() const { return !m_outcomes.empty() && m_outcomes.begin()->first == m_told; }
+
+    bool HasRoom() const { return m_isStopped || m_begun - m_told < m_ahead; }
+
+    /// The next file to work on; -1 when there is none left.
+    int Begin()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_hasRoom.wait(lock, [this] { return HasRoom(); });
+        return m_isStopped || m_begun == m_names.size() ? -1 : m_begun++;
+    }
+
+    void Work()
+    {
+        for (int index = Begin(); index >= 0; index = Begin()) {
+            Outcome outcome = OutcomeOf(m_names.at(index), m_work);
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_outcomes.emplace(index, std::move(outcome));
+            if (HasNext())
+                m_hasOutcome.notify_one();
+        }
+    }
+
+    const QStringList& m_names;
+    const FileWork& m_work;
+    std::vector<std::thread> m_threads;
+    std::mutex m_mutex;
+    std::condition_variable m_hasOutcome;
+    std::condition_variable m_hasRoom;
+    std::map<int, Outcome> m_outcomes; ///< that have not been told
+    int m_ahead = 0;
+    int m_begun = 0;
+    int m_told = 0;
+    bool m_isStopped = false;
+};
+
+void Tell(const Outcome& outcome, Progress& progress, Console& console)
+{
+    if (outcome.failure)
+        std::rethrow_exception(outcome.failure);
+    if (!outcome.output.isEmpty() || !outcome.errors.isEmpty())
+        progress.Clear();
+    console.Output().Bytes(outcome.output);
+    if (!outcome.errors.isEmpty()) {
+        console.Output().Flush();
+        console.Errors().Bytes(outcome.errors);
+        console.Errors().Flush();
+    }
+}
+
+std::vector<int> DoForMany(const QStringList& names, Console& console, const FileWork& work)
+{
+    std::vector<int> exitCodes;
+    Progress progress(console.Errors(), names.size());
+    const Interruption interruption;
+    {
+        Crew crew(names, work);
+        while (static_cast<int>(exitCodes.size()) < names.size() && !crew.IsAtEnd()) {
+            if (const std::optional<Outcome> outcome = crew.Next()) {
+                Tell(*outcome, progress, console);
+                exitCodes.push_back(outcome->exitCode);
+            }
+            if (Interruption::HasCome())
+                crew.Stop();
+            progress.Show(static_cast<qint64>(exitCodes.size()));
+        }
+    }
+    progress.Clear();
+    if (static_cast<int>(exitCodes.size()) < names.size())
+        console.Complain(
+            QStringLiteral("interrupted after %1 of %2 files").arg(exitCodes.size()).arg(names.size()));
+    return exitCodes;
+}
+
+} // namespace
+
+std::vector<int> DoForEach(const QStringList& names, Console& console, const FileWork& work)
+{
+    if (names.size() > 1)
+        return DoForMany(names, console, work);
+    std::vector<int> exitCodes;
+    for (const QString& name : names)
+        exitCodes.push_back(work(name, console));
+    return exitCodes;
+}
+
+int ExitCodeOf(const std::vector<int>& exitCodes, const QStringList& names)
+{
+    if (static_cast<int>(exitCodes.size()) < names.size())
+        return EXIT_UNUSABLE;
+    return exitCodes.empty() ? EXIT_GOOD : *std::max_element(exitCodes.begin(), exitCodes.end());
+}
+
+} // namespace ReportTool
