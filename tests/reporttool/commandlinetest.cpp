@@ -21,7 +21,7 @@ TEST(ToolCommandLine, HelpNamesTheCommandsAndTheExitCodes)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Errors(), "");
     for (const char* part :
-         {"show FILE...", "convert IN OUT --to F", "check FILE...", "Exit codes", "--version"})
+         {"show FILE...", "convert IN OUT --to F", "check FILE...", "diff A B", "Exit codes", "--version"})
         EXPECT_TRUE(run.output.contains(part)) << part;
 }
 
@@ -37,7 +37,8 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
                         "it holds a plain representation, or a compressed one if --level", "Exit codes"}},
                       {"check",
                        {"check FILE...", "--json", "--quiet", "--recursive", "--pattern <pattern>",
-                        "--files-from <list>", "--null", "Exit codes"}}};
+                        "--files-from <list>", "--null", "Exit codes"}},
+                      {"diff", {"diff A B", "--json", "Exit codes"}}};
     for (const auto& row : rows) {
         const ToolRun run = RunTool({row.command, "--help"});
         EXPECT_EQ(run.exitCode, 0) << row.command;

@@ -118,7 +118,8 @@ public:
     using Row = REPORTGENERATOR::Field<Base, T, REPORTGENERATOR::Flagged>;
 
     explicit ValueField(const Row& row)
-        : Field({KindOf(T()), row.name.Text(), row.place, row.setBy.tag, row.isMandatory, row.range}),
+        : Field({KindOf(T()), row.name.Text(), row.place, row.setBy.tag, row.isMandatory, row.range, nullptr,
+                 row.format.decimals}),
           m_row(row)
     {
     }

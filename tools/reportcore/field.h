@@ -35,6 +35,7 @@ struct FieldFacts
     bool isMandatory = false;
     REPORTGENERATOR::Range range = {};  ///< of a number
     const ObjectInfo* object = nullptr; ///< the class of a member object or of the items of a list
+    int decimals = 0;                   ///< with which a number is written
 };
 
 /// One field of a class, as the library describes it. It is asked about objects of that class, its holders.

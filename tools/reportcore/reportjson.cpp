@@ -12,22 +12,6 @@ using Json = QJsonValue;
 
 namespace {
 
-Json ValueToJson(const QVariant& value)
-{
-    switch (value.userType()) {
-    case QMetaType::Double: {
-        const double number = value.toDouble();
-        return std::isfinite(number) ? Json(number) : Json(NumberText(number));
-    }
-    case QMetaType::Bool:
-        return value.toBool();
-    case QMetaType::QString:
-        return value.toString().isNull() ? Json() : Json(value.toString());
-    default:
-        return Json();
-    }
-}
-
 Json BoundsToJson(const Bounds& bounds)
 {
     if (bounds.isEmpty)
@@ -63,6 +47,22 @@ Json TextOrNull(const QString& text)
 }
 
 } // namespace
+
+QJsonValue ValueToJson(const QVariant& value)
+{
+    switch (value.userType()) {
+    case QMetaType::Double: {
+        const double number = value.toDouble();
+        return std::isfinite(number) ? Json(number) : Json(NumberText(number));
+    }
+    case QMetaType::Bool:
+        return value.toBool();
+    case QMetaType::QString:
+        return value.toString().isNull() ? Json() : Json(value.toString());
+    default:
+        return Json();
+    }
+}
 
 QJsonObject FieldsToJson(const IRGObject& object, const ObjectInfo& info)
 {

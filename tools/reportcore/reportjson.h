@@ -6,8 +6,12 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
+#include <QtCore/QVariant>
 
 namespace ReportCore {
+
+/// A value of a field; null for what isn't set.
+QJsonValue ValueToJson(const QVariant& value);
 
 /// The fields of an object by their keys, those of its members and items within. Every key is always there; what is not
 /// set is null. JSON has no word for a number that is none: that is given as a text. A list of coordinates has the box

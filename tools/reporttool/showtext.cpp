@@ -3,6 +3,7 @@
 #include <reporttool/textoutput.h>
 
 #include <reportcore/bounds.h>
+#include <reportcore/fieldtexts.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/texts.h>
 
@@ -70,31 +71,13 @@ QString FormText(const FileForm& form)
     }
 }
 
-QString ValueText(const IRGObject& holder, const Field& field)
-{
-    const QVariant value = field.ValueIn(holder);
-    switch (value.userType()) {
-    case QMetaType::Double:
-        return NumberText(value.toDouble());
-    case QMetaType::Bool:
-        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
-    case QMetaType::QString:
-        return value.toString().isNull() ? QStringLiteral("null") : Quoted(value.toString());
-    default:
-        return NotSet();
-    }
-}
-
 /// The values of an item in one line.
-QString ItemText(const IRGObject& item, const ObjectInfo& info)
+QString ItemLine(const IRGObject& item, const ObjectInfo& info)
 {
-    QStringList values;
-    bool isGood = true;
-    for (const Field* field : info.InReadingOrder()) {
-        values << ValueText(item, *field);
-        isGood = isGood && field->IsGoodIn(item);
-    }
-    const QString text = values.join(QLatin1Char(' '));
+    const QString text = ReportCore::ItemText(item, info);
+    const auto& fields = info.All();
+    const bool isGood = std::all_of(fields.begin(), fields.end(),
+                                    [&item](const auto& field) { return field->IsGoodIn(item); });
     return isGood ? text : text + QStringLiteral("  (invalid)");
 }
 
@@ -110,7 +93,7 @@ void ShowItems(const IRGObject& holder, const Field& list, int depth, bool withA
     const int count = list.CountIn(holder);
     const int shown = withAllItems ? count : std::min(count, FIRST_ITEMS);
     for (int i = 0; i < shown; ++i)
-        page.Row(depth, QString::number(i + 1), ItemText(list.ItemIn(holder, i), list.Object()));
+        page.Row(depth, QString::number(i + 1), ItemLine(list.ItemIn(holder, i), list.Object()));
     if (shown < count)
         page.Row(depth, "...", QStringLiteral("%1 more (--all shows them)").arg(count - shown));
 }
@@ -147,7 +130,7 @@ void ShowFields(const IRGObject& object, const ObjectInfo& info, int depth, bool
         else if (field->Kind() == FieldKind::Object)
             ShowMember(object, *field, depth, withAllItems, page);
         else
-            page.Row(depth, field->Label(), ValueText(object, *field));
+            page.Row(depth, field->Label(), ReportCore::ValueText(field->ValueIn(object)));
     }
 }
 

@@ -10,9 +10,10 @@ namespace ReportTool {
 extern const Command SHOW_COMMAND;
 extern const Command CONVERT_COMMAND;
 extern const Command CHECK_COMMAND;
+extern const Command DIFF_COMMAND;
 
 /// In the order in which the help names them.
-constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND};
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND, &DIFF_COMMAND};
 
 } // namespace ReportTool
 
