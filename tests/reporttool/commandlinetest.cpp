@@ -20,8 +20,8 @@ TEST(ToolCommandLine, HelpNamesTheCommandsAndTheExitCodes)
     const ToolRun run = RunTool({"--help"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Errors(), "");
-    for (const char* part :
-         {"show FILE...", "convert IN OUT --to F", "check FILE...", "diff A B", "Exit codes", "--version"})
+    for (const char* part : {"show FILE...", "convert IN... OUT --to F", "check FILE...", "diff A B",
+                             "set FILE PATH=VALUE...", "merge BASE OTHER...", "Exit codes", "--version"})
         EXPECT_TRUE(run.output.contains(part)) << part;
 }
 
@@ -33,12 +33,15 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
         std::initializer_list<const char*> parts;
     } const rows[] = {{"show", {"show FILE...", "--json", "--all", "--dump", "Exit codes"}},
                       {"convert",
-                       {"convert IN OUT", "--to <form>", "--level <level>", "xml", "plain", "compressed",
+                       {"convert IN... OUT", "--to <form>", "--level <level>", "--from <json>", "--recursive",
+                        "xml", "plain", "compressed", "json",
                         "it holds a plain representation, or a compressed one if --level", "Exit codes"}},
                       {"check",
                        {"check FILE...", "--json", "--quiet", "--recursive", "--pattern <pattern>",
                         "--files-from <list>", "--null", "Exit codes"}},
-                      {"diff", {"diff A B", "--json", "Exit codes"}}};
+                      {"diff", {"diff A B", "--json", "Exit codes"}},
+                      {"set", {"set FILE PATH=VALUE...", "--unset <path>", "-o <out>", "Exit codes"}},
+                      {"merge", {"merge BASE OTHER...", "-o <out>", "Exit codes"}}};
     for (const auto& row : rows) {
         const ToolRun run = RunTool({row.command, "--help"});
         EXPECT_EQ(run.exitCode, 0) << row.command;
@@ -107,10 +110,18 @@ INSTANTIATE_TEST_SUITE_P(
             "JsonAndQuiet", {"check", "--json", "--quiet", "a"}, "--json and --quiet do not go together"},
         WrongUse{"JsonAndDump", {"show", "--json", "--dump", "a"}, "--json and --dump do not go together"},
         WrongUse{"ConvertWithoutOut", {"convert", "a", "--to", "xml"}, "convert takes IN and OUT"},
-        WrongUse{"ConvertOfThree", {"convert", "a", "b", "c", "--to", "xml"}, "convert takes IN and OUT"},
+        WrongUse{"ConvertFromKnownForm",
+                 {"convert", "a", "b", "--from", "xml"},
+                 "--from is for json; other forms are recognised"},
+        WrongUse{"LevelWithoutForm",
+                 {"convert", "--from", "json", "a", "b", "--level", "1"},
+                 "--level goes with --to"},
+        WrongUse{"LevelForJson",
+                 {"convert", "a", "b", "--to", "json", "--level", "1"},
+                 "--level is for compressed forms"},
         WrongUse{"ConvertWithoutForm", {"convert", "a", "b"}, "--to is missing"},
         WrongUse{"FormMissing", {"convert", "a", "b", "--to"}, "Missing value after '--to'."},
-        WrongUse{"FormUnknown", {"convert", "a", "b", "--to", "json"}, "no form is called 'json'"},
+        WrongUse{"FormUnknown", {"convert", "a", "b", "--to", "pdf"}, "no form is called 'pdf'"},
         WrongUse{"LevelForXml",
                  {"convert", "a", "b", "--to", "xml", "--level", "1"},
                  "--level is for compressed forms"},

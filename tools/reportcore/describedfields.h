@@ -254,9 +254,11 @@ public:
                                                        int index) const override
     {
         if (!IsSetIn(holder))
-            return std::make_unique<Part>();
+            return NewItem();
         return std::make_unique<Part>(static_cast<const Part&>(ItemIn(holder, index)));
     }
+
+    std::unique_ptr<REPORTGENERATOR::IRGObject> NewItem() const override { return std::make_unique<Part>(); }
 
     void ReplaceIn(REPORTGENERATOR::IRGObject& holder, int /*index*/,
                    const REPORTGENERATOR::IRGObject& item) const override
@@ -327,6 +329,8 @@ public:
         return std::make_unique<Item>(ItemsOf(holder).at(index));
     }
 
+    std::unique_ptr<REPORTGENERATOR::IRGObject> NewItem() const override { return std::make_unique<Item>(); }
+
     void ReplaceIn(REPORTGENERATOR::IRGObject& holder, int index,
                    const REPORTGENERATOR::IRGObject& item) const override
     {
@@ -336,11 +340,20 @@ public:
     void InsertIn(REPORTGENERATOR::IRGObject& holder, int index,
                   const REPORTGENERATOR::IRGObject& item) const override
     {
-        if (!item.HasData())
-            throw RGException(
-                IncompleteDefinitionException(m_row.incompleteAppended(holder.GetObjectName())));
+        RequireData(holder, item);
         AlterItems(holder,
                    [&](QVector<Item>& items) { items.insert(index, static_cast<const Item&>(item)); });
+    }
+
+    void AppendIn(REPORTGENERATOR::IRGObject& holder,
+                  const std::vector<std::unique_ptr<REPORTGENERATOR::IRGObject>>& items) const override
+    {
+        for (const auto& item : items)
+            RequireData(holder, *item);
+        AlterItems(holder, [&items](QVector<Item>& all) {
+            for (const auto& item : items)
+                all.append(static_cast<const Item&>(*item));
+        });
     }
 
     void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index) const override
@@ -349,6 +362,13 @@ public:
     }
 
 private:
+    void RequireData(const REPORTGENERATOR::IRGObject& holder, const REPORTGENERATOR::IRGObject& item) const
+    {
+        if (!item.HasData())
+            throw RGException(
+                IncompleteDefinitionException(m_row.incompleteAppended(holder.GetObjectName())));
+    }
+
     const QVector<Item>& ItemsOf(const REPORTGENERATOR::IRGObject& holder) const
     {
         return m_row.In(Records<Data>::Of(holder)).Values();

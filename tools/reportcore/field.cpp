@@ -89,12 +89,22 @@ std::unique_ptr<IRGObject> Field::CopyOf(const IRGObject& /*holder*/, int /*inde
     Refuse(*this, "holds no objects");
 }
 
+std::unique_ptr<IRGObject> Field::NewItem() const
+{
+    Refuse(*this, "holds no objects");
+}
+
 void Field::ReplaceIn(IRGObject& /*holder*/, int /*index*/, const IRGObject& /*item*/) const
 {
     Refuse(*this, "holds no objects");
 }
 
 void Field::InsertIn(IRGObject& /*holder*/, int /*index*/, const IRGObject& /*item*/) const
+{
+    Refuse(*this, "is no list");
+}
+
+void Field::AppendIn(IRGObject& /*holder*/, const std::vector<std::unique_ptr<IRGObject>>& /*items*/) const
 {
     Refuse(*this, "is no list");
 }

@@ -102,6 +102,9 @@ public:
     virtual std::unique_ptr<REPORTGENERATOR::IRGObject> CopyOf(const REPORTGENERATOR::IRGObject& holder,
                                                                int index) const;
 
+    /// What could be in it, with nothing set.
+    virtual std::unique_ptr<REPORTGENERATOR::IRGObject> NewItem() const;
+
     /// Puts a copy of `item` in the place of the item; a member object counts as set afterwards.
     virtual void ReplaceIn(REPORTGENERATOR::IRGObject& holder, int index,
                            const REPORTGENERATOR::IRGObject& item) const;
@@ -110,6 +113,10 @@ public:
     /// appending does.
     virtual void InsertIn(REPORTGENERATOR::IRGObject& holder, int index,
                           const REPORTGENERATOR::IRGObject& item) const;
+
+    /// All at once, which is much faster for many of them. A list without items counts as set afterwards, too.
+    virtual void AppendIn(REPORTGENERATOR::IRGObject& holder,
+                          const std::vector<std::unique_ptr<REPORTGENERATOR::IRGObject>>& items) const;
     virtual void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index) const;
 
 private:

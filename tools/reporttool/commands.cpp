@@ -14,7 +14,7 @@ namespace ReportTool {
 
 namespace {
 
-constexpr int SUMMARY_COLUMN = 25;
+constexpr int SUMMARY_COLUMN = 30;
 
 constexpr char GENERAL_DESCRIPTION[] =
     "Looks into radio-monitoring reports, checks them and writes them in another form.\n"
@@ -25,8 +25,9 @@ constexpr char GENERAL_DESCRIPTION[] =
     "Commands, each with a --help of its own:\n"
     "%1"
     "\n"
-    "Exit codes of all commands: 0 all is good, 1 a report is invalid, 2 a file cannot be read\n"
-    "or written or the command line is wrong. Of several files the greatest code counts.";
+    "Exit codes of all commands: 0 all is good, 1 a report is invalid or the answer is no, 2 a\n"
+    "file cannot be read or written or the command line is wrong. Of several files the greatest\n"
+    "code counts.";
 
 QString Lines()
 {

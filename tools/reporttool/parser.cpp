@@ -39,6 +39,11 @@ void Parser::AddOption(const char* name, const char* description, const char* va
 void Parser::AddFiles()
 {
     AddArgument("FILE", "Reports; - stands for standard input.", "FILE...");
+    AddFileOptions();
+}
+
+void Parser::AddFileOptions()
+{
     addOption({{QStringLiteral("r"), QStringLiteral("recursive")},
                QStringLiteral("Of a folder take all files, and those of the folders in it.")});
     AddOption("pattern", "Of folders take only files whose names fit, such as \"*.xml\".", "pattern");

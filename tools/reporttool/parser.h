@@ -29,12 +29,19 @@ public:
     /// FILE..., several reports, and the options that name more of them.
     void AddFiles();
 
+    /// These options alone.
+    void AddFileOptions();
+
     /// Throws `UsageError`.
     void ParseOrThrow(const QStringList& arguments);
 
     bool AsksForHelp() const { return isSet(m_help); }
     bool Has(const char* option) const { return isSet(QLatin1String(option)); }
     QString Value(const char* option) const { return value(QLatin1String(option)); }
+    QStringList Values(const char* option) const { return values(QLatin1String(option)); }
+
+    /// Whether the options name files beside the arguments.
+    bool NamesMoreFiles() const { return Has("recursive") || Has("files-from"); }
 
     /// The arguments behind the command.
     QStringList Arguments() const { return positionalArguments().mid(1); }

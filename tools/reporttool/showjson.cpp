@@ -1,5 +1,6 @@
 #include <reporttool/showjson.h>
 
+#include <reportcore/jsonreading.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/reportjson.h>
 
@@ -35,12 +36,30 @@ Json RepresentationName(const FileForm& form)
     return form.isBinaryFile ? FormName({form.form, false}) : Json();
 }
 
+/// The keys beside those of the report's fields.
+constexpr const char* FILE_KEYS[] = {"file", "error", "form",  "representation",
+                                     "size", "name",  "valid", "problems"};
+
+/// The form with this name.
+FileForm FormCalled(const Json& form, const Json& representation)
+{
+    for (const Form known : {Form::Xml, Form::Plain, Form::Compressed}) {
+        for (const bool isBinaryFile : {false, true}) {
+            const FileForm found = {known, isBinaryFile && known != Form::Xml};
+            if (FormName(found) == form && RepresentationName(found) == representation)
+                return found;
+        }
+    }
+    throw ReportCore::JsonError{QStringLiteral("form: no form is called so")};
+}
+
 /// All keys, with nothing known of the file.
 QJsonObject Unknown(const QString& name)
 {
-    QJsonObject json{{QStringLiteral("file"), name}};
-    for (const char* key : {"error", "form", "representation", "size", "name", "valid", "problems"})
+    QJsonObject json;
+    for (const char* key : FILE_KEYS)
         json.insert(QLatin1String(key), Json());
+    json[QStringLiteral("file")] = name;
     for (const auto& field : ReportCore::ReportInfo().All())
         json.insert(field->Key(), Json());
     return json;
@@ -68,6 +87,28 @@ QJsonObject ToJson(const QString& name, const QString& error)
     QJsonObject json = Unknown(name);
     json[QStringLiteral("error")] = error;
     return json;
+}
+
+void FromJson(const QJsonObject& json, ReportFile& file)
+{
+    if (json.value(QStringLiteral("error")).isString())
+        throw ReportCore::JsonError{
+            QStringLiteral("there is no report: %1").arg(json.value(QStringLiteral("error")).toString())};
+    if (json.value(QStringLiteral("valid")) == Json(false))
+        throw ReportCore::JsonError{QStringLiteral("the report was not valid")};
+    // A report that a person has written down needs no form.
+    if (json.value(QStringLiteral("form")).isString())
+        file.form =
+            FormCalled(json.value(QStringLiteral("form")), json.contains(QStringLiteral("representation"))
+                                                               ? json.value(QStringLiteral("representation"))
+                                                               : Json());
+    else
+        file.form = {Form::Xml, false};
+    file.objectName = json.value(QStringLiteral("name")).toString();
+    QJsonObject fields = json;
+    for (const char* key : FILE_KEYS)
+        fields.remove(QLatin1String(key));
+    ReportCore::SetFromJson(file.report, ReportCore::ReportInfo(), fields);
 }
 
 } // namespace ReportTool

@@ -13,6 +13,10 @@ QJsonObject ToJson(const QString& name, const ReportCore::ReportFile& file);
 /// The same keys for a file that cannot be read.
 QJsonObject ToJson(const QString& name, const QString& error);
 
+/// Takes form, name and report from such JSON. Throws `ReportCore::JsonError` for JSON that isn't such, for a file that
+/// could not be read and for a report that was not valid.
+void FromJson(const QJsonObject& json, ReportCore::ReportFile& file);
+
 } // namespace ReportTool
 
 #endif

@@ -1,27 +1,36 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/formoptions.h>
+#include <reporttool/goodreport.h>
+#include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportoutput.h>
+#include <reporttool/showjson.h>
 
 #include <reportcore/files.h>
+#include <reportcore/jsonreading.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/reportwriting.h>
 
-#include <algorithm>
-#include <iterator>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QHash>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <optional>
 
 namespace ReportTool {
 
-using ReportCore::FileForm;
-using ReportCore::Form;
+using ReportCore::ReportFile;
+using ReportCore::UnusableFile;
 
 namespace {
 
-constexpr int LOWEST_LEVEL = -1;
-constexpr int HIGHEST_LEVEL = 9;
-
 constexpr char DESCRIPTION[] =
     "Writes a report in another form. OUT is replaced only when the new content is complete.\n"
+    "With several reports, with -r or --files-from, or when it ends in a slash, OUT is a folder:\n"
+    "each report gets a file there that is named after it and its form.\n"
     "\n"
     "Forms:\n"
     "  xml         the report's XML element in UTF-8\n"
@@ -29,109 +38,140 @@ constexpr char DESCRIPTION[] =
     "  compressed  compressed representation, at zlib's default level unless --level is given\n"
     "  file        binary file; it holds a plain representation, or a compressed one if --level\n"
     "              is given\n"
+    "  json        what 'show --json' writes; --from json reads it, and writes the form that it\n"
+    "              tells of unless --to is given\n"
     "\n"
     "A report in which 'check' finds a problem is not converted.\n"
     "\n"
     "Exit codes: 0 OUT is written, 1 the report is invalid or does not fit into the form, 2 a\n"
     "file cannot be read or written or the command line is wrong.";
 
-/// A form by its name on the command line.
-struct NamedForm
+struct Options
 {
-    const char* name;
-    FileForm form;
+    std::optional<Target> target;
+    bool isFromJson = false;
 };
 
-constexpr NamedForm FORMS[] = {{"xml", {Form::Xml, false}},
-                               {"plain", {Form::Plain, false}},
-                               {"compressed", {Form::Compressed, false}},
-                               {"file", {Form::Plain, true}}};
-
-FileForm FormOf(const Parser& parser)
+Options OptionsOf(const Parser& parser)
 {
-    if (!parser.Has("to"))
+    const Options options = {TargetOf(parser), parser.Has("from")};
+    if (options.isFromJson && parser.Value("from") != QLatin1String("json"))
+        throw UsageError{QStringLiteral("--from is for json; other forms are recognised")};
+    if (!options.target && !options.isFromJson)
         throw UsageError{QStringLiteral("--to is missing")};
-    const QString name = parser.Value("to");
-    const auto* const found =
-        std::find_if(std::begin(FORMS), std::end(FORMS),
-                     [&name](const NamedForm& form) { return name == QLatin1String(form.name); });
-    if (found == std::end(FORMS))
-        throw UsageError{QStringLiteral("no form is called '%1'").arg(name)};
-    return found->form;
+    return options;
 }
 
-int LevelOf(const Parser& parser)
+/// The report that JSON tells of, with the form that it had.
+ReportFile ReadJson(const QByteArray& bytes)
 {
-    if (!parser.Has("level"))
-        return LOWEST_LEVEL;
-    bool isNumber = false;
-    const int level = parser.Value("level").toInt(&isNumber);
-    if (!isNumber || level < LOWEST_LEVEL || level > HIGHEST_LEVEL)
-        throw UsageError{
-            QStringLiteral("a level is a number from %1 to %2, not '%3'")
-                .arg(QString::number(LOWEST_LEVEL), QString::number(HIGHEST_LEVEL), parser.Value("level"))};
-    return level;
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError)
+        throw ReportCore::JsonError{
+            QStringLiteral("%1 at offset %2").arg(error.errorString()).arg(error.offset)};
+    const QJsonArray array = document.isArray() ? document.array() : QJsonArray{document.object()};
+    if (array.size() != 1 || !array.at(0).isObject())
+        throw ReportCore::JsonError{QStringLiteral("one report is expected, not %1").arg(array.size())};
+    ReportFile file;
+    FromJson(array.at(0).toObject(), file);
+    return file;
 }
 
-/// The form with the level taken into account: it turns a binary file's content into a compressed one.
-FileForm WithLevel(FileForm form, bool hasLevel)
+std::optional<ReportFile> Read(const QString& input, const Options& options, Console& console)
 {
-    if (!hasLevel)
-        return form;
-    if (!form.isBinaryFile && form.form != Form::Compressed)
-        throw UsageError{QStringLiteral("--level is for compressed forms")};
-    return {Form::Compressed, form.isBinaryFile};
-}
-
-struct Request
-{
-    QString input;
-    QString output;
-    FileForm form;
-    int level = LOWEST_LEVEL;
-};
-
-Request RequestOf(const Parser& parser)
-{
-    const QStringList files = parser.Arguments();
-    if (files.size() != 2)
-        throw UsageError{QStringLiteral("convert takes IN and OUT")};
-    return {files.at(0), files.at(1), WithLevel(FormOf(parser), parser.Has("level")), LevelOf(parser)};
-}
-
-int Write(const REPORTGENERATOR::ReportBase& report, const Request& request, Console& console)
-{
-    const QByteArray bytes = ReportCore::WriteReport(report, request.form, request.level);
-    const QString loss = ReportCore::FindLoss(report, bytes);
-    if (!loss.isEmpty()) {
-        console.Complain(request.output, QStringLiteral("this form would not keep ") + loss);
-        return EXIT_INVALID;
+    if (!options.isFromJson)
+        return ReadGoodReport(input, console);
+    try {
+        return ReadJson(ReportCore::ReadInput(input));
+    } catch (const ReportCore::JsonError& error) {
+        console.Complain(input, error.text);
     }
-    ReportCore::WriteOutput(request.output, bytes);
+    return std::nullopt;
+}
+
+int ConvertFile(const QString& input, const QString& output, const Options& options, Console& console)
+{
+    const std::optional<ReportFile> file = Read(input, options, console);
+    if (!file)
+        return EXIT_INVALID;
+    const Target target = options.target ? *options.target : Target{file->form};
+    if (!target.isJson)
+        return PutReport(file->report, target.form, target.level, output, console);
+    const QJsonArray json = {ToJson(input, *file)};
+    ReportCore::WriteOutput(output, QJsonDocument(json).toJson());
     return EXIT_GOOD;
+}
+
+/// The file that a report gets in a folder.
+QString FileIn(const QString& folder, const QString& input, const Target& target)
+{
+    return QDir(folder).filePath(QFileInfo(input).completeBaseName() + SuffixOf(target));
+}
+
+/// The output of each input; no two may have the same.
+QHash<QString, QString> OutputsOf(const QStringList& inputs, const QString& folder, const Target& target)
+{
+    QHash<QString, QString> outputs;
+    QHash<QString, QString> sources;
+    for (const QString& input : inputs) {
+        if (ReportCore::IsStandardStream(input))
+            throw UsageError{QStringLiteral("standard input has no name for a file in a folder")};
+        const QString output = FileIn(folder, input, target);
+        if (sources.contains(output))
+            throw UsageError{
+                QStringLiteral("%1 and %2 would both become %3").arg(sources.value(output), input, output)};
+        sources.insert(output, input);
+        outputs.insert(input, output);
+    }
+    return outputs;
+}
+
+int ConvertInto(const QString& folder, const QStringList& inputs, const Options& options, Console& console)
+{
+    if (!options.target)
+        throw UsageError{QStringLiteral("--to is missing")};
+    if (!QFileInfo(folder).isDir())
+        throw UnusableFile{folder, QStringLiteral("no such folder")};
+    const QHash<QString, QString> outputs = OutputsOf(inputs, folder, *options.target);
+    const std::vector<int> exitCodes =
+        DoForEach(inputs, console, [&](const QString& input, Console& fileConsole) {
+            try {
+                return ConvertFile(input, outputs.value(input), options, fileConsole);
+            } catch (const UnusableFile& unusable) {
+                fileConsole.Complain(unusable.file, unusable.text);
+                return EXIT_UNUSABLE;
+            }
+        });
+    return ExitCodeOf(exitCodes, inputs);
 }
 
 int Convert(const QStringList& arguments, Console& console)
 {
     Parser parser(DESCRIPTION, "convert");
-    parser.AddArgument("IN", "Report; - stands for standard input.", "IN");
-    parser.AddArgument("OUT", "File to write; - stands for standard output.", "OUT");
-    parser.AddOption("to", "Form to write: xml, plain, compressed or file.", "form");
-    parser.AddOption("level", "Level of compression: 0 to 9, or -1 for zlib's default.", "level");
+    parser.AddArgument("IN", "Report; - stands for standard input.", "IN...");
+    parser.AddArgument("OUT", "File to write, - for standard output; or the folder to write to.", "OUT");
+    AddFormOptions(parser);
+    parser.AddOption("from", "The reports are JSON; other forms are recognised.", "json");
+    parser.AddFileOptions();
     parser.ParseOrThrow(arguments);
     if (parser.AsksForHelp()) {
         console.Output().Text(parser.helpText());
         return EXIT_GOOD;
     }
-    const Request request = RequestOf(parser);
-    const ReportCore::ReportFile file = ReportCore::ReadReport(ReportCore::ReadInput(request.input));
-    for (const ReportCore::Problem& problem : file.problems)
-        console.Complain(request.input, problem);
-    return file.IsGood() ? Write(file.report, request, console) : EXIT_INVALID;
+    QStringList files = parser.Arguments();
+    const bool namesMore = parser.NamesMoreFiles();
+    if (files.size() < (namesMore ? 1 : 2))
+        throw UsageError{QStringLiteral("convert takes IN and OUT")};
+    const Options options = OptionsOf(parser);
+    const QString output = files.takeLast();
+    if (namesMore || files.size() > 1 || output.endsWith(QLatin1Char('/')))
+        return ConvertInto(output, parser.FilesAmong(files), options, console);
+    return ConvertFile(files.first(), output, options, console);
 }
 
 } // namespace
 
-const Command CONVERT_COMMAND = {"convert", "IN OUT --to F", "write a report in another form", Convert};
+const Command CONVERT_COMMAND = {"convert", "IN... OUT --to F", "write reports in another form", Convert};
 
 } // namespace ReportTool

@@ -1,0 +1,24 @@
+#ifndef REPORTCORE_JSONREADING_H
+#define REPORTCORE_JSONREADING_H
+
+#include <reportcore/field.h>
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+namespace ReportCore {
+
+/// JSON that doesn't stand for an object; the text is for people and begins with the path of the field.
+struct JsonError
+{
+    QString text;
+};
+
+/// Sets the fields of an object as `FieldsToJson` gives them, through the checks of their setters. What is null or missing
+/// stays as it is, and the version of the format is not set. Throws `JsonError` for a key that is no field's and for a
+/// value that is refused; the object is of no use then.
+void SetFromJson(REPORTGENERATOR::IRGObject& object, const ObjectInfo& info, const QJsonObject& json);
+
+} // namespace ReportCore
+
+#endif

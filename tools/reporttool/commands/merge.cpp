@@ -1,0 +1,104 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/goodreport.h>
+#include <reporttool/parser.h>
+#include <reporttool/reportoutput.h>
+
+#include <reportcore/differences.h>
+#include <reportcore/files.h>
+#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reportbase/reportexception.h>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+using ReportCore::Change;
+using ReportCore::Difference;
+using ReportCore::Differences;
+using ReportCore::ReportFile;
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+constexpr char DESCRIPTION[] =
+    "Lays one report after the other over BASE and writes the outcome to OUT, in the form of BASE:\n"
+    "fields that a report has replace those that were there, coordinates are appended. What was\n"
+    "replaced (!) and added (+) is told on standard error, a line each.\n"
+    "\n"
+    "Exit codes: 0 OUT is written, 1 a report is invalid, 2 a file cannot be read or written or\n"
+    "the command line is wrong.";
+
+bool AreNeighbours(const Difference& left, const Difference& right)
+{
+    return left.change == Change::Added && right.change == Change::Added && left.right.IsItem() &&
+           right.right.IsItem() && left.right.Holder() == right.right.Holder() &&
+           left.right.Last().field == right.right.Last().field &&
+           left.right.Last().index + 1 == right.right.Last().index;
+}
+
+/// Items that stand behind each other are told in one line.
+void Tell(const QString& file, const Differences& differences, Console& console)
+{
+    for (auto first = differences.begin(); first != differences.end();) {
+        auto last = first;
+        while (last + 1 != differences.end() && AreNeighbours(*last, *(last + 1)))
+            ++last;
+        const QString line = first == last
+                                 ? ReportCore::DifferenceLine(*first)
+                                 : QStringLiteral("+ %1 to %2").arg(first->right.Text(), last->right.Text());
+        console.ErrorLine(FileLine(file, line));
+        first = last + 1;
+    }
+}
+
+bool Merge(ReportBase& base, const ReportBase& other, const QString& file, Console& console)
+{
+    const ReportBase before(base);
+    try {
+        if (!base.MergeRGObject(other)) {
+            console.Complain(file, QStringLiteral("cannot be merged"));
+            return false;
+        }
+    } catch (const ReportException& refused) {
+        console.Complain(file, QStringLiteral("%1: %2").arg(refused.GetErrorName(), refused.GetErrorText()));
+        return false;
+    }
+    Tell(file, ReportCore::FindDifferences(before, base, ReportCore::ReportInfo()), console);
+    return true;
+}
+
+int RunMerge(const QStringList& arguments, Console& console)
+{
+    Parser parser(DESCRIPTION, "merge");
+    parser.AddArgument("BASE", "Report; - stands for standard input.", "BASE");
+    parser.AddArgument("OTHER", "Reports to lay over it; - stands for standard input.", "OTHER...");
+    parser.AddOption("o", "File to write; - stands for standard output.", "out");
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    const QStringList files = parser.Arguments();
+    if (files.size() < 2)
+        throw UsageError{QStringLiteral("merge takes BASE and OTHER")};
+    if (!parser.Has("o"))
+        throw UsageError{QStringLiteral("-o is missing")};
+    if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1)
+        throw UsageError{QStringLiteral("standard input can be read only once")};
+    auto base = ReadGoodReport(files.first(), console);
+    bool isMerged = base.has_value();
+    for (const QString& file : files.mid(1)) {
+        const auto other = ReadGoodReport(file, console);
+        isMerged = other && isMerged && Merge(base->report, other->report, file, console);
+    }
+    return isMerged ? PutReport(base->report, base->form, -1, parser.Value("o"), console) : EXIT_INVALID;
+}
+
+} // namespace
+
+const Command MERGE_COMMAND = {"merge", "BASE OTHER...", "lay reports over another", RunMerge};
+
+} // namespace ReportTool

@@ -1,0 +1,164 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
+#include <reporttool/reportoutput.h>
+
+#include <reportcore/files.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/reportfile.h>
+
+#include <reportgenerator/reportbase/reportexception.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace ReportTool {
+
+using ReportCore::FieldPath;
+using ReportCore::Problem;
+using ReportCore::ReportFile;
+
+namespace {
+
+constexpr char DESCRIPTION[] =
+    "Sets and unsets fields of a report and writes it to OUT, in the form that it had. Fields are\n"
+    "named by their paths, as in frequency.value=121.5e6, area.name=Lake and\n"
+    "area.coordinate[17].latitude=47.5. What the field's own setter refuses is refused here. First\n"
+    "all values are set, then fields are unset; items keep their numbers until then.\n"
+    "\n"
+    "A report in which 'check' finds a problem is not changed, unless the problem is about a field\n"
+    "that is set or unset.\n"
+    "\n"
+    "Exit codes: 0 OUT is written, 1 the report is invalid or a value is refused, 2 a file cannot\n"
+    "be read or written or the command line is wrong.";
+
+struct Assignment
+{
+    FieldPath path;
+    QVariant value;
+};
+
+struct Request
+{
+    QString input;
+    QString output;
+    std::vector<Assignment> assignments;
+    std::vector<FieldPath> unset;
+};
+
+FieldPath PathOf(const QString& text)
+{
+    try {
+        return FieldPath::Parse(ReportCore::ReportInfo(), text);
+    } catch (const ReportCore::PathError& error) {
+        throw UsageError{error.text};
+    }
+}
+
+Assignment AssignmentOf(const QString& argument)
+{
+    const auto sign = argument.indexOf(QLatin1Char('='));
+    if (sign < 0)
+        throw UsageError{QStringLiteral("'%1' is no assignment: PATH=VALUE").arg(argument)};
+    const FieldPath path = PathOf(argument.left(sign));
+    try {
+        return {path, path.Last().field->ValueOf(argument.mid(sign + 1))};
+    } catch (const ReportException& refused) {
+        throw UsageError{QStringLiteral("%1: %2").arg(path.Text(), refused.GetErrorText())};
+    }
+}
+
+Request RequestOf(const Parser& parser)
+{
+    QStringList arguments = parser.Arguments();
+    if (arguments.isEmpty())
+        throw UsageError{QStringLiteral("no file is given")};
+    if (!parser.Has("o"))
+        throw UsageError{QStringLiteral("-o is missing")};
+    Request request;
+    request.input = arguments.takeFirst();
+    request.output = parser.Value("o");
+    for (const QString& argument : arguments)
+        request.assignments.push_back(AssignmentOf(argument));
+    for (const QString& path : parser.Values("unset"))
+        request.unset.push_back(PathOf(path));
+    if (request.assignments.empty() && request.unset.empty())
+        throw UsageError{QStringLiteral("there is nothing to set")};
+    // Of several items the last one goes first, so that the others keep their numbers.
+    std::stable_sort(
+        request.unset.begin(), request.unset.end(),
+        [](const FieldPath& left, const FieldPath& right) { return left.Last().index > right.Last().index; });
+    return request;
+}
+
+/// Whether the change does away with the problem, as far as one can tell beforehand. A file whose bytes are damaged may
+/// have lost more than the field.
+bool IsMended(const Problem& problem, const Request& request)
+{
+    if (problem.path.isEmpty() || problem.name == QLatin1String(ReportCore::LENGTH_MISMATCH))
+        return false;
+    const FieldPath path = FieldPath::Parse(ReportCore::ReportInfo(), problem.path);
+    return std::any_of(request.assignments.begin(), request.assignments.end(),
+                       [&path](const Assignment& assignment) { return assignment.path == path; }) ||
+           std::any_of(request.unset.begin(), request.unset.end(),
+                       [&path](const FieldPath& unset) { return unset.IsAbove(path); });
+}
+
+bool IsUsable(const ReportFile& file, const Request& request, Console& console)
+{
+    bool isUsable = true;
+    for (const Problem& problem : file.problems) {
+        if (IsMended(problem, request))
+            continue;
+        console.Complain(request.input, problem);
+        isUsable = false;
+    }
+    return isUsable;
+}
+
+bool Change(ReportFile& file, const Request& request, Console& console)
+{
+    QString path;
+    try {
+        for (const Assignment& assignment : request.assignments) {
+            path = assignment.path.Text();
+            ReportCore::SetValue(file.report, assignment.path, assignment.value);
+        }
+        for (const FieldPath& unset : request.unset) {
+            path = unset.Text();
+            ReportCore::Unset(file.report, unset);
+        }
+    } catch (const ReportException& refused) {
+        console.Complain(
+            request.input,
+            QStringLiteral("%1: %2: %3").arg(path, refused.GetErrorName(), refused.GetErrorText()));
+        return false;
+    }
+    return true;
+}
+
+int Set(const QStringList& arguments, Console& console)
+{
+    Parser parser(DESCRIPTION, "set");
+    parser.AddArgument("FILE", "Report; - stands for standard input.", "FILE");
+    parser.AddArgument("PATH=VALUE", "Field and its new value.", "PATH=VALUE...");
+    parser.AddOption("unset", "Unset this field; may be given several times.", "path");
+    parser.AddOption("o", "File to write; - stands for standard output.", "out");
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    const Request request = RequestOf(parser);
+    ReportFile file = ReportCore::ReadReport(ReportCore::ReadInput(request.input));
+    if (!IsUsable(file, request, console) || !Change(file, request, console))
+        return EXIT_INVALID;
+    return PutReport(file.report, file.form, -1, request.output, console);
+}
+
+} // namespace
+
+const Command SET_COMMAND = {"set", "FILE PATH=VALUE...", "set and unset fields of a report", Set};
+
+} // namespace ReportTool
