@@ -31,7 +31,7 @@ namespace Tag = Support::Tag;
 /// What `check` prints for standard input.
 ToolRun CheckInput(const QByteArray& input)
 {
-    return RunTool({"check", "-"}, {input, {}, {}});
+    return RunTool({"check", "--no-warnings", "-"}, {input, {}, {}});
 }
 
 /// Expects a report with these problems, each "Place: Name: text".
@@ -67,7 +67,7 @@ TEST(ToolCheck, GoodReportsOfEveryFormGiveNothing)
 {
     const Scratch scratch;
     const ToolRun run =
-        RunTool({"check", scratch.Write("a", FullXml()), scratch.Write("b", FullPlain()),
+        RunTool({"check", "--no-warnings", scratch.Write("a", FullXml()), scratch.Write("b", FullPlain()),
                  scratch.Write("c", FullCompressed()), scratch.Write("d", InFile(FullPlain())),
                  scratch.Write("e", InFile(FullCompressed()))});
     EXPECT_EQ(run.exitCode, 0);
@@ -311,12 +311,12 @@ TEST(ToolCheck, GreatestExitCodeOfSeveralFilesCounts)
     const QString missing = scratch.Path("missing");
     const QString line = empty + QStringLiteral(": UnknownForm: not a report in any known form (empty)\n");
 
-    const ToolRun invalid = RunTool({"check", good, empty, good});
+    const ToolRun invalid = RunTool({"check", "--no-warnings", good, empty, good});
     EXPECT_EQ(invalid.exitCode, 1);
     EXPECT_TEXT(invalid.Output(), line);
     EXPECT_TEXT(invalid.Errors(), "3 files: 2 good, 1 invalid, 0 unreadable\n");
 
-    const ToolRun unusable = RunTool({"check", missing, empty, good});
+    const ToolRun unusable = RunTool({"check", "--no-warnings", missing, empty, good});
     EXPECT_EQ(unusable.exitCode, 2);
     EXPECT_TEXT(unusable.Output(), line);
     EXPECT_TEXT(unusable.Errors(), QStringLiteral("reporttool: %1: no such file\n"

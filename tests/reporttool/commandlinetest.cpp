@@ -37,8 +37,8 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
                         "xml", "plain", "compressed", "json",
                         "it holds a plain representation, or a compressed one if --level", "Exit codes"}},
                       {"check",
-                       {"check FILE...", "--json", "--quiet", "--recursive", "--pattern <pattern>",
-                        "--files-from <list>", "--null", "Exit codes"}},
+                       {"check FILE...", "--json", "--quiet", "--strict", "--no-warnings", "--recursive",
+                        "--pattern <pattern>", "--files-from <list>", "--null", "Exit codes"}},
                       {"diff", {"diff A B", "--json", "Exit codes"}},
                       {"set", {"set FILE PATH=VALUE...", "--unset <path>", "-o <out>", "Exit codes"}},
                       {"merge", {"merge BASE OTHER...", "-o <out>", "Exit codes"}}};
@@ -108,6 +108,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUse{"NulsWithoutList", {"check", "-0", "a"}, "-0 is for --files-from"},
         WrongUse{
             "JsonAndQuiet", {"check", "--json", "--quiet", "a"}, "--json and --quiet do not go together"},
+        WrongUse{"StrictWithoutWarnings",
+                 {"check", "--strict", "--no-warnings", "a"},
+                 "--strict and --no-warnings do not go together"},
         WrongUse{"JsonAndDump", {"show", "--json", "--dump", "a"}, "--json and --dump do not go together"},
         WrongUse{"ConvertWithoutOut", {"convert", "a", "--to", "xml"}, "convert takes IN and OUT"},
         WrongUse{"ConvertFromKnownForm",

@@ -545,12 +545,14 @@ ReportFile ReadReport(const QByteArray& bytes)
                                                  : QStringLiteral("not a report in any known form")});
         break;
     case Form::Xml:
-        if (!ReadXmlAtOnce(bytes, file))
+        file.wasReadAtOnce = ReadXmlAtOnce(bytes, file);
+        if (!file.wasReadAtOnce)
             ReadXmlWithPlaces(bytes, file);
         break;
     case Form::Plain:
     case Form::Compressed:
-        if (!ReadBinaryAtOnce(bytes, file))
+        file.wasReadAtOnce = ReadBinaryAtOnce(bytes, file);
+        if (!file.wasReadAtOnce)
             ReadBinaryWithPlaces(bytes, file);
         break;
     }

@@ -26,6 +26,9 @@ struct ReportFile
     /// All that is wrong with it.
     Problems problems;
 
+    /// Whether it is good and the library had no reason to look twice at anything.
+    bool wasReadAtOnce = false;
+
     bool IsGood() const { return problems.empty(); }
 };
 

@@ -57,9 +57,10 @@ public:
     /// Of XML, where the start tag begins that ends there.
     qint64 StartOfTag(qint64 end) const;
 
-private:
+    /// Of XML: all that `PlaceOf` and `StartOfTag` need.
     void TakeText(const QByteArray& bytes);
 
+private:
     friend class XmlSearch;
     friend class BinarySearch;
 

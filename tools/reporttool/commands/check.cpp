@@ -4,6 +4,7 @@
 #include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 
+#include <reportcore/doubts.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportjson.h>
 
@@ -13,6 +14,10 @@
 
 namespace ReportTool {
 
+using ReportCore::Look;
+using ReportCore::Problem;
+using ReportCore::Problems;
+
 namespace {
 
 constexpr char DESCRIPTION[] =
@@ -21,6 +26,11 @@ constexpr char DESCRIPTION[] =
     "an offset in binary forms. Prints nothing for a good report. Of several files, a summary\n"
     "goes to standard error.\n"
     "\n"
+    "What can be read, but what hardly anybody means, is a warning on standard error: a text that\n"
+    "is no number, a name that differs a little from a known one, elements that come twice, a\n"
+    "second report, bounds that contradict each other or their value, unknown entities, areas of\n"
+    "fewer than three points and edges that meet.\n"
+    "\n"
     "Exit codes: 0 all reports are good, 1 a report is invalid, 2 a file cannot be read or the\n"
     "command line is wrong.";
 
@@ -28,6 +38,8 @@ struct Options
 {
     bool asJson = false;
     bool isQuiet = false;
+    bool isStrict = false;
+    bool hasWarnings = true;
 };
 
 /// One line for programs. All keys are always there.
@@ -57,13 +69,22 @@ int CheckFile(const QString& name, const Options& options, Console& console)
         return EXIT_UNUSABLE;
     }
     const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
-    for (const ReportCore::Problem& problem : file.problems) {
+    Problems problems = file.problems;
+    if (options.isStrict) {
+        const Problems doubts = ReportCore::FindDoubts(bytes, file, Look::Thorough);
+        problems.insert(problems.end(), doubts.begin(), doubts.end());
+    }
+    for (const Problem& problem : problems) {
         if (options.asJson)
             JsonLine(name, ReportCore::ProblemToJson(problem), QJsonValue(), console);
         else if (!options.isQuiet)
             console.Output().Line(FileLine(name, problem));
     }
-    return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
+    if (!options.isStrict && !options.isQuiet && options.hasWarnings) {
+        for (const Problem& doubt : ReportCore::FindDoubts(bytes, file, Look::Quick))
+            console.Complain(QStringLiteral("warning: ") + FileLine(name, doubt));
+    }
+    return problems.empty() ? EXIT_GOOD : EXIT_INVALID;
 }
 
 void Summarise(const std::vector<int>& exitCodes, Console& console)
@@ -85,6 +106,9 @@ int Check(const QStringList& arguments, Console& console)
     parser.AddFiles();
     parser.AddSwitch("json", "Write a JSON object for each problem, one a line.");
     parser.AddSwitch("quiet", "Write nothing, but why a file cannot be read; the exit code tells the rest.");
+    parser.AddSwitch("strict",
+                     "What would be warnings are problems, and are looked for in large reports too.");
+    parser.AddSwitch("no-warnings", "Write no warnings.");
     parser.ParseOrThrow(arguments);
     if (parser.AsksForHelp()) {
         console.Output().Text(parser.helpText());
@@ -92,7 +116,10 @@ int Check(const QStringList& arguments, Console& console)
     }
     if (parser.Has("json") && parser.Has("quiet"))
         throw UsageError{QStringLiteral("--json and --quiet do not go together")};
-    const Options options = {parser.Has("json"), parser.Has("quiet")};
+    if (parser.Has("strict") && parser.Has("no-warnings"))
+        throw UsageError{QStringLiteral("--strict and --no-warnings do not go together")};
+    const Options options = {parser.Has("json"), parser.Has("quiet"), parser.Has("strict"),
+                             !parser.Has("no-warnings")};
     const QStringList names = parser.Files();
     const std::vector<int> exitCodes =
         DoForEach(names, console, [&options](const QString& name, Console& toConsole) {
