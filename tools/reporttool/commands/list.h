@@ -11,12 +11,13 @@ extern const Command SHOW_COMMAND;
 extern const Command CONVERT_COMMAND;
 extern const Command CHECK_COMMAND;
 extern const Command DIFF_COMMAND;
+extern const Command GREP_COMMAND;
 extern const Command SET_COMMAND;
 extern const Command MERGE_COMMAND;
 
 /// In the order in which the help names them.
-constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND,
-                                       &DIFF_COMMAND, &SET_COMMAND,     &MERGE_COMMAND};
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND, &DIFF_COMMAND,
+                                       &GREP_COMMAND, &SET_COMMAND,     &MERGE_COMMAND};
 
 } // namespace ReportTool
 

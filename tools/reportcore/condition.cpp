@@ -1,0 +1,398 @@
+#include <reportcore/condition.h>
+
+#include <reportcore/bounds.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/ring.h>
+#include <reportcore/texts.h>
+
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::IRGObject;
+
+namespace {
+
+using Test = Condition::Test;
+using TestPointer = std::shared_ptr<const Test>;
+
+// --- What can be asked
+
+/// Any question, as a function.
+class Question : public Test
+{
+public:
+    using Ask = std::function<bool(const IRGObject& object)>;
+
+    explicit Question(Ask ask) : m_ask(std::move(ask)) {}
+    bool IsTrueOf(const IRGObject& object) const override { return m_ask(object); }
+
+private:
+    const Ask m_ask;
+};
+
+TestPointer Asking(Question::Ask ask)
+{
+    return std::make_shared<Question>(std::move(ask));
+}
+
+/// What is asked about a value that is set.
+TestPointer AskingValue(const FieldPath& path, std::function<bool(const QVariant& value)> ask)
+{
+    return Asking([path, ask = std::move(ask)](const IRGObject& object) {
+        const QVariant value = ValueAt(object, path);
+        return value.isValid() && ask(value);
+    });
+}
+
+// --- Words
+
+enum class WordKind
+{
+    End,
+    Name,   ///< path, keyword or number
+    String, ///< in quotes
+    Sign
+};
+
+struct Word
+{
+    WordKind kind = WordKind::End;
+    QString text; ///< of a string without quotes
+    int column = 1;
+};
+
+bool IsNameCharacter(QChar character)
+{
+    return character.isLetterOrNumber() || QStringLiteral("._[]+-").contains(character);
+}
+
+/// Cuts a text into words.
+class Words
+{
+public:
+    explicit Words(const QString& text) : m_text(text) { Advance(); }
+
+    const Word& Next() const { return m_next; }
+
+    Word Take()
+    {
+        Word word = m_next;
+        Advance();
+        return word;
+    }
+
+    bool TakeIf(WordKind kind, const char* text)
+    {
+        const bool isIt = m_next.kind == kind && m_next.text == QLatin1String(text);
+        if (isIt)
+            Advance();
+        return isIt;
+    }
+
+private:
+    QChar At(int position) const { return position < m_text.size() ? m_text.at(position) : QChar(); }
+
+    void Advance()
+    {
+        while (At(m_position).isSpace())
+            ++m_position;
+        m_next = {WordKind::End, QString(), m_position + 1};
+        const QChar first = At(m_position);
+        if (m_position >= m_text.size())
+            return;
+        if (first == QLatin1Char('"') || first == QLatin1Char('\''))
+            TakeString(first);
+        else if (IsNameCharacter(first) && !IsRangeSign())
+            TakeName();
+        else
+            TakeSign();
+    }
+
+    bool IsRangeSign() const
+    {
+        return At(m_position) == QLatin1Char('.') && At(m_position + 1) == QLatin1Char('.');
+    }
+
+    /// A backslash takes the meaning from the quote or backslash behind it, and stays in front of anything else.
+    void TakeString(QChar quote)
+    {
+        m_next.kind = WordKind::String;
+        for (++m_position; m_position < m_text.size(); ++m_position) {
+            if (At(m_position) == quote) {
+                ++m_position;
+                return;
+            }
+            const bool isEscape = At(m_position) == QLatin1Char('\\') &&
+                                  (At(m_position + 1) == quote || At(m_position + 1) == QLatin1Char('\\'));
+            if (isEscape)
+                ++m_position;
+            m_next.text += At(m_position);
+        }
+        throw ConditionError{QStringLiteral("the text that begins here has no end"), m_next.column};
+    }
+
+    void TakeName()
+    {
+        m_next.kind = WordKind::Name;
+        while (m_position < m_text.size() && IsNameCharacter(At(m_position)) && !IsRangeSign())
+            m_next.text += At(m_position++);
+    }
+
+    void TakeSign()
+    {
+        m_next.kind = WordKind::Sign;
+        m_next.text = At(m_position++);
+        const bool isPair =
+            (m_next.text == QLatin1String(".") && At(m_position) == QLatin1Char('.')) ||
+            (QStringLiteral("!<>").contains(m_next.text) && At(m_position) == QLatin1Char('='));
+        if (isPair)
+            m_next.text += At(m_position++);
+    }
+
+    const QString m_text;
+    int m_position = 0;
+    Word m_next;
+};
+
+// --- Sentences
+
+/// More of them within each other are refused: each takes some of the stack.
+constexpr int DEEPEST = 200;
+
+class Parser
+{
+public:
+    Parser(const ObjectInfo& info, const QString& text) : m_info(info), m_words(text) {}
+
+    TestPointer ParseAll()
+    {
+        TestPointer test = ParseOr();
+        if (m_words.Next().kind != WordKind::End)
+            Expected("'and', 'or' or the end");
+        return test;
+    }
+
+private:
+    [[noreturn]] void Expected(const char* what) const
+    {
+        const Word& word = m_words.Next();
+        const QString found = word.kind == WordKind::End ? QStringLiteral("nothing follows")
+                                                         : QStringLiteral("not %1").arg(Quoted(word.text));
+        throw ConditionError{QStringLiteral("%1 is expected, %2").arg(QLatin1String(what), found),
+                             word.column};
+    }
+
+    TestPointer ParseOr()
+    {
+        TestPointer left = ParseAnd();
+        while (m_words.TakeIf(WordKind::Name, "or")) {
+            const TestPointer right = ParseAnd();
+            left = Asking([left, right](const IRGObject& object) {
+                return left->IsTrueOf(object) || right->IsTrueOf(object);
+            });
+        }
+        return left;
+    }
+
+    TestPointer ParseAnd()
+    {
+        TestPointer left = ParseNot();
+        while (m_words.TakeIf(WordKind::Name, "and")) {
+            const TestPointer right = ParseNot();
+            left = Asking([left, right](const IRGObject& object) {
+                return left->IsTrueOf(object) && right->IsTrueOf(object);
+            });
+        }
+        return left;
+    }
+
+    TestPointer ParseNot()
+    {
+        if (++m_depth > DEEPEST)
+            throw ConditionError{QStringLiteral("too much within each other"), m_words.Next().column};
+        TestPointer test;
+        if (m_words.TakeIf(WordKind::Name, "not")) {
+            test = Asking([test = ParseNot()](const IRGObject& object) { return !test->IsTrueOf(object); });
+        } else if (m_words.TakeIf(WordKind::Sign, "(")) {
+            test = ParseOr();
+            if (!m_words.TakeIf(WordKind::Sign, ")"))
+                Expected("')'");
+        } else {
+            test = ParseTest();
+        }
+        --m_depth;
+        return test;
+    }
+
+    TestPointer ParseTest()
+    {
+        if (m_words.Next().kind != WordKind::Name)
+            Expected("the path of a field");
+        const Word word = m_words.Take();
+        const FieldPath path = PathOf(word);
+        if (m_words.TakeIf(WordKind::Name, "set"))
+            return Asking([path](const IRGObject& object) { return IsSet(object, path); });
+        if (m_words.TakeIf(WordKind::Name, "unset"))
+            return Asking([path](const IRGObject& object) { return !IsSet(object, path); });
+        if (m_words.TakeIf(WordKind::Name, "contains"))
+            return ParseContains(path, word);
+        return ParseValueTest(path, word);
+    }
+
+    FieldPath PathOf(const Word& word) const
+    {
+        try {
+            return FieldPath::Parse(m_info, word.text);
+        } catch (const PathError& error) {
+            throw ConditionError{error.text, word.column};
+        }
+    }
+
+    TestPointer ParseValueTest(const FieldPath& path, const Word& word)
+    {
+        const Field& field = *path.Last().field;
+        if (field.HasObjects())
+            throw ConditionError{
+                QStringLiteral("%1 is no value: 'set', 'unset' and 'contains' can be asked").arg(path.Text()),
+                word.column};
+        const int column = m_words.Next().column;
+        if (m_words.TakeIf(WordKind::Name, "in")) {
+            RequireNumber(field, path, column);
+            return ParseIn(path);
+        }
+        if (m_words.TakeIf(WordKind::Sign, "~"))
+            return ParseMatch(field, path, column);
+        for (const char* sign : {"=", "!=", "<", "<=", ">", ">="}) {
+            if (m_words.TakeIf(WordKind::Sign, sign))
+                return ParseComparison(field, path, QLatin1String(sign), column);
+        }
+        Expected("a comparison");
+    }
+
+    static void RequireNumber(const Field& field, const FieldPath& path, int column)
+    {
+        if (field.Kind() != FieldKind::Number)
+            throw ConditionError{QStringLiteral("%1 is no number").arg(path.Text()), column};
+    }
+
+    double ParseNumber()
+    {
+        bool isNumber = false;
+        const double number =
+            m_words.Next().kind == WordKind::Name ? m_words.Next().text.toDouble(&isNumber) : 0.0;
+        if (!isNumber)
+            Expected("a number");
+        m_words.Take();
+        return number;
+    }
+
+    TestPointer ParseIn(const FieldPath& path)
+    {
+        const double low = ParseNumber();
+        if (!m_words.TakeIf(WordKind::Sign, ".."))
+            Expected("'..'");
+        const double high = ParseNumber();
+        return AskingValue(path, [low, high](const QVariant& value) {
+            return low <= value.toDouble() && value.toDouble() <= high;
+        });
+    }
+
+    TestPointer ParseMatch(const Field& field, const FieldPath& path, int column)
+    {
+        if (field.Kind() != FieldKind::Text && field.Kind() != FieldKind::Version)
+            throw ConditionError{QStringLiteral("%1 is no text").arg(path.Text()), column};
+        if (m_words.Next().kind != WordKind::String)
+            Expected("a regular expression in quotes");
+        const Word word = m_words.Take();
+        const QRegularExpression pattern(word.text, QRegularExpression::UseUnicodePropertiesOption);
+        if (!pattern.isValid())
+            throw ConditionError{QStringLiteral("no regular expression: %1").arg(pattern.errorString()),
+                                 word.column};
+        return AskingValue(
+            path, [pattern](const QVariant& value) { return pattern.match(value.toString()).hasMatch(); });
+    }
+
+    TestPointer ParseComparison(const Field& field, const FieldPath& path, const QString& sign, int column)
+    {
+        if (field.Kind() == FieldKind::Number) {
+            const double number = ParseNumber();
+            return AskingValue(path, [sign, number](const QVariant& value) {
+                return Holds(sign, value.toDouble(), number);
+            });
+        }
+        const bool isEquality = sign == QLatin1String("=") || sign == QLatin1String("!=");
+        if (!isEquality)
+            throw ConditionError{QStringLiteral("%1 is no number").arg(path.Text()), column};
+        const bool isWanted = sign == QLatin1String("=");
+        if (field.Kind() == FieldKind::Switch) {
+            const bool isOn = m_words.TakeIf(WordKind::Name, "true");
+            if (!isOn && !m_words.TakeIf(WordKind::Name, "false"))
+                Expected("true or false");
+            return AskingValue(path, [isOn, isWanted](const QVariant& value) {
+                return (value.toBool() == isOn) == isWanted;
+            });
+        }
+        if (m_words.Next().kind != WordKind::String)
+            Expected("a text in quotes");
+        return AskingValue(path, [text = m_words.Take().text, isWanted](const QVariant& value) {
+            return (value.toString() == text) == isWanted;
+        });
+    }
+
+    static bool Holds(const QString& sign, double left, double right)
+    {
+        if (sign == QLatin1String("="))
+            return left == right;
+        if (sign == QLatin1String("!="))
+            return left != right;
+        if (sign == QLatin1String("<"))
+            return left < right;
+        if (sign == QLatin1String("<="))
+            return left <= right;
+        return sign == QLatin1String(">") ? left > right : left >= right;
+    }
+
+    TestPointer ParseContains(const FieldPath& path, const Word& word)
+    {
+        const Field& field = *path.Last().field;
+        FieldPath points = path;
+        if (field.Kind() == FieldKind::Object) {
+            const auto& fields = field.Object().All();
+            const auto list = std::find_if(fields.begin(), fields.end(),
+                                           [](const auto& below) { return HoldsPoints(*below); });
+            if (list != fields.end())
+                points.Enter(**list);
+        }
+        if (!HoldsPoints(*points.Last().field) || points.IsItem())
+            throw ConditionError{QStringLiteral("%1 holds no points").arg(path.Text()), word.column};
+        const double longitude = ParseNumber();
+        if (!m_words.TakeIf(WordKind::Sign, ","))
+            Expected("','");
+        const double latitude = ParseNumber();
+        return Asking([points, longitude, latitude](const IRGObject& object) {
+            const IRGObject* const holder = FindHolder(object, points);
+            return holder && Surrounds(*holder, *points.Last().field, longitude, latitude);
+        });
+    }
+
+    const ObjectInfo& m_info;
+    Words m_words;
+    int m_depth = 0;
+};
+
+} // namespace
+
+Condition::Condition(std::shared_ptr<const Test> test) : m_test(std::move(test)) {}
+
+Condition Condition::Parse(const ObjectInfo& info, const QString& text)
+{
+    return Condition(Parser(info, text).ParseAll());
+}
+
+} // namespace ReportCore

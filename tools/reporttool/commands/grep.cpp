@@ -1,0 +1,90 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/manyfiles.h>
+#include <reporttool/parser.h>
+
+#include <reportcore/condition.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/reportfile.h>
+#include <reportcore/texts.h>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+using ReportCore::Condition;
+
+namespace {
+
+constexpr char DESCRIPTION[] =
+    "Prints the names of the files whose reports fulfil a condition:\n"
+    "\n"
+    "  frequency.value in 118e6..137e6       both ends belong to it\n"
+    "  ifBandwidth.value <= 25000            also =, !=, <, >, >=\n"
+    "  area.name = \"Lake\"                    texts stand in quotes\n"
+    "  area.name ~ \"(?i)lake\"                regular expression\n"
+    "  frequency.use = true\n"
+    "  area contains 9.5,47.5                longitude,latitude: within the area or on its edge\n"
+    "  area.scriptId set, area unset\n"
+    "\n"
+    "They are joined by 'not', 'and' and 'or', which bind in this order, and by parentheses. What\n"
+    "is not set fulfils nothing but 'unset'. A report with problems counts as far as it can be\n"
+    "read, and a file that is no report at all fulfils nothing.\n"
+    "\n"
+    "Exit codes: 0 a report fulfils it, 1 none does, 2 a file cannot be read or the command line\n"
+    "is wrong.";
+
+Condition ConditionOf(const QString& text)
+{
+    try {
+        return Condition::Parse(ReportCore::ReportInfo(), text);
+    } catch (const ReportCore::ConditionError& error) {
+        throw UsageError{QStringLiteral("condition, column %1: %2").arg(error.column).arg(error.text)};
+    }
+}
+
+int Look(const QString& name, const Condition& condition, Console& console)
+{
+    QByteArray bytes;
+    QString error;
+    if (!console.Read(name, bytes, error))
+        return EXIT_UNUSABLE;
+    const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
+    if (file.form.form == ReportCore::Form::Unknown || !condition.IsTrueOf(file.report))
+        return EXIT_INVALID;
+    console.Output().Line(ReportCore::Printable(name));
+    return EXIT_GOOD;
+}
+
+int Grep(const QStringList& arguments, Console& console)
+{
+    Parser parser(DESCRIPTION, "grep");
+    parser.AddArgument("CONDITION", "What the reports are to fulfil.", "CONDITION");
+    parser.AddFiles();
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    QStringList files = parser.Arguments();
+    if (files.isEmpty())
+        throw UsageError{QStringLiteral("no condition is given")};
+    const Condition condition = ConditionOf(files.takeFirst());
+    const QStringList names = parser.FilesAmong(files);
+    const std::vector<int> exitCodes =
+        DoForEach(names, console, [&condition](const QString& name, Console& fileConsole) {
+            return Look(name, condition, fileConsole);
+        });
+    const int greatest = ExitCodeOf(exitCodes, names);
+    if (greatest == EXIT_UNUSABLE)
+        return EXIT_UNUSABLE;
+    const bool isFound = std::find(exitCodes.begin(), exitCodes.end(), EXIT_GOOD) != exitCodes.end();
+    return isFound ? EXIT_GOOD : EXIT_INVALID;
+}
+
+} // namespace
+
+const Command GREP_COMMAND = {"grep", "CONDITION FILE...", "find reports that fulfil a condition", Grep};
+
+} // namespace ReportTool
