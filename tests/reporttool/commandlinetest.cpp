@@ -20,9 +20,9 @@ TEST(ToolCommandLine, HelpNamesTheCommandsAndTheExitCodes)
     const ToolRun run = RunTool({"--help"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Errors(), "");
-    for (const char* part :
-         {"show FILE...", "convert IN... OUT --to F", "check FILE...", "diff A B", "grep CONDITION FILE...",
-          "set FILE PATH=VALUE...", "merge BASE OTHER...", "Exit codes", "--version"})
+    for (const char* part : {"show FILE...", "convert IN... OUT --to F", "check FILE...", "diff A B",
+                             "grep CONDITION FILE...", "set FILE PATH=VALUE...", "merge BASE OTHER...",
+                             "settings FRAGMENT --dry-run", "Exit codes", "--version"})
         EXPECT_TRUE(run.output.contains(part)) << part;
 }
 
@@ -43,7 +43,8 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
                       {"diff", {"diff A B", "--json", "Exit codes"}},
                       {"grep", {"grep CONDITION FILE...", "contains", "--recursive", "Exit codes"}},
                       {"set", {"set FILE PATH=VALUE...", "--unset <path>", "-o <out>", "Exit codes"}},
-                      {"merge", {"merge BASE OTHER...", "-o <out>", "Exit codes"}}};
+                      {"merge", {"merge BASE OTHER...", "-o <out>", "Exit codes"}},
+                      {"settings", {"settings FRAGMENT", "--dry-run", "Exit codes"}}};
     for (const auto& row : rows) {
         const ToolRun run = RunTool({row.command, "--help"});
         EXPECT_EQ(run.exitCode, 0) << row.command;

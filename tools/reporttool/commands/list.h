@@ -14,10 +14,11 @@ extern const Command DIFF_COMMAND;
 extern const Command GREP_COMMAND;
 extern const Command SET_COMMAND;
 extern const Command MERGE_COMMAND;
+extern const Command SETTINGS_COMMAND;
 
 /// In the order in which the help names them.
 constexpr const Command* COMMANDS[] = {&SHOW_COMMAND, &CONVERT_COMMAND, &CHECK_COMMAND, &DIFF_COMMAND,
-                                       &GREP_COMMAND, &SET_COMMAND,     &MERGE_COMMAND};
+                                       &GREP_COMMAND, &SET_COMMAND,     &MERGE_COMMAND, &SETTINGS_COMMAND};
 
 } // namespace ReportTool
 
