@@ -6,13 +6,16 @@ set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 # --- Programs
 
-if(TARGET reporttool)
-    file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
-    set_target_properties(reporttool PROPERTIES
-        OUTPUT_NAME reporttool${REPORTGENERATOR_FILE_SUFFIX}
-        INSTALL_RPATH "$ORIGIN/${binToLib}")
-    install(TARGETS reporttool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
-endif()
+# reporttool looks for reportpicture beside itself.
+foreach(program IN ITEMS reporttool reportpicture)
+    if(TARGET ${program})
+        file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+        set_target_properties(${program} PROPERTIES
+            OUTPUT_NAME ${program}${REPORTGENERATOR_FILE_SUFFIX}
+            INSTALL_RPATH "$ORIGIN/${binToLib}")
+        install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+    endif()
+endforeach()
 
 # --- CMake package
 

@@ -14,5 +14,7 @@ command_screenshots() {
         --screenshot "$pictures/settings-dialog.png" "$samples/settings.xml"
     run "${screen[@]}" build/release/bin/settings-dialog \
         --screenshot "$pictures/settings-dialog-problem.png" "$samples/settings.xml" "$samples/incomplete.xml"
+    rm -f "$pictures/reports.png"
+    run build/release/bin/reporttool export examples/reports/*.xml --to png --size 900x500 -o "$pictures/reports.png"
     say "Pictures: $pictures"
 }

@@ -1,13 +1,12 @@
 #include <reportcore/files.h>
 
+#include <reportcore/outputfile.h>
 #include <reportcore/platform.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
 
 #include <algorithm>
-#include <memory>
 
 namespace ReportCore {
 
@@ -53,18 +52,6 @@ void OpenForReading(QFile& file, const QString& name)
     RequireOpen(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
 }
 
-/// Through a temporary file that takes the other's place when it is complete. It has no buffer: what is
-/// written only by commit() may get lost there without an error.
-void ReplaceFile(const QString& name, const QByteArray& bytes)
-{
-    const FileBeingReplaced waits;
-    QSaveFile file(name);
-    RequireOpen(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered), file, name);
-    WriteAll(file, bytes, name);
-    if (!file.commit())
-        throw UnusableFile{name, file.errorString()};
-}
-
 } // namespace
 
 bool IsStandardStream(const QString& name)
@@ -92,28 +79,9 @@ QByteArray ReadInput(const QString& name)
 
 void WriteOutput(const QString& name, const QByteArray& bytes)
 {
-    if (IsStandardStream(name)) {
-        const std::unique_ptr<QIODevice> output = OpenForOutput(STANDARD_OUTPUT);
-        if (!output)
-            throw UnusableFile{name, QStringLiteral("is not open")};
-        WriteAll(*output, bytes, name);
-        return;
-    }
-    const QString devicePath = DevicePath(name);
-    if (!devicePath.isEmpty()) {
-        WriteAll(*OpenDeviceForOutput(devicePath, name), bytes, name);
-        return;
-    }
-    const QFileInfo info(name);
-    if (info.isDir())
-        RefuseDirectory(name);
-    if (!info.exists() || info.isFile()) {
-        ReplaceFile(name, bytes);
-        return;
-    }
-    QFile device(name);
-    RequireOpen(device.open(QIODevice::WriteOnly | QIODevice::Unbuffered), device, name);
-    WriteAll(device, bytes, name);
+    OutputFile file(name);
+    file.Write(bytes);
+    file.Commit();
 }
 
 void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name)

@@ -9,7 +9,10 @@
 namespace ReportTool {
 
 Parser::Parser(const QString& description, const QString& command, const QString& commandDescription)
-    : m_help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."))
+    : m_help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")),
+      m_output({QStringLiteral("o"), QStringLiteral("output")},
+               QStringLiteral("File to write; standard output where it is missing."), QStringLiteral("file"),
+               QStringLiteral("-"))
 {
     setApplicationDescription(description);
     addPositionalArgument(command, commandDescription);
@@ -34,6 +37,16 @@ void Parser::AddSwitch(const char* name, const char* description)
 void Parser::AddOption(const char* name, const char* description, const char* valueName)
 {
     addOption({QLatin1String(name), QLatin1String(description), QLatin1String(valueName)});
+}
+
+void Parser::AddOutput()
+{
+    addOption(m_output);
+}
+
+QString Parser::Output() const
+{
+    return value(m_output);
 }
 
 void Parser::AddFiles()

@@ -26,6 +26,10 @@ public:
     void AddSwitch(const char* name, const char* description);
     void AddOption(const char* name, const char* description, const char* valueName);
 
+    /// -o, --output: the file to write; standard output where it is missing.
+    void AddOutput();
+    QString Output() const;
+
     /// FILE..., several reports, and the options that name more of them.
     void AddFiles();
 
@@ -55,6 +59,7 @@ public:
 
 private:
     QCommandLineOption m_help;
+    QCommandLineOption m_output;
 };
 
 } // namespace ReportTool

@@ -1,0 +1,15 @@
+#include <reportpicture/painters.h>
+
+#include <reporttool/program.h>
+
+#include <QtGui/QGuiApplication>
+
+int main(int argc, char** argv)
+{
+    ReportTool::DropRemarksOfQt();
+    // Drawing needs no screen.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    ReportCore::SetOwnPainters(ReportPicture::AllPainters());
+    return ReportTool::RunProgram();
+}

@@ -1,0 +1,108 @@
+#include <reportpicture/mapscale.h>
+
+#include <QtCore/QtMath>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace ReportPicture {
+
+namespace {
+
+constexpr double HALF_TURN = 180.0;
+constexpr double TURN = 360.0;
+
+/// Near the poles degrees of longitude would have no length.
+constexpr double NARROWEST = 0.05;
+
+/// Lines across a map.
+constexpr double LINES = 6.0;
+
+/// Beyond these, steps of 10 and 20 degrees don't meet the antimeridian and the poles.
+constexpr double WIDE_STEPS[] = {45.0, 30.0, 15.0, 10.0};
+
+/// Digits of numbers that come out of a calculation.
+constexpr int DIGITS = 10;
+
+QString NumberText(double number)
+{
+    return QString::number(number, 'g', DIGITS);
+}
+
+QString DegreesText(double degrees, QChar positive, QChar negative)
+{
+    const QString text = NumberText(std::abs(degrees)) + QChar(0xB0);
+    if (degrees == 0.0 || std::abs(degrees) == HALF_TURN)
+        return text;
+    return text + QLatin1Char(' ') + (degrees < 0.0 ? negative : positive);
+}
+
+} // namespace
+
+MapScale::MapScale(const QRectF& box, const QRectF& frame) : m_frame(frame)
+{
+    const QPointF centre = box.center();
+    const double narrowing = std::max(std::cos(qDegreesToRadians(centre.y())), NARROWEST);
+    m_pixelsOfLatitude = std::min(frame.height() / box.height(), frame.width() / (box.width() * narrowing));
+    m_pixelsOfLongitude = m_pixelsOfLatitude * narrowing;
+    m_west = centre.x() - frame.width() / 2.0 / m_pixelsOfLongitude;
+    m_north = centre.y() + frame.height() / 2.0 / m_pixelsOfLatitude;
+}
+
+QPointF MapScale::At(const ReportCore::Point& point) const
+{
+    return {m_frame.left() + (point.longitude - m_west) * m_pixelsOfLongitude,
+            m_frame.top() + (m_north - point.latitude) * m_pixelsOfLatitude};
+}
+
+double RoundStep(double value)
+{
+    const double power = std::pow(10.0, std::floor(std::log10(value)));
+    for (const double digit : {5.0, 2.0}) {
+        if (digit * power <= value)
+            return digit * power;
+    }
+    return power;
+}
+
+double GraticuleStep(double degrees)
+{
+    const double step = degrees / LINES;
+    const auto* const wide = std::find_if(std::begin(WIDE_STEPS), std::end(WIDE_STEPS),
+                                          [step](double each) { return each <= step; });
+    return wide == std::end(WIDE_STEPS) ? RoundStep(step) : *wide;
+}
+
+QString LongitudeText(double degrees)
+{
+    const double within = degrees - TURN * std::round(degrees / TURN);
+    return DegreesText(within, QLatin1Char('E'), QLatin1Char('W'));
+}
+
+QString LatitudeText(double degrees)
+{
+    return DegreesText(degrees, QLatin1Char('N'), QLatin1Char('S'));
+}
+
+QString LengthText(double kilometres)
+{
+    return kilometres < 1.0 ? NumberText(kilometres * 1e3) + QStringLiteral(" m")
+                            : NumberText(kilometres) + QStringLiteral(" km");
+}
+
+QString HertzText(double hertz)
+{
+    constexpr struct
+    {
+        double factor;
+        const char* unit;
+    } UNITS[] = {{1e9, " GHz"}, {1e6, " MHz"}, {1e3, " kHz"}};
+    for (const auto& unit : UNITS) {
+        if (std::abs(hertz) >= unit.factor)
+            return NumberText(hertz / unit.factor) + QLatin1String(unit.unit);
+    }
+    return NumberText(hertz) + QStringLiteral(" Hz");
+}
+
+} // namespace ReportPicture

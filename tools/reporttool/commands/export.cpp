@@ -1,0 +1,207 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
+
+#include <reportcore/exporting/formats.h>
+#include <reportcore/files.h>
+#include <reportcore/outputfile.h>
+#include <reportcore/reportfile.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace ReportTool {
+
+using ReportCore::Exporter;
+using ReportCore::ExportFormat;
+using ReportCore::ExportFormats;
+using ReportCore::OutputFile;
+using ReportCore::PictureSize;
+using ReportCore::ReportFile;
+
+namespace {
+
+constexpr int FORMAT_COLUMN = 12;
+
+constexpr int SMALLEST_PICTURE = 100;
+constexpr int LARGEST_PICTURE = 10000;
+
+#ifdef Q_OS_WIN
+constexpr QLatin1String EXECUTABLE_SUFFIX(".exe");
+#else
+constexpr QLatin1String EXECUTABLE_SUFFIX("");
+#endif
+
+constexpr char DESCRIPTION[] =
+    "Writes reports for other programs: maps, spreadsheets, databases. Several reports go into one\n"
+    "file, each with its name, its frequencies and the file that it comes from.\n"
+    "\n"
+    "Formats:\n"
+    "%1"
+    "\n"
+    "Pictures are drawn by the program reportpicture, which stands beside this one where it was built\n"
+    "with Qt Gui and, for svg, Qt Svg.\n"
+    "\n"
+    "Reports in which 'check' finds a problem are left out, with a word on each. Where no report is\n"
+    "left nothing is written.\n"
+    "\n"
+    "Exit codes: 0 all reports are written, 1 a report is invalid, 2 a file cannot be read or\n"
+    "written or the command line is wrong.";
+
+QString Description()
+{
+    QString lines;
+    for (const ExportFormat& format : ExportFormats())
+        lines += QLatin1String("  ") + QString(QLatin1String(format.name)).leftJustified(FORMAT_COLUMN) +
+                 QLatin1String(format.summary) + QLatin1Char('\n');
+    return QString(QLatin1String(DESCRIPTION)).arg(lines);
+}
+
+const ExportFormat& FormatOf(const Parser& parser)
+{
+    if (!parser.Has("to"))
+        throw UsageError{QStringLiteral("--to is missing")};
+    const QString name = parser.Value("to");
+    const auto found =
+        std::find_if(ExportFormats().begin(), ExportFormats().end(),
+                     [&name](const ExportFormat& format) { return name == QLatin1String(format.name); });
+    if (found == ExportFormats().end())
+        throw UsageError{QStringLiteral("no format is called '%1'").arg(name)};
+    return *found;
+}
+
+std::unique_ptr<Exporter> ExporterOf(const ExportFormat& format, PictureSize size)
+{
+    if (!format.painter)
+        return format.make();
+    const ReportCore::MakePicture make = ReportCore::OwnPainters().*(format.painter);
+    if (!make)
+        throw UsageError{QStringLiteral("reportpicture was built without Qt Svg, so it draws png only")};
+    return make(size);
+}
+
+/// The file that all reports go to. It is opened for the first of them.
+class Collection
+{
+public:
+    Collection(std::unique_ptr<Exporter> exporter, const QString& name)
+        : m_exporter(std::move(exporter)), m_name(name)
+    {
+    }
+
+    void Add(const QString& name, const ReportFile& file)
+    {
+        if (!m_output) {
+            m_output.emplace(m_name);
+            m_output->Write(m_exporter->Begin());
+        }
+        m_output->Write(m_exporter->Add(ReportCore::FeatureOf(name, file.report)));
+    }
+
+    void Finish()
+    {
+        if (!m_output)
+            return;
+        m_output->Write(m_exporter->End());
+        m_output->Commit();
+    }
+
+private:
+    std::unique_ptr<Exporter> m_exporter;
+    QString m_name;
+    std::optional<OutputFile> m_output;
+};
+
+int ExportFile(const QString& name, Collection& collection, Console& console)
+{
+    QByteArray bytes;
+    QString error;
+    if (!console.Read(name, bytes, error))
+        return EXIT_UNUSABLE;
+    const ReportFile file = ReportCore::ReadReport(bytes);
+    for (const ReportCore::Problem& problem : file.problems)
+        console.Complain(name, problem);
+    if (!file.IsGood())
+        return EXIT_INVALID;
+    collection.Add(name, file);
+    return EXIT_GOOD;
+}
+
+int DimensionOf(const QString& text)
+{
+    bool isNumber = false;
+    const int dimension = text.toInt(&isNumber);
+    if (!isNumber || dimension < SMALLEST_PICTURE || dimension > LARGEST_PICTURE)
+        throw UsageError{QStringLiteral("a size is WIDTHxHEIGHT, each from %1 to %2 pixels")
+                             .arg(QString::number(SMALLEST_PICTURE), QString::number(LARGEST_PICTURE))};
+    return dimension;
+}
+
+PictureSize SizeOf(const Parser& parser, const ExportFormat& format)
+{
+    if (!parser.Has("size"))
+        return {};
+    if (!format.painter)
+        throw UsageError{QStringLiteral("--size is for pictures")};
+    const QString text = parser.Value("size");
+    return {DimensionOf(text.section(QLatin1Char('x'), 0, 0)),
+            DimensionOf(text.section(QLatin1Char('x'), 1))};
+}
+
+/// Has the program that can draw do the same. It reads and writes the same streams.
+int RunElsewhere(const QStringList& arguments, Console& console)
+{
+    const QString program = QDir(QCoreApplication::applicationDirPath())
+                                .filePath(QStringLiteral(REPORTTOOL_PICTURE_PROGRAM) + EXECUTABLE_SUFFIX);
+    if (!QFileInfo(program).isExecutable())
+        throw ReportCore::UnusableFile{program, QStringLiteral("is not there, and draws the pictures")};
+    console.Output().Flush();
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    process.start(program, arguments.mid(1));
+    if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
+        throw ReportCore::UnusableFile{program, process.errorString()};
+    return process.exitCode();
+}
+
+int Export(const QStringList& arguments, Console& console)
+{
+    Parser parser(Description(), QStringLiteral("export"), QStringLiteral("This command."));
+    parser.AddFiles();
+    parser.AddOption("to", "Format to write.", "format");
+    parser.AddOption("size", "Size of a picture in pixels, 1200x900 where it is missing.", "size");
+    parser.AddOutput();
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    const ExportFormat& format = FormatOf(parser);
+    const PictureSize size = SizeOf(parser, format);
+    const QStringList files = parser.Files();
+    const bool isPainter = ReportCore::OwnPainters().png != nullptr;
+    if (format.painter && !isPainter)
+        return RunElsewhere(arguments, console);
+    Collection collection(ExporterOf(format, size), parser.Output());
+    int exitCode = EXIT_GOOD;
+    for (const QString& name : files)
+        exitCode = std::max(exitCode, ExportFile(name, collection, console));
+    collection.Finish();
+    return exitCode;
+}
+
+} // namespace
+
+const Command EXPORT_COMMAND = {"export", "FILE... --to F", "write reports for maps, spreadsheets, databases",
+                                Export};
+
+} // namespace ReportTool
