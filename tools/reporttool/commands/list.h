@@ -11,6 +11,7 @@ extern const Command SHOW_COMMAND;
 extern const Command CONVERT_COMMAND;
 extern const Command CHECK_COMMAND;
 extern const Command EXPORT_COMMAND;
+extern const Command IMPORT_COMMAND;
 extern const Command DIFF_COMMAND;
 extern const Command GREP_COMMAND;
 extern const Command SET_COMMAND;
@@ -18,9 +19,9 @@ extern const Command MERGE_COMMAND;
 extern const Command SETTINGS_COMMAND;
 
 /// In the order in which the help names them.
-constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &CONVERT_COMMAND, &CHECK_COMMAND,
-                                       &EXPORT_COMMAND, &DIFF_COMMAND,    &GREP_COMMAND,
-                                       &SET_COMMAND,    &MERGE_COMMAND,   &SETTINGS_COMMAND};
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &CONVERT_COMMAND, &CHECK_COMMAND, &EXPORT_COMMAND,
+                                       &IMPORT_COMMAND, &DIFF_COMMAND,    &GREP_COMMAND,  &SET_COMMAND,
+                                       &MERGE_COMMAND,  &SETTINGS_COMMAND};
 
 } // namespace ReportTool
 

@@ -1,0 +1,171 @@
+#include <reportcore/importing/importing.h>
+#include <reportcore/importing/wktreader.h>
+
+#include <QtCore/QStringList>
+
+#include <algorithm>
+
+namespace ReportCore {
+
+namespace {
+
+/// Null for an empty cell without quotes: a value that is not set.
+using Row = QStringList;
+
+/// The rows of comma-separated values, with or without quotes around them.
+class CsvReader
+{
+public:
+    explicit CsvReader(const QString& text) : m_text(text) {}
+
+    std::vector<Row> Read()
+    {
+        std::vector<Row> rows;
+        while (m_place < m_text.size()) {
+            const int line = m_line;
+            Row row = ReadRow(line);
+            // A line without anything is none.
+            if (row.size() > 1 || !row.first().isEmpty())
+                rows.push_back(std::move(row));
+        }
+        return rows;
+    }
+
+private:
+    Row ReadRow(int line)
+    {
+        Row row;
+        for (;;) {
+            row << (At(QLatin1Char('"')) ? ReadQuoted(line) : ReadPlain());
+            if (At(QLatin1Char(','))) {
+                ++m_place;
+                continue;
+            }
+            if (At(QLatin1Char('\r')))
+                ++m_place;
+            if (m_place < m_text.size() && !At(QLatin1Char('\n')))
+                throw ImportError{QStringLiteral("line %1: text behind a closing quote").arg(line)};
+            ++m_place;
+            ++m_line;
+            return row;
+        }
+    }
+
+    bool At(QLatin1Char character) const
+    {
+        return m_place < m_text.size() && m_text.at(m_place) == character;
+    }
+
+    QString ReadPlain()
+    {
+        const auto start = m_place;
+        while (m_place < m_text.size() && !At(QLatin1Char(',')) && !At(QLatin1Char('\n')) &&
+               !At(QLatin1Char('\r')))
+            ++m_place;
+        return m_place == start ? QString() : m_text.mid(start, m_place - start);
+    }
+
+    QString ReadQuoted(int line)
+    {
+        QString cell = QStringLiteral("");
+        for (;;) {
+            ++m_place;
+            const auto end = m_text.indexOf(QLatin1Char('"'), m_place);
+            if (end < 0)
+                throw ImportError{QStringLiteral("line %1: a quote is never closed").arg(line)};
+            const QString piece = m_text.mid(m_place, end - m_place);
+            m_line += static_cast<int>(piece.count(QLatin1Char('\n')));
+            cell += piece;
+            m_place = end + 1;
+            if (!At(QLatin1Char('"')))
+                return cell;
+            cell += QLatin1Char('"');
+        }
+    }
+
+    const QString& m_text;
+    decltype(QString().size()) m_place = 0;
+    int m_line = 1;
+};
+
+/// The place of a column; -1 where there is none.
+int FindColumn(const Row& header, std::initializer_list<const char*> names)
+{
+    const auto found = std::find_if(header.begin(), header.end(), [&names](const QString& cell) {
+        return std::any_of(names.begin(), names.end(), [&cell](const char* name) {
+            return cell.trimmed().compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
+        });
+    });
+    return found == header.end() ? -1 : static_cast<int>(found - header.begin());
+}
+
+ImportedFeature FeatureOf(const Row& header, const Row& row)
+{
+    ImportedFeature feature;
+    for (int i = 0; i < std::min(header.size(), row.size()); ++i)
+        feature.properties.emplace_back(header.at(i).trimmed(),
+                                        row.at(i).isNull() ? QVariant() : QVariant(row.at(i)));
+    return feature;
+}
+
+ImportedFeatures FeaturesWithWkt(const std::vector<Row>& rows, int wktColumn)
+{
+    ImportedFeatures features;
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        features.push_back(FeatureOf(rows.front(), rows[i]));
+        const QString wkt = rows[i].value(wktColumn);
+        if (!wkt.trimmed().isEmpty())
+            AddWkt(wkt, features.back());
+    }
+    return features;
+}
+
+double NumberOf(const QString& text)
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber)
+        throw ImportError{QStringLiteral("'%1' is no longitude or latitude").arg(text)};
+    return number;
+}
+
+/// A line is a point. Where points are numbered a report begins with each first one, else all are one report's.
+ImportedFeatures FeaturesOfPoints(const std::vector<Row>& rows, int longitudeColumn, int latitudeColumn)
+{
+    const int numberColumn = FindColumn(rows.front(), {"point"});
+    ImportedFeatures features;
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        const Row& row = rows[i];
+        const QString number = row.value(numberColumn).trimmed();
+        const bool isFirst = number.isEmpty() || number == QLatin1String("1");
+        if (features.empty() || (numberColumn >= 0 && isFirst))
+            features.push_back(FeatureOf(rows.front(), row));
+        const QString longitude = row.value(longitudeColumn).trimmed();
+        const QString latitude = row.value(latitudeColumn).trimmed();
+        if (longitude.isEmpty() && latitude.isEmpty())
+            continue;
+        if (features.back().parts.empty())
+            features.back().parts.emplace_back();
+        features.back().parts.front().push_back({NumberOf(longitude), NumberOf(latitude)});
+    }
+    return features;
+}
+
+} // namespace
+
+ImportedFeatures ReadCsv(const QByteArray& bytes)
+{
+    const QString text = QString::fromUtf8(bytes);
+    const std::vector<Row> rows = CsvReader(text).Read();
+    if (rows.empty())
+        throw ImportError{QStringLiteral("there is no header")};
+    const int wkt = FindColumn(rows.front(), {"WKT"});
+    const int longitude = FindColumn(rows.front(), {"longitude", "lon"});
+    const int latitude = FindColumn(rows.front(), {"latitude", "lat"});
+    if (wkt < 0 && (longitude < 0 || latitude < 0))
+        throw ImportError{
+            QStringLiteral("the header has neither a column 'WKT' nor 'longitude' and 'latitude'")};
+    return wkt >= 0 ? FeaturesWithWkt(rows, wkt) : FeaturesOfPoints(rows, longitude, latitude);
+}
+
+} // namespace ReportCore

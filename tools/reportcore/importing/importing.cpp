@@ -1,0 +1,133 @@
+#include <reportcore/importing/importing.h>
+
+#include <reportcore/exporting/feature.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/texts.h>
+
+#include <reportgenerator/reportbase/rgexception.h>
+
+#include <algorithm>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::Area;
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+/// What many programs call the name of a thing.
+constexpr char NAME[] = "name";
+
+/// Null where there is none, or where it isn't set.
+const QVariant* FindProperty(const ImportedFeature& feature, const QString& name)
+{
+    const auto found =
+        std::find_if(feature.properties.begin(), feature.properties.end(), [&name](const auto& property) {
+            return property.first.compare(name, Qt::CaseInsensitive) == 0;
+        });
+    return found == feature.properties.end() || !found->second.isValid() ? nullptr : &found->second;
+}
+
+/// Invalid where the value is not set: a number or a switch cannot be empty. Databases write switches as 0 and 1.
+QVariant ValueFor(const Field& field, const QVariant& value)
+{
+    if (field.Kind() == FieldKind::Number && value.userType() == QMetaType::Double)
+        return value;
+    const QString text = PropertyText(value);
+    if (field.Kind() != FieldKind::Text && text.trimmed().isEmpty())
+        return QVariant();
+    if (field.Kind() == FieldKind::Switch && (text == QLatin1String("0") || text == QLatin1String("1")))
+        return text == QLatin1String("1");
+    return field.ValueOf(text);
+}
+
+void TakeProperty(const PropertyType& type, const QVariant& property, ReportBase& report)
+{
+    try {
+        const QVariant value = ValueFor(*type.path.Last().field, property);
+        if (value.isValid())
+            SetValue(report, type.path, value);
+    } catch (const RGException& exception) {
+        throw ImportError{QStringLiteral("%1: %2").arg(type.name, exception.GetErrorText())};
+    }
+}
+
+void TakeProperties(const ImportedFeature& feature, ReportBase& report)
+{
+    for (const PropertyType& type : PropertyTypes()) {
+        const QVariant* const property = FindProperty(feature, type.name);
+        if (property && type.kind != FieldKind::Version)
+            TakeProperty(type, *property, report);
+    }
+}
+
+QString NameOf(const ImportedFeature& feature)
+{
+    const QVariant* const property = FindProperty(feature, QLatin1String(NAME));
+    return feature.name.isEmpty() && property ? PropertyText(*property) : feature.name;
+}
+
+void TakeOutline(const ImportedFeature& feature, ReportBase& report)
+{
+    QVector<Coordinate> coordinates;
+    for (const Point& point : feature.parts.front()) {
+        Coordinate coordinate;
+        coordinate.SetValidate(true);
+        coordinate.SetLongitude(point.longitude);
+        coordinate.SetLatitude(point.latitude);
+        coordinates.append(coordinate);
+    }
+    Area area = report.GetArea();
+    if (!area.IsNameSet() && !NameOf(feature).isEmpty())
+        area.SetName(NameOf(feature));
+    if (!area.IsNameSet())
+        throw ImportError{QStringLiteral("the area has no name")};
+    area.SetCoordinate(coordinates);
+    report.SetArea(area);
+}
+
+} // namespace
+
+const std::vector<ImportFormat>& ImportFormats()
+{
+    static const std::vector<ImportFormat> formats = {
+        {"geojson", "GeoJSON: a feature collection, a feature, a geometry, or a feature on each line",
+         ReadGeoJson},
+        {"csv", "a header and lines with WKT, or with longitude and latitude of a point each", ReadCsv},
+        {"kml", "KML: the placemarks", ReadKml},
+    };
+    return formats;
+}
+
+ImportedFeatures Parted(const ImportedFeatures& features)
+{
+    ImportedFeatures parted;
+    for (const ImportedFeature& feature : features) {
+        if (feature.parts.size() < 2) {
+            parted.push_back(feature);
+            continue;
+        }
+        for (const Points& part : feature.parts) {
+            parted.push_back(feature);
+            parted.back().parts = {part};
+        }
+    }
+    return parted;
+}
+
+ReportBase ReportOf(const ImportedFeature& feature)
+{
+    if (!feature.hindrance.isEmpty())
+        throw ImportError{feature.hindrance};
+    if (feature.parts.size() > 1)
+        throw ImportError{QStringLiteral("an area is one outline, not %1; --parts makes a report of each")
+                              .arg(feature.parts.size())};
+    ReportBase report;
+    TakeProperties(feature, report);
+    if (!feature.parts.empty())
+        TakeOutline(feature, report);
+    return report;
+}
+
+} // namespace ReportCore

@@ -1,0 +1,70 @@
+#ifndef REPORTCORE_IMPORTING_IMPORTING_H
+#define REPORTCORE_IMPORTING_IMPORTING_H
+
+#include <reportcore/exporting/geometry.h>
+
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+
+#include <utility>
+#include <vector>
+
+namespace ReportCore {
+
+/// What cannot be imported; the text is for people.
+struct ImportError
+{
+    QString text;
+};
+
+/// What a file of another program holds of one report.
+struct ImportedFeature
+{
+    /// The name that the format itself has a place for; null where there is none.
+    QString name = {};
+
+    /// By name, in the order of the file. Null ones are not set.
+    std::vector<std::pair<QString, QVariant>> properties = {};
+
+    /// The outlines of its parts.
+    std::vector<Points> parts = {};
+
+    /// What of it no area can hold: holes, for example; empty where there is nothing.
+    QString hindrance = {};
+};
+
+using ImportedFeatures = std::vector<ImportedFeature>;
+
+/// A format of other programs that reports are made of.
+struct ImportFormat
+{
+    const char* name;
+    const char* summary; ///< one line
+
+    /// Throws `ImportError` for bytes that are not in this format.
+    ImportedFeatures (*read)(const QByteArray& bytes);
+};
+
+// One for each format, in a file of its own.
+
+ImportedFeatures ReadGeoJson(const QByteArray& bytes);
+ImportedFeatures ReadCsv(const QByteArray& bytes);
+ImportedFeatures ReadKml(const QByteArray& bytes);
+
+/// In the order in which the help names them.
+const std::vector<ImportFormat>& ImportFormats();
+
+/// A feature for each part.
+ImportedFeatures Parted(const ImportedFeatures& features);
+
+/// The report of a feature: its properties by their names, whatever their case; of an area without name, the name that
+/// the format has a place for. Properties that no report has are passed over. The points stand in the area as they stand
+/// in the file. Throws `ImportError` and `RGException`.
+REPORTGENERATOR::ReportBase ReportOf(const ImportedFeature& feature);
+
+} // namespace ReportCore
+
+#endif

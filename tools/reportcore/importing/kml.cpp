@@ -1,0 +1,154 @@
+#include <reportcore/importing/importing.h>
+
+#include <reportcore/texts.h>
+
+#include <QtCore/QStringList>
+#include <QtCore/QXmlStreamReader>
+
+namespace ReportCore {
+
+namespace {
+
+/// Only placemarks count, wherever they stand; of their elements those that a report has a place for.
+class KmlReader
+{
+public:
+    explicit KmlReader(const QByteArray& bytes) : m_xml(bytes) {}
+
+    ImportedFeatures Read()
+    {
+        bool isKml = false;
+        while (!m_xml.atEnd()) {
+            if (m_xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            isKml = isKml || m_xml.name() == QLatin1String("kml");
+            if (m_xml.name() == QLatin1String("Placemark"))
+                ReadPlacemark();
+        }
+        if (m_xml.hasError())
+            throw ImportError{
+                QStringLiteral("not XML: line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString())};
+        if (!isKml && m_features.empty())
+            throw ImportError{QStringLiteral("not KML: neither a kml element nor a placemark")};
+        return std::move(m_features);
+    }
+
+private:
+    void ReadPlacemark()
+    {
+        m_features.emplace_back();
+        ImportedFeature& feature = m_features.back();
+        while (m_xml.readNextStartElement()) {
+            if (m_xml.name() == QLatin1String("name"))
+                feature.name = m_xml.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
+            else if (m_xml.name() == QLatin1String("ExtendedData"))
+                ReadData(feature);
+            else
+                ReadGeometry(feature);
+        }
+    }
+
+    void ReadData(ImportedFeature& feature)
+    {
+        while (m_xml.readNextStartElement()) {
+            const QString name = m_xml.attributes().value(QLatin1String("name")).toString();
+            if (m_xml.name() == QLatin1String("SchemaData"))
+                ReadData(feature);
+            else if (m_xml.name() == QLatin1String("SimpleData"))
+                feature.properties.emplace_back(name, m_xml.readElementText());
+            else if (m_xml.name() == QLatin1String("Data"))
+                feature.properties.emplace_back(name, ReadDataValue());
+            else
+                m_xml.skipCurrentElement();
+        }
+    }
+
+    QVariant ReadDataValue()
+    {
+        QVariant value;
+        while (m_xml.readNextStartElement()) {
+            if (m_xml.name() == QLatin1String("value"))
+                value = m_xml.readElementText();
+            else
+                m_xml.skipCurrentElement();
+        }
+        return value;
+    }
+
+    /// Any other element of a placemark or of a geometry that is made of several.
+    void ReadGeometry(ImportedFeature& feature)
+    {
+        if (m_xml.name() == QLatin1String("MultiGeometry")) {
+            if (++m_depth > DEEPEST)
+                throw ImportError{QStringLiteral("geometries within geometries without end")};
+            while (m_xml.readNextStartElement())
+                ReadGeometry(feature);
+            --m_depth;
+        } else if (m_xml.name() == QLatin1String("Polygon")) {
+            ReadPolygon(feature);
+        } else if (m_xml.name() == QLatin1String("Point") || m_xml.name() == QLatin1String("LineString") ||
+                   m_xml.name() == QLatin1String("LinearRing")) {
+            feature.parts.push_back(ReadCoordinates());
+        } else {
+            m_xml.skipCurrentElement();
+        }
+    }
+
+    void ReadPolygon(ImportedFeature& feature)
+    {
+        while (m_xml.readNextStartElement()) {
+            if (m_xml.name() == QLatin1String("outerBoundaryIs")) {
+                while (m_xml.readNextStartElement())
+                    feature.parts.push_back(ReadCoordinates());
+                continue;
+            }
+            if (m_xml.name() == QLatin1String("innerBoundaryIs"))
+                feature.hindrance = QStringLiteral("an area has no holes");
+            m_xml.skipCurrentElement();
+        }
+    }
+
+    Points ReadCoordinates()
+    {
+        Points points;
+        while (m_xml.readNextStartElement()) {
+            if (m_xml.name() != QLatin1String("coordinates")) {
+                m_xml.skipCurrentElement();
+                continue;
+            }
+            const QStringList positions =
+                m_xml.readElementText().simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            for (const QString& position : positions)
+                points.push_back(PointOf(position));
+        }
+        return points;
+    }
+
+    /// Behind longitude and latitude there may be a height, which no report has.
+    static Point PointOf(const QString& position)
+    {
+        const QStringList numbers = position.split(QLatin1Char(','));
+        bool isLongitude = false;
+        bool isLatitude = false;
+        const Point point{numbers.at(0).toDouble(&isLongitude), numbers.value(1).toDouble(&isLatitude)};
+        if (!isLongitude || !isLatitude)
+            throw ImportError{
+                QStringLiteral("a position is longitude,latitude and not %1").arg(Quoted(position))};
+        return point;
+    }
+
+    static constexpr int DEEPEST = 100;
+
+    QXmlStreamReader m_xml;
+    ImportedFeatures m_features;
+    int m_depth = 0;
+};
+
+} // namespace
+
+ImportedFeatures ReadKml(const QByteArray& bytes)
+{
+    return KmlReader(bytes).Read();
+}
+
+} // namespace ReportCore

@@ -1,0 +1,153 @@
+#include <reporttool/commands/list.h>
+#include <reporttool/console.h>
+#include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
+
+#include <reportcore/files.h>
+#include <reportcore/importing/importing.h>
+#include <reportcore/reportwriting.h>
+
+#include <reportgenerator/reportbase/rgexception.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+
+namespace ReportTool {
+
+using ReportCore::ImportedFeature;
+using ReportCore::ImportedFeatures;
+using ReportCore::ImportError;
+using ReportCore::ImportFormat;
+using ReportCore::ImportFormats;
+
+namespace {
+
+constexpr int FORMAT_COLUMN = 12;
+
+constexpr char DESCRIPTION[] =
+    "Makes reports with areas of what other programs have drawn, and writes them as XML. A file\n"
+    "that holds one feature becomes the file OUT. Where OUT is a folder each feature becomes a file\n"
+    "in it, named after IN and counted.\n"
+    "\n"
+    "Formats:\n"
+    "%1"
+    "\n"
+    "Properties that bear the names of 'export' (frequency_value, area_name) become the fields of\n"
+    "the report. Of an area without area_name the name is 'name'.\n"
+    "\n"
+    "Exit codes: 0 all features are written, 1 IN is not in this format or a feature makes no\n"
+    "report, 2 a file cannot be read or written or the command line is wrong.";
+
+QString Description()
+{
+    QString lines;
+    for (const ImportFormat& format : ImportFormats())
+        lines += QLatin1String("  ") + QString(QLatin1String(format.name)).leftJustified(FORMAT_COLUMN) +
+                 QLatin1String(format.summary) + QLatin1Char('\n');
+    return QString(QLatin1String(DESCRIPTION)).arg(lines);
+}
+
+const ImportFormat& FormatOf(const Parser& parser)
+{
+    if (!parser.Has("from"))
+        throw UsageError{QStringLiteral("--from is missing")};
+    const QString name = parser.Value("from");
+    const auto found =
+        std::find_if(ImportFormats().begin(), ImportFormats().end(),
+                     [&name](const ImportFormat& format) { return name == QLatin1String(format.name); });
+    if (found == ImportFormats().end())
+        throw UsageError{QStringLiteral("no format is called '%1'").arg(name)};
+    return *found;
+}
+
+/// The files that the features become.
+QStringList OutputsFor(const QString& input, const QString& output, std::size_t count)
+{
+    if (ReportCore::IsStandardStream(output) || !QFileInfo(output).isDir()) {
+        if (count > 1)
+            throw ReportCore::UnusableFile{
+                output, QStringLiteral("%1 features need a folder that is there").arg(count)};
+        return {output};
+    }
+    const QString base =
+        ReportCore::IsStandardStream(input) ? QStringLiteral("report") : QFileInfo(input).completeBaseName();
+    const int digits = static_cast<int>(QString::number(count).size());
+    QStringList outputs;
+    for (std::size_t i = 1; i <= count; ++i)
+        outputs << QDir(output).filePath(
+            QStringLiteral("%1-%2.xml").arg(base).arg(i, digits, 10, QLatin1Char('0')));
+    return outputs;
+}
+
+/// What is in the way of a report; empty when it is written.
+QString Write(const ImportedFeature& feature, const QString& output)
+{
+    try {
+        const REPORTGENERATOR::ReportBase report = ReportCore::ReportOf(feature);
+        const QByteArray bytes = ReportCore::WriteReport(report, {ReportCore::Form::Xml, false}, -1);
+        const QString loss = ReportCore::FindLoss(report, bytes);
+        if (!loss.isEmpty())
+            return QStringLiteral("XML would not keep ") + loss;
+        ReportCore::WriteOutput(output, bytes);
+        return QString();
+    } catch (const ImportError& error) {
+        return error.text;
+    } catch (const RGException& exception) {
+        return exception.GetErrorText();
+    }
+}
+
+int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const QString& input,
+             Console& console)
+{
+    int exitCode = EXIT_GOOD;
+    for (std::size_t i = 0; i < features.size(); ++i) {
+        const QString hindrance = Write(features[i], outputs.at(static_cast<int>(i)));
+        if (hindrance.isEmpty())
+            continue;
+        console.Complain(input, QStringLiteral("feature %1: %2").arg(i + 1).arg(hindrance));
+        exitCode = EXIT_INVALID;
+    }
+    return exitCode;
+}
+
+int Import(const QStringList& arguments, Console& console)
+{
+    Parser parser(Description(), QStringLiteral("import"), QStringLiteral("This command."));
+    parser.AddArgument("IN", "File of the other program; - stands for standard input.", "IN");
+    parser.AddArgument("OUT", "File to write, - for standard output, or a folder.", "OUT");
+    parser.AddOption("from", "Format to read: geojson, csv or kml.", "format");
+    parser.AddSwitch("parts", "Make a report of each part of a feature that has several.");
+    parser.ParseOrThrow(arguments);
+    if (parser.AsksForHelp()) {
+        console.Output().Text(parser.helpText());
+        return EXIT_GOOD;
+    }
+    const QStringList files = parser.Arguments();
+    if (files.size() != 2)
+        throw UsageError{QStringLiteral("import takes IN and OUT")};
+    const ImportFormat& format = FormatOf(parser);
+    ImportedFeatures features;
+    try {
+        features = format.read(ReportCore::ReadInput(files.at(0)));
+    } catch (const ImportError& error) {
+        console.Complain(files.at(0), error.text);
+        return EXIT_INVALID;
+    }
+    if (features.empty()) {
+        console.Complain(files.at(0), QStringLiteral("there is no feature"));
+        return EXIT_INVALID;
+    }
+    if (parser.Has("parts"))
+        features = ReportCore::Parted(features);
+    return WriteAll(features, OutputsFor(files.at(0), files.at(1), features.size()), files.at(0), console);
+}
+
+} // namespace
+
+const Command IMPORT_COMMAND = {"import", "IN OUT --from F", "make reports of what other programs have drawn",
+                                Import};
+
+} // namespace ReportTool
