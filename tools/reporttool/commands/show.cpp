@@ -4,8 +4,10 @@
 #include <reporttool/exitcodes.h>
 #include <reporttool/parser.h>
 #include <reporttool/showjson.h>
+#include <reporttool/showmap.h>
 #include <reporttool/showtext.h>
 
+#include <reportcore/bounds.h>
 #include <reportcore/reportfile.h>
 
 #include <QtCore/QJsonArray>
@@ -30,11 +32,28 @@ struct Options
     QStringList files;
     bool withAllPoints = false;
     bool withDump = false;
+    bool withMap = false;
 };
 
 int ExitCodeOf(const ReportFile& file)
 {
     return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
+}
+
+/// The area as far as its points are good.
+void ShowMap(const ReportFile& file, Console& console)
+{
+    ReportCore::Points outline;
+    for (const REPORTGENERATOR::Coordinate& coordinate : file.report.GetArea().GetCoordinate()) {
+        if (ReportCore::IsValidPoint(coordinate))
+            outline.push_back({coordinate.GetLongitude(), coordinate.GetLatitude()});
+    }
+    const QStringList lines = MapLines(outline);
+    if (lines.isEmpty())
+        return;
+    console.Output().Line(QString());
+    for (const QString& line : lines)
+        console.Output().Line(QStringLiteral("    ") + line);
 }
 
 int ShowFile(const QString& name, const Options& options, Console& console)
@@ -45,6 +64,8 @@ int ShowFile(const QString& name, const Options& options, Console& console)
         return EXIT_UNUSABLE;
     const ReportFile file = ReportCore::ReadReport(bytes);
     ShowText(name, file, options.withAllPoints, console.Output());
+    if (options.withMap)
+        ShowMap(file, console);
     if (options.withDump && file.form.IsBinary()) {
         console.Output().Line(QString());
         Dump(bytes, file.form.isBinaryFile, console.Output());
@@ -89,6 +110,7 @@ int Show(const QStringList& arguments, Console& console)
     parser.AddFiles();
     parser.AddSwitch("json", "Write one JSON array with an object for each file, all coordinates included.");
     parser.AddSwitch("all", "Show all coordinates, not just the first ones.");
+    parser.AddSwitch("map", "Draw the area in characters.");
     parser.AddSwitch("dump", "Add the bytes of binary forms, field by field with their meaning.");
     parser.ParseOrThrow(arguments);
     if (parser.AsksForHelp()) {
@@ -97,7 +119,9 @@ int Show(const QStringList& arguments, Console& console)
     }
     if (parser.Has("json") && parser.Has("dump"))
         throw UsageError{QStringLiteral("--json and --dump do not go together")};
-    const Options options = {parser.Files(), parser.Has("all"), parser.Has("dump")};
+    if (parser.Has("json") && parser.Has("map"))
+        throw UsageError{QStringLiteral("--json and --map do not go together")};
+    const Options options = {parser.Files(), parser.Has("all"), parser.Has("dump"), parser.Has("map")};
     return parser.Has("json") ? ShowAsJson(options.files, console) : ShowAsText(options, console);
 }
 
