@@ -466,7 +466,7 @@ bool MayBeOdd(const QByteArray& bytes, const ReportFile& file, Look look)
         return true;
     if (file.form.IsBinary())
         return look == Look::Thorough || bytes.size() <= BYTES_OF_QUICK_LOOK;
-    const auto begin = std::max(bytes.indexOf('<' + file.objectName.toLatin1()), 0);
+    const int begin = std::max(static_cast<int>(bytes.indexOf('<' + file.objectName.toLatin1())), 0);
     return bytes.indexOf('&', begin) >= 0 ||
            std::count(bytes.begin() + begin, bytes.end(), '=') != tally.attributes;
 }
