@@ -11,8 +11,8 @@ namespace ReportCore {
 
 namespace {
 
-constexpr QLatin1String TYPE("type");
-constexpr QLatin1String COORDINATES("coordinates");
+constexpr char TYPE[] = "type";
+constexpr char COORDINATES[] = "coordinates";
 
 Point PointOf(const QJsonValue& position)
 {
@@ -55,16 +55,16 @@ void AddSimple(const QString& type, const QJsonValue& coordinates, ImportedFeatu
 
 void AddGeometry(const QJsonObject& geometry, ImportedFeature& feature)
 {
-    const QString type = geometry.value(TYPE).toString();
+    const QString type = geometry.value(QLatin1String(TYPE)).toString();
     const QString multi = QStringLiteral("Multi");
     if (type == QLatin1String("GeometryCollection")) {
         feature.hindrance = QStringLiteral("an area is one outline, not a collection of geometries");
     } else if (type.startsWith(multi)) {
-        const QJsonArray parts = geometry.value(COORDINATES).toArray();
+        const QJsonArray parts = geometry.value(QLatin1String(COORDINATES)).toArray();
         for (const QJsonValue part : parts)
             AddSimple(type.mid(multi.size()), part, feature);
     } else {
-        AddSimple(type, geometry.value(COORDINATES), feature);
+        AddSimple(type, geometry.value(QLatin1String(COORDINATES)), feature);
     }
 }
 
@@ -82,14 +82,14 @@ ImportedFeature FeatureOf(const QJsonObject& json)
 
 void AddFeatures(const QJsonObject& json, ImportedFeatures& features)
 {
-    const QString type = json.value(TYPE).toString();
+    const QString type = json.value(QLatin1String(TYPE)).toString();
     if (type == QLatin1String("FeatureCollection")) {
         const QJsonArray members = json.value(QLatin1String("features")).toArray();
         for (const QJsonValue member : members)
             features.push_back(FeatureOf(member.toObject()));
     } else if (type == QLatin1String("Feature")) {
         features.push_back(FeatureOf(json));
-    } else if (json.contains(COORDINATES) || type == QLatin1String("GeometryCollection")) {
+    } else if (json.contains(QLatin1String(COORDINATES)) || type == QLatin1String("GeometryCollection")) {
         features.emplace_back();
         AddGeometry(json, features.back());
     } else {

@@ -35,9 +35,9 @@ constexpr int SMALLEST_PICTURE = 100;
 constexpr int LARGEST_PICTURE = 10000;
 
 #ifdef Q_OS_WIN
-constexpr QLatin1String EXECUTABLE_SUFFIX(".exe");
+constexpr char EXECUTABLE_SUFFIX[] = ".exe";
 #else
-constexpr QLatin1String EXECUTABLE_SUFFIX("");
+constexpr char EXECUTABLE_SUFFIX[] = "";
 #endif
 
 constexpr char DESCRIPTION[] =
@@ -159,8 +159,9 @@ PictureSize SizeOf(const Parser& parser, const ExportFormat& format)
 /// Has the program that can draw do the same. It reads and writes the same streams.
 int RunElsewhere(const QStringList& arguments, Console& console)
 {
-    const QString program = QDir(QCoreApplication::applicationDirPath())
-                                .filePath(QStringLiteral(REPORTTOOL_PICTURE_PROGRAM) + EXECUTABLE_SUFFIX);
+    const QString program =
+        QDir(QCoreApplication::applicationDirPath())
+            .filePath(QStringLiteral(REPORTTOOL_PICTURE_PROGRAM) + QLatin1String(EXECUTABLE_SUFFIX));
     if (!QFileInfo(program).isExecutable())
         throw ReportCore::UnusableFile{program, QStringLiteral("is not there, and draws the pictures")};
     console.Output().Flush();
