@@ -237,7 +237,7 @@ TEST(ToolManyFiles, InterruptionEndsItWithWhatWasDone)
     EXPECT_EQ(process.exitCode(), 2);
     const QByteArray output = process.readAllStandardOutput();
     const QByteArray errors = process.readAllStandardError();
-    const int told = output.count(EMPTY);
+    const int told = static_cast<int>(output.count(EMPTY));
     EXPECT_TRUE(output.endsWith(EMPTY));
     EXPECT_LT(told, 300000);
     EXPECT_TEXT(QString::fromUtf8(errors), QStringLiteral("reporttool: interrupted after %1 of 300000 files\n"
