@@ -110,19 +110,12 @@ inline bool TakeValue(const QVariant& value, QString& text)
     return value.userType() == QMetaType::QString;
 }
 
-/// A number, a switch or a text. The row may be one that several classes share, of a base of their records.
-template <class Data, class Base, class T>
-class ValueField : public Field
+/// A field whose row has a flag that tells whether it is set.
+template <class Data, class Row>
+class FlaggedField : public Field
 {
 public:
-    using Row = REPORTGENERATOR::Field<Base, T, REPORTGENERATOR::Flagged>;
-
-    explicit ValueField(const Row& row)
-        : Field({KindOf(T()), row.name.Text(), row.place, row.setBy.tag, row.isMandatory, row.range, nullptr,
-                 row.format.decimals}),
-          m_row(row)
-    {
-    }
+    FlaggedField(const FieldFacts& facts, const Row& row) : Field(facts), m_row(row) {}
 
     bool IsSetIn(const REPORTGENERATOR::IRGObject& holder) const override
     {
@@ -137,39 +130,55 @@ public:
         });
     }
 
+protected:
+    const Row m_row;
+};
+
+/// A number, a switch or a text. The row may be one that several classes share, of a base of their records.
+template <class Data, class Base, class T>
+class ValueField : public FlaggedField<Data, REPORTGENERATOR::Field<Base, T, REPORTGENERATOR::Flagged>>
+{
+public:
+    using Row = REPORTGENERATOR::Field<Base, T, REPORTGENERATOR::Flagged>;
+
+    explicit ValueField(const Row& row)
+        : FlaggedField<Data, Row>({KindOf(T()), row.name.Text(), row.place, row.setBy.tag, row.isMandatory,
+                                   row.range, nullptr, row.format.decimals},
+                                  row)
+    {
+    }
+
     bool IsGoodIn(const REPORTGENERATOR::IRGObject& holder) const override
     {
-        return REPORTGENERATOR::IsRowGood(Records<Data>::Of(holder), m_row);
+        return REPORTGENERATOR::IsRowGood(Records<Data>::Of(holder), this->m_row);
     }
 
     QString Complaint(const REPORTGENERATOR::IRGObject& holder) const override
     {
-        return REPORTGENERATOR::messages::PleaseSetProperly(holder.GetObjectName(), m_row.name);
+        return REPORTGENERATOR::messages::PleaseSetProperly(holder.GetObjectName(), this->m_row.name);
     }
 
     QVariant ValueIn(const REPORTGENERATOR::IRGObject& holder) const override
     {
         const Data& data = Records<Data>::Of(holder);
-        return m_row.IsSetIn(data) ? QVariant(m_row.In(data)) : QVariant();
+        return this->m_row.IsSetIn(data) ? QVariant(this->m_row.In(data)) : QVariant();
     }
 
     void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const override
     {
         T taken{};
         if (!TakeValue(value, taken))
-            throw RGException(QStringLiteral("%1 takes no value of this type").arg(Name()));
+            throw RGException(QStringLiteral("%1 takes no value of this type").arg(this->Name()));
         if constexpr (!std::is_same_v<T, bool>) {
-            if (!REPORTGENERATOR::IsAdmitted(m_row, taken))
-                throw RGException(OutOfRangeException(REPORTGENERATOR::NotAdmitted(holder, m_row, taken)));
+            if (!REPORTGENERATOR::IsAdmitted(this->m_row, taken))
+                throw RGException(
+                    OutOfRangeException(REPORTGENERATOR::NotAdmitted(holder, this->m_row, taken)));
         }
         Records<Data>::Alter(holder, [&](Data& data) {
-            m_row.In(data) = taken;
-            REPORTGENERATOR::SetFlag(data, m_row.setBy);
+            this->m_row.In(data) = taken;
+            REPORTGENERATOR::SetFlag(data, this->m_row.setBy);
         });
     }
-
-private:
-    const Row m_row;
 };
 
 /// The version of the format.
@@ -208,52 +217,42 @@ private:
 
 /// A member object.
 template <class Data, class Part>
-class MemberField : public Field
+class MemberField : public FlaggedField<Data, REPORTGENERATOR::Member<Data, Part>>
 {
 public:
     using Row = REPORTGENERATOR::Member<Data, Part>;
     using MemberData = typename Part::RecordData;
 
     explicit MemberField(const Row& row)
-        : Field({FieldKind::Object,
-                 REPORTGENERATOR::Description<MemberData>::NAME.Text(),
-                 REPORTGENERATOR::Place::Element,
-                 row.setBy.tag,
-                 false,
-                 {},
-                 &InfoOf<MemberData>()}),
-          m_row(row)
+        : FlaggedField<Data, Row>({FieldKind::Object,
+                                   REPORTGENERATOR::Description<MemberData>::NAME.Text(),
+                                   REPORTGENERATOR::Place::Element,
+                                   row.setBy.tag,
+                                   false,
+                                   {},
+                                   &InfoOf<MemberData>()},
+                                  row)
     {
-    }
-
-    bool IsSetIn(const REPORTGENERATOR::IRGObject& holder) const override
-    {
-        return m_row.IsSetIn(Records<Data>::Of(holder));
-    }
-
-    void UnsetIn(REPORTGENERATOR::IRGObject& holder) const override
-    {
-        Records<Data>::Alter(holder, [this](Data& data) {
-            REPORTGENERATOR::RestoreRow(data, m_row);
-            REPORTGENERATOR::ClearFlag(data, m_row.setBy);
-        });
     }
 
     bool IsGoodIn(const REPORTGENERATOR::IRGObject& /*holder*/) const override { return true; }
     QString Complaint(const REPORTGENERATOR::IRGObject& /*holder*/) const override { return QString(); }
 
-    int CountIn(const REPORTGENERATOR::IRGObject& holder) const override { return IsSetIn(holder) ? 1 : 0; }
+    int CountIn(const REPORTGENERATOR::IRGObject& holder) const override
+    {
+        return this->IsSetIn(holder) ? 1 : 0;
+    }
 
     const REPORTGENERATOR::IRGObject& ItemIn(const REPORTGENERATOR::IRGObject& holder,
                                              int /*index*/) const override
     {
-        return m_row.In(Records<Data>::Of(holder));
+        return this->m_row.In(Records<Data>::Of(holder));
     }
 
     std::unique_ptr<REPORTGENERATOR::IRGObject> CopyOf(const REPORTGENERATOR::IRGObject& holder,
                                                        int index) const override
     {
-        if (!IsSetIn(holder))
+        if (!this->IsSetIn(holder))
             return NewItem();
         return std::make_unique<Part>(static_cast<const Part&>(ItemIn(holder, index)));
     }
@@ -264,52 +263,36 @@ public:
                    const REPORTGENERATOR::IRGObject& item) const override
     {
         Records<Data>::Alter(holder, [&](Data& data) {
-            m_row.In(data) = static_cast<const Part&>(item);
-            REPORTGENERATOR::SetFlag(data, m_row.setBy);
+            this->m_row.In(data) = static_cast<const Part&>(item);
+            REPORTGENERATOR::SetFlag(data, this->m_row.setBy);
         });
     }
-
-private:
-    const Row m_row;
 };
 
 /// A list of objects.
 template <class Data, class Item>
-class ListField : public Field
+class ListField : public FlaggedField<Data, REPORTGENERATOR::ItemList<Data, Item>>
 {
 public:
     using Row = REPORTGENERATOR::ItemList<Data, Item>;
 
     explicit ListField(const Row& row)
-        : Field({FieldKind::List,
-                 row.name.Text(),
-                 REPORTGENERATOR::Place::Element,
-                 row.setBy.tag,
-                 true,
-                 {},
-                 &InfoOf<typename Item::RecordData>()}),
-          m_row(row)
+        : FlaggedField<Data, Row>({FieldKind::List,
+                                   row.name.Text(),
+                                   REPORTGENERATOR::Place::Element,
+                                   row.setBy.tag,
+                                   true,
+                                   {},
+                                   &InfoOf<typename Item::RecordData>()},
+                                  row)
     {
     }
 
-    bool IsSetIn(const REPORTGENERATOR::IRGObject& holder) const override
-    {
-        return m_row.IsSetIn(Records<Data>::Of(holder));
-    }
-
-    void UnsetIn(REPORTGENERATOR::IRGObject& holder) const override
-    {
-        Records<Data>::Alter(holder, [this](Data& data) {
-            REPORTGENERATOR::RestoreRow(data, m_row);
-            REPORTGENERATOR::ClearFlag(data, m_row.setBy);
-        });
-    }
-
-    bool IsGoodIn(const REPORTGENERATOR::IRGObject& holder) const override { return IsSetIn(holder); }
+    bool IsGoodIn(const REPORTGENERATOR::IRGObject& holder) const override { return this->IsSetIn(holder); }
 
     QString Complaint(const REPORTGENERATOR::IRGObject& holder) const override
     {
-        return REPORTGENERATOR::messages::PleaseSetProperly(holder.GetObjectName(), m_row.name);
+        return REPORTGENERATOR::messages::PleaseSetProperly(holder.GetObjectName(), this->m_row.name);
     }
 
     int CountIn(const REPORTGENERATOR::IRGObject& holder) const override
@@ -366,12 +349,12 @@ private:
     {
         if (!item.HasData())
             throw RGException(
-                IncompleteDefinitionException(m_row.incompleteAppended(holder.GetObjectName())));
+                IncompleteDefinitionException(this->m_row.incompleteAppended(holder.GetObjectName())));
     }
 
     const QVector<Item>& ItemsOf(const REPORTGENERATOR::IRGObject& holder) const
     {
-        return m_row.In(Records<Data>::Of(holder)).Values();
+        return this->m_row.In(Records<Data>::Of(holder)).Values();
     }
 
     template <class Change>
@@ -379,15 +362,13 @@ private:
     {
         Records<Data>::Alter(holder, [&](Data& data) {
             // Taken out of the list first, so that changing them copies nothing.
-            QVector<Item> items = m_row.In(data).Values();
-            m_row.In(data).Clear();
+            QVector<Item> items = this->m_row.In(data).Values();
+            this->m_row.In(data).Clear();
             change(items);
-            m_row.In(data).Adopt(items);
-            REPORTGENERATOR::SetFlag(data, m_row.setBy);
+            this->m_row.In(data).Adopt(items);
+            REPORTGENERATOR::SetFlag(data, this->m_row.setBy);
         });
     }
-
-    const Row m_row;
 };
 
 template <class Data, class Base, class T>
