@@ -32,7 +32,7 @@ set(reports "${EXAMPLES}/airband_emergency_lake.xml" point.xml line.xml antimeri
 # --- What GDAL sees
 
 function(export format)
-    execute_process(COMMAND "${REPORTTOOL}" export ${reports} --to ${format} -o "reports.${format}"
+    execute_process(COMMAND ${EMULATOR} "${REPORTTOOL}" export ${reports} --to ${format} -o "reports.${format}"
         WORKING_DIRECTORY "${SCRATCH}" RESULT_VARIABLE result ERROR_VARIABLE errors)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "export --to ${format} ended with ${result}: ${errors}")

@@ -303,6 +303,14 @@ TEST(ToolOnWindows, ConvertTellsWhenNobodyReadsStandardOutput)
                       QStringLiteral("-"));
 }
 
+TEST(ToolOnWindows, ExportTellsWhenNobodyReadsStandardOutput)
+{
+    ExpectToldInWords(RunIntoClosedPipe({QStringLiteral("export"), QStringLiteral("-"),
+                                         QStringLiteral("--to"), QStringLiteral("csv")},
+                                        FullPlain()),
+                      QStringLiteral("-"));
+}
+
 } // namespace
 
 #endif

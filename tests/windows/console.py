@@ -3,8 +3,9 @@
 
 Runs reporttool on a console, which the emulator shows on a terminal of this script's.
 
-    shows    text beyond any code page is shown as it is, and "convert" to "-" and to CON writes there
-    ctrl-c   Ctrl-C while a file is being replaced leaves no other file behind, and the file whole: the old or the new one
+    shows             text beyond any code page is shown as it is, and "convert" to "-" and to CON writes there
+    ctrl-c            Ctrl-C while a file is being replaced leaves no other file behind, and the file whole: the old or the new one
+    ctrl-c-of-many    Ctrl-C while many files are checked ends that with what was done
 """
 
 import os
@@ -104,5 +105,26 @@ def test_ctrl_c(folder):
     sys.exit("no file was seen while it was being replaced")
 
 
+def test_ctrl_c_of_many(folder):
+    # What is told of each file keeps the console busy for long.
+    count = 100000
+    with open(f"{folder}/empty", "wb"):
+        pass
+    with open(f"{folder}/list", "w", encoding="utf-8") as file:
+        file.write("empty\n" * count)
+    process, terminal = start(folder, "check", "--files-from", "list")
+    text = b""
+    while b"UnknownForm" not in text:
+        text += os.read(terminal, 65536)
+    os.write(terminal, b"\x03")
+    text = re.sub("\x1b\\[[0-9;?]*[A-Za-z]", "", shown(terminal))
+    code = os.waitstatus_to_exitcode(os.waitpid(process, 0)[1])
+    expect(code == 2, f"ended with {code}")
+    told = re.search("reporttool: interrupted after ([0-9]+) of 100000 files", text)
+    expect(told, f"tells of no interruption: {text[-400:]}")
+    print(told.group(0))
+    expect(0 < int(told.group(1)) < count, "was not interrupted")
+
+
 with tempfile.TemporaryDirectory() as scratch:
-    {"shows": test_shows, "ctrl-c": test_ctrl_c}[sys.argv[3]](scratch)
+    {"shows": test_shows, "ctrl-c": test_ctrl_c, "ctrl-c-of-many": test_ctrl_c_of_many}[sys.argv[3]](scratch)

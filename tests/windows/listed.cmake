@@ -1,8 +1,9 @@
 # Compares what is tested here with what is tested on Linux. What runs only there stands in LIST, a line each with its
-# reason: "<suite>.<test>: <reason>" for a test of PROGRAM, "<entry>: <reason>" for an entry of ctest. A name that is
-# listed and runs here, or is no longer to be found, is as wrong as one that is missing.
+# reason: "<suite>.<test>: <reason>" for a test of the test program, "tests/<folder>: <reason>" for all in a folder,
+# "<entry>: <reason>" for an entry of ctest. A name that is listed and runs here, or is no longer to be found, is as wrong as
+# one that is missing.
 #
-# RESULTS is what the last whole run of PROGRAM says, since a test may skip itself.
+# RESULTS is what the last whole run of the test program says, since a test may skip itself.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -21,14 +22,16 @@ endfunction()
 # --- The tests in the sources, whatever the platform
 
 set(elsewhere "")
-file(GLOB_RECURSE sources "${SOURCE_DIR}/tests/reportbase/*.cpp" "${SOURCE_DIR}/tests/reporttool/*.cpp"
-    "${SOURCE_DIR}/tests/windows/*.cpp")
+file(GLOB sources "${SOURCE_DIR}/tests/*/*.cpp")
 foreach(source IN LISTS sources)
     file(READ "${source}" text)
+    file(RELATIVE_PATH folder "${SOURCE_DIR}" "${source}")
+    get_filename_component(folder "${folder}" DIRECTORY)
     string(REGEX MATCHALL "\n(TYPED_)?TEST(_F|_P)?\\([A-Za-z0-9_]+,[ \n]+[A-Za-z0-9_]+\\)" tests "${text}")
     foreach(test IN LISTS tests)
         string(REGEX REPLACE "^[^(]+\\(([A-Za-z0-9_]+),[ \n]+([A-Za-z0-9_]+)\\)$" "\\1.\\2" test "${test}")
         list(APPEND elsewhere "${test}")
+        list(APPEND in_${folder} "${test}")
     endforeach()
 endforeach()
 
@@ -90,16 +93,25 @@ file(STRINGS "${LIST}" lines REGEX "^[^#]")
 set(listed "")
 set(wrong "")
 foreach(line IN LISTS lines)
-    if(NOT line MATCHES "^([A-Za-z0-9_.]+): [^ ].*$")
+    if(NOT line MATCHES "^([A-Za-z0-9_./]+): [^ ].*$")
         string(APPEND wrong "\n    no name and reason: ${line}")
         continue()
     endif()
-    list(APPEND listed "${CMAKE_MATCH_1}")
-    if(CMAKE_MATCH_1 IN_LIST here)
-        string(APPEND wrong "\n    listed, but runs here: ${CMAKE_MATCH_1}")
-    elseif(NOT CMAKE_MATCH_1 IN_LIST elsewhere)
-        string(APPEND wrong "\n    listed, but there is none: ${CMAKE_MATCH_1}")
+    set(names "${CMAKE_MATCH_1}")
+    if(line MATCHES "^(tests/[a-z]+):")
+        set(names ${in_${CMAKE_MATCH_1}})
+        if(NOT names)
+            string(APPEND wrong "\n    listed, but has no tests: ${CMAKE_MATCH_1}")
+        endif()
     endif()
+    list(APPEND listed ${names})
+    foreach(name IN LISTS names)
+        if(name IN_LIST here)
+            string(APPEND wrong "\n    listed, but runs here: ${name}")
+        elseif(NOT name IN_LIST elsewhere)
+            string(APPEND wrong "\n    listed, but there is none: ${name}")
+        endif()
+    endforeach()
 endforeach()
 
 set(missing ${elsewhere})
