@@ -2,7 +2,7 @@
 # makesysroot.sh ROOT
 #
 # Makes a system root for s390x, a big-endian platform, of the distribution's own packages: the system's libraries, Qt
-# Core and GoogleTest with what is needed to compile and to run against them. Nothing of the machine changes: a package
+# Core and Test, and GoogleTest with what is needed to compile and to run against them. Nothing of the machine changes: a package
 # manager's state of its own beside the root reads the machine's own archives for that architecture and verifies what it
 # downloads as always; the packages are unpacked and not installed. Qt's tools are those of the machine.
 #
@@ -12,7 +12,7 @@ set -euo pipefail
 root="$1"
 architecture=s390x
 # With all that they depend on.
-packages=(libqt5core5a libstdc++6 libc6-dev zlib1g-dev libgmock-dev)
+packages=(libqt5core5a libqt5test5 libstdc++6 libc6-dev zlib1g-dev libgmock-dev)
 # Alone: they bring parts that nobody asks for here, the desktop among them.
 single_packages=(qtbase5-dev qt5-qmake)
 
@@ -67,6 +67,8 @@ for package in "$work"/cache/archives/*.deb "$work"/single/*.deb; do
     dpkg-deb --extract "$package" "$work/root"
 done
 rm -rf "$work"/root/usr/share/{doc,locale,man}
+# Of Qt's other parts there are headers, but no libraries.
+find "$work"/root/usr/lib/*/cmake -mindepth 1 -maxdepth 1 -name 'Qt5?*' ! -name Qt5Core ! -name Qt5Test -exec rm -r '{}' +
 
 # Links stay within the root, wherever it stands.
 find "$work/root" -type l -lname '/*' -printf '%P\t%l\n' | while IFS=$'\t' read -r link target; do
