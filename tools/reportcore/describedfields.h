@@ -339,9 +339,9 @@ public:
         });
     }
 
-    void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index) const override
+    void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index, int count) const override
     {
-        AlterItems(holder, [&](QVector<Item>& items) { items.removeAt(index); });
+        AlterItems(holder, [&](QVector<Item>& items) { items.remove(index, count); });
     }
 
 private:

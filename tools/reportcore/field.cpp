@@ -109,7 +109,7 @@ void Field::AppendIn(IRGObject& /*holder*/, const std::vector<std::unique_ptr<IR
     Refuse(*this, "is no list");
 }
 
-void Field::RemoveIn(IRGObject& /*holder*/, int /*index*/) const
+void Field::RemoveIn(IRGObject& /*holder*/, int /*index*/, int /*count*/) const
 {
     Refuse(*this, "is no list");
 }

@@ -117,7 +117,7 @@ public:
     /// All at once, which is much faster for many of them. A list without items counts as set afterwards, too.
     virtual void AppendIn(REPORTGENERATOR::IRGObject& holder,
                           const std::vector<std::unique_ptr<REPORTGENERATOR::IRGObject>>& items) const;
-    virtual void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index) const;
+    virtual void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index, int count) const;
 
 private:
     FieldFacts m_facts;

@@ -127,7 +127,7 @@ void Unset(IRGObject& object, const FieldPath& path)
         return;
     ChangeHolder(object, path, [&path](IRGObject& holder) {
         if (path.IsItem())
-            path.Last().field->RemoveIn(holder, path.Last().index);
+            path.Last().field->RemoveIn(holder, path.Last().index, 1);
         else
             path.Last().field->UnsetIn(holder);
     });
