@@ -108,10 +108,7 @@ struct ReportModel::State
         return node.above ? IndexOf(Row{node.above, node.row}) : QModelIndex();
     }
 
-    bool IsOwn(const QModelIndex& index) const
-    {
-        return index.isValid() && model.checkIndex(index);
-    }
+    bool IsOwn(const QModelIndex& index) const { return index.isValid() && model.checkIndex(index); }
 
     /// Null, and refused, when the index is that of no list.
     const ReportCore::Field* ListAt(const QModelIndex& index)
@@ -139,7 +136,8 @@ struct ReportModel::State
     bool RefuseRow(const QModelIndex& list)
     {
         const Row row = RowOf(list);
-        return Refuse(list, QStringLiteral("%1 has %2").arg(tree.PathOf(row).Text(), tree.TextAt(row)));
+        const QString count = ReportModels::CountText(tree.FieldAt(row), tree.CountBelow(row));
+        return Refuse(list, QStringLiteral("%1 has %2").arg(tree.PathOf(row).Text(), count));
     }
 
     bool RefuseWhenReadOnly(const QModelIndex& index)
@@ -228,14 +226,15 @@ struct ReportModel::State
         if (change.removed > 0) {
             model.beginRemoveRows(list, change.first, change.first + change.removed - 1);
             Show(std::move(changed));
-            removed = ReportModels::FieldTree::RemoveRows(*change.list, change.first, change.removed);
+            removed = tree.RemoveRows(*change.list, change.first, change.removed);
             model.endRemoveRows();
         } else {
             model.beginInsertRows(list, change.first, change.first + change.inserted - 1);
             Show(std::move(changed));
-            ReportModels::FieldTree::InsertRows(*change.list, change.first, change.inserted);
+            tree.InsertRows(*change.list, change.first, change.inserted);
             model.endInsertRows();
         }
+        tree.Renumber();
         return removed;
     }
 
@@ -458,8 +457,10 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
 
 QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractItemModel::headerData(section, orientation, role);
+    if (section < 0 || section >= ColumnCount)
+        return QVariant();
     return section == NameColumn ? QStringLiteral("Field") : QStringLiteral("Value");
 }
 

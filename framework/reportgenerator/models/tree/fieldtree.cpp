@@ -37,6 +37,11 @@ int RowOf(const ObjectInfo& info, const Field& field)
     return static_cast<int>(std::distance(fields.begin(), std::find(fields.begin(), fields.end(), &field)));
 }
 
+QString CountText(const Field& list, int count)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? list.Object().Label() : list.Label());
+}
+
 // --- Rows
 
 int FieldTree::CountBelow(const Node& node) const
@@ -154,7 +159,9 @@ QString FieldTree::NameAt(const Row& row) const
     const Field& field = FieldAt(row);
     if (!IsItem(row))
         return field.Label();
-    return QStringLiteral("%1 %2").arg(field.Object().Label()).arg(row.number + 1);
+    const bool isMoved = row.below == m_moved.list && row.number >= m_moved.first;
+    const int place = isMoved ? row.number - m_moved.distance : row.number;
+    return QStringLiteral("%1 %2").arg(field.Object().Label()).arg(place + 1);
 }
 
 QString FieldTree::TextAt(const Row& row) const
@@ -167,8 +174,7 @@ QString FieldTree::TextAt(const Row& row) const
         return ReportCore::ItemText(field.ItemIn(holder, row.number), field.Object());
     if (field.Kind() == FieldKind::Object)
         return QString();
-    const int count = field.CountIn(holder);
-    return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? field.Object().Label() : field.Label());
+    return CountText(field, field.CountIn(holder));
 }
 
 QString FieldTree::ComplaintAt(const Row& row) const
@@ -183,6 +189,7 @@ QString FieldTree::ComplaintAt(const Row& row) const
 void FieldTree::InsertRows(Node& list, int first, int count)
 {
     Shift(list, first, count);
+    m_moved = {&list, first + count, count};
 }
 
 Nodes FieldTree::RemoveRows(Node& list, int first, int count)
@@ -194,6 +201,7 @@ Nodes FieldTree::RemoveRows(Node& list, int first, int count)
         removed.push_back(std::move(node->second));
     list.below.erase(begin, end);
     Shift(list, first + count, -count);
+    m_moved = {&list, first, -count};
     return removed;
 }
 

@@ -87,23 +87,39 @@ public:
 
     // Items come and go
 
-    /// The rows from `first` on move down.
-    static void InsertRows(Node& list, int first, int count);
+    /// The rows from `first` on move down. Their items keep their names until `Renumber`.
+    void InsertRows(Node& list, int first, int count);
 
-    /// Returns the nodes of the rows that are removed, to which somebody may still point.
-    static Nodes RemoveRows(Node& list, int first, int count);
+    /// Returns the nodes of the rows that are removed, to which somebody may still point. The items behind keep their
+    /// names until `Renumber`.
+    Nodes RemoveRows(Node& list, int first, int count);
+
+    /// Names all items by their places.
+    void Renumber() { m_moved = Moved(); }
 
     /// The class of the object whose fields are the rows below the node.
     const ReportCore::ObjectInfo& InfoOf(const Node& node) const;
 
 private:
+    /// Items whose names are those of other places.
+    struct Moved
+    {
+        const Node* list = nullptr;
+        int first = 0;
+        int distance = 0;
+    };
+
     const ReportCore::ObjectInfo& m_info;
     const REPORTGENERATOR::IRGObject* m_object = nullptr;
     Node m_root;
+    Moved m_moved;
 };
 
 /// The row of a field among those of its class.
 int RowOf(const ReportCore::ObjectInfo& info, const ReportCore::Field& field);
+
+/// For people: "1 coordinate", "2 coordinates".
+QString CountText(const ReportCore::Field& list, int count);
 
 } // namespace ReportModels
 
