@@ -70,7 +70,13 @@ endif()
 
 set(pcFile "${PROJECT_BINARY_DIR}/reportgenerator${REPORTGENERATOR_FILE_SUFFIX}.pc")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/reportgenerator.pc.in" "${pcFile}" @ONLY)
-install(FILES "${pcFile}"
+set(pcFiles "${pcFile}")
+if(TARGET reportmodels)
+    set(pcFile "${PROJECT_BINARY_DIR}/reportgenerator-models${REPORTGENERATOR_FILE_SUFFIX}.pc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/reportgenerator-models.pc.in" "${pcFile}" @ONLY)
+    list(APPEND pcFiles "${pcFile}")
+endif()
+install(FILES ${pcFiles}
     DESTINATION "${pkgConfigDir}"
     COMPONENT development)
 

@@ -7,6 +7,9 @@ set(REPORTGENERATOR_PACKAGE_MAINTAINER "" CACHE STRING "Who maintains the packag
 set(REPORTGENERATOR_PACKAGE_DATE "" CACHE STRING "Date of the packages' changelog, as mails have it")
 set(REPORTGENERATOR_BILL_OF_MATERIALS "${PROJECT_BINARY_DIR}/reportgenerator.spdx.json" CACHE FILEPATH
     "What the packages consist of, taken into the documentation if it is there")
+if(NOT TARGET reportmodels)
+    message(FATAL_ERROR "Debian packages need REPORTGENERATOR_BUILD_MODELS")
+endif()
 if(NOT REPORTGENERATOR_PACKAGE_MAINTAINER OR NOT REPORTGENERATOR_PACKAGE_DATE)
     message(FATAL_ERROR "Debian packages need REPORTGENERATOR_PACKAGE_MAINTAINER and REPORTGENERATOR_PACKAGE_DATE")
 endif()
@@ -15,20 +18,23 @@ endif()
 
 # The name of a library's package ends in the version of its interface, as its file name does, with a hyphen between
 # digits.
-get_target_property(interfaceVersion reportbase SOVERSION)
-set(runtimePackage "libreportbase${REPORTGENERATOR_FILE_SUFFIX}")
-if(runtimePackage MATCHES "[0-9]$")
-    string(APPEND runtimePackage "-")
-endif()
-string(APPEND runtimePackage "${interfaceVersion}")
+function(name_library_package variable target)
+    get_target_property(interfaceVersion ${target} SOVERSION)
+    set(name "lib${target}${REPORTGENERATOR_FILE_SUFFIX}")
+    if(name MATCHES "[0-9]$")
+        string(APPEND name "-")
+    endif()
+    set(${variable} "${name}${interfaceVersion}" PARENT_SCOPE)
+endfunction()
 
-set(packageOf_runtime "${runtimePackage}")
+name_library_package(packageOf_runtime reportbase)
+name_library_package(packageOf_models reportmodels)
 set(packageOf_development "libreportbase${REPORTGENERATOR_FILE_SUFFIX}-dev")
 set(packageOf_tools "reporttool${REPORTGENERATOR_FILE_SUFFIX}")
 set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
 
-set(components runtime development tools)
+set(components runtime models development tools)
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
     list(APPEND components headers documentation)
@@ -104,18 +110,25 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
+reportgenerator_package(models libs "report data model of radio monitoring - models for views (${qt})"
+    "This package holds the shared library by which programs that use ${qt} show and\nedit reports in its views.")
+# As the program, it is compiled with private headers of the library, so that both are of one version.
+set(CPACK_DEBIAN_MODELS_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_MODELS_PACKAGE_DEPENDS "${packageOf_runtime} (= ${PROJECT_VERSION})")
+
 reportgenerator_package(tools utils "show, convert and check reports of radio monitoring (${qt})"
     "This package holds the command-line program, which takes and writes reports\nin every form.")
 # The program is compiled with private headers of the library, so that both are of one version.
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
     "${PROJECT_BINARY_DIR}/framework/reportgenerator/reportbase" "${PROJECT_BINARY_DIR}/framework/wendbase")
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${runtimePackage} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${packageOf_runtime} (= ${PROJECT_VERSION})")
 
 reportgenerator_package(development libdevel "report data model of radio monitoring - development (${qt})"
     "This package holds what a program needs to be built with ${qt} by CMake or\npkg-config.")
 string(CONCAT CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "${runtimePackage} (= ${PROJECT_VERSION}), ${packageOf_headers} (= ${PROJECT_VERSION}), "
+    "${packageOf_runtime} (= ${PROJECT_VERSION}), ${packageOf_models} (= ${PROJECT_VERSION}), "
+    "${packageOf_headers} (= ${PROJECT_VERSION}), "
     "${qtPackage} (>= ${REPORTGENERATOR_QT_MINIMUM})")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "${packageOf_documentation}")
 

@@ -64,14 +64,22 @@ function(reportgenerator_target_defaults target)
         POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
-# reportgenerator_add_library(<target>)
+# reportgenerator_add_library(<target> [EXPORT_NAME <name>] [COMPONENT <component>])
 #
 # A shared library of SOURCES and PUBLIC_HEADERS in the current folder, which is its place below framework/ and below
-# the installed include folder too. Users link ReportGenerator::<target>, in the tree and after installation. What it
-# exports stands in exports.txt of that folder.
+# the installed include folder too. Users link ReportGenerator::<name>, in the tree and after installation; the name is
+# that of the target if it isn't given. What it exports stands in exports.txt of that folder. The component is that of
+# the file which programs load, "runtime" if it isn't given.
 function(reportgenerator_add_library target)
+    cmake_parse_arguments(PARSE_ARGV 1 library "" "EXPORT_NAME;COMPONENT" "")
+    if(NOT library_EXPORT_NAME)
+        set(library_EXPORT_NAME ${target})
+    endif()
+    if(NOT library_COMPONENT)
+        set(library_COMPONENT runtime)
+    endif()
     add_library(${target} SHARED ${PUBLIC_HEADERS} ${SOURCES})
-    add_library(ReportGenerator::${target} ALIAS ${target})
+    add_library(ReportGenerator::${library_EXPORT_NAME} ALIAS ${target})
     reportgenerator_target_defaults(${target})
 
     # Before 1.0 a new minor version may change the interface.
@@ -83,6 +91,7 @@ function(reportgenerator_add_library target)
     list(TRANSFORM PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE publicHeaderPaths)
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME ${target}${REPORTGENERATOR_FILE_SUFFIX}
+        EXPORT_NAME ${library_EXPORT_NAME}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${interfaceVersion}
         # The libraries are installed side by side and find one another there.
@@ -108,8 +117,9 @@ function(reportgenerator_add_library target)
     file(RELATIVE_PATH headerDir "${PROJECT_SOURCE_DIR}/framework" "${CMAKE_CURRENT_SOURCE_DIR}")
     install(TARGETS ${target}
         EXPORT ${REPORTGENERATOR_PACKAGE}Targets
-        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT ${library_COMPONENT}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${library_COMPONENT}
+            NAMELINK_COMPONENT development
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
         PUBLIC_HEADER DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${headerDir}" COMPONENT headers
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")

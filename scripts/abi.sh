@@ -24,9 +24,10 @@ command_abi() {
         if ((qt == 6)); then
             preset=qt6 suffix=-qt6
         fi
-        build "$preset" --target reportbase wendbase
-        for folder in framework/reportgenerator/reportbase framework/wendbase; do
+        build "$preset" --target reportbase wendbase reportmodels
+        for folder in framework/reportgenerator/reportbase framework/reportgenerator/models framework/wendbase; do
             library=${folder##*/}
+            [[ $library != models ]] || library=reportmodels
             say "Comparing $library for Qt $qt"
             run python3 scripts/interface.py --library "build/$preset/$folder/lib$library$suffix.so" \
                 --headers "$folder" --description "$folder/interface-qt$qt.txt" --version "$(project_version)" \

@@ -8,6 +8,8 @@ version="$2"
 interface="${version%.*}"
 qt5_library="libreportbase$interface"
 qt6_library="libreportbase-qt6-$interface"
+qt5_models="libreportmodels$interface"
+qt6_models="libreportmodels-qt6-$interface"
 
 fail() {
     printf 'packages: %s\n' "$*" >&2
@@ -39,7 +41,7 @@ expect_as_before() {
     snapshot | diff "$1" - >&2 || fail "$2 leaves something behind"
     if find / -xdev \( -path /proc -o -path /tmp -o -path /packages -o -path /project -o -path /var/lib/apt \
         -o -path /var/cache/apt -o -path /var/log \) -prune -o \
-        \( -name '*reportbase*' -o -name '*wendbase*' -o -name '*reporttool*' -o -iname '*reportgenerator*' \) -print |
+        \( -name '*reportbase*' -o -name '*reportmodels*' -o -name '*wendbase*' -o -name '*reporttool*' -o -iname '*reportgenerator*' \) -print |
         grep . >&2; then
         fail "$2 leaves files with its name behind"
     fi
@@ -51,16 +53,18 @@ expect_file() {
 
 # Headers, names to link with and descriptions: what only those need who build programs.
 expect_no_development_files() {
-    if find /usr -path '/usr/include/*.h' -o -name '*.so' \( -name 'libQt*' -o -name 'libreportbase*' -o -name 'libwendbase*' \) \
+    if find /usr -path '/usr/include/*.h' -o -name '*.so' \( -name 'libQt*' -o -name 'libreportbase*' -o -name 'libreportmodels*' -o \
+        -name 'libwendbase*' \) \
         -o -path '*/pkgconfig/reportgenerator*' -o -path '*/cmake/ReportGenerator*' | grep . >&2; then
         fail "$1 brings development files"
     fi
 }
 
-# The libraries load with all that they need, and the system's cache knows them.
-try_library() {
+# try_libraries SUFFIX LIBRARY...: the libraries load with all that they need, and the system's cache knows them.
+try_libraries() {
     local suffix="$1" library place
-    for library in reportbase wendbase; do
+    shift
+    for library in "$@"; do
         place="$(ldconfig -p | sed -n "s/.*lib$library$suffix\.so\.$interface .* => //p")"
         [[ -n $place ]] || fail "the system's cache doesn't know lib$library$suffix"
         ldd "$place" >/tmp/ldd.log
@@ -87,13 +91,16 @@ try_tool() {
 
 test_runtime() {
     local package
-    for package in "$qt5_library" reporttool "$qt6_library" reporttool-qt6 libreportbase-headers libreportbase-doc; do
+    for package in "$qt5_library" "$qt5_models" reporttool "$qt6_library" "$qt6_models" reporttool-qt6 \
+        libreportbase-headers libreportbase-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
         case "$package" in
-            "$qt5_library") try_library "" ;;
-            "$qt6_library") try_library -qt6 ;;
+            "$qt5_library") try_libraries "" reportbase wendbase ;;
+            "$qt6_library") try_libraries -qt6 reportbase wendbase ;;
+            "$qt5_models") try_libraries "" reportmodels ;;
+            "$qt6_models") try_libraries -qt6 reportmodels ;;
             reporttool*) try_tool "$package" ;;
             libreportbase-headers) expect_file /usr/include/reportgenerator/reportbase/reportbase.h ;;
             libreportbase-doc)
@@ -154,19 +161,25 @@ test_development() {
         g++ -std=c++17 /project/consumer/main.cpp -o "/tmp/consumer$qt" \
             $(pkg-config --cflags --libs "reportgenerator$suffix")
         try_consumer "/tmp/consumer$qt" "$qt"
+        # shellcheck disable=SC2046 # these are words
+        g++ -std=c++17 /project/consumer/models.cpp -o "/tmp/modelconsumer$qt" \
+            $(pkg-config --cflags --libs "reportgenerator-models$suffix")
+        try_consumer "/tmp/modelconsumer$qt" "$qt"
     done
 
     # What is built runs without what it was built with.
     say "the programs with the libraries alone"
-    apt-mark manual "$qt5_library" "$qt6_library" >/dev/null
+    apt-mark manual "$qt5_models" "$qt6_models" >/dev/null
     apt_get purge --yes libreportbase-dev libreportbase-qt6-dev libreportbase-headers libreportbase-doc reporttool \
         reporttool-qt6
     apt_get autoremove --purge --yes
     for qt in 5 6; do
         try_consumer "/tmp/cmake$qt/consumer" "$qt"
+        try_consumer "/tmp/cmake$qt/modelconsumer" "$qt"
         try_consumer "/tmp/consumer$qt" "$qt"
+        try_consumer "/tmp/modelconsumer$qt" "$qt"
     done
-    apt_get purge --yes "$qt5_library" "$qt6_library"
+    apt_get purge --yes "$qt5_models" "$qt6_models"
     apt_get autoremove --purge --yes
     expect_as_before /tmp/before "everything"
 }

@@ -19,8 +19,8 @@ endif()
 
 file(GLOB programs RELATIVE "${PREFIX}/bin" "${PREFIX}/bin/*")
 list(SORT programs)
-set(expected Qt5Core.dll libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll reportbase.dll reporttool.exe
-    wendbase.dll)
+set(expected Qt5Core.dll libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll reportbase.dll reportmodels.dll
+    reporttool.exe wendbase.dll)
 list(SORT expected)
 if(NOT programs STREQUAL expected)
     message(FATAL_ERROR "bin/ holds ${programs} instead of ${expected}")
@@ -63,4 +63,5 @@ run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/consumer" -B "${build}" ${CONFIGU
     "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DREPORTGENERATOR_PACKAGE=${PACKAGE}")
 run("${CMAKE_COMMAND}" --build "${build}")
 run_consumer("${build}/consumer")
+run_consumer("${build}/modelconsumer")
 message(STATUS "The package is whole, and programs run with it")
