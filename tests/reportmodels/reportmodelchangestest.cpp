@@ -625,6 +625,30 @@ TEST(ReportModelUndoing, ViewThatIsToldOfEveryChangeShowsTheReport)
 
 // --- Signals
 
+TEST(ReportModelSignals, ReportMayBeReplacedByWhoIsToldOfRows)
+{
+    for (const bool isReset : {false, true}) {
+        WatchedModel watched{RichReport()};
+        ReportModel& model = watched.model;
+        watched.At("area.coordinate[2].latitude");
+        bool isFirst = true;
+        QObject::connect(&model, &ReportModel::rowsInserted, &model, [&] {
+            if (!isFirst)
+                return;
+            isFirst = false;
+            if (isReset)
+                model.SetReport(ReportBase());
+            else
+                model.ChangeReport(ReportBase());
+        });
+        ReportBase changed = RichReport();
+        changed.GetArea().SetCoordinate({PointOf(9.0, 9.0), PointOf(9.5, 9.5), PointOf(1.0, 1.0)});
+        model.ChangeReport(changed);
+        EXPECT_EQ(model.Report(), ReportBase());
+        EXPECT_TEXT(watched.Shown(), WatchedModel(ReportBase()).Shown());
+    }
+}
+
 TEST(ReportModelSignals, ReportMayBeChangedByWhoIsToldOfAChange)
 {
     WatchedModel watched{RichReport()};

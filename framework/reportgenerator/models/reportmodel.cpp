@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 namespace REPORTGENERATOR {
@@ -200,34 +201,50 @@ struct ReportModel::State
     /// Replaces the report, and tells views what differs.
     void Take(std::unique_ptr<ReportBase> changed, const ListChange& known = ListChange())
     {
+        ++changesUnderWay;
         const ReportModels::TreeChanges changes = ReportModels::ChangesTo(tree, *changed, known);
         if (changes.lists.size() > 1) {
             // The rows of one list cannot change without those of the others.
-            model.beginResetModel();
-            tree.Clear();
-            Show(std::move(changed));
-            model.endResetModel();
+            Reset(std::move(changed));
         } else {
-            ReportModels::Nodes removed;
             if (changes.lists.empty())
                 Show(std::move(changed));
             else
-                removed = TakeItems(std::move(changed), changes.lists.front());
+                TakeItems(std::move(changed), changes.lists.front());
             TellRows(changes.rows);
         }
         if (!changes.IsEmpty())
             Q_EMIT model.ReportChanged();
+        --changesUnderWay;
+        Forget({});
     }
 
-    ReportModels::Nodes TakeItems(std::unique_ptr<ReportBase> changed, const ListChange& change)
+    void Reset(std::unique_ptr<ReportBase> shown)
     {
-        ReportModels::Nodes removed;
+        model.beginResetModel();
+        ReportModels::Nodes removed = tree.Clear();
+        Show(std::move(shown));
+        model.endResetModel();
+        Forget(std::move(removed));
+    }
+
+    /// Deletes nodes when no change needs them any longer: whoever is told of one may make another.
+    void Forget(ReportModels::Nodes removed)
+    {
+        std::move(removed.begin(), removed.end(), std::back_inserter(forgotten));
+        if (changesUnderWay == 0)
+            forgotten.clear();
+    }
+
+    void TakeItems(std::unique_ptr<ReportBase> changed, const ListChange& change)
+    {
         const QModelIndex list = IndexOf(*change.list);
         if (change.removed > 0) {
             model.beginRemoveRows(list, change.first, change.first + change.removed - 1);
             Show(std::move(changed));
-            removed = tree.RemoveRows(*change.list, change.first, change.removed);
+            ReportModels::Nodes removed = tree.RemoveRows(*change.list, change.first, change.removed);
             model.endRemoveRows();
+            Forget(std::move(removed));
         } else {
             model.beginInsertRows(list, change.first, change.first + change.inserted - 1);
             Show(std::move(changed));
@@ -235,16 +252,17 @@ struct ReportModel::State
             model.endInsertRows();
         }
         tree.Renumber();
-        return removed;
     }
 
     void TellRows(const std::vector<ReportModels::RowRange>& rows)
     {
-        // Whoever is told may change the report again.
+        // Whoever is told may change the report again, and may have done so already.
         QVector<QPair<QPersistentModelIndex, QPersistentModelIndex>> ranges;
-        for (const ReportModels::RowRange& range : rows)
-            ranges.append(
-                {IndexOf(Row{range.below, range.first}), IndexOf(Row{range.below, range.last}, ValueColumn)});
+        for (const ReportModels::RowRange& range : rows) {
+            if (tree.Has(*range.below) && range.last < tree.CountBelow(*range.below))
+                ranges.append({IndexOf(Row{range.below, range.first}),
+                               IndexOf(Row{range.below, range.last}, ValueColumn)});
+        }
         for (const auto& range : std::as_const(ranges)) {
             if (range.first.isValid() && range.second.isValid())
                 Q_EMIT model.dataChanged(range.first, range.second);
@@ -261,6 +279,9 @@ struct ReportModel::State
     std::unique_ptr<ReportBase> report;
     ReportModels::FieldTree tree;
     bool isReadOnly = true;
+
+    int changesUnderWay = 0;
+    ReportModels::Nodes forgotten;
 };
 
 // --- The report
@@ -274,11 +295,7 @@ ReportModel::~ReportModel() = default;
 
 void ReportModel::SetReport(const ReportBase& report)
 {
-    auto copy = std::make_unique<ReportBase>(report);
-    beginResetModel();
-    m_state->tree.Clear();
-    m_state->Show(std::move(copy));
-    endResetModel();
+    m_state->Reset(std::make_unique<ReportBase>(report));
 }
 
 const ReportBase& ReportModel::Report() const

@@ -76,6 +76,13 @@ Node& FieldTree::NodeAt(const Row& row) const
     return *node;
 }
 
+bool FieldTree::Has(const Node& node) const
+{
+    if (!node.above)
+        return &node == &m_root;
+    return FindNode({node.above, node.row}) == &node && Has(*node.above);
+}
+
 Node* FieldTree::FindNode(const Row& row)
 {
     const auto found = row.below->below.find(row.number);
@@ -185,6 +192,16 @@ QString FieldTree::ComplaintAt(const Row& row) const
 }
 
 // --- Items come and go
+
+Nodes FieldTree::Clear()
+{
+    Nodes removed;
+    for (auto& node : m_root.below)
+        removed.push_back(std::move(node.second));
+    m_root.below.clear();
+    m_moved = Moved();
+    return removed;
+}
 
 void FieldTree::InsertRows(Node& list, int first, int count)
 {
