@@ -119,7 +119,7 @@ struct ReportModel::State
             return nullptr;
         }
         const Row row = RowOf(index);
-        if (tree.FieldAt(row).Kind() == FieldKind::List && !tree.IsItem(row))
+        if (tree.FieldAt(row).Kind() == FieldKind::List && !ReportModels::FieldTree::IsItem(row))
             return &tree.FieldAt(row);
         Refuse(index, QStringLiteral("%1 is no list").arg(tree.PathOf(row).Text()));
         return nullptr;
@@ -374,7 +374,7 @@ bool ReportModel::Unset(const QModelIndex& index)
     const Row row = State::RowOf(index);
     if (!m_state->tree.IsSet(row))
         return true;
-    if (m_state->tree.IsItem(row))
+    if (ReportModels::FieldTree::IsItem(row))
         return m_state->Remove(index.parent(), row.number, 1);
     const FieldPath path = m_state->tree.PathOf(row);
     return m_state->Change(index, [&](ReportBase& report) { ReportCore::Unset(report, path); });

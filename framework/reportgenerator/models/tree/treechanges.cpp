@@ -10,6 +10,19 @@ using ReportCore::FieldKind;
 using ReportCore::ObjectInfo;
 using REPORTGENERATOR::IRGObject;
 
+namespace {
+
+/// What is no number equals itself by its bits, and negative zero, which is another text, doesn't equal zero.
+quint64 BitsOf(double number)
+{
+    quint64 bits = 0;
+    static_assert(sizeof(bits) == sizeof(number));
+    std::memcpy(&bits, &number, sizeof(bits));
+    return bits;
+}
+
+} // namespace
+
 bool AreSame(const QVariant& before, const QVariant& after)
 {
     if (before.userType() != after.userType())
@@ -19,9 +32,7 @@ bool AreSame(const QVariant& before, const QVariant& after)
                before.toString().isNull() == after.toString().isNull();
     if (before.userType() != QMetaType::Double)
         return before == after;
-    // Bit by bit: what is no number is the same as before, and negative zero another text.
-    const double numbers[] = {before.toDouble(), after.toDouble()};
-    return std::memcmp(&numbers[0], &numbers[1], sizeof(double)) == 0;
+    return BitsOf(before.toDouble()) == BitsOf(after.toDouble());
 }
 
 namespace {
