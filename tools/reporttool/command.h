@@ -1,11 +1,10 @@
 #ifndef REPORTTOOL_COMMAND_H
 #define REPORTTOOL_COMMAND_H
 
-#include <QtCore/QStringList>
-
 namespace ReportTool {
 
 class Console;
+class Parser;
 
 /// One thing that the program does, with all that the others need to know of it.
 struct Command
@@ -14,9 +13,12 @@ struct Command
     const char* syntax;  ///< of the arguments, as the list of commands shows it
     const char* summary; ///< one line
 
-    /// Does it and returns the exit code. The arguments are the program's: its name, the command, and what comes after
-    /// it. Throws `UsageError` for a wrong command line and `UnusableFile` for a file without which it cannot go on.
-    int (*run)(const QStringList& arguments, Console& console);
+    /// Tells the parser what there is to say about it: description, arguments, options, examples.
+    void (*declare)(Parser& parser);
+
+    /// Does what the parsed command line asks for and returns the exit code. Throws `UsageError` for a wrong one and
+    /// `UnusableFile` for a file without which it cannot go on.
+    int (*run)(const Parser& parser, Console& console);
 };
 
 } // namespace ReportTool

@@ -27,7 +27,10 @@ constexpr char GENERAL_DESCRIPTION[] =
     "\n"
     "Exit codes of all commands: 0 all is good, 1 a report is invalid or the answer is no, 2 a\n"
     "file cannot be read or written or the command line is wrong. Of several files the greatest\n"
-    "code counts.";
+    "code counts.\n"
+    "\n"
+    "Environment: LC_ALL, LC_MESSAGES and LANG choose the language of what the operating system\n"
+    "says about a file. What is written is UTF-8 and has decimal points in every locale.";
 
 QString Lines()
 {
@@ -52,24 +55,33 @@ QString Names()
     return names;
 }
 
-/// A command line without a command in front.
+/// Of a command line without a command in front.
+class GeneralParser : public Parser
+{
+public:
+    GeneralParser() : Parser(QStringLiteral("COMMAND"), QStringLiteral("What to do: %1.").arg(Names()))
+    {
+        SetDescription(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()));
+        AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");
+        AddSwitch(QStringList{QStringLiteral("v"), QStringLiteral("version")},
+                  "Show the version of this program.");
+        AddExample("check -r reports", "Tell what is wrong in a folder of reports.");
+        AddExample("help show", "Tell more about 'show'.");
+    }
+};
+
 int RunGeneral(const QStringList& arguments, Console& console)
 {
-    Parser parser(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()), QStringLiteral("COMMAND"),
-                  QStringLiteral("What to do: %1.").arg(Names()));
-    parser.AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     QStringLiteral("Show the version of this program."));
-    parser.addOption(version);
+    GeneralParser parser;
     parser.ParseOrThrow(arguments);
     if (parser.AsksForHelp())
-        console.Output().Text(parser.helpText());
-    else if (parser.isSet(version))
+        console.Output().Text(parser.HelpText());
+    else if (parser.Has("version"))
         console.Output().Text(QStringLiteral("reporttool " REPORTTOOL_VERSION "\n"));
     else if (parser.positionalArguments().isEmpty())
         throw UsageError{QStringLiteral("no command is given")};
     else
-        throw UsageError{QStringLiteral("no command is called '%1'").arg(parser.positionalArguments().at(0))};
+        throw NoCommand(parser.positionalArguments().at(0));
     return EXIT_GOOD;
 }
 
@@ -77,14 +89,36 @@ int RunCommand(const QStringList& arguments, Console& console)
 {
     // "--" in front of the command changes nothing: a command is no option.
     const int place = arguments.value(1) == QLatin1String("--") ? 2 : 1;
-    const QString name = arguments.value(place);
-    const auto* const found =
-        std::find_if(std::begin(COMMANDS), std::end(COMMANDS),
-                     [&name](const Command* command) { return name == QLatin1String(command->name); });
-    return found == std::end(COMMANDS) ? RunGeneral(arguments, console) : (*found)->run(arguments, console);
+    const Command* const command = FindCommand(arguments.value(place));
+    if (!command)
+        return RunGeneral(arguments, console);
+    Parser parser(*command);
+    parser.ParseOrThrow(arguments);
+    if (!parser.AsksForHelp())
+        return command->run(parser, console);
+    console.Output().Text(parser.HelpText());
+    return EXIT_GOOD;
 }
 
 } // namespace
+
+const Command* FindCommand(const QString& name)
+{
+    const auto* const found =
+        std::find_if(std::begin(COMMANDS), std::end(COMMANDS),
+                     [&name](const Command* command) { return name == QLatin1String(command->name); });
+    return found == std::end(COMMANDS) ? nullptr : *found;
+}
+
+UsageError NoCommand(const QString& name)
+{
+    return {QStringLiteral("no command is called '%1'").arg(name)};
+}
+
+QString GeneralHelp()
+{
+    return GeneralParser().HelpText();
+}
 
 int Run(const QStringList& arguments, TextOutput& output, TextOutput& errors)
 {

@@ -7,11 +7,23 @@
 
 namespace ReportTool {
 
+class Parser;
 class TextOutput;
+struct Command;
+struct UsageError;
 
 /// Does what the command line asks for and returns the exit code. Results go to `output`, what went wrong
 /// goes to `errors`.
 int Run(const QStringList& arguments, TextOutput& output, TextOutput& errors);
+
+/// Null where there is none.
+const Command* FindCommand(const QString& name);
+
+/// What to say then.
+UsageError NoCommand(const QString& name);
+
+/// What `--help` without a command writes.
+QString GeneralHelp();
 
 } // namespace ReportTool
 

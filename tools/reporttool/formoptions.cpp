@@ -66,7 +66,11 @@ FileForm WithLevel(const FileForm& form, bool hasLevel)
 
 void AddFormOptions(Parser& parser)
 {
-    parser.AddOption("to", "Form to write: xml, plain, compressed, file or json.", "form");
+    QStringList names;
+    for (const NamedForm& form : FORMS)
+        names << QLatin1String(form.name);
+    parser.AddOption("to", "Form to write: xml, plain, compressed, file or json.", "form",
+                     Candidates::OneOf(names));
     parser.AddOption("level", "Level of compression: 0 to 9, or -1 for zlib's default.", "level");
 }
 

@@ -1,5 +1,6 @@
 #include <reporttool/parser.h>
 
+#include <reporttool/command.h>
 #include <reporttool/filelist.h>
 
 #include <reportcore/files.h>
@@ -8,45 +9,64 @@
 
 namespace ReportTool {
 
-Parser::Parser(const QString& description, const QString& command, const QString& commandDescription)
-    : m_help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")),
-      m_output({QStringLiteral("o"), QStringLiteral("output")},
-               QStringLiteral("File to write; standard output where it is missing."), QStringLiteral("file"),
-               QStringLiteral("-"))
+Parser::Parser(const QString& firstArgument, const QString& description)
 {
-    setApplicationDescription(description);
-    addPositionalArgument(command, commandDescription);
-    addOption(m_help);
+    addPositionalArgument(firstArgument, description);
+    AddSwitch(QStringList{QStringLiteral("h"), QStringLiteral("help")}, "Show this help.");
 }
 
-Parser::Parser(const char* description, const char* command)
-    : Parser(QLatin1String(description), QLatin1String(command), QStringLiteral("This command."))
+Parser::Parser(const Command& command) : Parser(QLatin1String(command.name), QStringLiteral("This command."))
 {
+    command.declare(*this);
 }
 
-void Parser::AddArgument(const char* name, const char* description, const char* syntax)
+void Parser::AddArgument(const char* name, const char* description, const char* syntax,
+                         const Candidates& candidates)
 {
     addPositionalArgument(QLatin1String(name), QLatin1String(description), QLatin1String(syntax));
+    m_allArguments.push_back(
+        {QLatin1String(name), QLatin1String(syntax).contains(QLatin1String("...")), candidates});
+}
+
+void Parser::Add(const QCommandLineOption& option, const Candidates& candidates)
+{
+    addOption(option);
+    m_allOptions.push_back({option.names(), option.description(), option.valueName(), candidates});
+}
+
+void Parser::AddSwitch(const QStringList& names, const char* description)
+{
+    Add({names, QLatin1String(description)}, {});
 }
 
 void Parser::AddSwitch(const char* name, const char* description)
 {
-    addOption({QLatin1String(name), QLatin1String(description)});
+    AddSwitch(QStringList(QLatin1String(name)), description);
 }
 
-void Parser::AddOption(const char* name, const char* description, const char* valueName)
+void Parser::AddOption(const char* name, const char* description, const char* valueName,
+                       const Candidates& candidates)
 {
-    addOption({QLatin1String(name), QLatin1String(description), QLatin1String(valueName)});
+    Add({QLatin1String(name), QLatin1String(description), QLatin1String(valueName)}, candidates);
+}
+
+void Parser::AddExample(const char* commandLine, const char* purpose)
+{
+    m_examples.push_back({QLatin1String(commandLine), QLatin1String(purpose)});
 }
 
 void Parser::AddOutput()
 {
-    addOption(m_output);
+    Add({{QStringLiteral("o"), QStringLiteral("output")},
+         QStringLiteral("File to write; standard output where it is missing."),
+         QStringLiteral("file"),
+         QStringLiteral("-")},
+        Candidates::Files());
 }
 
 QString Parser::Output() const
 {
-    return value(m_output);
+    return Value("output");
 }
 
 void Parser::AddFiles()
@@ -57,17 +77,29 @@ void Parser::AddFiles()
 
 void Parser::AddFileOptions()
 {
-    addOption({{QStringLiteral("r"), QStringLiteral("recursive")},
-               QStringLiteral("Of a folder take all files, and those of the folders in it.")});
+    AddSwitch(QStringList{QStringLiteral("r"), QStringLiteral("recursive")},
+              "Of a folder take all files, and those of the folders in it.");
     AddOption("pattern", "Of folders take only files whose names fit, such as \"*.xml\".", "pattern");
     AddOption("files-from", "Take the files whose names stand in this file, one a line; - is standard input.",
-              "list");
-    addOption({{QStringLiteral("0"), QStringLiteral("null")},
-               QStringLiteral("In the list a NUL stands behind each name, not a line break.")});
+              "list", Candidates::Files());
+    AddSwitch(QStringList{QStringLiteral("0"), QStringLiteral("null")},
+              "In the list a NUL stands behind each name, not a line break.");
+}
+
+QString Parser::HelpText() const
+{
+    QString text = helpText();
+    if (!m_examples.empty())
+        text += QLatin1String("\nExamples:\n");
+    for (const Example& example : m_examples)
+        text += QStringLiteral("  " REPORTTOOL_PROGRAM " %1\n      %2\n")
+                    .arg(example.commandLine, example.purpose);
+    return text;
 }
 
 void Parser::ParseOrThrow(const QStringList& arguments)
 {
+    m_commandLine = arguments;
     if (!parse(arguments))
         throw UsageError{errorText()};
 }

@@ -100,20 +100,21 @@ void Summarise(const std::vector<int>& exitCodes, Console& console)
                           .arg(count(EXIT_UNUSABLE)));
 }
 
-int Check(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "check");
+    parser.SetDescription(DESCRIPTION);
     parser.AddFiles();
     parser.AddSwitch("json", "Write a JSON object for each problem, one a line.");
     parser.AddSwitch("quiet", "Write nothing, but why a file cannot be read; the exit code tells the rest.");
     parser.AddSwitch("strict",
                      "What would be warnings are problems, and are looked for in large reports too.");
     parser.AddSwitch("no-warnings", "Write no warnings.");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("check lake.xml", "Tell what is wrong with one report.");
+    parser.AddExample("check --strict -r reports", "Look through a folder, for what is hardly meant too.");
+}
+
+int Check(const Parser& parser, Console& console)
+{
     if (parser.Has("json") && parser.Has("quiet"))
         throw UsageError{QStringLiteral("--json and --quiet do not go together")};
     if (parser.Has("strict") && parser.Has("no-warnings"))
@@ -132,6 +133,6 @@ int Check(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command CHECK_COMMAND = {"check", "FILE...", "tell what is wrong with reports", Check};
+const Command CHECK_COMMAND = {"check", "FILE...", "tell what is wrong with reports", Declare, Check};
 
 } // namespace ReportTool

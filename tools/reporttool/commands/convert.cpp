@@ -146,19 +146,22 @@ int ConvertInto(const QString& folder, const QStringList& inputs, const Options&
     return ExitCodeOf(exitCodes, inputs);
 }
 
-int Convert(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "convert");
+    parser.SetDescription(DESCRIPTION);
     parser.AddArgument("IN", "Report; - stands for standard input.", "IN...");
     parser.AddArgument("OUT", "File to write, - for standard output; or the folder to write to.", "OUT");
     AddFormOptions(parser);
-    parser.AddOption("from", "The reports are JSON; other forms are recognised.", "json");
+    parser.AddOption("from", "The reports are JSON; other forms are recognised.", "json",
+                     Candidates::OneOf({QStringLiteral("json")}));
     parser.AddFileOptions();
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("convert lake.xml lake.bin --to compressed", "Write one report in another form.");
+    parser.AddExample("convert -r reports packed --to file --level 9",
+                      "Write all reports of a folder into the folder packed.");
+}
+
+int Convert(const Parser& parser, Console& console)
+{
     QStringList files = parser.Arguments();
     const bool namesMore = parser.NamesMoreFiles();
     if (files.size() < (namesMore ? 1 : 2))
@@ -172,6 +175,7 @@ int Convert(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command CONVERT_COMMAND = {"convert", "IN... OUT --to F", "write reports in another form", Convert};
+const Command CONVERT_COMMAND = {"convert", "IN... OUT --to F", "write reports in another form", Declare,
+                                 Convert};
 
 } // namespace ReportTool

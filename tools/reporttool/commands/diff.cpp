@@ -67,17 +67,17 @@ void WriteJson(const QStringList& files, const Differences& differences, Console
     console.Output().Bytes(QJsonDocument(whole).toJson());
 }
 
-int Diff(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "diff");
+    parser.SetDescription(DESCRIPTION);
     parser.AddArgument("A", "Report; - stands for standard input.", "A");
     parser.AddArgument("B", "Report; - stands for standard input.", "B");
     parser.AddSwitch("json", "Write a JSON object with all differences.");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("diff lake.xml lake.bin", "Tell in what two reports differ.");
+}
+
+int Diff(const Parser& parser, Console& console)
+{
     const QStringList files = parser.Arguments();
     if (files.size() != 2)
         throw UsageError{QStringLiteral("diff takes A and B")};
@@ -100,6 +100,6 @@ int Diff(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command DIFF_COMMAND = {"diff", "A B", "tell in what two reports differ", Diff};
+const Command DIFF_COMMAND = {"diff", "A B", "tell in what two reports differ", Declare, Diff};
 
 } // namespace ReportTool

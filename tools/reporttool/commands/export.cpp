@@ -65,6 +65,14 @@ QString Description()
     return QString(QLatin1String(DESCRIPTION)).arg(lines);
 }
 
+QStringList FormatNames()
+{
+    QStringList names;
+    for (const ExportFormat& format : ExportFormats())
+        names << QLatin1String(format.name);
+    return names;
+}
+
 const ExportFormat& FormatOf(const Parser& parser)
 {
     if (!parser.Has("to"))
@@ -174,24 +182,26 @@ int RunElsewhere(const QStringList& arguments, Console& console)
     return process.exitCode();
 }
 
-int Export(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(Description(), QStringLiteral("export"), QStringLiteral("This command."));
+    parser.SetDescription(Description());
     parser.AddFiles();
-    parser.AddOption("to", "Format to write.", "format");
+    parser.AddOption("to", "Format to write.", "format", Candidates::OneOf(FormatNames()));
     parser.AddOption("size", "Size of a picture in pixels, 1200x900 where it is missing.", "size");
     parser.AddOutput();
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("export -r reports --to geojsonl -o reports.geojsonl",
+                      "Write all reports of a folder for a map or a database.");
+    parser.AddExample("export lake.xml --to wkt", "Write the area as text.");
+}
+
+int Export(const Parser& parser, Console& console)
+{
     const ExportFormat& format = FormatOf(parser);
     const PictureSize size = SizeOf(parser, format);
     const QStringList files = parser.Files();
     const bool isPainter = ReportCore::OwnPainters().png != nullptr;
     if (format.painter && !isPainter)
-        return RunElsewhere(arguments, console);
+        return RunElsewhere(parser.CommandLine(), console);
     Collection collection(ExporterOf(format, size), parser.Output());
     int exitCode = EXIT_GOOD;
     for (const QString& name : files)
@@ -203,6 +213,6 @@ int Export(const QStringList& arguments, Console& console)
 } // namespace
 
 const Command EXPORT_COMMAND = {"export", "FILE... --to F", "write reports for maps, spreadsheets, databases",
-                                Export};
+                                Declare, Export};
 
 } // namespace ReportTool

@@ -57,16 +57,17 @@ int Look(const QString& name, const Condition& condition, Console& console)
     return EXIT_GOOD;
 }
 
-int Grep(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "grep");
-    parser.AddArgument("CONDITION", "What the reports are to fulfil.", "CONDITION");
+    parser.SetDescription(DESCRIPTION);
+    parser.AddArgument("CONDITION", "What the reports are to fulfil.", "CONDITION", Candidates::FieldPaths());
     parser.AddFiles();
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("grep 'frequency.value in 118e6..137e6' -r reports", "Find the reports of a band.");
+    parser.AddExample("grep 'area contains 9.5,47.6' -r reports", "Find the reports of a place.");
+}
+
+int Grep(const Parser& parser, Console& console)
+{
     QStringList files = parser.Arguments();
     if (files.isEmpty())
         throw UsageError{QStringLiteral("no condition is given")};
@@ -85,6 +86,7 @@ int Grep(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command GREP_COMMAND = {"grep", "CONDITION FILE...", "find reports that fulfil a condition", Grep};
+const Command GREP_COMMAND = {"grep", "CONDITION FILE...", "find reports that fulfil a condition", Declare,
+                              Grep};
 
 } // namespace ReportTool

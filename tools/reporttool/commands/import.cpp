@@ -49,6 +49,14 @@ QString Description()
     return QString(QLatin1String(DESCRIPTION)).arg(lines);
 }
 
+QStringList FormatNames()
+{
+    QStringList names;
+    for (const ImportFormat& format : ImportFormats())
+        names << QLatin1String(format.name);
+    return names;
+}
+
 const ImportFormat& FormatOf(const Parser& parser)
 {
     if (!parser.Has("from"))
@@ -113,18 +121,20 @@ int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const
     return exitCode;
 }
 
-int Import(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(Description(), QStringLiteral("import"), QStringLiteral("This command."));
+    parser.SetDescription(Description());
     parser.AddArgument("IN", "File of the other program; - stands for standard input.", "IN");
     parser.AddArgument("OUT", "File to write, - for standard output, or a folder.", "OUT");
-    parser.AddOption("from", "Format to read: geojson, csv or kml.", "format");
+    parser.AddOption("from", "Format to read: geojson, csv or kml.", "format",
+                     Candidates::OneOf(FormatNames()));
     parser.AddSwitch("parts", "Make a report of each part of a feature that has several.");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("import lakes.kml reports --from kml",
+                      "Make a report in the folder reports of each placemark.");
+}
+
+int Import(const Parser& parser, Console& console)
+{
     const QStringList files = parser.Arguments();
     if (files.size() != 2)
         throw UsageError{QStringLiteral("import takes IN and OUT")};
@@ -148,6 +158,6 @@ int Import(const QStringList& arguments, Console& console)
 } // namespace
 
 const Command IMPORT_COMMAND = {"import", "IN OUT --from F", "make reports of what other programs have drawn",
-                                Import};
+                                Declare, Import};
 
 } // namespace ReportTool

@@ -17,11 +17,12 @@ extern const Command GREP_COMMAND;
 extern const Command SET_COMMAND;
 extern const Command MERGE_COMMAND;
 extern const Command SETTINGS_COMMAND;
+extern const Command HELP_COMMAND;
 
 /// In the order in which the help names them.
-constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &CONVERT_COMMAND, &CHECK_COMMAND, &EXPORT_COMMAND,
-                                       &IMPORT_COMMAND, &DIFF_COMMAND,    &GREP_COMMAND,  &SET_COMMAND,
-                                       &MERGE_COMMAND,  &SETTINGS_COMMAND};
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &CONVERT_COMMAND,  &CHECK_COMMAND, &EXPORT_COMMAND,
+                                       &IMPORT_COMMAND, &DIFF_COMMAND,     &GREP_COMMAND,  &SET_COMMAND,
+                                       &MERGE_COMMAND,  &SETTINGS_COMMAND, &HELP_COMMAND};
 
 } // namespace ReportTool
 

@@ -70,17 +70,17 @@ bool Merge(ReportBase& base, const ReportBase& other, const QString& file, Conso
     return true;
 }
 
-int RunMerge(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "merge");
+    parser.SetDescription(DESCRIPTION);
     parser.AddArgument("BASE", "Report; - stands for standard input.", "BASE");
     parser.AddArgument("OTHER", "Reports to lay over it; - stands for standard input.", "OTHER...");
-    parser.AddOption("o", "File to write; - stands for standard output.", "out");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    parser.AddExample("merge base.xml other.xml -o out.xml", "Lay a report over another one.");
+}
+
+int RunMerge(const Parser& parser, Console& console)
+{
     const QStringList files = parser.Arguments();
     if (files.size() < 2)
         throw UsageError{QStringLiteral("merge takes BASE and OTHER")};
@@ -99,6 +99,6 @@ int RunMerge(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command MERGE_COMMAND = {"merge", "BASE OTHER...", "lay reports over another", RunMerge};
+const Command MERGE_COMMAND = {"merge", "BASE OTHER...", "lay reports over another", Declare, RunMerge};
 
 } // namespace ReportTool

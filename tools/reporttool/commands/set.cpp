@@ -138,18 +138,20 @@ bool Change(ReportFile& file, const Request& request, Console& console)
     return true;
 }
 
-int Set(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "set");
+    parser.SetDescription(DESCRIPTION);
     parser.AddArgument("FILE", "Report; - stands for standard input.", "FILE");
-    parser.AddArgument("PATH=VALUE", "Field and its new value.", "PATH=VALUE...");
-    parser.AddOption("unset", "Unset this field; may be given several times.", "path");
-    parser.AddOption("o", "File to write; - stands for standard output.", "out");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddArgument("PATH=VALUE", "Field and its new value.", "PATH=VALUE...", Candidates::Assignments());
+    parser.AddOption("unset", "Unset this field; may be given several times.", "path",
+                     Candidates::FieldPaths());
+    parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    parser.AddExample("set lake.xml frequency.value=121.5e6 -o lake.xml", "Change a field.");
+    parser.AddExample("set lake.xml --unset area.scriptId -o out.xml", "Take a field out.");
+}
+
+int Set(const Parser& parser, Console& console)
+{
     const Request request = RequestOf(parser);
     ReportFile file = ReportCore::ReadReport(ReportCore::ReadInput(request.input));
     if (!IsUsable(file, request, console) || !Change(file, request, console))
@@ -159,6 +161,6 @@ int Set(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command SET_COMMAND = {"set", "FILE PATH=VALUE...", "set and unset fields of a report", Set};
+const Command SET_COMMAND = {"set", "FILE PATH=VALUE...", "set and unset fields of a report", Declare, Set};
 
 } // namespace ReportTool

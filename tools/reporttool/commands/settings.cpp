@@ -194,16 +194,16 @@ int DryRun(const QString& file, Console& console)
     return TellRest(fragment, console) && isGood ? EXIT_GOOD : EXIT_INVALID;
 }
 
-int RunSettings(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "settings");
+    parser.SetDescription(DESCRIPTION);
     parser.AddArgument("FRAGMENT", "File with XML settings; - stands for standard input.", "FRAGMENT");
     parser.AddSwitch("dry-run", "Only tell; must be given.");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("settings fragment.xml --dry-run", "Tell who would take what of a fragment.");
+}
+
+int RunSettings(const Parser& parser, Console& console)
+{
     if (parser.Arguments().size() != 1)
         throw UsageError{QStringLiteral("settings takes one FRAGMENT")};
     if (!parser.Has("dry-run"))
@@ -214,6 +214,6 @@ int RunSettings(const QStringList& arguments, Console& console)
 } // namespace
 
 const Command SETTINGS_COMMAND = {"settings", "FRAGMENT --dry-run", "tell who would take which settings",
-                                  RunSettings};
+                                  Declare, RunSettings};
 
 } // namespace ReportTool

@@ -104,19 +104,21 @@ int ShowAsJson(const QStringList& names, Console& console)
     return exitCode;
 }
 
-int Show(const QStringList& arguments, Console& console)
+void Declare(Parser& parser)
 {
-    Parser parser(DESCRIPTION, "show");
+    parser.SetDescription(DESCRIPTION);
     parser.AddFiles();
     parser.AddSwitch("json", "Write one JSON array with an object for each file, all coordinates included.");
     parser.AddSwitch("all", "Show all coordinates, not just the first ones.");
     parser.AddSwitch("map", "Draw the area in characters.");
     parser.AddSwitch("dump", "Add the bytes of binary forms, field by field with their meaning.");
-    parser.ParseOrThrow(arguments);
-    if (parser.AsksForHelp()) {
-        console.Output().Text(parser.helpText());
-        return EXIT_GOOD;
-    }
+    parser.AddExample("show lake.xml", "Tell what a report holds.");
+    parser.AddExample("show --map lake.xml", "Draw its area too.");
+    parser.AddExample("show --json lake.xml", "Tell it to another program.");
+}
+
+int Show(const Parser& parser, Console& console)
+{
     if (parser.Has("json") && parser.Has("dump"))
         throw UsageError{QStringLiteral("--json and --dump do not go together")};
     if (parser.Has("json") && parser.Has("map"))
@@ -127,6 +129,6 @@ int Show(const QStringList& arguments, Console& console)
 
 } // namespace
 
-const Command SHOW_COMMAND = {"show", "FILE...", "tell what reports hold", Show};
+const Command SHOW_COMMAND = {"show", "FILE...", "tell what reports hold", Declare, Show};
 
 } // namespace ReportTool
