@@ -17,6 +17,25 @@ foreach(program IN ITEMS reporttool reportpicture)
     endif()
 endforeach()
 
+# --- Manual pages and completion for shells, each where those look who read them
+
+if(TARGET pages_reporttool${REPORTGENERATOR_FILE_SUFFIX})
+    install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/man/"
+        DESTINATION "${CMAKE_INSTALL_MANDIR}"
+        COMPONENT tools)
+    install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/bash-completion" "${REPORTGENERATOR_PAGES_FOLDER}/fish"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}"
+        COMPONENT tools)
+    # Debian's zsh has a folder of its own for what packages bring.
+    set(zshFolder site-functions)
+    if(REPORTGENERATOR_DEBIAN_PACKAGES)
+        set(zshFolder vendor-completions)
+    endif()
+    install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/zsh/site-functions/"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/zsh/${zshFolder}"
+        COMPONENT tools)
+endif()
+
 # --- CMake package
 
 configure_package_config_file(

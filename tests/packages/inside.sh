@@ -85,6 +85,10 @@ try_tool() {
         "$tool" convert /tmp/report.bin /tmp/again.xml --to xml
         cmp /tmp/report.xml /tmp/again.xml
     done
+    expect_file "/usr/share/man/man1/$tool-check.1.gz"
+    expect_file "/usr/share/bash-completion/completions/$tool"
+    expect_file "/usr/share/zsh/vendor-completions/_$tool"
+    expect_file "/usr/share/fish/vendor_completions.d/$tool.fish"
     printf '<ReportBase><Frequency>nowhere' >/tmp/broken.xml
     ! "$tool" check /tmp/broken.xml >/dev/null 2>&1 || fail "$tool accepts a broken report"
 }

@@ -55,21 +55,6 @@ QString Names()
     return names;
 }
 
-/// Of a command line without a command in front.
-class GeneralParser : public Parser
-{
-public:
-    GeneralParser() : Parser(QStringLiteral("COMMAND"), QStringLiteral("What to do: %1.").arg(Names()))
-    {
-        SetDescription(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()));
-        AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");
-        AddSwitch(QStringList{QStringLiteral("v"), QStringLiteral("version")},
-                  "Show the version of this program.");
-        AddExample("check -r reports", "Tell what is wrong in a folder of reports.");
-        AddExample("help show", "Tell more about 'show'.");
-    }
-};
-
 int RunGeneral(const QStringList& arguments, Console& console)
 {
     GeneralParser parser;
@@ -113,6 +98,17 @@ const Command* FindCommand(const QString& name)
 UsageError NoCommand(const QString& name)
 {
     return {QStringLiteral("no command is called '%1'").arg(name)};
+}
+
+GeneralParser::GeneralParser()
+    : Parser(QStringLiteral("COMMAND"), QStringLiteral("What to do: %1.").arg(Names()))
+{
+    SetDescription(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()));
+    AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");
+    AddSwitch(QStringList{QStringLiteral("v"), QStringLiteral("version")},
+              "Show the version of this program.");
+    AddExample("check -r reports", "Tell what is wrong in a folder of reports.");
+    AddExample("help show", "Tell more about 'show'.");
 }
 
 QString GeneralHelp()

@@ -2,15 +2,14 @@
 #define REPORTTOOL_COMMANDS_H
 
 #include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
 
 #include <QtCore/QStringList>
 
 namespace ReportTool {
 
-class Parser;
 class TextOutput;
 struct Command;
-struct UsageError;
 
 /// Does what the command line asks for and returns the exit code. Results go to `output`, what went wrong
 /// goes to `errors`.
@@ -21,6 +20,13 @@ const Command* FindCommand(const QString& name);
 
 /// What to say then.
 UsageError NoCommand(const QString& name);
+
+/// Of a command line without a command in front.
+class GeneralParser : public Parser
+{
+public:
+    GeneralParser();
+};
 
 /// What `--help` without a command writes.
 QString GeneralHelp();
