@@ -36,6 +36,19 @@ if(TARGET pages_reporttool${REPORTGENERATOR_FILE_SUFFIX})
         COMPONENT tools)
 endif()
 
+# --- How desktops and file(1) know reports
+
+# The same files for every Qt.
+if(TARGET reporttool AND NOT WIN32)
+    install(FILES "${PROJECT_SOURCE_DIR}/tools/mime/reportgenerator.xml"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/mime/packages"
+        COMPONENT types)
+    install(FILES "${PROJECT_SOURCE_DIR}/tools/mime/magic"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/file/magic"
+        RENAME reportgenerator
+        COMPONENT types)
+endif()
+
 # --- CMake package
 
 configure_package_config_file(

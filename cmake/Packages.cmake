@@ -1,5 +1,5 @@
 # Debian packages: what cpack makes of the components of a build below /usr for one version of Qt. `./dev package deb`
-# runs it for both. Headers and pages are the same files for every Qt, so that the build for Qt 5 brings them alone.
+# runs it for both. Headers, types of files and pages are the same files for every Qt, so that the build for Qt 5 brings them alone.
 #
 # Maintainer and date are those of the one who packs, and the libraries' version is the project's.
 
@@ -31,13 +31,14 @@ name_library_package(packageOf_runtime reportbase)
 name_library_package(packageOf_models reportmodels)
 set(packageOf_development "libreportbase${REPORTGENERATOR_FILE_SUFFIX}-dev")
 set(packageOf_tools "reporttool${REPORTGENERATOR_FILE_SUFFIX}")
+set(packageOf_types "reporttool-types")
 set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
 
 set(components runtime models development tools)
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
-    list(APPEND components headers documentation)
+    list(APPEND components types headers documentation)
     set(qtPackage qtbase5-dev)
 endif()
 
@@ -123,6 +124,7 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
     "${PROJECT_BINARY_DIR}/framework/reportgenerator/reportbase" "${PROJECT_BINARY_DIR}/framework/wendbase")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${packageOf_runtime} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS "${packageOf_types}")
 
 reportgenerator_package(development libdevel "report data model of radio monitoring - development (${qt})"
     "This package holds what a program needs to be built with ${qt} by CMake or\npkg-config.")
@@ -133,6 +135,10 @@ string(CONCAT CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "${packageOf_documentation}")
 
 if(headers IN_LIST components)
+    reportgenerator_package(types utils "types of files for reports of radio monitoring"
+        "This package has desktops and the program file know reports by their content.")
+    set(CPACK_DEBIAN_TYPES_PACKAGE_ARCHITECTURE all)
+
     reportgenerator_package(headers libdevel "report data model of radio monitoring - headers"
         "This package holds the headers, which are the same for every version of Qt.")
     set(CPACK_DEBIAN_HEADERS_PACKAGE_ARCHITECTURE all)

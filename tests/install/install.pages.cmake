@@ -1,4 +1,5 @@
-# What is installed for those who sit at a terminal stands where readers of manual pages and shells look for it.
+# What is installed for those who sit at a terminal stands where readers of manual pages, shells,
+# desktops and file(1) look for it.
 
 include("${SETTINGS}")
 
@@ -7,7 +8,9 @@ foreach(file IN ITEMS
         man/man1/reporttool${SUFFIX}-check.1
         bash-completion/completions/reporttool${SUFFIX}
         zsh/site-functions/_reporttool${SUFFIX}
-        fish/vendor_completions.d/reporttool${SUFFIX}.fish)
+        fish/vendor_completions.d/reporttool${SUFFIX}.fish
+        mime/packages/reportgenerator.xml
+        file/magic/reportgenerator)
     if(NOT EXISTS "${PREFIX}/share/${file}")
         message(FATAL_ERROR "not installed: share/${file}")
     endif()

@@ -96,7 +96,7 @@ try_tool() {
 test_runtime() {
     local package
     for package in "$qt5_library" "$qt5_models" reporttool "$qt6_library" "$qt6_models" reporttool-qt6 \
-        libreportbase-headers libreportbase-doc; do
+        reporttool-types libreportbase-headers libreportbase-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
@@ -105,6 +105,10 @@ test_runtime() {
             "$qt6_library") try_libraries -qt6 reportbase wendbase ;;
             "$qt5_models") try_libraries "" reportmodels ;;
             "$qt6_models") try_libraries -qt6 reportmodels ;;
+            reporttool-types)
+                expect_file /usr/share/mime/packages/reportgenerator.xml
+                expect_file /usr/share/file/magic/reportgenerator
+                ;;
             reporttool*) try_tool "$package" ;;
             libreportbase-headers) expect_file /usr/include/reportgenerator/reportbase/reportbase.h ;;
             libreportbase-doc)
