@@ -16,6 +16,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 
@@ -75,14 +76,16 @@ QString HelpOf(QStringList words)
 
 int main(int argc, char** argv)
 {
-    const QStringList arguments = QCoreApplication(argc, argv).arguments();
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QFile::decodeName(argv[i]);
     if (arguments.size() != 4 && arguments.size() < 6) {
         std::fputs("reportpages takes FOLDER PROGRAM VERSION [SUMMARY COMMAND...]\n", stderr);
         return 2;
     }
-    const QString folder = arguments.at(1);
-    const QString name = arguments.at(2);
-    const QString version = arguments.at(3);
+    const QString& folder = arguments.at(1);
+    const QString& name = arguments.at(2);
+    const QString& version = arguments.at(3);
     // The help bears the name of the program that asks for it.
     QByteArray nameBytes = name.toUtf8();
     char* names[] = {nameBytes.data(), nullptr};
