@@ -15,20 +15,6 @@ constexpr qint64 UTF16_UNIT = 2;
 
 ByteRange::ByteRange(const QByteArray& bytes) : m_data(bytes.constData()), m_end(bytes.size()) {}
 
-ByteRange ByteRange::Take(qint64 count)
-{
-    ByteRange taken = *this;
-    if (Has(count))
-        taken.m_end = m_begin + count;
-    m_begin = taken.m_end;
-    return taken;
-}
-
-quint32 ByteRange::Word() const
-{
-    return qFromBigEndian<quint32>(m_data + m_begin);
-}
-
 QByteArray ByteRange::Bytes() const
 {
     return QByteArray::fromRawData(m_data + m_begin, static_cast<ByteCount>(Size()));

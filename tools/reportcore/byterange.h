@@ -3,6 +3,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
+#include <QtCore/QtEndian>
 
 namespace ReportCore {
 
@@ -23,10 +24,30 @@ public:
     bool Has(qint64 count) const { return count >= 0 && count <= Size(); }
 
     /// Cuts off and returns the first `count` bytes, or all that there are, if there are fewer.
-    ByteRange Take(qint64 count);
+    ByteRange Take(qint64 count)
+    {
+        ByteRange taken = *this;
+        if (Has(count))
+            taken.m_end = m_begin + count;
+        m_begin = taken.m_end;
+        return taken;
+    }
 
     /// The first four bytes as a number, most significant byte first; there must be so many.
-    quint32 Word() const;
+    quint32 Word() const { return qFromBigEndian<quint32>(Data()); }
+
+    /// The same, and cuts them off.
+    quint32 TakeWord()
+    {
+        const quint32 word = Word();
+        m_begin += qint64(sizeof word);
+        return word;
+    }
+
+    /// The same as a number with a sign.
+    qint64 TakeLength() { return static_cast<qint32>(TakeWord()); }
+
+    const char* Data() const { return m_data + m_begin; }
 
     quint8 At(qint64 index) const { return static_cast<quint8>(m_data[m_begin + index]); }
 

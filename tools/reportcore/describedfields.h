@@ -164,6 +164,16 @@ public:
         return this->m_row.IsSetIn(data) ? QVariant(this->m_row.In(data)) : QVariant();
     }
 
+    std::optional<double> NumberIn(const REPORTGENERATOR::IRGObject& holder) const override
+    {
+        if constexpr (std::is_same_v<T, double>) {
+            const Data& data = Records<Data>::Of(holder);
+            if (this->m_row.IsSetIn(data))
+                return this->m_row.In(data);
+        }
+        return std::nullopt;
+    }
+
     void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const override
     {
         T taken{};

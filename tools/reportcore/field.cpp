@@ -49,6 +49,11 @@ QVariant Field::ValueIn(const IRGObject& /*holder*/) const
     return QVariant();
 }
 
+std::optional<double> Field::NumberIn(const IRGObject& /*holder*/) const
+{
+    return std::nullopt;
+}
+
 void Field::SetIn(IRGObject& /*holder*/, const QVariant& /*value*/) const
 {
     Refuse(*this, HasObjects() ? "is no value" : "cannot be set");

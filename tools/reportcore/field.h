@@ -8,6 +8,7 @@
 #include <QtCore/QVariant>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ReportCore {
@@ -83,6 +84,9 @@ public:
 
     /// Invalid when not set. A text may be set and null.
     virtual QVariant ValueIn(const REPORTGENERATOR::IRGObject& holder) const;
+
+    /// Of a number, for those who go through many of them; nothing when not set.
+    virtual std::optional<double> NumberIn(const REPORTGENERATOR::IRGObject& holder) const;
 
     /// Sets it as the class's own setter does when it validates: what that refuses is refused here, with the same
     /// `RGException`. So is a value of another type, and what nobody sets.

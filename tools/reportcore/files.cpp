@@ -6,11 +6,11 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
-#include <algorithm>
-
 namespace ReportCore {
 
 namespace {
+
+using Index = decltype(QByteArray().size());
 
 constexpr qint64 CHUNK = qint64(1024) * 1024;
 
@@ -44,12 +44,27 @@ void OpenForReading(QFile& file, const QString& name)
             throw UnusableFile{name, error};
         return;
     }
+    // Whoever reads many files asks about those only that cannot be opened.
+    if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return;
     const QFileInfo info(name);
     if (!info.exists())
         throw UnusableFile{name, QStringLiteral("no such file")};
     if (info.isDir())
         RefuseDirectory(name);
-    RequireOpen(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
+    throw UnusableFile{name, file.errorString()};
+}
+
+/// Reads up to `room` bytes more, and returns whether there were any.
+bool ReadPiece(QFile& file, qint64 room, QByteArray& bytes, const QString& name)
+{
+    const auto size = bytes.size();
+    bytes.resize(size + static_cast<Index>(room));
+    const qint64 count = file.read(bytes.data() + size, room);
+    if (count < 0 || file.error() != QFileDevice::NoError)
+        throw UnusableFile{name, file.errorString()};
+    bytes.resize(size + static_cast<Index>(count));
+    return count > 0;
 }
 
 } // namespace
@@ -63,18 +78,17 @@ QByteArray ReadInput(const QString& name)
 {
     QFile file(name);
     OpenForReading(file, name);
-    RequireBelowCeiling(file.size(), name);
-    // The size is only a hint: pipes have none, and files of the kernel claim to be empty.
+    const qint64 size = file.size();
+    RequireBelowCeiling(size, name);
+    // The size is only a hint: pipes have none, and files of the kernel claim to be empty. Room for more shows that it
+    // was right.
     QByteArray bytes;
-    for (;;) {
-        const QByteArray chunk = file.read(std::max(file.size() - bytes.size(), CHUNK));
-        if (file.error() != QFileDevice::NoError)
-            throw UnusableFile{name, file.errorString()};
-        if (chunk.isEmpty())
-            return bytes;
-        RequireBelowCeiling(bytes.size() + chunk.size(), name);
-        bytes += chunk;
+    qint64 room = size > 0 ? size + 1 : CHUNK;
+    while (ReadPiece(file, room, bytes, name)) {
+        RequireBelowCeiling(bytes.size(), name);
+        room = bytes.size() <= size ? size + 1 - bytes.size() : CHUNK;
     }
+    return bytes;
 }
 
 void WriteOutput(const QString& name, const QByteArray& bytes)

@@ -296,7 +296,8 @@ void Spots::WantPath(const FieldPath& path)
 void Spots::SearchXml(const QByteArray& bytes)
 {
     TakeText(bytes);
-    XmlSearch(*this, bytes).Run();
+    if (!m_ends.empty() || !m_paths.empty())
+        XmlSearch(*this, bytes).Run();
 }
 
 void Spots::TakeText(const QByteArray& bytes)

@@ -84,6 +84,7 @@ void Walk::Frame()
         range = content.value_or(ByteRange());
         ++m_depth;
     }
+    m_representation = range;
     m_isCompressed =
         Text(range, Kind::SizeOfUtf16, QStringLiteral("marker"), m_depth).Utf16() == wire::COMPRESSED_MARKER;
     m_objectName = Text(range, Kind::SizeOfUtf16, QStringLiteral("object name"), m_depth).Utf16();

@@ -77,6 +77,9 @@ public:
 
     bool IsCompressed() const { return m_isCompressed; }
 
+    /// All of the representation, without what is around it in a file.
+    QByteArray RepresentationBytes() const { return m_representation.Bytes(); }
+
     /// Name of the object that was written.
     const QString& ObjectName() const { return m_objectName; }
 
@@ -114,6 +117,7 @@ private:
     FieldPath m_path;
     QString m_objectName;
     QByteArray m_uncompressed;
+    ByteRange m_representation;
     ByteRange m_body;
     ByteRange m_behindData;
     ByteRange m_behindRepresentation;

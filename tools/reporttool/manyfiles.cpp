@@ -11,8 +11,9 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
+#include <deque>
 #include <exception>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -24,7 +25,10 @@ namespace {
 
 /// How many files each thread may be ahead of the one whose turn it is to be told about.
 constexpr int FILES_AHEAD = 256;
-constexpr std::chrono::milliseconds GLANCE(100);
+
+/// Who tells is woken for so many outcomes at once, but looks for fewer ones after a little while, too.
+constexpr int OUTCOMES_AT_ONCE = 64;
+constexpr std::chrono::milliseconds GLANCE(20);
 
 /// What one file has come to.
 struct Outcome
@@ -86,18 +90,22 @@ public:
         m_hasRoom.notify_all();
     }
 
-    /// The outcome of the next file in their order; nothing if it isn't there yet, after a little wait.
-    std::optional<Outcome> Next()
+    /// The outcomes of the next files in their order, after a little wait; none if they aren't there yet.
+    std::vector<Outcome> Next()
     {
         std::unique_lock<std::mutex> lock(m_mutex);
-        m_hasOutcome.wait_for(lock, GLANCE, [this] { return HasNext(); });
-        if (!HasNext())
-            return std::nullopt;
-        std::optional<Outcome> outcome(std::move(m_outcomes.begin()->second));
-        m_outcomes.erase(m_outcomes.begin());
-        ++m_told;
-        m_hasRoom.notify_all();
-        return outcome;
+        m_hasOutcomes.wait_for(lock, GLANCE, [this] { return HasEnough(); });
+        std::vector<Outcome> outcomes;
+        while (HasNext()) {
+            outcomes.push_back(std::move(*m_outcomes.front()));
+            m_outcomes.pop_front();
+        }
+        m_told += static_cast<int>(outcomes.size());
+        m_done -= static_cast<int>(outcomes.size());
+        m_ready = 0;
+        if (!outcomes.empty())
+            m_hasRoom.notify_all();
+        return outcomes;
     }
 
     /// Whether it has been stopped and all that was begun has been told.
@@ -108,7 +116,13 @@ public:
     }
 
 private:
-    bool HasNext() const { return !m_outcomes.empty() && m_outcomes.begin()->first == m_told; }
+    bool HasNext() const { return !m_outcomes.empty() && m_outcomes.front(); }
+
+    /// Nobody waits for others while there is nothing else to do.
+    bool HasEnough() const
+    {
+        return m_ready >= OUTCOMES_AT_ONCE || (HasNext() && m_begun - m_told == m_done);
+    }
 
     bool HasRoom() const { return m_isStopped || m_begun - m_told < m_ahead; }
 
@@ -117,27 +131,38 @@ private:
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         m_hasRoom.wait(lock, [this] { return HasRoom(); });
-        return m_isStopped || m_begun == m_names.size() ? -1 : m_begun++;
+        if (m_isStopped || m_begun == m_names.size())
+            return -1;
+        m_outcomes.emplace_back();
+        return m_begun++;
+    }
+
+    void Keep(int index, Outcome outcome)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_outcomes[static_cast<std::size_t>(index - m_told)] = std::move(outcome);
+        ++m_done;
+        while (m_ready < static_cast<int>(m_outcomes.size()) && m_outcomes[static_cast<std::size_t>(m_ready)])
+            ++m_ready;
+        if (HasEnough())
+            m_hasOutcomes.notify_one();
     }
 
     void Work()
     {
-        for (int index = Begin(); index >= 0; index = Begin()) {
-            Outcome outcome = OutcomeOf(m_names.at(index), m_work);
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            m_outcomes.emplace(index, std::move(outcome));
-            if (HasNext())
-                m_hasOutcome.notify_one();
-        }
+        for (int index = Begin(); index >= 0; index = Begin())
+            Keep(index, OutcomeOf(m_names.at(index), m_work));
     }
 
     const QStringList& m_names;
     const FileWork& m_work;
     std::vector<std::thread> m_threads;
     std::mutex m_mutex;
-    std::condition_variable m_hasOutcome;
+    std::condition_variable m_hasOutcomes;
     std::condition_variable m_hasRoom;
-    std::map<int, Outcome> m_outcomes; ///< that have not been told
+    std::deque<std::optional<Outcome>> m_outcomes; ///< of the files that have been begun and not told
+    int m_ready = 0;                               ///< how many there are before the first that is missing
+    int m_done = 0;                                ///< how many there are
     int m_ahead = 0;
     int m_begun = 0;
     int m_told = 0;
@@ -166,9 +191,9 @@ std::vector<int> DoForMany(const QStringList& names, Console& console, const Fil
     {
         Crew crew(names, work);
         while (static_cast<int>(exitCodes.size()) < names.size() && !crew.IsAtEnd()) {
-            if (const std::optional<Outcome> outcome = crew.Next()) {
-                Tell(*outcome, progress, console);
-                exitCodes.push_back(outcome->exitCode);
+            for (const Outcome& outcome : crew.Next()) {
+                Tell(outcome, progress, console);
+                exitCodes.push_back(outcome.exitCode);
             }
             if (Interruption::HasCome())
                 crew.Stop();

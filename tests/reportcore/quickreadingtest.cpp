@@ -1,0 +1,209 @@
+// A report that is read at once is the one that is found by looking at each tag, and so is what is said of it.
+
+#include "reporttool/samples.h"
+
+#include "support/expect.h"
+#include "support/recordelements.h"
+#include "support/records.h"
+
+#include <reportcore/doubts.h>
+#include <reportcore/reading/reading.h>
+#include <reportcore/reportfile.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QStringList>
+
+namespace {
+
+using ReportCore::FindDoubts;
+using ReportCore::Look;
+using ReportCore::ReadReport;
+using ReportCore::ReportFile;
+using Support::ByteArray;
+using Support::Element;
+using ToolTest::Plain;
+namespace Tag = Support::Tag;
+
+constexpr char BEGIN[] = "<ReportBase><Frequency Min=\"1.00\">2.00</Frequency><Area Version=\"1.0\"><Name>";
+constexpr char AFTER_NAME[] = "</Name>";
+constexpr char POINTS[] = "<Coordinate><Longitude>1.0</Longitude><Latitude>2.0</Latitude></Coordinate>"
+                          "<Coordinate><Longitude>3.0</Longitude><Latitude>2.5</Latitude></Coordinate>"
+                          "<Coordinate><Longitude>2.0</Longitude><Latitude>4.0</Latitude></Coordinate>";
+constexpr char END[] = "</Area></ReportBase>";
+
+QByteArray Lake()
+{
+    return QByteArray(BEGIN) + "Lake" + AFTER_NAME + POINTS + END;
+}
+
+/// The lake with something put in place of a piece of it.
+QByteArray Lake(const char* piece, const char* other)
+{
+    QByteArray xml = Lake();
+    EXPECT_EQ(xml.count(piece), 1) << piece;
+    return xml.replace(piece, other);
+}
+
+QString LinesOf(const ReportCore::Problems& problems)
+{
+    QStringList lines;
+    for (const ReportCore::Problem& problem : problems)
+        lines << ReportCore::ProblemLine(problem);
+    return lines.join(QLatin1Char('\n'));
+}
+
+/// What is known of a file in the end, for comparing.
+QString Outcome(const ReportFile& file, const QByteArray& bytes)
+{
+    return file.objectName + QLatin1Char('\n') + file.report.GetXmlString() + QLatin1Char('\n') +
+           LinesOf(file.problems) + QLatin1Char('\n') + LinesOf(FindDoubts(bytes, file, Look::Thorough));
+}
+
+void ExpectSame(const QByteArray& bytes, bool isAtOnce, bool isPlain)
+{
+    SCOPED_TRACE(bytes.toStdString());
+    const ReportFile quick = ReadReport(bytes);
+    EXPECT_EQ(quick.wasReadAtOnce, isAtOnce);
+    EXPECT_EQ(quick.hasPlainText, isPlain);
+    ReportFile thorough;
+    thorough.form = quick.form;
+    ReadXmlWithPlaces(bytes, thorough);
+    thorough.report.ResetLogger();
+    EXPECT_TEXT(Outcome(quick, bytes), Outcome(thorough, bytes));
+}
+
+TEST(QuickReading, ReportAloneIsReadAtOnce)
+{
+    ExpectSame(Lake(), true, true);
+    ExpectSame("\n " + Lake() + "\n", true, true);
+    ExpectSame("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + Lake(), true, true);
+    ExpectSame("<?xml version='1.0' standalone='yes' ?>" + Lake(), true, true);
+    ExpectSame("\xEF\xBB\xBF" + Lake(), true, true);
+    ExpectSame(Lake("Lake", "L\xC3\xA4ke"), true, true);
+}
+
+TEST(QuickReading, CommentsBetweenTagsAreLeftOut)
+{
+    ExpectSame("<!-- a --> <!-- b = c & d -->" + Lake() + "<!-- </ReportBase -->", true, true);
+    ExpectSame(Lake("<Name>", "<!-- a > b --><Name>"), true, true);
+    ExpectSame(Lake("<Name>", "\n<!-- <Name>Sea</Name> -->\n<!--=-->\n <Name>"), true, true);
+    ExpectSame(Lake("</Area>", "<!---->\n</Area><!-- \xC3\xA4 -->"), true, true);
+    ExpectSame(Lake("</Name>", "</Name> <!--- a -->"), true, true);
+}
+
+TEST(QuickReading, CommentsWithinTextsStay)
+{
+    ExpectSame(Lake("Lake", "<!-- a -->"), false, false);
+    ExpectSame(Lake("Lake", " <!-- a --> "), false, false);
+    ExpectSame(Lake("Lake", "La<!-- a -->ke"), false, false);
+    ExpectSame(Lake("2.00", "<!-- a -->2.00"), false, false);
+    ExpectSame(Lake("2.00", "1<!-- a -->.00"), false, false);
+}
+
+TEST(QuickReading, MalformedCommentsAreNoticed)
+{
+    ExpectSame(Lake("<Name>", "<!-- a -- b --><Name>"), false, false);
+    ExpectSame(Lake("<Name>", "<!-- a ---><Name>"), false, false);
+    ExpectSame(Lake("<Name>", "<!-- \x01 --><Name>"), false, false);
+    ExpectSame(Lake("<Name>", "<!-- \xC3 --><Name>"), false, false);
+    ExpectSame(Lake("<Name>", "<!-- \xEF\xBF\xBE --><Name>"), false, false);
+    ExpectSame(Lake("</Area>", "</Area><!--"), false, false);
+    ExpectSame(Lake("</Area>", "</Area><!-->"), false, false);
+    ExpectSame(Lake("Min=\"1.00\"", "Min=\"1.00 > <!-- a --> <\""), false, false);
+    ExpectSame("<!-- a -- b -->" + Lake(), false, false);
+    ExpectSame(Lake() + "<!-- a", false, false);
+}
+
+TEST(QuickReading, ReportWithinOtherElementsIsReadAtOnce)
+{
+    ExpectSame("<a><b/><c x=\"&lt;\">d</c>" + Lake() + "</a>", true, true);
+    ExpectSame("<?xml version=\"1.0\"?><a xmlns=\"urn:a\" xmlns:b=\"urn:b\"><b:c/>" + Lake() + " text </a>\n",
+               true, true);
+    ExpectSame("<!-- <ReportBase> --><a>" + Lake() + "</a>", false, false);
+}
+
+TEST(QuickReading, SurroundingsThatAreNotSoundAreNoticed)
+{
+    ExpectSame("<a>" + Lake(), false, false);
+    ExpectSame(Lake() + "</a>", false, false);
+    ExpectSame(Lake() + "text", false, false);
+    ExpectSame(" <?xml version=\"1.0\"?>" + Lake(), false, false);
+    ExpectSame("<a><b:c/>" + Lake() + "</a>", false, false);
+    ExpectSame("<a>&unknown;" + Lake() + "</a>", false, false);
+    ExpectSame("<a>\xC3" + Lake() + "</a>", false, false);
+}
+
+TEST(QuickReading, DeclarationsMayMeanSomethingToTheReport)
+{
+    ExpectSame("<!DOCTYPE ReportBase [<!ENTITY lake \"Lake\">]>" + Lake("Lake", "&lake;"), false, false);
+    ExpectSame("<!DOCTYPE ReportBase [<!ATTLIST Frequency Max CDATA \"0.50\">]>" + Lake(), false, false);
+    ExpectSame("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + Lake("Lake", "L\xC3\xA4ke"), false, false);
+}
+
+TEST(QuickReading, FirstOfSeveralReportsCounts)
+{
+    ExpectSame("<a>" + Lake() + Lake("Lake", "Sea") + "</a>", false, false);
+    ExpectSame("<a>" + Lake() + "<ReportBase/></a>", false, false);
+    ExpectSame("<a xmlns:b=\"urn:b\"><b:ReportBase/>" + Lake() + "</a>", false, false);
+    ExpectSame("<a><!-- " + Lake() + " --><ReportBase/></a>", false, false);
+    ExpectSame("<a xmlns:b=\"urn:b\"><!-- " + Lake() + " --><b:ReportBase></b:ReportBase></a>", false, false);
+    ExpectSame("<a><!-- " + Lake() + " --><ReportBase/><cut-out-report/></a>", false, false);
+    ExpectSame("<a><!-- " + Lake() + " --><cut-out-report/></a>", false, false);
+    ExpectSame("<a><![CDATA[ " + Lake() + " ]]></a>", false, false);
+}
+
+TEST(QuickReading, WhatIsUnknownIsNoticed)
+{
+    ExpectSame(Lake("<Area", "<Erea/><Area"), false, false);
+    ExpectSame(Lake("<Area", "<Erea></Erea><Area"), false, false);
+    ExpectSame(Lake("</Name>", "</Name><ScriptID/>"), false, false);
+    ExpectSame(Lake("<Frequency", "<Frequency Mim=\"1\""), true, false);
+    ExpectSame(Lake("Lake", "&sea;"), false, false);
+    ExpectSame(Lake("Lake", "<![CDATA[Lake]]>"), false, false);
+    ExpectSame(Lake("Lake", "La=ke"), true, false);
+}
+
+TEST(QuickReading, EntitiesOfXmlAreNothingOdd)
+{
+    ExpectSame(Lake("Lake", "A &amp; B &lt;&gt;&quot;&apos; &#65;&#x42;"), true, true);
+}
+
+TEST(QuickReading, NumbersThatAreNoneAreNoticed)
+{
+    ExpectSame(Lake("1.0<", "0.0<"), true, true);
+    ExpectSame(Lake("1.0<", "-0<"), true, true);
+    ExpectSame(Lake("1.0<", "abc<"), true, false);
+    ExpectSame(Lake("1.0<", "<"), true, false);
+    ExpectSame(Lake("1.0<", "1,5<"), true, false);
+    ExpectSame(Lake("1.0<", "0e5<"), true, false);
+    ExpectSame(Lake("1.0<", " 0 <"), true, false);
+    ExpectSame(Lake("1.0<", "&#48;<"), true, false);
+    ExpectSame(Lake("2.00", "x"), true, false);
+    ExpectSame(Lake("1.00", "1."), true, true);
+    ExpectSame(Lake("1.00", "0."), true, false);
+    ExpectSame(Lake("Min=\"1.00\"", "Min='0.00'"), true, false);
+    ExpectSame(Lake("Min=\"1.00\"", "Min = \"0.00\""), true, false);
+    // A text that is a number where none belongs changes nothing.
+    ExpectSame(Lake("Lake", "0").replace("1.0<", "abc<"), true, false);
+    ExpectSame(Lake("Min=", "Use=\"0\" Min=").replace("1.0<", "true<"), true, false);
+}
+
+TEST(QuickReading, BinaryFormSaysWhetherItIsPlain)
+{
+    const auto frequency = [](const char* min, bool isTwice) {
+        Support::Bytes fields =
+            Element(Tag::FREQUENCY_MIN, ByteArray(min)) + Element(Tag::FREQUENCY_VALUE, ByteArray("2.00"));
+        if (isTwice)
+            fields += Element(Tag::FREQUENCY_VALUE, ByteArray("3.00"));
+        return ReadReport(Plain(Element(Tag::REPORT_FREQUENCY, fields)));
+    };
+    EXPECT_TRUE(frequency("0.00", false).hasPlainText);
+    EXPECT_TRUE(frequency("0.00", true).wasReadAtOnce);
+    EXPECT_FALSE(frequency("0.00", true).hasPlainText);
+    EXPECT_TRUE(frequency("abc", false).wasReadAtOnce);
+    EXPECT_FALSE(frequency("abc", false).hasPlainText);
+    EXPECT_FALSE(frequency("", false).hasPlainText);
+}
+
+} // namespace

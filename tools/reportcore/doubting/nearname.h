@@ -1,0 +1,15 @@
+#ifndef REPORTCORE_DOUBTING_NEARNAME_H
+#define REPORTCORE_DOUBTING_NEARNAME_H
+
+#include <reportcore/field.h>
+
+#include <QtCore/QString>
+
+namespace ReportCore {
+
+/// The known name of an element or attribute that is nearly this one; null for none.
+QString NearestName(const ObjectInfo& info, REPORTGENERATOR::Place place, const QString& name);
+
+} // namespace ReportCore
+
+#endif

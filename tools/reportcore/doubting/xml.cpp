@@ -1,0 +1,204 @@
+#include <reportcore/doubting/doubting.h>
+
+#include <reportcore/doubting/nearname.h>
+#include <reportcore/reportfields.h>
+#include <reportcore/spots.h>
+
+#include <QtCore/QXmlStreamReader>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::Place;
+
+namespace {
+
+/// Goes through the document as the library does, and on to its end.
+class XmlDoubts
+{
+public:
+    explicit XmlDoubts(const QByteArray& bytes) : m_bytes(bytes), m_reader(bytes) {}
+
+    Problems Find()
+    {
+        while (!m_reader.atEnd()) {
+            const auto token = m_reader.readNext();
+            if (token == QXmlStreamReader::StartElement)
+                Start();
+            else if (token == QXmlStreamReader::EndElement)
+                End();
+            else if (token == QXmlStreamReader::Characters)
+                Take();
+            else if (token == QXmlStreamReader::EntityReference)
+                TakeEntity();
+        }
+        return std::move(m_problems);
+    }
+
+private:
+    struct Element
+    {
+        const ObjectInfo* object = nullptr; ///< null for an element that is no object
+        const Field* field = nullptr;       ///< null for the report and for what is unknown
+        FieldPath path = {};
+        qint64 valueStart = 0;
+        QString text = {};
+        std::set<const Field*> seen = {};
+        std::vector<std::pair<const Field*, int>> counts = {};
+    };
+
+    /// The text is looked at only when there is something to tell.
+    const Spots& Places()
+    {
+        if (!m_hasPlaces)
+            m_places.TakeText(m_bytes);
+        m_hasPlaces = true;
+        return m_places;
+    }
+
+    FilePlace PlaceOfTag() { return Places().PlaceOf(Places().StartOfTag(m_reader.characterOffset())); }
+
+    void Add(const char* name, const QString& text, const FilePlace& place, const FieldPath& path,
+             const QString& value)
+    {
+        m_problems.push_back({QLatin1String(name), text, place, path.Text(), value});
+    }
+
+    void Start()
+    {
+        Element element;
+        const QString name = m_reader.name().toString();
+        if (m_elements.empty()) {
+            if (name != ReportInfo().ObjectName())
+                return;
+            if (m_hasReport)
+                Add(SECOND_REPORT, QStringLiteral("only the first report of a document is read"),
+                    PlaceOfTag(), {}, name);
+            m_isBehind = m_hasReport;
+            m_hasReport = true;
+            element.object = &ReportInfo();
+        } else if (m_elements.back().object && !m_isBehind) {
+            Identify(name, m_elements.back(), element);
+        }
+        element.valueStart = m_reader.characterOffset();
+        if (element.object && !m_isBehind)
+            TakeAttributes(element);
+        m_elements.push_back(std::move(element));
+    }
+
+    void Identify(const QString& name, Element& holder, Element& element)
+    {
+        element.path = holder.path;
+        element.field = holder.object->FindElement(name, Place::Element);
+        if (!element.field) {
+            const QString nearest = NearestName(*holder.object, Place::Element, name);
+            if (!nearest.isNull())
+                Add(MISSPELT_NAME,
+                    QStringLiteral("there is no element '%1', did you mean '%2'?").arg(name, nearest),
+                    PlaceOfTag(), holder.path, name);
+            return;
+        }
+        element.object = element.field->HasObjects() ? &element.field->Object() : nullptr;
+        if (element.field->Kind() == FieldKind::List) {
+            element.path.Enter(*element.field, CountOf(*element.field, holder)++);
+            return;
+        }
+        element.path.Enter(*element.field);
+        if (!holder.seen.insert(element.field).second)
+            Add(REPEATED_ELEMENT, QStringLiteral("element '%1' comes a second time").arg(name), PlaceOfTag(),
+                element.path, QString());
+    }
+
+    static int& CountOf(const Field& list, Element& holder)
+    {
+        const auto found = std::find_if(holder.counts.begin(), holder.counts.end(),
+                                        [&list](const auto& count) { return count.first == &list; });
+        if (found != holder.counts.end())
+            return found->second;
+        holder.counts.emplace_back(&list, 0);
+        return holder.counts.back().second;
+    }
+
+    void TakeAttributes(const Element& element)
+    {
+        for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
+            const QString name = attribute.name().toString();
+            const QString value = attribute.value().toString();
+            if (const Field* const field = element.object->FindElement(name, Place::Attribute)) {
+                if (IsOdd(*field, value))
+                    AddNoNumber(element.path, *field, PlaceOfTag(), value);
+                continue;
+            }
+            const QString nearest = NearestName(*element.object, Place::Attribute, name);
+            if (!nearest.isNull())
+                Add(MISSPELT_NAME,
+                    QStringLiteral("there is no attribute '%1', did you mean '%2'?").arg(name, nearest),
+                    PlaceOfTag(), element.path, name);
+        }
+    }
+
+    static bool IsOdd(const Field& field, const QString& value)
+    {
+        return field.Kind() == FieldKind::Number && !IsFiniteNumber(value);
+    }
+
+    void AddNoNumber(FieldPath path, const Field& field, const FilePlace& place, const QString& value)
+    {
+        path.Enter(field);
+        m_problems.push_back(NoNumber(place, path, value));
+    }
+
+    void Take()
+    {
+        // Of several pieces the last one counts.
+        if (!m_elements.empty())
+            m_elements.back().text = m_reader.text().toString();
+    }
+
+    void TakeEntity()
+    {
+        const FieldPath path = m_elements.empty() ? FieldPath() : m_elements.back().path;
+        Add(UNRESOLVED_ENTITY, QStringLiteral("the entity is not known and left out"),
+            Places().PlaceOf(m_reader.characterOffset() - m_reader.name().size() - 2), path,
+            QStringLiteral("&%1;").arg(m_reader.name().toString()));
+    }
+
+    void End()
+    {
+        if (m_elements.empty())
+            return;
+        const Element element = std::move(m_elements.back());
+        m_elements.pop_back();
+        if (m_isBehind)
+            return;
+        if (!element.object && element.field && IsOdd(*element.field, element.text))
+            m_problems.push_back(NoNumber(Places().PlaceOf(element.valueStart), element.path, element.text));
+        if (!element.object)
+            return;
+        for (const auto& field : element.object->All()) {
+            if (!field->HasObjects() && field->Facts().place == Place::Text && IsOdd(*field, element.text))
+                AddNoNumber(element.path, *field, Places().PlaceOf(element.valueStart), element.text);
+        }
+    }
+
+    const QByteArray& m_bytes;
+    Spots m_places;
+    bool m_hasPlaces = false;
+    QXmlStreamReader m_reader;
+    bool m_hasReport = false;
+    bool m_isBehind = false; ///< in a report that nobody reads
+    std::vector<Element> m_elements;
+    Problems m_problems;
+};
+
+} // namespace
+
+Problems FindXmlDoubts(const QByteArray& bytes)
+{
+    return XmlDoubts(bytes).Find();
+}
+
+} // namespace ReportCore

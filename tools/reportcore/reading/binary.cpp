@@ -1,0 +1,176 @@
+#include <reportcore/reading/reading.h>
+
+#include <reportcore/problemlogger.h>
+#include <reportcore/reading/faultlist.h>
+#include <reportcore/reading/soundbody.h>
+#include <reportcore/reading/telling.h>
+#include <reportcore/reportfile.h>
+#include <reportcore/walk.h>
+
+#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/reportexception.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QDataStream>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+namespace wire = REPORTGENERATOR::wire;
+
+/// Bytes that are read bit by bit, so that their position tells how far a reader has got.
+class WatchedBytes : public QIODevice
+{
+public:
+    explicit WatchedBytes(const QByteArray& bytes) : m_bytes(bytes) { open(ReadOnly | Unbuffered); }
+
+    qint64 size() const override { return m_bytes.size(); }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override
+    {
+        const qint64 size = std::min(maxSize, m_bytes.size() - pos());
+        if (size > 0)
+            std::memcpy(data, m_bytes.constData() + pos(), static_cast<std::size_t>(size));
+        return std::max<qint64>(size, 0);
+    }
+    qint64 writeData(const char* /*data*/, qint64 /*maxSize*/) override { return -1; }
+
+private:
+    const QByteArray m_bytes;
+};
+
+/// Reads root tag, root length and elements as the library reads them.
+void ReadBody(ReportBase& report, QIODevice& body)
+{
+    QDataStream stream(&body);
+    stream.setVersion(wire::STREAM_VERSION);
+    qint32 tag = 0;
+    qint32 length = 0;
+    stream >> tag >> length;
+    report.SetBinary(stream, length);
+}
+
+/// Nothing is wrong with the lengths. The library takes a plain representation as it is; what has been uncompressed
+/// isn't uncompressed again. Returns whether it was a representation.
+bool ReadSound(ReportBase& report, const Walk& walk)
+{
+    if (!walk.IsCompressed()) {
+        QByteArray representation = walk.RepresentationBytes();
+        return report.SetBinaryRepresentation(representation);
+    }
+    QByteArray body = walk.BodyBytes();
+    QBuffer device(&body);
+    device.open(QIODevice::ReadOnly);
+    ReadBody(report, device);
+    return true;
+}
+
+/// The fault that the library could not go on with: the first one that isn't just something behind the end.
+const Problem* FirstFault(const Problems& faults)
+{
+    const auto found = std::find_if(faults.begin(), faults.end(), [](const Problem& fault) {
+        return fault.name != QLatin1String(TRAILING_DATA);
+    });
+    if (found != faults.end())
+        return &*found;
+    return faults.empty() ? nullptr : &faults.back();
+}
+
+/// Reads the body, and tells what the library says of it. Returns whether it came to the end.
+bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const Problem* firstFault,
+                        ReportFile& file)
+{
+    const auto logger = std::make_shared<ProblemLogger>();
+    Prepare(file.report, logger);
+    WatchedBytes device(body);
+    logger->Follow([&device] { return device.pos(); });
+    bool isRead = false;
+    Remarks read;
+    try {
+        ReadBody(file.report, device);
+        isRead = true;
+        logger->Follow(nullptr);
+        read = logger->Take();
+        file.report.Check(true);
+    } catch (const ReportException& exception) {
+        logger->Catch(exception);
+        read = logger->Take();
+    }
+    logger->Follow(nullptr);
+    const Remarks checked = logger->Take();
+    Telling telling(file.report, read, checked, isRead);
+    telling.Places().SearchBinary(bytes, file.form.isBinaryFile);
+    Problems told = telling.Tell();
+    if (!isRead && firstFault) {
+        told.back().place = firstFault->place;
+        told.back().path = firstFault->path;
+        told.back().value = QString();
+    }
+    file.problems.insert(file.problems.end(), told.begin(), told.end());
+    return isRead;
+}
+
+} // namespace
+
+bool ReadBinaryAtOnce(const QByteArray& bytes, ReportFile& file)
+{
+    Walk walk(bytes, file.form.isBinaryFile, nullptr);
+    walk.Frame();
+    if (walk.ObjectName() != ReportBase::GetStaticObjectName())
+        return false;
+    walk.End();
+    const BodyLook look = LookAtBody(walk.BodyBytes());
+    if (walk.HasFault() || !look.isSound)
+        return false;
+    const auto logger = std::make_shared<ProblemLogger>();
+    ReportBase report;
+    Prepare(report, logger);
+    try {
+        if (!ReadSound(report, walk))
+            return false;
+        report.Check(true);
+    } catch (const ReportException&) {
+        return false;
+    }
+    if (logger->HasErrors())
+        return false;
+    file.objectName = walk.ObjectName();
+    file.report = report;
+    file.hasPlainText = look.isPlain;
+    return true;
+}
+
+void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file)
+{
+    FaultList faults;
+    Walk walk(bytes, file.form.isBinaryFile, faults.Visitor());
+    walk.Frame();
+    const FilePlace placeOfName = faults.PlaceOfName();
+    walk.End();
+    file.objectName = walk.ObjectName();
+    const bool isReport = file.objectName == ReportBase::GetStaticObjectName();
+    // A name that is cut off has been told already.
+    if (!isReport && !faults.HasFault())
+        file.problems.push_back({QLatin1String(NO_REPORT),
+                                 QStringLiteral("this is an object '%1'").arg(file.objectName), placeOfName});
+    const auto behindFrame = static_cast<std::ptrdiff_t>(faults.Found().size());
+    file.problems.insert(file.problems.end(), faults.Found().begin(), faults.Found().end());
+    if (!isReport)
+        return;
+    if (walk.IsCompressed())
+        faults.BeginUncompressed();
+    walk.Body();
+    // The library counts lengths only as far as it needs them; other readers may go by them.
+    if (ReadBodyWithPlaces(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file))
+        file.problems.insert(file.problems.end(), faults.Found().begin() + behindFrame, faults.Found().end());
+}
+
+} // namespace ReportCore

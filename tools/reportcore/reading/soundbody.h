@@ -1,0 +1,20 @@
+#ifndef REPORTCORE_READING_SOUNDBODY_H
+#define REPORTCORE_READING_SOUNDBODY_H
+
+#include <QtCore/QByteArray>
+
+namespace ReportCore {
+
+/// What a look at the lengths and numbers of a report's body has shown.
+struct BodyLook
+{
+    bool isSound = false; ///< all lengths, sizes and counts fit what there is
+    bool isPlain = false; ///< and each element comes once, and what should be a number is one
+};
+
+/// Root tag, root length and elements, uncompressed. It tells no more than that; a `Walk` tells what is wrong.
+BodyLook LookAtBody(const QByteArray& body);
+
+} // namespace ReportCore
+
+#endif
