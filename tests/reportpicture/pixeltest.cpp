@@ -21,9 +21,9 @@ QImage Drawn(const std::vector<Points>& outlines)
         feature.file = QStringLiteral("f");
         feature.outline = outline;
         feature.values.resize(ReportCore::PropertyTypes().size());
-        bytes += picture->Add(feature);
+        bytes += picture->Add(picture->Prepare(feature));
     }
-    bytes += picture->End();
+    picture->End([&bytes](const QByteArray& piece) { bytes += piece; });
     return QImage::fromData(bytes, "PNG");
 }
 

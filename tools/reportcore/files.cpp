@@ -91,9 +91,9 @@ QByteArray ReadInput(const QString& name)
     return bytes;
 }
 
-void WriteOutput(const QString& name, const QByteArray& bytes)
+void WriteOutput(const QString& name, const QByteArray& bytes, Terminals terminals)
 {
-    OutputFile file(name);
+    OutputFile file(name, terminals);
     file.Write(bytes);
     file.Commit();
 }

@@ -18,6 +18,13 @@ struct UnusableFile
     QString text;
 };
 
+/// Whether a terminal is a place to write to. Bytes that are no text may change what it shows from then on.
+enum class Terminals
+{
+    Taken,
+    Refused
+};
+
 /// Whether a name on the command line, "-", stands for standard input or output.
 bool IsStandardStream(const QString& name);
 
@@ -28,7 +35,7 @@ QByteArray ReadInput(const QString& name);
 /// Puts `bytes` in place of what the file holds, or sends them to standard output. Until all is written the
 /// bytes stand in a temporary file beside it, so that a failure leaves the old file as it is; only devices
 /// and pipes are written to directly. Throws `UnusableFile`.
-void WriteOutput(const QString& name, const QByteArray& bytes);
+void WriteOutput(const QString& name, const QByteArray& bytes, Terminals terminals = Terminals::Taken);
 
 /// Writes all bytes or throws `UnusableFile` with the given name.
 void WriteAll(QIODevice& device, const QByteArray& bytes, const QString& name);

@@ -1,7 +1,5 @@
 #include <reportcore/outputfile.h>
 
-#include <reportcore/files.h>
-
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
@@ -37,7 +35,7 @@ std::unique_ptr<QIODevice> OpenFile(const QString& name)
 
 } // namespace
 
-OutputFile::OutputFile(const QString& name) : m_name(name)
+OutputFile::OutputFile(const QString& name, Terminals terminals) : m_name(name)
 {
     const QString device = DevicePath(name);
     const QFileInfo info(name);
@@ -53,6 +51,8 @@ OutputFile::OutputFile(const QString& name) : m_name(name)
     } else {
         m_file = OpenFile<QFile>(name);
     }
+    if (terminals == Terminals::Refused && IsTerminal(*m_file))
+        throw UnusableFile{name, QStringLiteral("is a terminal; --force writes bytes to it all the same")};
 }
 
 OutputFile::~OutputFile() = default;

@@ -1,6 +1,7 @@
 #ifndef REPORTCORE_OUTPUTFILE_H
 #define REPORTCORE_OUTPUTFILE_H
 
+#include <reportcore/files.h>
 #include <reportcore/platform.h>
 
 #include <QtCore/QByteArray>
@@ -19,7 +20,7 @@ class OutputFile
 {
 public:
     /// Opens it.
-    explicit OutputFile(const QString& name);
+    explicit OutputFile(const QString& name, Terminals terminals = Terminals::Taken);
     ~OutputFile();
     OutputFile(const OutputFile& other) = delete;
     OutputFile& operator=(const OutputFile& other) = delete;

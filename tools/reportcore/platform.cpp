@@ -14,6 +14,8 @@
 #    include <fcntl.h>
 #    include <io.h>
 #    include <windows.h>
+#else
+#    include <unistd.h>
 #endif
 
 namespace ReportCore {
@@ -176,6 +178,16 @@ FileBeingReplaced::FileBeingReplaced() = default;
 FileBeingReplaced::~FileBeingReplaced() = default;
 
 #endif
+
+bool IsTerminal(const QIODevice& device)
+{
+    const auto* const file = qobject_cast<const QFileDevice*>(&device);
+#ifdef Q_OS_WIN
+    return file ? _isatty(file->handle()) != 0 : dynamic_cast<const Console*>(&device) != nullptr;
+#else
+    return file && isatty(file->handle()) != 0;
+#endif
+}
 
 std::unique_ptr<QIODevice> OpenForOutput(int stream)
 {

@@ -12,6 +12,9 @@ class QFile;
 
 namespace ReportCore {
 
+/// Whether people look at what is written there.
+bool IsTerminal(const QIODevice& device);
+
 // The numbers under which a program finds its standard streams open.
 
 constexpr int STANDARD_INPUT = 0;

@@ -15,6 +15,7 @@
 namespace ReportPicture {
 
 using ReportCore::Exporter;
+using ReportCore::ExportPiece;
 using ReportCore::Feature;
 using ReportCore::PictureSize;
 
@@ -26,18 +27,18 @@ class Picture : public Exporter
 public:
     explicit Picture(PictureSize size) : m_size(size.width, size.height) {}
 
-    QByteArray Add(const Feature& feature) override
+    QByteArray Add(const ExportPiece& piece) override
     {
-        m_features.push_back(feature);
+        m_features.push_back(piece.feature);
         return QByteArray();
     }
 
-    QByteArray End() override
+    void End(const Write& write) override
     {
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         Draw(buffer);
-        return buffer.data();
+        write(buffer.data());
     }
 
 protected:

@@ -26,6 +26,9 @@ namespace {
 /// How many files each thread may be ahead of the one whose turn it is to be told about.
 constexpr int FILES_AHEAD = 256;
 
+/// Nobody begins with another file while what waits to be told is larger than this.
+constexpr qint64 BYTES_AHEAD = qint64(64) * 1024 * 1024;
+
 /// Who tells is woken for so many outcomes at once, but looks for fewer ones after a little while, too.
 constexpr int OUTCOMES_AT_ONCE = 64;
 constexpr std::chrono::milliseconds GLANCE(20);
@@ -33,13 +36,15 @@ constexpr std::chrono::milliseconds GLANCE(20);
 /// What one file has come to.
 struct Outcome
 {
-    int exitCode = EXIT_GOOD;
+    FileResult result;
     QByteArray output;
     QByteArray errors;
     std::exception_ptr failure;
+
+    qint64 Size() const { return result.size + output.size() + errors.size(); }
 };
 
-Outcome OutcomeOf(const QString& name, const FileWork& work)
+Outcome OutcomeOf(int number, const ResultWork& work)
 {
     Outcome outcome;
     QBuffer output(&outcome.output);
@@ -50,7 +55,7 @@ Outcome OutcomeOf(const QString& name, const FileWork& work)
     TextOutput errorText(errors, QString());
     Console console(outputText, errorText);
     try {
-        outcome.exitCode = work(name, console);
+        outcome.result = work(number, console);
         outputText.Flush();
         errorText.Flush();
     } catch (...) {
@@ -63,12 +68,12 @@ Outcome OutcomeOf(const QString& name, const FileWork& work)
 class Crew
 {
 public:
-    Crew(const QStringList& names, const FileWork& work) : m_names(names), m_work(work)
+    Crew(int count, const ResultWork& work) : m_count(count), m_work(work)
     {
         const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-        const int count = std::min(processors, static_cast<int>(names.size()));
-        m_ahead = count * FILES_AHEAD;
-        for (int i = 0; i < count; ++i)
+        const int threads = std::min(processors, count);
+        m_ahead = threads * FILES_AHEAD;
+        for (int i = 0; i < threads; ++i)
             m_threads.emplace_back([this] { Work(); });
     }
 
@@ -97,6 +102,7 @@ public:
         m_hasOutcomes.wait_for(lock, GLANCE, [this] { return HasEnough(); });
         std::vector<Outcome> outcomes;
         while (HasNext()) {
+            m_bytes -= m_outcomes.front()->Size();
             outcomes.push_back(std::move(*m_outcomes.front()));
             m_outcomes.pop_front();
         }
@@ -121,17 +127,19 @@ private:
     /// Nobody waits for others while there is nothing else to do.
     bool HasEnough() const
     {
-        return m_ready >= OUTCOMES_AT_ONCE || (HasNext() && m_begun - m_told == m_done);
+        return m_ready >= OUTCOMES_AT_ONCE || (m_ready > 0 && m_bytes >= BYTES_AHEAD) ||
+               (HasNext() && m_begun - m_told == m_done);
     }
 
-    bool HasRoom() const { return m_isStopped || m_begun - m_told < m_ahead; }
+    /// All that stand before a file that has been begun have been begun, too: nobody waits for ever.
+    bool HasRoom() const { return m_isStopped || (m_begun - m_told < m_ahead && m_bytes < BYTES_AHEAD); }
 
     /// The next file to work on; -1 when there is none left.
     int Begin()
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         m_hasRoom.wait(lock, [this] { return HasRoom(); });
-        if (m_isStopped || m_begun == m_names.size())
+        if (m_isStopped || m_begun == m_count)
             return -1;
         m_outcomes.emplace_back();
         return m_begun++;
@@ -140,6 +148,7 @@ private:
     void Keep(int index, Outcome outcome)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
+        m_bytes += outcome.Size();
         m_outcomes[static_cast<std::size_t>(index - m_told)] = std::move(outcome);
         ++m_done;
         while (m_ready < static_cast<int>(m_outcomes.size()) && m_outcomes[static_cast<std::size_t>(m_ready)])
@@ -151,11 +160,11 @@ private:
     void Work()
     {
         for (int index = Begin(); index >= 0; index = Begin())
-            Keep(index, OutcomeOf(m_names.at(index), m_work));
+            Keep(index, OutcomeOf(index, m_work));
     }
 
-    const QStringList& m_names;
-    const FileWork& m_work;
+    const int m_count;
+    const ResultWork& m_work;
     std::vector<std::thread> m_threads;
     std::mutex m_mutex;
     std::condition_variable m_hasOutcomes;
@@ -163,13 +172,14 @@ private:
     std::deque<std::optional<Outcome>> m_outcomes; ///< of the files that have been begun and not told
     int m_ready = 0;                               ///< how many there are before the first that is missing
     int m_done = 0;                                ///< how many there are
+    qint64 m_bytes = 0;                            ///< and how large they are
     int m_ahead = 0;
     int m_begun = 0;
     int m_told = 0;
     bool m_isStopped = false;
 };
 
-void Tell(const Outcome& outcome, Progress& progress, Console& console)
+void Tell(Outcome& outcome, const TakeResult& take, Progress& progress, Console& console)
 {
     if (outcome.failure)
         std::rethrow_exception(outcome.failure);
@@ -181,19 +191,20 @@ void Tell(const Outcome& outcome, Progress& progress, Console& console)
         console.Errors().Bytes(outcome.errors);
         console.Errors().Flush();
     }
+    take(outcome.result.result);
 }
 
-std::vector<int> DoForMany(const QStringList& names, Console& console, const FileWork& work)
+std::vector<int> DoForMany(int count, Console& console, const ResultWork& work, const TakeResult& take)
 {
     std::vector<int> exitCodes;
-    Progress progress(console.Errors(), names.size());
+    Progress progress(console.Errors(), count);
     const Interruption interruption;
     {
-        Crew crew(names, work);
-        while (static_cast<int>(exitCodes.size()) < names.size() && !crew.IsAtEnd()) {
-            for (const Outcome& outcome : crew.Next()) {
-                Tell(outcome, progress, console);
-                exitCodes.push_back(outcome.exitCode);
+        Crew crew(count, work);
+        while (static_cast<int>(exitCodes.size()) < count && !crew.IsAtEnd()) {
+            for (Outcome& outcome : crew.Next()) {
+                Tell(outcome, take, progress, console);
+                exitCodes.push_back(outcome.result.exitCode);
             }
             if (Interruption::HasCome())
                 crew.Stop();
@@ -201,27 +212,37 @@ std::vector<int> DoForMany(const QStringList& names, Console& console, const Fil
         }
     }
     progress.Clear();
-    if (static_cast<int>(exitCodes.size()) < names.size())
-        console.Complain(
-            QStringLiteral("interrupted after %1 of %2 files").arg(exitCodes.size()).arg(names.size()));
+    if (static_cast<int>(exitCodes.size()) < count)
+        console.Complain(QStringLiteral("interrupted after %1 of %2 files").arg(exitCodes.size()).arg(count));
     return exitCodes;
 }
 
 } // namespace
 
-std::vector<int> DoForEach(const QStringList& names, Console& console, const FileWork& work)
+std::vector<int> DoForEach(int count, Console& console, const FileWork& work)
 {
-    if (names.size() > 1)
-        return DoForMany(names, console, work);
+    return DoForEach(
+        count, console,
+        [&work](int number, Console& fileConsole) { return FileResult{work(number, fileConsole)}; },
+        [](std::any& /*result*/) {});
+}
+
+std::vector<int> DoForEach(int count, Console& console, const ResultWork& work, const TakeResult& take)
+{
+    if (count > 1)
+        return DoForMany(count, console, work, take);
     std::vector<int> exitCodes;
-    for (const QString& name : names)
-        exitCodes.push_back(work(name, console));
+    for (int number = 0; number < count; ++number) {
+        FileResult result = work(number, console);
+        take(result.result);
+        exitCodes.push_back(result.exitCode);
+    }
     return exitCodes;
 }
 
-int ExitCodeOf(const std::vector<int>& exitCodes, const QStringList& names)
+int ExitCodeOf(const std::vector<int>& exitCodes, int count)
 {
-    if (static_cast<int>(exitCodes.size()) < names.size())
+    if (static_cast<int>(exitCodes.size()) < count)
         return EXIT_UNUSABLE;
     return exitCodes.empty() ? EXIT_GOOD : *std::max_element(exitCodes.begin(), exitCodes.end());
 }

@@ -2,6 +2,7 @@
 
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/parser.h>
 
 #include <reportcore/files.h>
 #include <reportcore/reportwriting.h>
@@ -10,8 +11,10 @@
 
 namespace ReportTool {
 
+using ReportCore::Terminals;
+
 int PutReport(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form, int level,
-              const QString& file, Console& console)
+              const QString& file, Terminals terminals, Console& console)
 {
     QByteArray bytes;
     try {
@@ -25,8 +28,18 @@ int PutReport(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileF
         console.Complain(file, QStringLiteral("this form would not keep ") + loss);
         return EXIT_INVALID;
     }
-    ReportCore::WriteOutput(file, bytes);
+    ReportCore::WriteOutput(file, bytes, form.IsBinary() ? terminals : Terminals::Taken);
     return EXIT_GOOD;
+}
+
+void AddForce(Parser& parser)
+{
+    parser.AddSwitch("force", "Write bytes to a terminal, too.");
+}
+
+Terminals TerminalsOf(const Parser& parser)
+{
+    return parser.Has("force") ? Terminals::Taken : Terminals::Refused;
 }
 
 } // namespace ReportTool

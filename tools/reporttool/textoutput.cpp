@@ -1,14 +1,9 @@
 #include <reporttool/textoutput.h>
 
 #include <reportcore/files.h>
+#include <reportcore/platform.h>
 
 #include <QtCore/QFileDevice>
-
-#ifdef Q_OS_WIN
-#    include <io.h>
-#else
-#    include <unistd.h>
-#endif
 
 namespace ReportTool {
 
@@ -40,14 +35,7 @@ void TextOutput::Bytes(const QByteArray& bytes)
 
 bool TextOutput::IsTerminal() const
 {
-    const auto* const file = qobject_cast<const QFileDevice*>(&m_device);
-    if (!file)
-        return false;
-#ifdef Q_OS_WIN
-    return _isatty(file->handle()) != 0;
-#else
-    return isatty(file->handle()) != 0;
-#endif
+    return qobject_cast<const QFileDevice*>(&m_device) != nullptr && ReportCore::IsTerminal(m_device);
 }
 
 void TextOutput::Flush()

@@ -49,10 +49,10 @@ class Csv : public Exporter
 public:
     QByteArray Begin() override { return HeaderLine({QStringLiteral("WKT")}); }
 
-    QByteArray Add(const Feature& feature) override
+    ExportPiece Prepare(Feature feature) const override
     {
         const QByteArray wkt = WktText(GeometryOf(feature.outline));
-        return Values(feature) + ',' + Cell(QString::fromLatin1(wkt), false).toLatin1() + LINE_END;
+        return {{}, Values(feature) + ',' + Cell(QString::fromLatin1(wkt), false).toLatin1() + LINE_END};
     }
 };
 
@@ -65,11 +65,11 @@ public:
         return HeaderLine({QStringLiteral("point"), QStringLiteral("longitude"), QStringLiteral("latitude")});
     }
 
-    QByteArray Add(const Feature& feature) override
+    ExportPiece Prepare(Feature feature) const override
     {
         const QByteArray values = Values(feature);
         if (feature.outline.empty())
-            return values + ",,," + LINE_END;
+            return {{}, values + ",,," + LINE_END};
         QByteArray lines;
         int number = 0;
         for (const Point& point : feature.outline) {
@@ -78,7 +78,7 @@ public:
                      NumberText(point.longitude).toLatin1() + ',' + NumberText(point.latitude).toLatin1() +
                      LINE_END;
         }
-        return lines;
+        return {{}, lines};
     }
 };
 

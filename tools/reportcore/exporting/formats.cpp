@@ -13,7 +13,7 @@ const std::vector<ExportFormat>& ExportFormats()
         {"kml", "KML 2.2, a placemark for each report", MakeKmlExporter},
         {"gpx", "GPX 1.1, a track for each area, a waypoint for a single point", MakeGpxExporter},
         {"svg", "a picture: a map with degrees, a scale and a legend", nullptr, &Painters::svg},
-        {"png", "the same picture as pixels", nullptr, &Painters::png},
+        {"png", "the same picture as pixels", nullptr, &Painters::png, false},
     };
     return formats;
 }

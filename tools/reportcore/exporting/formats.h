@@ -18,6 +18,7 @@ struct ExportFormat
     /// Null for a picture, which has a painter instead.
     std::unique_ptr<Exporter> (*make)();
     MakePicture Painters::*painter = nullptr;
+    bool isText = true;
 };
 
 // One for each format, in a file of its own.

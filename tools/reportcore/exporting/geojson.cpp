@@ -120,14 +120,16 @@ class GeoJson : public Exporter
 public:
     QByteArray Begin() override { return "{\"type\":\"FeatureCollection\",\"features\":["; }
 
-    QByteArray Add(const Feature& feature) override
+    ExportPiece Prepare(Feature feature) const override { return {{}, FeatureJson(feature)}; }
+
+    QByteArray Add(const ExportPiece& piece) override
     {
         const char* const separator = m_isFirst ? "\n" : ",\n";
         m_isFirst = false;
-        return separator + FeatureJson(feature);
+        return separator + piece.text;
     }
 
-    QByteArray End() override { return "\n]}\n"; }
+    void End(const Write& write) override { write("\n]}\n"); }
 
 private:
     bool m_isFirst = true;
@@ -136,7 +138,7 @@ private:
 class GeoJsonLines : public Exporter
 {
 public:
-    QByteArray Add(const Feature& feature) override { return FeatureJson(feature) + '\n'; }
+    ExportPiece Prepare(Feature feature) const override { return {{}, FeatureJson(feature) + '\n'}; }
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <reportcore/exporting/formats.h>
+#include <reportcore/exporting/latebytes.h>
 #include <reportcore/exporting/xmlpieces.h>
 
 #include <reportcore/texts.h>
@@ -42,70 +43,75 @@ public:
         return m_pieces.Take();
     }
 
-    QByteArray Add(const Feature& feature) override
+    QByteArray Add(const ExportPiece& piece) override
     {
+        const Feature& feature = piece.feature;
         const Geometry::Shape shape = GeometryOf(feature.outline).shape;
         if (shape == Geometry::Shape::None)
             return QByteArray();
         if (shape != Geometry::Shape::Point) {
-            m_tracks.push_back({NameOf(feature), Description(feature), feature.file,
-                                shape == Geometry::Shape::Area ? Closed(feature.outline) : feature.outline});
+            KeepTrack(feature, shape == Geometry::Shape::Area ? Closed(feature.outline) : feature.outline);
             return QByteArray();
         }
-        WritePoint("wpt", feature.outline.front());
-        WriteTexts(NameOf(feature), Description(feature), feature.file);
+        WritePoint(m_xml, "wpt", feature.outline.front());
+        WriteTexts(m_xml, feature);
         m_xml.writeEndElement();
         return m_pieces.Take();
     }
 
-    QByteArray End() override
+    void End(const Write& write) override
     {
-        for (const Track& track : m_tracks) {
-            m_xml.writeStartElement(QStringLiteral("trk"));
-            WriteTexts(track.name, track.description, track.file);
-            m_xml.writeStartElement(QStringLiteral("trkseg"));
-            for (const Point& point : track.points) {
-                WritePoint("trkpt", point);
-                m_xml.writeEndElement();
-            }
-            m_xml.writeEndElement();
-            m_xml.writeEndElement();
+        const bool hasTracks = !m_tracks.IsEmpty();
+        if (hasTracks) {
+            // Ends the start tag, if it is still open.
+            m_xml.writeCharacters(QString());
+            write(m_pieces.Take());
+            m_tracks.TakeAll(write);
+            write("\n");
         }
         m_xml.writeEndDocument();
-        return m_pieces.Take();
+        write(m_pieces.Take());
     }
 
 private:
-    struct Track
+    void KeepTrack(const Feature& feature, const Points& points)
     {
-        QString name;
-        QString description;
-        QString file;
-        Points points;
-    };
+        XmlPieces pieces(1);
+        QXmlStreamWriter& xml = pieces.Writer();
+        xml.writeStartElement(QStringLiteral("trk"));
+        WriteTexts(xml, feature);
+        xml.writeStartElement(QStringLiteral("trkseg"));
+        for (const Point& point : points) {
+            WritePoint(xml, "trkpt", point);
+            xml.writeEndElement();
+        }
+        xml.writeEndElement();
+        xml.writeEndElement();
+        m_tracks.Append(pieces.Take());
+    }
 
     static QString NameOf(const Feature& feature)
     {
         return feature.name.isNull() ? feature.file : feature.name;
     }
 
-    void WritePoint(const char* element, const Point& point)
+    static void WritePoint(QXmlStreamWriter& xml, const char* element, const Point& point)
     {
-        m_xml.writeStartElement(QLatin1String(element));
-        m_xml.writeAttribute(QStringLiteral("lat"), NumberText(point.latitude));
-        m_xml.writeAttribute(QStringLiteral("lon"), NumberText(Longitude(point.longitude)));
+        xml.writeStartElement(QLatin1String(element));
+        xml.writeAttribute(QStringLiteral("lat"), NumberText(point.latitude));
+        xml.writeAttribute(QStringLiteral("lon"), NumberText(Longitude(point.longitude)));
     }
 
-    void WriteTexts(const QString& name, const QString& description, const QString& file)
+    static void WriteTexts(QXmlStreamWriter& xml, const Feature& feature)
     {
-        m_xml.writeTextElement(QStringLiteral("name"), XmlText(name));
-        m_xml.writeTextElement(QStringLiteral("desc"), XmlText(description));
-        m_xml.writeTextElement(QStringLiteral("src"), XmlText(file));
+        xml.writeTextElement(QStringLiteral("name"), XmlText(NameOf(feature)));
+        xml.writeTextElement(QStringLiteral("desc"), XmlText(Description(feature)));
+        xml.writeTextElement(QStringLiteral("src"), XmlText(feature.file));
     }
 
     XmlPieces m_pieces;
     QXmlStreamWriter& m_xml = m_pieces.Writer();
-    std::vector<Track> m_tracks;
+    LateBytes m_tracks;
 };
 
 } // namespace

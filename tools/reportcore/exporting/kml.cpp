@@ -59,8 +59,9 @@ public:
         return m_pieces.Take();
     }
 
-    QByteArray Add(const Feature& feature) override
+    QByteArray Add(const ExportPiece& piece) override
     {
+        const Feature& feature = piece.feature;
         m_xml.writeStartElement(QStringLiteral("Placemark"));
         m_xml.writeTextElement(QStringLiteral("name"),
                                XmlText(feature.name.isNull() ? feature.file : feature.name));
@@ -79,10 +80,10 @@ public:
         return m_pieces.Take();
     }
 
-    QByteArray End() override
+    void End(const Write& write) override
     {
         m_xml.writeEndDocument();
-        return m_pieces.Take();
+        write(m_pieces.Take());
     }
 
 private:

@@ -33,10 +33,10 @@ const char* Keyword(Geometry::Shape shape)
 class Wkt : public Exporter
 {
 public:
-    QByteArray Add(const Feature& feature) override
+    ExportPiece Prepare(Feature feature) const override
     {
         const QByteArray text = WktText(GeometryOf(feature.outline));
-        return (text.isEmpty() ? QByteArray("GEOMETRYCOLLECTION EMPTY") : text) + '\n';
+        return {{}, (text.isEmpty() ? QByteArray("GEOMETRYCOLLECTION EMPTY") : text) + '\n'};
     }
 };
 

@@ -12,12 +12,19 @@ bool IsWritable(QChar character)
 
 } // namespace
 
-XmlPieces::XmlPieces()
+XmlPieces::XmlPieces(int depth)
 {
     m_buffer.open(QIODevice::WriteOnly);
     m_writer.setDevice(&m_buffer);
     m_writer.setAutoFormatting(true);
     m_writer.setAutoFormattingIndent(1);
+    if (depth == 0)
+        return;
+    const QString element = QStringLiteral("a");
+    for (int i = 0; i <= depth; ++i)
+        m_writer.writeStartElement(element);
+    m_writer.writeEndElement();
+    Take();
 }
 
 QByteArray XmlPieces::Take()

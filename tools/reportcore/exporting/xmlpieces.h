@@ -12,7 +12,8 @@ namespace ReportCore {
 class XmlPieces
 {
 public:
-    XmlPieces();
+    /// Of what stands in so many elements, behind another element there.
+    explicit XmlPieces(int depth = 0);
 
     QXmlStreamWriter& Writer() { return m_writer; }
 

@@ -123,12 +123,12 @@ int Check(const Parser& parser, Console& console)
                              !parser.Has("no-warnings")};
     const QStringList names = parser.Files();
     const std::vector<int> exitCodes =
-        DoForEach(names, console, [&options](const QString& name, Console& toConsole) {
-            return CheckFile(name, options, toConsole);
+        DoForEach(static_cast<int>(names.size()), console, [&](int number, Console& toConsole) {
+            return CheckFile(names.at(number), options, toConsole);
         });
     if (names.size() > 1 && !options.isQuiet)
         Summarise(exitCodes, console);
-    return ExitCodeOf(exitCodes, names);
+    return ExitCodeOf(exitCodes, static_cast<int>(names.size()));
 }
 
 } // namespace

@@ -50,11 +50,12 @@ struct Options
 {
     std::optional<Target> target;
     bool isFromJson = false;
+    ReportCore::Terminals terminals = ReportCore::Terminals::Refused;
 };
 
 Options OptionsOf(const Parser& parser)
 {
-    const Options options = {TargetOf(parser), parser.Has("from")};
+    const Options options = {TargetOf(parser), parser.Has("from"), TerminalsOf(parser)};
     if (options.isFromJson && parser.Value("from") != QLatin1String("json"))
         throw UsageError{QStringLiteral("--from is for json; other forms are recognised")};
     if (!options.target && !options.isFromJson)
@@ -97,7 +98,7 @@ int ConvertFile(const QString& input, const QString& output, const Options& opti
         return EXIT_INVALID;
     const Target target = options.target ? *options.target : Target{file->form};
     if (!target.isJson)
-        return PutReport(file->report, target.form, target.level, output, console);
+        return PutReport(file->report, target.form, target.level, output, options.terminals, console);
     const QJsonArray json = {ToJson(input, *file)};
     ReportCore::WriteOutput(output, QJsonDocument(json).toJson());
     return EXIT_GOOD;
@@ -135,7 +136,8 @@ int ConvertInto(const QString& folder, const QStringList& inputs, const Options&
         throw UnusableFile{folder, QStringLiteral("no such folder")};
     const QHash<QString, QString> outputs = OutputsOf(inputs, folder, *options.target);
     const std::vector<int> exitCodes =
-        DoForEach(inputs, console, [&](const QString& input, Console& fileConsole) {
+        DoForEach(static_cast<int>(inputs.size()), console, [&](int number, Console& fileConsole) {
+            const QString& input = inputs.at(number);
             try {
                 return ConvertFile(input, outputs.value(input), options, fileConsole);
             } catch (const UnusableFile& unusable) {
@@ -143,7 +145,7 @@ int ConvertInto(const QString& folder, const QStringList& inputs, const Options&
                 return EXIT_UNUSABLE;
             }
         });
-    return ExitCodeOf(exitCodes, inputs);
+    return ExitCodeOf(exitCodes, static_cast<int>(inputs.size()));
 }
 
 void Declare(Parser& parser)
@@ -155,6 +157,7 @@ void Declare(Parser& parser)
     parser.AddOption("from", "The reports are JSON; other forms are recognised.", "json",
                      Candidates::OneOf({QStringLiteral("json")}));
     parser.AddFileOptions();
+    AddForce(parser);
     parser.AddExample("convert lake.xml lake.bin --to compressed", "Write one report in another form.");
     parser.AddExample("convert -r reports packed --to file --level 9",
                       "Write all reports of a folder into the folder packed.");

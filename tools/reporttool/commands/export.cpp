@@ -1,7 +1,9 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportoutput.h>
 
 #include <reportcore/exporting/formats.h>
 #include <reportcore/files.h>
@@ -23,9 +25,11 @@ namespace ReportTool {
 using ReportCore::Exporter;
 using ReportCore::ExportFormat;
 using ReportCore::ExportFormats;
+using ReportCore::ExportPiece;
 using ReportCore::OutputFile;
 using ReportCore::PictureSize;
 using ReportCore::ReportFile;
+using ReportCore::Terminals;
 
 namespace {
 
@@ -100,47 +104,53 @@ std::unique_ptr<Exporter> ExporterOf(const ExportFormat& format, PictureSize siz
 class Collection
 {
 public:
-    Collection(std::unique_ptr<Exporter> exporter, const QString& name)
-        : m_exporter(std::move(exporter)), m_name(name)
+    Collection(std::unique_ptr<Exporter> exporter, const QString& name, Terminals terminals)
+        : m_exporter(std::move(exporter)), m_name(name), m_terminals(terminals)
     {
     }
 
-    void Add(const QString& name, const ReportFile& file)
+    const Exporter& Format() const { return *m_exporter; }
+
+    void Add(const ExportPiece& piece)
     {
         if (!m_output) {
-            m_output.emplace(m_name);
+            m_output.emplace(m_name, m_terminals);
             m_output->Write(m_exporter->Begin());
         }
-        m_output->Write(m_exporter->Add(ReportCore::FeatureOf(name, file.report)));
+        m_output->Write(m_exporter->Add(piece));
     }
 
     void Finish()
     {
         if (!m_output)
             return;
-        m_output->Write(m_exporter->End());
+        m_exporter->End([this](const QByteArray& bytes) { m_output->Write(bytes); });
         m_output->Commit();
     }
 
 private:
     std::unique_ptr<Exporter> m_exporter;
     QString m_name;
+    Terminals m_terminals;
     std::optional<OutputFile> m_output;
 };
 
-int ExportFile(const QString& name, Collection& collection, Console& console)
+/// A piece of the file that all go to; none of a report that cannot be there.
+FileResult ExportFile(const QString& name, const Exporter& exporter, Console& console)
 {
     QByteArray bytes;
     QString error;
     if (!console.Read(name, bytes, error))
-        return EXIT_UNUSABLE;
+        return {EXIT_UNUSABLE};
     const ReportFile file = ReportCore::ReadReport(bytes);
     for (const ReportCore::Problem& problem : file.problems)
         console.Complain(name, problem);
     if (!file.IsGood())
-        return EXIT_INVALID;
-    collection.Add(name, file);
-    return EXIT_GOOD;
+        return {EXIT_INVALID};
+    ExportPiece piece = exporter.Prepare(ReportCore::FeatureOf(name, file.report));
+    const auto points = static_cast<qint64>(piece.feature.outline.size() * sizeof(ReportCore::Point));
+    const qint64 size = piece.text.size() + points;
+    return {EXIT_GOOD, std::move(piece), size};
 }
 
 int DimensionOf(const QString& text)
@@ -189,6 +199,7 @@ void Declare(Parser& parser)
     parser.AddOption("to", "Format to write.", "format", Candidates::OneOf(FormatNames()));
     parser.AddOption("size", "Size of a picture in pixels, 1200x900 where it is missing.", "size");
     parser.AddOutput();
+    AddForce(parser);
     parser.AddExample("export -r reports --to geojsonl -o reports.geojsonl",
                       "Write all reports of a folder for a map or a database.");
     parser.AddExample("export lake.xml --to wkt", "Write the area as text.");
@@ -202,12 +213,22 @@ int Export(const Parser& parser, Console& console)
     const bool isPainter = ReportCore::OwnPainters().png != nullptr;
     if (format.painter && !isPainter)
         return RunElsewhere(parser.CommandLine(), console);
-    Collection collection(ExporterOf(format, size), parser.Output());
-    int exitCode = EXIT_GOOD;
-    for (const QString& name : files)
-        exitCode = std::max(exitCode, ExportFile(name, collection, console));
-    collection.Finish();
-    return exitCode;
+    Collection collection(ExporterOf(format, size), parser.Output(),
+                          format.isText ? Terminals::Taken : TerminalsOf(parser));
+    const int count = static_cast<int>(files.size());
+    const std::vector<int> exitCodes = DoForEach(
+        count, console,
+        [&](int number, Console& fileConsole) {
+            return ExportFile(files.at(number), collection.Format(), fileConsole);
+        },
+        [&collection](std::any& result) {
+            if (const auto* const piece = std::any_cast<ExportPiece>(&result))
+                collection.Add(*piece);
+        });
+    // Part of the reports is none of what was asked for.
+    if (static_cast<int>(exitCodes.size()) == count)
+        collection.Finish();
+    return ExitCodeOf(exitCodes, count);
 }
 
 } // namespace

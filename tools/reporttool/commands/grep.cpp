@@ -74,10 +74,10 @@ int Grep(const Parser& parser, Console& console)
     const Condition condition = ConditionOf(files.takeFirst());
     const QStringList names = parser.FilesAmong(files);
     const std::vector<int> exitCodes =
-        DoForEach(names, console, [&condition](const QString& name, Console& fileConsole) {
-            return Look(name, condition, fileConsole);
+        DoForEach(static_cast<int>(names.size()), console, [&](int number, Console& fileConsole) {
+            return Look(names.at(number), condition, fileConsole);
         });
-    const int greatest = ExitCodeOf(exitCodes, names);
+    const int greatest = ExitCodeOf(exitCodes, static_cast<int>(names.size()));
     if (greatest == EXIT_UNUSABLE)
         return EXIT_UNUSABLE;
     const bool isFound = std::find(exitCodes.begin(), exitCodes.end(), EXIT_GOOD) != exitCodes.end();

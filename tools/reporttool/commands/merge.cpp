@@ -76,6 +76,7 @@ void Declare(Parser& parser)
     parser.AddArgument("BASE", "Report; - stands for standard input.", "BASE");
     parser.AddArgument("OTHER", "Reports to lay over it; - stands for standard input.", "OTHER...");
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    AddForce(parser);
     parser.AddExample("merge base.xml other.xml -o out.xml", "Lay a report over another one.");
 }
 
@@ -94,7 +95,9 @@ int RunMerge(const Parser& parser, Console& console)
         const auto other = ReadGoodReport(file, console);
         isMerged = other && isMerged && Merge(base->report, other->report, file, console);
     }
-    return isMerged ? PutReport(base->report, base->form, -1, parser.Value("o"), console) : EXIT_INVALID;
+    if (!isMerged)
+        return EXIT_INVALID;
+    return PutReport(base->report, base->form, -1, parser.Value("o"), TerminalsOf(parser), console);
 }
 
 } // namespace

@@ -146,6 +146,7 @@ void Declare(Parser& parser)
     parser.AddOption("unset", "Unset this field; may be given several times.", "path",
                      Candidates::FieldPaths());
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    AddForce(parser);
     parser.AddExample("set lake.xml frequency.value=121.5e6 -o lake.xml", "Change a field.");
     parser.AddExample("set lake.xml --unset area.scriptId -o out.xml", "Take a field out.");
 }
@@ -156,7 +157,7 @@ int Set(const Parser& parser, Console& console)
     ReportFile file = ReportCore::ReadReport(ReportCore::ReadInput(request.input));
     if (!IsUsable(file, request, console) || !Change(file, request, console))
         return EXIT_INVALID;
-    return PutReport(file.report, file.form, -1, request.output, console);
+    return PutReport(file.report, file.form, -1, request.output, TerminalsOf(parser), console);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <reporttool/console.h>
 #include <reporttool/dump.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 #include <reporttool/showjson.h>
 #include <reporttool/showmap.h>
@@ -12,8 +13,6 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-
-#include <algorithm>
 
 namespace ReportTool {
 
@@ -35,7 +34,7 @@ struct Options
     bool withMap = false;
 };
 
-int ExitCodeOf(const ReportFile& file)
+int CodeOf(const ReportFile& file)
 {
     return file.IsGood() ? EXIT_GOOD : EXIT_INVALID;
 }
@@ -70,38 +69,54 @@ int ShowFile(const QString& name, const Options& options, Console& console)
         console.Output().Line(QString());
         Dump(bytes, file.form.isBinaryFile, console.Output());
     }
-    return ExitCodeOf(file);
+    return CodeOf(file);
 }
 
 int ShowAsText(const Options& options, Console& console)
 {
-    int exitCode = EXIT_GOOD;
-    for (const QString& name : options.files) {
-        if (name != options.files.first())
-            console.Output().Line(QString());
-        exitCode = std::max(exitCode, ShowFile(name, options, console));
+    const int count = static_cast<int>(options.files.size());
+    const std::vector<int> exitCodes =
+        DoForEach(count, console, [&options](int number, Console& fileConsole) {
+            if (number > 0)
+                fileConsole.Output().Line(QString());
+            return ShowFile(options.files.at(number), options, fileConsole);
+        });
+    return ExitCodeOf(exitCodes, count);
+}
+
+/// The file as it stands in an array.
+int ShowItem(const QString& name, Console& console)
+{
+    QByteArray bytes;
+    QString error;
+    int exitCode = EXIT_UNUSABLE;
+    QJsonObject json;
+    if (console.Read(name, bytes, error)) {
+        const ReportFile file = ReportCore::ReadReport(bytes);
+        json = ToJson(name, file);
+        exitCode = CodeOf(file);
+    } else {
+        json = ToJson(name, error);
     }
+    const QByteArray array = QJsonDocument(QJsonArray{json}).toJson();
+    constexpr int BEGIN = 2; // "[\n"
+    constexpr int END = 3;   // "\n]\n"
+    console.Output().Bytes(array.mid(BEGIN, array.size() - BEGIN - END));
     return exitCode;
 }
 
+/// One array. No more than a few files of it are in memory.
 int ShowAsJson(const QStringList& names, Console& console)
 {
-    int exitCode = EXIT_GOOD;
-    QJsonArray json;
-    for (const QString& name : names) {
-        QByteArray bytes;
-        QString error;
-        if (!console.Read(name, bytes, error)) {
-            json.append(ToJson(name, error));
-            exitCode = EXIT_UNUSABLE;
-            continue;
-        }
-        const ReportFile file = ReportCore::ReadReport(bytes);
-        json.append(ToJson(name, file));
-        exitCode = std::max(exitCode, ExitCodeOf(file));
-    }
-    console.Output().Bytes(QJsonDocument(json).toJson());
-    return exitCode;
+    console.Output().Bytes("[\n");
+    const int count = static_cast<int>(names.size());
+    const std::vector<int> exitCodes = DoForEach(count, console, [&names](int number, Console& fileConsole) {
+        if (number > 0)
+            fileConsole.Output().Bytes(",\n");
+        return ShowItem(names.at(number), fileConsole);
+    });
+    console.Output().Bytes(exitCodes.empty() ? "]\n" : "\n]\n");
+    return ExitCodeOf(exitCodes, count);
 }
 
 void Declare(Parser& parser)
