@@ -221,6 +221,13 @@ public:
         return IsSetIn(holder) ? QVariant(Records<Data>::Of(holder).*(m_row.loaded)) : QVariant();
     }
 
+    bool Empties(const QString& version) const override
+    {
+        Data read;
+        read.*(m_row.loaded) = version;
+        return m_row.IsOlderIn(read);
+    }
+
 private:
     const Row m_row;
 };

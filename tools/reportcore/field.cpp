@@ -54,6 +54,11 @@ std::optional<double> Field::NumberIn(const IRGObject& /*holder*/) const
     return std::nullopt;
 }
 
+bool Field::Empties(const QString& /*version*/) const
+{
+    return false;
+}
+
 void Field::SetIn(IRGObject& /*holder*/, const QVariant& /*value*/) const
 {
     Refuse(*this, HasObjects() ? "is no value" : "cannot be set");

@@ -88,6 +88,9 @@ public:
     /// Of a number, for those who go through many of them; nothing when not set.
     virtual std::optional<double> NumberIn(const REPORTGENERATOR::IRGObject& holder) const;
 
+    /// Of a version of the format: whether reading this one empties the object, as data of an older version do.
+    virtual bool Empties(const QString& version) const;
+
     /// Sets it as the class's own setter does when it validates: what that refuses is refused here, with the same
     /// `RGException`. So is a value of another type, and what nobody sets.
     virtual void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const;

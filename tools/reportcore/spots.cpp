@@ -1,5 +1,6 @@
 #include <reportcore/spots.h>
 
+#include <reportcore/itemcounts.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/walk.h>
 
@@ -102,16 +103,19 @@ private:
             return;
         element.isKnown = true;
         element.path = holder.path;
-        // An element that comes a second time goes on with the items of the first.
+        element.path.Enter(*field);
         if (field->Kind() == FieldKind::List)
-            element.path.Enter(*field, m_counts[holder.path]++);
-        else
-            element.path.Enter(*field);
+            element.path.SetIndex(m_counts.Next(element.path));
         element.object = field->HasObjects() ? &field->Object() : nullptr;
     }
 
     void TakeAttributes(const Element& element)
     {
+        for (const auto& field : element.object->All()) {
+            if (field->Kind() == FieldKind::Version)
+                m_counts.TakeVersion(element.path, *field,
+                                     m_reader.attributes().value(field->Facts().elementName).toString());
+        }
         for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
             const QString name = attribute.name().toString();
             if (const Field* const field = element.object->FindElement(name, Place::Attribute))
@@ -186,7 +190,7 @@ private:
     qint64 m_before = 0;
     bool m_isBehindReport = false;
     std::vector<Element> m_elements;
-    std::unordered_map<FieldPath, int, FieldPathHash> m_counts;
+    ItemCounts m_counts;
 };
 
 /// The pass through a binary form.

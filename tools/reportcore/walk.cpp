@@ -220,6 +220,8 @@ void Walk::Payload(ByteRange payload, const Field& type, int depth)
 {
     switch (type.Kind()) {
     case FieldKind::Object:
+        // An object that is read from a binary form begins anew, other than in XML.
+        m_counts.Empty(m_path);
         Elements(payload.Take(payload.Size()), &type.Object(), depth);
         break;
     case FieldKind::List:
@@ -239,9 +241,11 @@ void Walk::Value(ByteRange& payload, const Field& type, int depth)
 {
     if (type.Kind() == FieldKind::Switch)
         Bool(payload, type, depth);
+    else if (type.Kind() == FieldKind::Version)
+        m_counts.TakeVersion(m_path.Holder(), type,
+                             Text(payload, Kind::SizeOfUtf16, type.WireLabel(), depth).Utf16());
     else
-        Text(payload, type.Kind() == FieldKind::Version ? Kind::SizeOfUtf16 : Kind::SizeOfUtf8,
-             type.WireLabel(), depth);
+        Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);
 }
 
 void Walk::Bool(ByteRange& payload, const Field& type, int depth)
@@ -262,11 +266,13 @@ void Walk::Items(ByteRange& payload, const Field& list, int depth)
     const ByteRange word = payload.Take(wire::WORD_SIZE);
     Visit(Kind::Count, word, depth, m_visit ? list.WireLabel() + QStringLiteral(" that follow") : QString());
     const qint64 count = static_cast<qint32>(word.Word());
+    const FieldPath whole = m_path;
     int number = 0;
     while (number < count && !payload.IsEmpty()) {
-        m_path.SetIndex(number);
+        const int index = m_counts.Next(whole);
+        m_path.SetIndex(index);
         ++number;
-        const auto body = Counted(payload, Kind::Length, depth + 1, list.Object().Label(), number);
+        const auto body = Counted(payload, Kind::Length, depth + 1, list.Object().Label(), index + 1);
         if (body)
             Elements(*body, &list.Object(), depth + 2);
     }

@@ -4,6 +4,7 @@
 #include <reportcore/byterange.h>
 #include <reportcore/fieldpath.h>
 #include <reportcore/files.h>
+#include <reportcore/itemcounts.h>
 #include <reportcore/problem.h>
 
 #include <QtCore/QByteArray>
@@ -41,7 +42,7 @@ struct WireField
     ByteRange bytes;
     int depth = 0;          ///< how many lengths and counts stand around it
     QString name = {};      ///< what it is, or of which element it is a part
-    qint64 number = 0;      ///< which of several elements of that name, from 1; 0 for a single one
+    qint64 number = 0;      ///< which of several items of a list, from 1; 0 for what is none
     const char* fault = ""; ///< name of the problem; empty for a field that is as it should be
     QString faultText = {}; ///< what is wrong with it
 
@@ -115,6 +116,7 @@ private:
     bool m_hasFault = false;
     int m_depth = 0;
     FieldPath m_path;
+    ItemCounts m_counts;
     QString m_objectName;
     QByteArray m_uncompressed;
     ByteRange m_representation;

@@ -1,6 +1,7 @@
 #include <reportcore/doubting/doubting.h>
 
 #include <reportcore/doubting/nearname.h>
+#include <reportcore/itemcounts.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
 
@@ -47,7 +48,6 @@ private:
         qint64 valueStart = 0;
         QString text = {};
         std::set<const Field*> seen = {};
-        std::vector<std::pair<const Field*, int>> counts = {};
     };
 
     /// The text is looked at only when there is something to tell.
@@ -102,28 +102,23 @@ private:
             return;
         }
         element.object = element.field->HasObjects() ? &element.field->Object() : nullptr;
+        element.path.Enter(*element.field);
         if (element.field->Kind() == FieldKind::List) {
-            element.path.Enter(*element.field, CountOf(*element.field, holder)++);
+            element.path.SetIndex(m_counts.Next(element.path));
             return;
         }
-        element.path.Enter(*element.field);
         if (!holder.seen.insert(element.field).second)
             Add(REPEATED_ELEMENT, QStringLiteral("element '%1' comes a second time").arg(name), PlaceOfTag(),
                 element.path, QString());
     }
 
-    static int& CountOf(const Field& list, Element& holder)
-    {
-        const auto found = std::find_if(holder.counts.begin(), holder.counts.end(),
-                                        [&list](const auto& count) { return count.first == &list; });
-        if (found != holder.counts.end())
-            return found->second;
-        holder.counts.emplace_back(&list, 0);
-        return holder.counts.back().second;
-    }
-
     void TakeAttributes(const Element& element)
     {
+        for (const auto& field : element.object->All()) {
+            if (field->Kind() == FieldKind::Version)
+                m_counts.TakeVersion(element.path, *field,
+                                     m_reader.attributes().value(field->Facts().elementName).toString());
+        }
         for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
             const QString name = attribute.name().toString();
             const QString value = attribute.value().toString();
@@ -191,6 +186,7 @@ private:
     bool m_hasReport = false;
     bool m_isBehind = false; ///< in a report that nobody reads
     std::vector<Element> m_elements;
+    ItemCounts m_counts;
     Problems m_problems;
 };
 
