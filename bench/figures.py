@@ -364,9 +364,9 @@ def plot(times):
 # --- Program ---------------------------------------------------------------------------------------------------------
 
 
-def update_page(page, figures):
-    """Puts the figures between the two marks of the page."""
-    begin, end = "<!-- figures: begin, written by ./dev bench --update-docs -->\n", "<!-- figures: end -->"
+def update_page(page, figures, name="figures"):
+    """Puts the figures between the two marks of that name on the page."""
+    begin, end = f"<!-- {name}: begin, written by ./dev bench --update-docs -->\n", f"<!-- {name}: end -->"
     head, rest = page.read_text(encoding="utf-8").split(begin)
     tail = rest.split(end)[1]
     page.write_text(f"{head}{begin}\n{figures}\n\n{end}{tail}", encoding="utf-8")
