@@ -32,15 +32,14 @@ bool ChangeReport()
     QObject::connect(&model, &ReportModel::Refused,
                      [&refusal](const QModelIndex& /*index*/, const QString& text) { refusal = text; });
 
-    const QModelIndex value =
-        model.IndexOf(QString::fromLatin1("frequency.value"), ReportModel::ValueColumn);
+    const QModelIndex value = model.IndexOf(QString::fromLatin1("frequency.value"), ReportModel::ValueColumn);
     const QModelIndex list = model.IndexOf(QString::fromLatin1("area.coordinate"));
     const bool isAdded = model.AddItem(list, 0);
     const QModelIndex latitude =
         model.IndexOf(QString::fromLatin1("area.coordinate[1].latitude"), ReportModel::ValueColumn);
     const bool isRefused = !model.setData(latitude, 90.5);
-    const QString expected = QString::fromLatin1(
-        "Parameters for m_latitude are not set within range (-90, 90) in 'Coordinate'.");
+    const QString expected =
+        QString::fromLatin1("Parameters for m_latitude are not set within range (-90, 90) in 'Coordinate'.");
 
     return Expect(value.data().toString() == QString::fromLatin1("121500000"), "the value is shown") &&
            Expect(isAdded && model.rowCount(list) == 1, "an item is added") &&

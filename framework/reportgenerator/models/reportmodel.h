@@ -28,8 +28,8 @@ namespace REPORTGENERATOR {
 /// signal `Refused` has told why. A new model is read-only, so that a view shows the report and changes
 /// nothing.
 ///
-/// Setting a report and looking at it takes no longer with many coordinates than with few, and an index is
-/// found in constant time. A change of the report takes time in proportion to its coordinates.
+/// Looking at a report takes no longer with many coordinates than with few, and an index is found in constant
+/// time. Setting a report costs a copy of it. A change takes time in proportion to its coordinates.
 ///
 /// To undo changes, keep a copy of `Report()` from before and hand it to `ChangeReport`. Copies share what
 /// has not been changed since, but for the coordinates, which each change of the area copies.
@@ -59,7 +59,7 @@ public:
     /// quotes, or "not set"; of a list the number of its items, of an item its values. `Qt::EditRole` of the
     /// value column is what an editor begins with and ends in: numbers as the shortest text that reads back
     /// as the same number, switches as `bool`, texts as they are, and nothing for what is not set.
-    /// `Qt::ToolTipRole` is the complaint.
+    /// `Qt::ToolTipRole` is the complaint. Items are renumbered by a signal of their own when rows come or go.
     enum Role
     {
         PathRole = Qt::UserRole, ///< `QString`: "area.coordinate[17].latitude"
