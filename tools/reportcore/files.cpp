@@ -6,6 +6,8 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
+
 namespace ReportCore {
 
 namespace {
@@ -76,6 +78,11 @@ bool IsStandardStream(const QString& name)
 
 QByteArray ReadInput(const QString& name)
 {
+    return ReadInput(name, nullptr);
+}
+
+QByteArray ReadInput(const QString& name, const ReadingProgress& progress)
+{
     QFile file(name);
     OpenForReading(file, name);
     const qint64 size = file.size();
@@ -84,9 +91,11 @@ QByteArray ReadInput(const QString& name)
     // was right.
     QByteArray bytes;
     qint64 room = size > 0 ? size + 1 : CHUNK;
-    while (ReadPiece(file, room, bytes, name)) {
+    while (ReadPiece(file, progress ? std::min(room, CHUNK) : room, bytes, name)) {
         RequireBelowCeiling(bytes.size(), name);
         room = bytes.size() <= size ? size + 1 - bytes.size() : CHUNK;
+        if (progress)
+            progress(bytes.size(), size);
     }
     return bytes;
 }

@@ -4,6 +4,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <functional>
+
 class QIODevice;
 
 namespace ReportCore {
@@ -31,6 +33,12 @@ bool IsStandardStream(const QString& name);
 /// Everything that the file or standard input holds. Throws `UnusableFile` when it cannot be read or holds
 /// more than `INPUT_CEILING` bytes.
 QByteArray ReadInput(const QString& name);
+
+/// Told how many bytes have been read and how many there seem to be. What it throws ends the reading.
+using ReadingProgress = std::function<void(qint64 read, qint64 size)>;
+
+/// The same in pieces, for files that take a while.
+QByteArray ReadInput(const QString& name, const ReadingProgress& progress);
 
 /// Puts `bytes` in place of what the file holds, or sends them to standard output. Until all is written the
 /// bytes stand in a temporary file beside it, so that a failure leaves the old file as it is; only devices

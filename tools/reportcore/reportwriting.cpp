@@ -5,6 +5,7 @@
 #include <reportcore/reportfile.h>
 
 #include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
@@ -56,17 +57,42 @@ QString FindLossOf(const IRGObject& written, const IRGObject& read, const Object
     return QString();
 }
 
-} // namespace
-
-QByteArray WriteReport(const ReportBase& report, const FileForm& form, int level)
+QByteArray Write(const ReportBase& report, const FileForm& form, int level)
 {
-    report.SetValidate(true);
     if (form.form == Form::Xml)
         return report.GetXmlString().toUtf8();
     const QByteArray representation = form.form == Form::Compressed
                                           ? report.GetCompressedBinaryRepresentationAsQByteArray(level)
                                           : report.GetBinaryRepresentationAsQByteArray();
     return form.isBinaryFile ? BinaryFile(representation) : representation;
+}
+
+} // namespace
+
+QByteArray WriteReport(const ReportBase& report, const FileForm& form, int level)
+{
+    report.SetValidate(true);
+    return Write(report, form, level);
+}
+
+QByteArray WriteUnchecked(const ReportBase& report, const FileForm& form, int level)
+{
+    report.SetValidate(false);
+    return Write(report, form, level);
+}
+
+QByteArray WriteWhole(const ReportBase& report, const FileForm& form, int level)
+{
+    QByteArray bytes;
+    try {
+        bytes = WriteReport(report, form, level);
+    } catch (const ReportException& refused) {
+        throw NotWritten{QStringLiteral("%1: %2").arg(refused.GetErrorName(), refused.GetErrorText())};
+    }
+    const QString loss = FindLoss(report, bytes);
+    if (!loss.isEmpty())
+        throw NotWritten{QStringLiteral("this form would not keep ") + loss};
+    return bytes;
 }
 
 QString FindLoss(const ReportBase& written, const QByteArray& bytes)

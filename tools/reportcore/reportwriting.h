@@ -14,6 +14,18 @@ namespace ReportCore {
 /// default. Throws `RGException`.
 QByteArray WriteReport(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
 
+/// Writes any report, good or not. Throws `RGException` where the form has no way to say it.
+QByteArray WriteUnchecked(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+
+/// A report that a form doesn't take; the text is for people.
+struct NotWritten
+{
+    QString text;
+};
+
+/// The same of any report. Throws `NotWritten` for one that is invalid or of which something would be lost.
+QByteArray WriteWhole(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+
 /// What of a report would be lost in a form: nothing, or a text that names it. Numbers may have been rounded,
 /// as every form rounds them; but not every text fits into every form.
 QString FindLoss(const REPORTGENERATOR::ReportBase& written, const QByteArray& bytes);

@@ -1,196 +1,52 @@
 #include <reportcore/spots.h>
 
-#include <reportcore/itemcounts.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/walk.h>
-
-#include <reportgenerator/reportbase/forms/wirefacts.h>
-
-#include <QtCore/QXmlStreamReader>
+#include <reportcore/xmlwalk.h>
 
 #include <algorithm>
 
 namespace ReportCore {
 
-using REPORTGENERATOR::Place;
-
-namespace {
-
-bool IsXmlBlank(QChar character)
-{
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t') ||
-           character == QLatin1Char('\r') || character == QLatin1Char('\n');
-}
-
-} // namespace
-
-/// The pass through XML. Elements are told apart by their names and by what stands around them, as the library does
-/// it; what stands below an unknown element has no path.
+/// The pass through XML.
 class XmlSearch
 {
 public:
-    XmlSearch(Spots& spots, const QByteArray& bytes) : m_spots(spots), m_reader(bytes) {}
-
-    void Run()
+    XmlSearch(Spots& spots, const QByteArray& bytes)
+        : m_spots(spots), m_walk(bytes, spots.m_text, [this](const XmlPiece& piece) { Take(piece); })
     {
-        while (!m_reader.atEnd() && !m_isBehindReport) {
-            m_before = EndOfToken();
-            switch (m_reader.readNext()) {
-            case QXmlStreamReader::StartElement:
-                Start();
-                break;
-            case QXmlStreamReader::EndElement:
-                End();
-                break;
-            case QXmlStreamReader::Characters:
-                Take();
-                break;
-            default:
-                break;
-            }
-        }
     }
+
+    void Run() { m_walk.Run(); }
 
 private:
-    /// An element that has begun and not ended yet.
-    struct Element
+    void Take(const XmlPiece& piece)
     {
-        const ObjectInfo* object = nullptr; ///< null for an element that is no object
-        bool isKnown = false;
-        FieldPath path;
-        qint64 start = 0;
-        qint64 valueStart = 0;
-        QString text;
-    };
-
-    /// The reader has looked at the character behind a text, and counts it.
-    qint64 EndOfToken() const
-    {
-        const qint64 end = m_reader.characterOffset();
-        const bool isTooFar = m_reader.isCharacters() && end > 0 && end <= m_spots.m_text.size() &&
-                              m_spots.m_text.at(static_cast<int>(end - 1)) == QLatin1Char('<');
-        return isTooFar ? end - 1 : end;
-    }
-
-    void Start()
-    {
-        Element element;
-        element.start = m_spots.StartOfTag(m_reader.characterOffset());
-        element.valueStart = m_reader.characterOffset();
-        const bool isInReport = !m_elements.empty();
-        if (!isInReport && !(m_reader.name() == ReportInfo().ObjectName()))
-            return;
-        if (isInReport)
-            Identify(element);
-        else
-            element.object = &ReportInfo();
-        element.isKnown = !isInReport || element.isKnown;
-        if (!element.isKnown) {
-            const Spot spot = {m_spots.PlaceOf(element.start), m_elements.back().path, QString()};
-            m_spots.AddEnd(m_reader.characterOffset(), spot, true);
-        }
-        if (element.object)
-            TakeAttributes(element);
-        m_elements.push_back(element);
-    }
-
-    void Identify(Element& element)
-    {
-        const Element& holder = m_elements.back();
-        const Field* const field =
-            holder.object ? holder.object->FindElement(m_reader.name().toString(), Place::Element) : nullptr;
-        if (!field)
-            return;
-        element.isKnown = true;
-        element.path = holder.path;
-        element.path.Enter(*field);
-        if (field->Kind() == FieldKind::List)
-            element.path.SetIndex(m_counts.Next(element.path));
-        element.object = field->HasObjects() ? &field->Object() : nullptr;
-    }
-
-    void TakeAttributes(const Element& element)
-    {
-        for (const auto& field : element.object->All()) {
-            if (field->Kind() == FieldKind::Version)
-                m_counts.TakeVersion(element.path, *field,
-                                     m_reader.attributes().value(field->Facts().elementName).toString());
-        }
-        for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
-            const QString name = attribute.name().toString();
-            if (const Field* const field = element.object->FindElement(name, Place::Attribute))
-                AddValue(element.path, *field, ValueOfAttribute(element, name), attribute.value().toString());
+        switch (piece.kind) {
+        case XmlPiece::Kind::StartTag:
+            break;
+        case XmlPiece::Kind::Attribute:
+        case XmlPiece::Kind::Text:
+            m_spots.Add({m_spots.PlaceOf(piece.valueBegin), piece.path, piece.value});
+            break;
+        case XmlPiece::Kind::EndTag:
+            AddElement(piece);
+            break;
+        case XmlPiece::Kind::Unknown:
+            m_spots.AddEnd(piece.end, {m_spots.PlaceOf(piece.begin), piece.path, QString()}, true);
+            break;
         }
     }
 
-    void Take()
+    void AddElement(const XmlPiece& piece)
     {
-        if (m_elements.empty())
-            return;
-        // Of several pieces the last one counts.
-        m_elements.back().text = m_reader.text().toString();
-        m_elements.back().valueStart = m_before;
-    }
-
-    void End()
-    {
-        if (m_elements.empty())
-            return;
-        const Element& element = m_elements.back();
-        if (element.isKnown)
-            AddElement(element);
-        m_elements.pop_back();
-        m_isBehindReport = m_elements.empty();
-    }
-
-    void AddElement(const Element& element)
-    {
-        const bool isObject = element.object != nullptr;
-        const qint64 start = isObject ? element.start : element.valueStart;
-        const Spot spot = {m_spots.PlaceOf(start), element.path,
-                           isObject ? QString() : QLatin1String("") + element.text};
+        const qint64 start = piece.isObject ? piece.elementBegin : piece.valueBegin;
+        const Spot spot = {m_spots.PlaceOf(start), piece.path, piece.value};
         m_spots.Add(spot);
-        m_spots.AddEnd(m_reader.characterOffset(), spot, isObject);
-        if (!isObject)
-            return;
-        for (const auto& field : element.object->All()) {
-            if (field->Facts().place == Place::Text && field->Facts().object == nullptr)
-                AddValue(element.path, *field, element.valueStart, element.text);
-        }
-    }
-
-    void AddValue(FieldPath path, const Field& field, qint64 start, const QString& value)
-    {
-        path.Enter(field);
-        m_spots.Add({m_spots.PlaceOf(start), path, QLatin1String("") + value});
-    }
-
-    qint64 ValueOfAttribute(const Element& element, const QString& name) const
-    {
-        const QString& text = m_spots.m_text;
-        const qint64 end = m_reader.characterOffset();
-        for (auto i = text.indexOf(name, static_cast<int>(element.start)); i >= 0 && i < end;
-             i = text.indexOf(name, i + 1)) {
-            auto next = i + name.size();
-            while (next < end && IsXmlBlank(text.at(next)))
-                ++next;
-            const bool isName = IsXmlBlank(text.at(i - 1)) && next < end && text.at(next) == QLatin1Char('=');
-            if (!isName)
-                continue;
-            do
-                ++next;
-            while (next < end && IsXmlBlank(text.at(next)));
-            return next + 1;
-        }
-        return element.start;
+        m_spots.AddEnd(piece.end, spot, piece.isObject);
     }
 
     Spots& m_spots;
-    QXmlStreamReader m_reader;
-    qint64 m_before = 0;
-    bool m_isBehindReport = false;
-    std::vector<Element> m_elements;
-    ItemCounts m_counts;
+    XmlWalk m_walk;
 };
 
 /// The pass through a binary form.
@@ -370,11 +226,7 @@ FilePlace Spots::PlaceOf(qint64 end) const
 
 qint64 Spots::StartOfTag(qint64 end) const
 {
-    if (end <= 0 || end > m_text.size())
-        return end;
-    // No tag has another "<" in it.
-    const auto start = m_text.lastIndexOf(QLatin1Char('<'), static_cast<int>(end) - 1);
-    return start < 0 ? end : start;
+    return XmlWalk::StartOfTag(m_text, end);
 }
 
 void Spots::Add(const Spot& spot)

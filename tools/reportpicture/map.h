@@ -32,9 +32,7 @@ private:
 
     QRectF Box() const;
     int LegendRows() const;
-    void DrawGraticule(QPainter& painter, const MapScale& scale) const;
     void DrawEntry(QPainter& painter, const MapScale& scale, std::size_t number) const;
-    void DrawScaleBar(QPainter& painter, const MapScale& scale) const;
     void DrawLegend(QPainter& painter, double top) const;
 
     std::vector<Entry> m_entries;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double HALF_TURN = 180.0;
 constexpr double TURN = 360.0;
+constexpr double POLE = 90.0;
 
 /// Near the poles degrees of longitude would have no length.
 constexpr double NARROWEST = 0.05;
@@ -54,6 +55,43 @@ QPointF MapScale::At(const ReportCore::Point& point) const
 {
     return {m_frame.left() + (point.longitude - m_west) * m_pixelsOfLongitude,
             m_frame.top() + (m_north - point.latitude) * m_pixelsOfLatitude};
+}
+
+ReportCore::Point MapScale::PointAt(const QPointF& place) const
+{
+    return {m_west + (place.x() - m_frame.left()) / m_pixelsOfLongitude,
+            m_north - (place.y() - m_frame.top()) / m_pixelsOfLatitude};
+}
+
+MapScale MapScale::MovedBy(const QPointF& pixels) const
+{
+    MapScale moved = *this;
+    moved.m_west -= pixels.x() / m_pixelsOfLongitude;
+    const double halfHeight = m_frame.height() / 2.0 / m_pixelsOfLatitude;
+    const double middle = m_north - halfHeight + pixels.y() / m_pixelsOfLatitude;
+    moved.m_north = std::clamp(middle, -POLE, POLE) + halfHeight;
+    return moved;
+}
+
+MapScale MapScale::Enlarged(double factor, const QPointF& around) const
+{
+    MapScale enlarged = *this;
+    enlarged.m_pixelsOfLongitude *= factor;
+    enlarged.m_pixelsOfLatitude *= factor;
+    const ReportCore::Point kept = PointAt(around);
+    enlarged.m_west = kept.longitude - (around.x() - m_frame.left()) / enlarged.m_pixelsOfLongitude;
+    enlarged.m_north = kept.latitude + (around.y() - m_frame.top()) / enlarged.m_pixelsOfLatitude;
+    return enlarged;
+}
+
+MapScale MapScale::WithFrame(const QRectF& frame) const
+{
+    const ReportCore::Point middle = PointAt(m_frame.center());
+    MapScale scale = *this;
+    scale.m_frame = frame;
+    scale.m_west = middle.longitude - frame.width() / 2.0 / m_pixelsOfLongitude;
+    scale.m_north = middle.latitude + frame.height() / 2.0 / m_pixelsOfLatitude;
+    return scale;
 }
 
 double RoundStep(double value)

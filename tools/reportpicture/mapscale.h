@@ -21,6 +21,18 @@ public:
     MapScale(const QRectF& box, const QRectF& frame);
 
     QPointF At(const ReportCore::Point& point) const;
+    ReportCore::Point PointAt(const QPointF& place) const;
+
+    // The same place on the earth is as large on maps that were moved.
+
+    /// What is shown moves by so many pixels, but its middle never beyond the poles.
+    MapScale MovedBy(const QPointF& pixels) const;
+
+    /// Enlarged around a place in the frame, which keeps showing the same point.
+    MapScale Enlarged(double factor, const QPointF& around) const;
+
+    /// Another frame, with the same point in its middle.
+    MapScale WithFrame(const QRectF& frame) const;
 
     // What the frame shows
 

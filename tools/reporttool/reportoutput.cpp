@@ -7,8 +7,6 @@
 #include <reportcore/files.h>
 #include <reportcore/reportwriting.h>
 
-#include <reportgenerator/reportbase/reportexception.h>
-
 namespace ReportTool {
 
 using ReportCore::Terminals;
@@ -18,14 +16,9 @@ int PutReport(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileF
 {
     QByteArray bytes;
     try {
-        bytes = ReportCore::WriteReport(report, form, level);
-    } catch (const ReportException& refused) {
-        console.Complain(file, QStringLiteral("%1: %2").arg(refused.GetErrorName(), refused.GetErrorText()));
-        return EXIT_INVALID;
-    }
-    const QString loss = ReportCore::FindLoss(report, bytes);
-    if (!loss.isEmpty()) {
-        console.Complain(file, QStringLiteral("this form would not keep ") + loss);
+        bytes = ReportCore::WriteWhole(report, form, level);
+    } catch (const ReportCore::NotWritten& refused) {
+        console.Complain(file, refused.text);
         return EXIT_INVALID;
     }
     ReportCore::WriteOutput(file, bytes, form.IsBinary() ? terminals : Terminals::Taken);

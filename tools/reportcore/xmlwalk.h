@@ -1,0 +1,93 @@
+#ifndef REPORTCORE_XMLWALK_H
+#define REPORTCORE_XMLWALK_H
+
+#include <reportcore/fieldpath.h>
+#include <reportcore/itemcounts.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QXmlStreamReader>
+
+#include <functional>
+#include <vector>
+
+namespace ReportCore {
+
+/// A part of a report's XML. Positions count units of the text that `DecodeXml` gives, as Qt's reader counts them.
+struct XmlPiece
+{
+    enum class Kind
+    {
+        StartTag,
+        Attribute, ///< of a field
+        Text,      ///< a field that is the text of an object's element
+        EndTag,    ///< of a value or an object; what has come up between the tags is known now
+        Unknown    ///< the start tag of an element that nobody knows
+    };
+
+    Kind kind = Kind::Unknown;
+    qint64 begin = 0;
+    qint64 end = 0;
+
+    /// Of what it belongs to; of an unknown element, of the object around it.
+    FieldPath path = {};
+
+    // Of values, and at end tags
+
+    qint64 elementBegin = 0;
+    qint64 valueBegin = 0;
+
+    /// As it was found; null of an object.
+    QString value = {};
+
+    bool isObject = false;
+};
+
+/// Walks through the first report of a document and hands its pieces to the visitor. Elements are told apart by their
+/// names and by what stands around them, as the library does it; what stands below an unknown element has no path.
+class XmlWalk
+{
+public:
+    using Visitor = std::function<void(const XmlPiece& piece)>;
+
+    /// `text` is what `DecodeXml` makes of the bytes. Both must outlive the walk.
+    XmlWalk(const QByteArray& bytes, const QString& text, Visitor visit);
+
+    void Run();
+
+    /// Where the start tag begins that ends there.
+    static qint64 StartOfTag(const QString& text, qint64 end);
+
+private:
+    /// An element that has begun and not ended yet.
+    struct Element
+    {
+        const ObjectInfo* object = nullptr; ///< null for an element that is no object
+        bool isKnown = false;
+        FieldPath path;
+        qint64 begin = 0;
+        qint64 valueBegin = 0;
+        QString text;
+    };
+
+    qint64 EndOfToken() const;
+    void Start();
+    void Identify(Element& element);
+    void TakeAttributes(const Element& element);
+    void Take();
+    void End();
+    void EndKnown(const Element& element);
+    XmlPiece AttributePiece(const Element& element, const QString& name) const;
+
+    Visitor m_visit;
+    const QString& m_text;
+    QXmlStreamReader m_reader;
+    qint64 m_before = 0;
+    bool m_isBehindReport = false;
+    std::vector<Element> m_elements;
+    ItemCounts m_counts;
+};
+
+} // namespace ReportCore
+
+#endif

@@ -1,0 +1,132 @@
+#include <reportpicture/mapdrawing.h>
+
+#include <reportpicture/mapscale.h>
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ReportPicture {
+
+using ReportCore::Geometry;
+
+namespace {
+
+constexpr double TURN = 360.0;
+constexpr double POLE = 90.0;
+
+// In pixels
+
+constexpr double MARGIN = 12.0;
+constexpr double ROW = 20.0;
+constexpr double POINT_RADIUS = 5.0;
+constexpr double OUTLINE = 2.0;
+constexpr double BAR_HEIGHT = 5.0;
+
+/// Of the map's width, at most, for the scale bar.
+constexpr double BAR = 0.25;
+
+/// Free room on each side of the areas, as a part of their extent.
+constexpr double ROOM = 0.08;
+
+/// Of a map that shows a single point, in degrees.
+constexpr double LEAST_EXTENT = 0.02;
+
+} // namespace
+
+const QColor& Ink()
+{
+    static const QColor ink(40, 40, 40);
+    return ink;
+}
+
+QColor ColourOf(std::size_t number)
+{
+    constexpr int FIRST = 210;
+    constexpr int STEP = 137;
+    return QColor::fromHsv(static_cast<int>((FIRST + number * STEP) % 360), 200, 190);
+}
+
+QRectF BoxAround(const QPolygonF& points)
+{
+    if (points.isEmpty())
+        return {QPointF(-TURN / 2.0, -POLE), QPointF(TURN / 2.0, POLE)};
+    const QRectF bounds = points.boundingRect();
+    const double room = std::max(bounds.width(), bounds.height()) * ROOM + LEAST_EXTENT / 2.0;
+    return bounds.adjusted(-room, -room, room, room);
+}
+
+QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale)
+{
+    QPolygonF polygon;
+    for (const ReportCore::Point& point : points)
+        polygon << scale.At(point);
+    return polygon;
+}
+
+void DrawGraticule(QPainter& painter, const MapScale& scale)
+{
+    const QRectF& frame = scale.Frame();
+    const QPen line(QColor(200, 200, 200), 1.0);
+    const QPen ink(Ink());
+    const double south = std::max(scale.South(), -POLE);
+    const double north = std::min(scale.North(), POLE);
+    const double width = scale.East() - scale.West();
+    const double longitudeStep = GraticuleStep(width);
+    for (double i = std::ceil(scale.West() / longitudeStep); i * longitudeStep <= scale.East(); i += 1.0) {
+        const double longitude = i * longitudeStep;
+        const double x = scale.At({longitude, 0.0}).x();
+        painter.setPen(line);
+        painter.drawLine(scale.At({longitude, north}), scale.At({longitude, south}));
+        painter.setPen(ink);
+        painter.drawText(QRectF(x - LABELS_LEFT, frame.bottom(), 2.0 * LABELS_LEFT, LABELS_BELOW),
+                         Qt::AlignCenter, LongitudeText(longitude));
+    }
+    const double latitudeStep = GraticuleStep(std::max(north - south, width / TURN));
+    for (double i = std::ceil(south / latitudeStep); i * latitudeStep <= north; i += 1.0) {
+        const double y = scale.At({0.0, i * latitudeStep}).y();
+        painter.setPen(line);
+        painter.drawLine(QPointF(frame.left(), y), QPointF(frame.right(), y));
+        painter.setPen(ink);
+        painter.drawText(QRectF(0.0, y - ROW, LABELS_LEFT - BAR_HEIGHT, 2.0 * ROW),
+                         Qt::AlignRight | Qt::AlignVCenter, LatitudeText(i * latitudeStep));
+    }
+}
+
+void DrawShape(QPainter& painter, Geometry::Shape shape, const QPolygonF& outline, const QColor& colour)
+{
+    constexpr int TRANSLUCENT = 70;
+    QColor fill = colour;
+    fill.setAlpha(TRANSLUCENT);
+    painter.setPen(QPen(colour, OUTLINE));
+    painter.setBrush(fill);
+    if (shape == Geometry::Shape::Area) {
+        painter.drawPolygon(outline);
+    } else if (shape == Geometry::Shape::Line) {
+        painter.drawPolyline(outline);
+    } else {
+        painter.setBrush(colour);
+        painter.drawEllipse(outline.first(), POINT_RADIUS, POINT_RADIUS);
+    }
+}
+
+void DrawScaleBar(QPainter& painter, const MapScale& scale)
+{
+    const QRectF& frame = scale.Frame();
+    const double length = RoundStep(frame.width() * BAR / scale.PixelsOfKilometre());
+    const QRectF bar(frame.left() + MARGIN, frame.bottom() - MARGIN - BAR_HEIGHT,
+                     length * scale.PixelsOfKilometre(), BAR_HEIGHT);
+    const QString text = LengthText(length);
+    const QRectF label(bar.left(), bar.top() - ROW,
+                       std::max(bar.width(), QFontMetricsF(painter.font()).horizontalAdvance(text) + MARGIN),
+                       ROW);
+    painter.fillRect(bar.united(label).adjusted(-BAR_HEIGHT, 0.0, BAR_HEIGHT, BAR_HEIGHT),
+                     QColor(255, 255, 255, 220));
+    painter.fillRect(bar, Ink());
+    painter.setPen(Ink());
+    painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
+} // namespace ReportPicture
