@@ -83,6 +83,12 @@ private:
     Scratch m_scratch;
 };
 
+TEST(ToolHelp, TellsWhenStandardOutputIsFull)
+{
+    const ToolRun run = ExampleFolder().Run(QStringLiteral("help show >/dev/full"));
+    EXPECT_UNUSABLE(run, "standard output: No space left on device");
+}
+
 TEST(ToolHelp, ItsExamplesWork)
 {
     for (const Command* command : COMMANDS) {
