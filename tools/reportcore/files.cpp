@@ -36,6 +36,8 @@ void RequireBelowCeiling(qint64 size, const QString& name)
 void OpenForReading(QFile& file, const QString& name)
 {
     if (IsStandardStream(name)) {
+        if (!IsOpen(STANDARD_INPUT))
+            throw UnusableFile{name, QStringLiteral("is not open")};
         RequireOpen(file.open(STANDARD_INPUT, QIODevice::ReadOnly | QIODevice::Unbuffered), file, name);
         return;
     }

@@ -15,6 +15,9 @@
 #    include <io.h>
 #    include <windows.h>
 #else
+#    include <initializer_list>
+
+#    include <fcntl.h>
 #    include <unistd.h>
 #endif
 
@@ -179,6 +182,34 @@ FileBeingReplaced::~FileBeingReplaced() = default;
 
 #endif
 
+#ifdef Q_OS_WIN
+
+void HoldStandardStreams() {}
+
+bool IsOpen(int /*stream*/)
+{
+    return true;
+}
+
+#else
+
+void HoldStandardStreams()
+{
+    for (const int stream : {STANDARD_INPUT, STANDARD_OUTPUT, STANDARD_ERROR}) {
+        // The lowest free number is taken; what is open the wrong way round is of no use to anybody.
+        if (fcntl(stream, F_GETFL) < 0)
+            open("/dev/null", stream == STANDARD_INPUT ? O_WRONLY : O_RDONLY);
+    }
+}
+
+bool IsOpen(int stream)
+{
+    const int flags = fcntl(stream, F_GETFL);
+    return flags >= 0 && (flags & O_ACCMODE) != (stream == STANDARD_INPUT ? O_WRONLY : O_RDONLY);
+}
+
+#endif
+
 bool IsTerminal(const QIODevice& device)
 {
     const auto* const file = qobject_cast<const QFileDevice*>(&device);
@@ -198,7 +229,7 @@ std::unique_ptr<QIODevice> OpenForOutput(int stream)
         return std::make_unique<Console>(handle);
 #endif
     auto file = std::make_unique<QFile>();
-    if (!file->open(stream, QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!IsOpen(stream) || !file->open(stream, QIODevice::WriteOnly | QIODevice::Unbuffered))
         return nullptr;
     return file;
 }

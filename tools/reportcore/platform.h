@@ -21,6 +21,13 @@ constexpr int STANDARD_INPUT = 0;
 constexpr int STANDARD_OUTPUT = 1;
 constexpr int STANDARD_ERROR = 2;
 
+/// Keeps the place of each standard stream that isn't open, so that no file gets into it. Called before anything else is
+/// opened.
+void HoldStandardStreams();
+
+/// Whether the stream is open for reading, or those for output for writing.
+bool IsOpen(int stream);
+
 /// Lets the standard streams carry bytes as they are, and Ctrl-C wait while an object of `FileBeingReplaced`
 /// lives. Called once, at the start.
 void PreparePlatform();

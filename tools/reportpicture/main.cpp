@@ -2,10 +2,13 @@
 
 #include <reporttool/program.h>
 
+#include <reportcore/platform.h>
+
 #include <QtGui/QGuiApplication>
 
 int main(int argc, char** argv)
 {
+    ReportCore::HoldStandardStreams();
     ReportTool::DropRemarksOfQt();
     // Drawing needs no screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -10,12 +10,35 @@
 #include <QtCore/QIODevice>
 
 #include <memory>
+#include <utility>
 
 namespace ReportTool {
 
 namespace {
 
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
+
+/// In place of a stream that isn't open: whoever has something to write learns that.
+class ClosedStream : public QIODevice
+{
+public:
+    ClosedStream() { open(WriteOnly | Unbuffered); }
+
+protected:
+    qint64 readData(char* /*bytes*/, qint64 /*size*/) override { return -1; }
+
+    qint64 writeData(const char* /*bytes*/, qint64 /*size*/) override
+    {
+        setErrorString(QStringLiteral("is not open"));
+        return -1;
+    }
+};
+
+std::unique_ptr<QIODevice> StreamOrNone(int stream)
+{
+    std::unique_ptr<QIODevice> device = ReportCore::OpenForOutput(stream);
+    return device ? std::move(device) : std::make_unique<ClosedStream>();
+}
 
 int RunOnStreams(QIODevice& output, QIODevice& errors)
 {
@@ -38,10 +61,8 @@ int RunProgram()
 {
     ReportCore::PreparePlatform();
 
-    const std::unique_ptr<QIODevice> output = ReportCore::OpenForOutput(ReportCore::STANDARD_OUTPUT);
-    const std::unique_ptr<QIODevice> errors = ReportCore::OpenForOutput(ReportCore::STANDARD_ERROR);
-    if (!output || !errors)
-        return EXIT_UNUSABLE;
+    const std::unique_ptr<QIODevice> output = StreamOrNone(ReportCore::STANDARD_OUTPUT);
+    const std::unique_ptr<QIODevice> errors = StreamOrNone(ReportCore::STANDARD_ERROR);
     try {
         return RunOnStreams(*output, *errors);
     } catch (const ReportCore::UnusableFile&) {
