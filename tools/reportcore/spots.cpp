@@ -1,145 +1,10 @@
 #include <reportcore/spots.h>
 
-#include <reportcore/walk.h>
 #include <reportcore/xmlwalk.h>
 
 #include <algorithm>
 
 namespace ReportCore {
-
-/// The pass through XML.
-class XmlSearch
-{
-public:
-    XmlSearch(Spots& spots, const QByteArray& bytes)
-        : m_spots(spots), m_walk(bytes, spots.m_text, [this](const XmlPiece& piece) { Take(piece); })
-    {
-    }
-
-    void Run() { m_walk.Run(); }
-
-private:
-    void Take(const XmlPiece& piece)
-    {
-        switch (piece.kind) {
-        case XmlPiece::Kind::StartTag:
-            break;
-        case XmlPiece::Kind::Attribute:
-        case XmlPiece::Kind::Text:
-            m_spots.Add({m_spots.PlaceOf(piece.valueBegin), piece.path, piece.value});
-            break;
-        case XmlPiece::Kind::EndTag:
-            AddElement(piece);
-            break;
-        case XmlPiece::Kind::Unknown:
-            m_spots.AddEnd(piece.end, {m_spots.PlaceOf(piece.begin), piece.path, QString()}, true);
-            break;
-        }
-    }
-
-    void AddElement(const XmlPiece& piece)
-    {
-        const qint64 start = piece.isObject ? piece.elementBegin : piece.valueBegin;
-        const Spot spot = {m_spots.PlaceOf(start), piece.path, piece.value};
-        m_spots.Add(spot);
-        m_spots.AddEnd(piece.end, spot, piece.isObject);
-    }
-
-    Spots& m_spots;
-    XmlWalk m_walk;
-};
-
-/// The pass through a binary form.
-class BinarySearch
-{
-public:
-    BinarySearch(Spots& spots, const QByteArray& bytes, bool isBinaryFile)
-        : m_spots(spots), m_walk(bytes, isBinaryFile, [this](const WireField& field) { Take(field); })
-    {
-    }
-
-    void Run()
-    {
-        m_walk.Frame();
-        m_spots.m_isCompressed = m_walk.IsCompressed();
-        m_spots.m_bodyOffset = m_walk.BodyOffset();
-        m_isInBody = true;
-        m_walk.Body();
-    }
-
-private:
-    void Take(const WireField& field)
-    {
-        if (!m_isInBody)
-            return;
-        if (field.kind == Kind::Tag)
-            TakeElement(field);
-        if (field.path->IsEmpty())
-            return;
-        if (field.kind == Kind::Length && field.path->IsItem())
-            TakeItem(field);
-        else if (!field.path->Last().field->HasObjects())
-            TakeValue(field);
-    }
-
-    /// The report itself is the root.
-    void TakeElement(const WireField& field)
-    {
-        const Spot spot = SpotOf(field, QString());
-        if (field.path->IsEmpty() || field.path->Last().field->HasObjects())
-            m_spots.Add(spot);
-    }
-
-    void TakeItem(const WireField& field)
-    {
-        const Spot spot = SpotOf(field, QString());
-        m_spots.Add(spot);
-        m_spots.AddEnd(EndOf(field) + static_cast<qint32>(field.bytes.Word()), spot, true);
-    }
-
-    void TakeValue(const WireField& field)
-    {
-        switch (field.kind) {
-        case Kind::SizeOfUtf8:
-        case Kind::SizeOfUtf16:
-            AddValue(field, QLatin1String(""));
-            break;
-        case Kind::Utf8:
-            AddValue(field, field.bytes.Utf8());
-            break;
-        case Kind::Utf16:
-            AddValue(field, field.bytes.Utf16());
-            break;
-        case Kind::Bool:
-            AddValue(field, Describe(field));
-            break;
-        default:
-            break;
-        }
-    }
-
-    /// A text stands behind its size and takes its place.
-    void AddValue(const WireField& field, const QString& value)
-    {
-        const Spot spot = SpotOf(field, value);
-        m_spots.Add(spot);
-        m_spots.AddEnd(EndOf(field), spot, false);
-    }
-
-    Spot SpotOf(const WireField& field, const QString& value) const
-    {
-        return {m_spots.PlaceOf(field.bytes.Offset() - m_spots.m_bodyOffset), *field.path, value};
-    }
-
-    qint64 EndOf(const WireField& field) const
-    {
-        return field.bytes.Offset() + field.bytes.Size() - m_spots.m_bodyOffset;
-    }
-
-    Spots& m_spots;
-    Walk m_walk;
-    bool m_isInBody = false;
-};
 
 void Spots::WantEnd(qint64 end)
 {
@@ -153,13 +18,6 @@ void Spots::WantPath(const FieldPath& path)
         wanted = wanted.Holder();
 }
 
-void Spots::SearchXml(const QByteArray& bytes)
-{
-    TakeText(bytes);
-    if (!m_ends.empty() || !m_paths.empty())
-        XmlSearch(*this, bytes).Run();
-}
-
 void Spots::TakeText(const QByteArray& bytes)
 {
     m_isXml = true;
@@ -171,11 +29,6 @@ void Spots::TakeText(const QByteArray& bytes)
         else if (m_text.at(i).isLowSurrogate())
             m_secondUnits.push_back(i);
     }
-}
-
-void Spots::SearchBinary(const QByteArray& bytes, bool isBinaryFile)
-{
-    BinarySearch(*this, bytes, isBinaryFile).Run();
 }
 
 const Spot* Spots::FindEnd(qint64 end, bool isObject) const

@@ -35,6 +35,12 @@ enum class Kind
     Other
 };
 
+/// Whether it is a number of bytes that follow, with a value that stands for none at all.
+bool IsSize(Kind kind);
+
+/// Whether the word is that value.
+bool IsNull(Kind kind, quint32 word);
+
 /// One field of a binary form.
 struct WireField
 {

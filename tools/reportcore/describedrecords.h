@@ -1,0 +1,109 @@
+#ifndef REPORTCORE_DESCRIBEDRECORDS_H
+#define REPORTCORE_DESCRIBEDRECORDS_H
+
+#include <reportcore/field.h>
+
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/rows.h>
+
+namespace ReportCore {
+
+/// The way to the records of a class's objects.
+template <class Data>
+struct Records
+{
+    using Object = typename REPORTGENERATOR::Description<Data>::Object;
+
+    static const Object& Cast(const REPORTGENERATOR::IRGObject& object)
+    {
+        return static_cast<const Object&>(object);
+    }
+
+    /// What an object without a record counts as.
+    static const Data& Of(const REPORTGENERATOR::IRGObject& object)
+    {
+        const Data* const data = REPORTGENERATOR::RecordAccess::Get(Cast(object));
+        return data ? *data : REPORTGENERATOR::FreshRecord<Data>();
+    }
+
+    /// Gives the object a record of its own like its present one, changed. A record that others may share is never
+    /// touched, only that of a new object.
+    template <class Change>
+    static void Alter(REPORTGENERATOR::IRGObject& object, Change&& change)
+    {
+        Object altered;
+        REPORTGENERATOR::RecordAccess::Init(altered);
+        Data& data = const_cast<Data&>(*REPORTGENERATOR::RecordAccess::Get(altered));
+        CopyRows(Of(object), data);
+        change(data);
+        static_cast<Object&>(object) = altered;
+    }
+
+private:
+    static void CopyRows(const Data& from, Data& to)
+    {
+        to.flags = from.flags;
+        REPORTGENERATOR::ForEachField(REPORTGENERATOR::Description<Data>::ROWS,
+                                      [&](const auto& row) { CopyRow(from, to, row); });
+    }
+
+    template <class Row>
+    static void CopyRow(const Data& from, Data& to, const Row& row)
+    {
+        row.In(to) = row.In(from);
+    }
+
+    template <class D, class Item>
+    static void CopyRow(const Data& from, Data& to, const REPORTGENERATOR::ItemList<D, Item>& row)
+    {
+        row.In(to).Assign(row.In(from).Values());
+    }
+
+    template <class D>
+    static void CopyRow(const Data& from, Data& to, const REPORTGENERATOR::FormatVersion<D>& row)
+    {
+        to.*(row.loaded) = from.*(row.loaded);
+    }
+};
+
+/// The class whose records are `Data`.
+template <class Data>
+const ObjectInfo& InfoOf();
+
+inline FieldKind KindOf(const double& /*value*/)
+{
+    return FieldKind::Number;
+}
+
+inline FieldKind KindOf(const bool& /*value*/)
+{
+    return FieldKind::Switch;
+}
+
+inline FieldKind KindOf(const QString& /*value*/)
+{
+    return FieldKind::Text;
+}
+
+inline bool TakeValue(const QVariant& value, double& number)
+{
+    bool isNumber = false;
+    number = value.toDouble(&isNumber);
+    return isNumber && value.userType() != QMetaType::QString && value.userType() != QMetaType::Bool;
+}
+
+inline bool TakeValue(const QVariant& value, bool& isOn)
+{
+    isOn = value.toBool();
+    return value.userType() == QMetaType::Bool;
+}
+
+inline bool TakeValue(const QVariant& value, QString& text)
+{
+    text = value.toString();
+    return value.userType() == QMetaType::QString;
+}
+
+} // namespace ReportCore
+
+#endif
