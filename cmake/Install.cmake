@@ -6,14 +6,19 @@ set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 # --- Programs
 
-# reporttool looks for reportpicture beside itself.
-foreach(program IN ITEMS reporttool reportpicture)
+# reporttool looks for reportpicture beside itself. Who needs no window gets by without the libraries of windows.
+set(componentOf_reporttool tools)
+set(componentOf_reportpicture tools)
+set(componentOf_reportviewer viewer)
+foreach(program IN ITEMS reporttool reportpicture reportviewer)
     if(TARGET ${program})
         file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
         set_target_properties(${program} PROPERTIES
             OUTPUT_NAME ${program}${REPORTGENERATOR_FILE_SUFFIX}
             INSTALL_RPATH "$ORIGIN/${binToLib}")
-        install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+        install(TARGETS ${program}
+            RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+            COMPONENT ${componentOf_${program}})
     endif()
 endforeach()
 
@@ -22,7 +27,14 @@ endforeach()
 if(TARGET pages_reporttool${REPORTGENERATOR_FILE_SUFFIX})
     install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/man/"
         DESTINATION "${CMAKE_INSTALL_MANDIR}"
-        COMPONENT tools)
+        COMPONENT tools
+        PATTERN "reportviewer*" EXCLUDE)
+    if(TARGET reportviewer)
+        install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/man/"
+            DESTINATION "${CMAKE_INSTALL_MANDIR}"
+            COMPONENT viewer
+            FILES_MATCHING PATTERN "reportviewer*")
+    endif()
     install(DIRECTORY "${REPORTGENERATOR_PAGES_FOLDER}/bash-completion" "${REPORTGENERATOR_PAGES_FOLDER}/fish"
         DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}"
         COMPONENT tools)
@@ -47,6 +59,16 @@ if(TARGET reporttool AND NOT WIN32)
         DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/file/magic"
         RENAME reportgenerator
         COMPONENT types)
+endif()
+
+# By which desktops offer the window for reports.
+if(TARGET reportviewer AND UNIX AND NOT APPLE)
+    set(viewerName "reportviewer${REPORTGENERATOR_FILE_SUFFIX}")
+    configure_file("${PROJECT_SOURCE_DIR}/tools/reportviewer/reportviewer.desktop.in"
+        "${PROJECT_BINARY_DIR}/${viewerName}.desktop" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/${viewerName}.desktop"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/applications"
+        COMPONENT viewer)
 endif()
 
 # --- CMake package

@@ -32,10 +32,14 @@ name_library_package(packageOf_models reportmodels)
 set(packageOf_development "libreportbase${REPORTGENERATOR_FILE_SUFFIX}-dev")
 set(packageOf_tools "reporttool${REPORTGENERATOR_FILE_SUFFIX}")
 set(packageOf_types "reporttool-types")
+set(packageOf_viewer "reportviewer${REPORTGENERATOR_FILE_SUFFIX}")
 set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
 
 set(components runtime models development tools)
+if(TARGET reportviewer)
+    list(APPEND components viewer)
+endif()
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
     list(APPEND components types headers documentation)
@@ -122,9 +126,19 @@ reportgenerator_package(tools utils "show, convert and check reports of radio mo
 # The program is compiled with private headers of the library, so that both are of one version.
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    "${PROJECT_BINARY_DIR}/framework/reportgenerator/reportbase" "${PROJECT_BINARY_DIR}/framework/wendbase")
+    "${PROJECT_BINARY_DIR}/framework/reportgenerator/reportbase" "${PROJECT_BINARY_DIR}/framework/wendbase"
+    "${PROJECT_BINARY_DIR}/framework/reportgenerator/models")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${packageOf_runtime} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS "${packageOf_types}")
+
+if(viewer IN_LIST components)
+    reportgenerator_package(viewer science "window on reports of radio monitoring (${qt})"
+        "This package holds the program that shows reports in every form: their fields,\nthe area on a map, problems and bytes.")
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_RECOMMENDS "${packageOf_types}")
+    string(CONCAT CPACK_DEBIAN_VIEWER_PACKAGE_DEPENDS
+        "${packageOf_runtime} (= ${PROJECT_VERSION}), ${packageOf_models} (= ${PROJECT_VERSION})")
+endif()
 
 reportgenerator_package(development libdevel "report data model of radio monitoring - development (${qt})"
     "This package holds what a program needs to be built with ${qt} by CMake or\npkg-config.")

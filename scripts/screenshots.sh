@@ -14,7 +14,24 @@ command_screenshots() {
         --screenshot "$pictures/settings-dialog.png" "$samples/settings.xml"
     run "${screen[@]}" build/release/bin/settings-dialog \
         --screenshot "$pictures/settings-dialog-problem.png" "$samples/settings.xml" "$samples/incomplete.xml"
+    take_pictures_of_viewer "$pictures" "${screen[@]}"
     rm -f "$pictures/reports.png"
     run build/release/bin/reporttool export examples/reports/*.xml --to png --size 900x500 -o "$pictures/reports.png"
     say "Pictures: $pictures"
+}
+
+# The viewer with a good report, with one whose bytes are looked at, and with one that has a problem.
+take_pictures_of_viewer() {
+    local pictures="$1" viewer=build/release/bin/reportviewer reports=examples/reports folder
+    shift
+    folder="$(mktemp -d)"
+    rm -f "$pictures"/reportviewer*.png
+    build/release/bin/reporttool convert "$reports/fm_broadcast_country.xml" "$folder/country.plain" --to plain
+    sed '0,/<Latitude>/s//&9/' "$reports/airband_emergency_lake.xml" >"$folder/misspelt.xml"
+    # What the program remembers of its windows is not that of whoever takes the pictures.
+    local words=("$@" "XDG_CONFIG_HOME=$folder" "$viewer" --screenshot)
+    run "${words[@]}" "$pictures/reportviewer.png" --field 'area.coordinate[3]' "$reports/fm_broadcast_country.xml"
+    run "${words[@]}" "$pictures/reportviewer-bytes.png" --field 'area.coordinate[3].latitude' "$folder/country.plain"
+    run "${words[@]}" "$pictures/reportviewer-problem.png" --problem "$folder/misspelt.xml"
+    rm -r "$folder"
 }

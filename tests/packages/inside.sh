@@ -41,7 +41,7 @@ expect_as_before() {
     snapshot | diff "$1" - >&2 || fail "$2 leaves something behind"
     if find / -xdev \( -path /proc -o -path /tmp -o -path /packages -o -path /project -o -path /var/lib/apt \
         -o -path /var/cache/apt -o -path /var/log \) -prune -o \
-        \( -name '*reportbase*' -o -name '*reportmodels*' -o -name '*wendbase*' -o -name '*reporttool*' -o -iname '*reportgenerator*' \) -print |
+        \( -name '*reportbase*' -o -name '*reportmodels*' -o -name '*wendbase*' -o -name '*reporttool*' -o -name '*reportviewer*' -o -iname '*reportgenerator*' \) -print |
         grep . >&2; then
         fail "$2 leaves files with its name behind"
     fi
@@ -93,10 +93,22 @@ try_tool() {
     ! "$tool" check /tmp/broken.xml >/dev/null 2>&1 || fail "$tool accepts a broken report"
 }
 
+# The window says its version, and shows a report where there is no screen.
+try_viewer() {
+    local viewer="$1"
+    [[ "$("$viewer" --version)" == *" $version" ]] || fail "$viewer says another version: $("$viewer" --version)"
+    # What it remembers of its user is no part of the package.
+    XDG_CONFIG_HOME=/tmp/config XDG_CACHE_HOME=/tmp/cache QT_QPA_PLATFORM=offscreen "$viewer" --screenshot /tmp/window.png \
+        "$(find /project/reports -name '*.xml' | sort | head -n 1)" 2>/tmp/viewer.log ||
+        { cat /tmp/viewer.log >&2; fail "$viewer shows no report"; }
+    [[ -s /tmp/window.png ]] || fail "$viewer takes no picture"
+    expect_file "/usr/share/applications/$viewer.desktop"
+}
+
 test_runtime() {
     local package
-    for package in "$qt5_library" "$qt5_models" reporttool "$qt6_library" "$qt6_models" reporttool-qt6 \
-        reporttool-types libreportbase-headers libreportbase-doc; do
+    for package in "$qt5_library" "$qt5_models" reporttool reportviewer "$qt6_library" "$qt6_models" reporttool-qt6 \
+        reportviewer-qt6 reporttool-types libreportbase-headers libreportbase-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
@@ -110,6 +122,7 @@ test_runtime() {
                 expect_file /usr/share/file/magic/reportgenerator
                 ;;
             reporttool*) try_tool "$package" ;;
+            reportviewer*) try_viewer "$package" ;;
             libreportbase-headers) expect_file /usr/include/reportgenerator/reportbase/reportbase.h ;;
             libreportbase-doc)
                 expect_file /usr/share/doc/libreportbase-doc/README.md

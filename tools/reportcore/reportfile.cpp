@@ -2,10 +2,15 @@
 
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/reading.h>
+#include <reportcore/reading/telling.h>
+
+#include <reportgenerator/reportbase/reportexception.h>
 
 namespace ReportCore {
 
-void Prepare(const REPORTGENERATOR::ReportBase& report, const std::shared_ptr<ProblemLogger>& logger)
+using REPORTGENERATOR::ReportBase;
+
+void Prepare(const ReportBase& report, const std::shared_ptr<ProblemLogger>& logger)
 {
     report.SetValidate(false);
     report.SetLogger(logger);
@@ -34,6 +39,32 @@ ReportFile ReadReport(const QByteArray& bytes)
             ReadBinaryWithPlaces(bytes, file);
         break;
     }
+    file.report.ResetLogger();
+    return file;
+}
+
+ReportFile CheckReport(const ReportBase& report, const QByteArray& bytes)
+{
+    ReportFile file;
+    file.form = Recognise(bytes);
+    file.size = bytes.size();
+    file.objectName = ReportBase::GetStaticObjectName();
+    file.report = report;
+    const auto logger = std::make_shared<ProblemLogger>();
+    Prepare(file.report, logger);
+    try {
+        file.report.Check(true);
+    } catch (const ReportException& exception) {
+        logger->Catch(exception);
+    }
+    const Remarks checked = logger->Take();
+    const Remarks read;
+    Telling telling(file.report, read, checked, true);
+    if (file.form.IsBinary())
+        telling.Places().SearchBinary(bytes, file.form.isBinaryFile);
+    else
+        telling.Places().SearchXml(bytes);
+    file.problems = telling.Tell();
     file.report.ResetLogger();
     return file;
 }

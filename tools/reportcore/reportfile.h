@@ -43,6 +43,10 @@ struct ReportFile
 /// once more, to find out where.
 ReportFile ReadReport(const QByteArray& bytes);
 
+/// The same of a report that stands in these bytes already, as `WriteUnchecked` has written it. What the library's check
+/// says of it are its problems: some of what isn't set looks in a file as though it were.
+ReportFile CheckReport(const REPORTGENERATOR::ReportBase& report, const QByteArray& bytes);
+
 } // namespace ReportCore
 
 #endif

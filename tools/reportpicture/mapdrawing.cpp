@@ -34,6 +34,18 @@ constexpr double ROOM = 0.08;
 /// Of a map that shows a single point, in degrees.
 constexpr double LEAST_EXTENT = 0.02;
 
+/// So that their labels stand beside each other, in pixels.
+constexpr double LEAST_BETWEEN_LONGITUDES = 60.0;
+
+/// The distance of lines on a map that shows so many degrees, each of so many pixels.
+double StepFor(double degrees, double pixelsOfDegree, double leastPixels)
+{
+    double step = GraticuleStep(degrees);
+    for (double more = 2.0 * degrees; step * pixelsOfDegree < leastPixels && more < TURN * TURN; more *= 2.0)
+        step = GraticuleStep(more);
+    return step;
+}
+
 } // namespace
 
 const QColor& Ink()
@@ -74,7 +86,7 @@ void DrawGraticule(QPainter& painter, const MapScale& scale)
     const double south = std::max(scale.South(), -POLE);
     const double north = std::min(scale.North(), POLE);
     const double width = scale.East() - scale.West();
-    const double longitudeStep = GraticuleStep(width);
+    const double longitudeStep = StepFor(width, frame.width() / width, LEAST_BETWEEN_LONGITUDES);
     for (double i = std::ceil(scale.West() / longitudeStep); i * longitudeStep <= scale.East(); i += 1.0) {
         const double longitude = i * longitudeStep;
         const double x = scale.At({longitude, 0.0}).x();
@@ -84,7 +96,8 @@ void DrawGraticule(QPainter& painter, const MapScale& scale)
         painter.drawText(QRectF(x - LABELS_LEFT, frame.bottom(), 2.0 * LABELS_LEFT, LABELS_BELOW),
                          Qt::AlignCenter, LongitudeText(longitude));
     }
-    const double latitudeStep = GraticuleStep(std::max(north - south, width / TURN));
+    const double latitudeStep =
+        StepFor(std::max(north - south, width / TURN), frame.height() / (scale.North() - scale.South()), ROW);
     for (double i = std::ceil(south / latitudeStep); i * latitudeStep <= north; i += 1.0) {
         const double y = scale.At({0.0, i * latitudeStep}).y();
         painter.setPen(line);

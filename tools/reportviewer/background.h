@@ -1,0 +1,53 @@
+#ifndef REPORTVIEWER_BACKGROUND_H
+#define REPORTVIEWER_BACKGROUND_H
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+
+namespace ReportViewer {
+
+/// Thrown through work that nobody waits for any more.
+struct Cancelled
+{
+};
+
+/// Does one work after the other in a thread of its own. What it has come to is handed over in the thread in which the
+/// object lives; a work that was cancelled hands over nothing, and runs on only until it tells its next step.
+class Background : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Called in the work's thread.
+    using Steps = std::function<void(const QString& step, int percent)>;
+
+    /// Called in the object's thread.
+    using Outcome = std::function<void()>;
+    using Work = std::function<Outcome(const Steps& steps)>;
+
+    explicit Background(QObject* parent = nullptr);
+    ~Background() override;
+
+    /// Cancels the work under way and begins another.
+    void Start(const Work& work);
+    void Cancel();
+    bool IsBusy() const { return m_link != nullptr; }
+
+Q_SIGNALS:
+    void Progressed(const QString& step, int percent);
+
+private:
+    struct Link;
+
+    static void Run(const std::shared_ptr<Link>& link, const Work& work);
+    void Take(const std::shared_ptr<Link>& link, const Outcome& outcome);
+
+    std::shared_ptr<Link> m_link;
+};
+
+} // namespace ReportViewer
+
+#endif

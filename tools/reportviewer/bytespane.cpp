@@ -1,0 +1,161 @@
+#include <reportviewer/bytespane.h>
+
+#include <reportviewer/hexview.h>
+#include <reportviewer/textview.h>
+
+#include <QAction>
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+
+namespace ReportViewer {
+
+using ReportCore::FieldPath;
+using ReportCore::FilePlace;
+
+BytesPane::BytesPane(QWidget* parent)
+    : QWidget(parent), m_contents(std::make_shared<Contents>()), m_title(new QLabel(this)),
+      m_views(new QStackedWidget(this)), m_hex(new HexView(this)), m_text(new TextView(this)),
+      m_packed(new QAction(tr("Show Pac&ked Bytes"), this))
+{
+    m_hex->setObjectName(QStringLiteral("hex"));
+    m_hex->setAccessibleName(tr("Bytes of the file"));
+    m_text->setObjectName(QStringLiteral("text"));
+    m_text->setAccessibleName(tr("Text of the file"));
+    m_packed->setCheckable(true);
+    m_packed->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    m_packed->setToolTip(tr("The bytes of the file instead of what they unpack to"));
+    m_views->addWidget(m_hex);
+    m_views->addWidget(m_text);
+
+    auto* const button = new QToolButton(this);
+    button->setDefaultAction(m_packed);
+    button->setFocusPolicy(Qt::TabFocus);
+    auto* const head = new QHBoxLayout;
+    head->addWidget(m_title, 1);
+    head->addWidget(button);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(head);
+    layout->addWidget(m_views);
+    connect(m_packed, &QAction::changed, button,
+            [this, button] { button->setVisible(m_packed->isEnabled()); });
+    connect(m_packed, &QAction::toggled, this, &BytesPane::ShowRightView);
+    for (RowView* const view : {static_cast<RowView*>(m_hex), static_cast<RowView*>(m_text)}) {
+        connect(view, &RowView::CursorMoved, this, &BytesPane::FollowCursor);
+        connect(view, &RowView::Activated, this, &BytesPane::FieldActivated);
+    }
+    SetContents(m_contents);
+}
+
+RowView* BytesPane::View() const
+{
+    return static_cast<RowView*>(m_views->currentWidget());
+}
+
+void BytesPane::SetContents(const ContentsPointer& contents)
+{
+    m_contents = contents;
+    m_text->SetContents(contents);
+    m_packed->setEnabled(contents->IsUnpacked());
+    if (!contents->IsUnpacked())
+        m_packed->setChecked(false);
+    ShowRightView();
+}
+
+void BytesPane::ShowRightView()
+{
+    if (m_contents->IsText()) {
+        m_title->setText(tr("Text"));
+        m_hex->SetBytes(QByteArray());
+        m_views->setCurrentWidget(m_text);
+        setFocusProxy(m_text);
+        return;
+    }
+    const bool isUnpacked = m_contents->IsUnpacked() && !m_packed->isChecked();
+    const QByteArray& bytes = isUnpacked ? m_contents->unpacked : m_contents->bytes;
+    m_title->setText((isUnpacked ? tr("%1 unpacked bytes") : tr("%1 bytes")).arg(bytes.size()));
+    m_hex->SetBytes(bytes);
+    m_views->setCurrentWidget(m_hex);
+    setFocusProxy(m_hex);
+}
+
+/// Whether the view shows what the fields stand in.
+bool BytesPane::HasFields() const
+{
+    return !m_packed->isChecked();
+}
+
+void BytesPane::ShowField(const FieldPath& path)
+{
+    m_packed->setChecked(false);
+    FieldPath next = path;
+    std::optional<Span> span = m_contents->fields.Find(next);
+    while (!span && !next.IsEmpty()) {
+        next = next.Holder();
+        span = m_contents->fields.Find(next);
+    }
+    if (span)
+        View()->ShowMark(*span);
+    else
+        View()->SetMark({});
+}
+
+void BytesPane::ShowPlace(const FilePlace& place)
+{
+    if (!place.IsKnown())
+        return;
+    if (m_contents->IsText()) {
+        const qint64 at = m_contents->rows.PlaceOf(m_contents->text, place.line, place.column);
+        m_text->SetMark(MarkAt(at));
+        m_text->SetCursor(at);
+        return;
+    }
+    m_packed->setChecked(m_contents->IsUnpacked() && !place.isUncompressed);
+    View()->SetMark(MarkAt(place.offset));
+    View()->SetCursor(place.offset);
+}
+
+/// The field around the place, or only what is there.
+Span BytesPane::MarkAt(qint64 place) const
+{
+    if (HasFields()) {
+        const auto path = m_contents->fields.PathAt(place);
+        // The whole report would be no help.
+        if (path && !path->IsEmpty())
+            return *m_contents->fields.Find(*path);
+    }
+    return {place, place + 1};
+}
+
+void BytesPane::FollowCursor(qint64 place)
+{
+    Q_EMIT PlaceChosen(PlaceTextOf(place));
+    View()->SetMark(MarkAt(place));
+    const auto path = HasFields() ? m_contents->fields.PathAt(place) : std::nullopt;
+    Q_EMIT FieldChosen(path ? path->Text() : QString());
+}
+
+QString BytesPane::PlaceTextOf(qint64 place) const
+{
+    FilePlace found;
+    if (m_contents->IsText()) {
+        found.line = m_contents->rows.LineOf(place);
+        const qint64 begin = m_contents->rows.PlaceOf(m_contents->text, found.line, 1);
+        const QString before = m_contents->text.mid(static_cast<int>(begin), static_cast<int>(place - begin));
+        const auto halves =
+            std::count_if(before.begin(), before.end(), [](QChar each) { return each.isLowSurrogate(); });
+        found.column = place - begin - halves + 1;
+    } else {
+        found.offset = place;
+        found.isUncompressed = m_contents->IsUnpacked() && HasFields();
+    }
+    return ReportCore::PlaceText(found);
+}
+
+} // namespace ReportViewer

@@ -1,0 +1,115 @@
+#include <reportviewer/contents.h>
+
+#include <reportcore/doubts.h>
+#include <reportcore/reportwriting.h>
+#include <reportcore/walk.h>
+#include <reportcore/xmlwalk.h>
+
+#include <algorithm>
+
+namespace ReportViewer {
+
+namespace {
+
+// How far reading has come when a step begins, in percent. Reading the file itself comes before.
+
+constexpr int READING = 20;
+constexpr int DOUBTING = 45;
+constexpr int MAPPING = 60;
+constexpr int DRAWING = 95;
+
+/// Tells how far the finding of fields has got, not for each of them.
+class MappingSteps
+{
+public:
+    MappingSteps(const ReadingSteps& steps, qint64 size) : m_steps(&steps), m_size(std::max<qint64>(size, 1))
+    {
+    }
+
+    void Reach(qint64 place)
+    {
+        constexpr int PIECES = 4096;
+        if (m_pieces++ % PIECES == 0)
+            (*m_steps)(QStringLiteral("Finding the fields"),
+                       MAPPING + static_cast<int>((DRAWING - MAPPING) * std::min(place, m_size) / m_size));
+    }
+
+private:
+    const ReadingSteps* m_steps;
+    qint64 m_size;
+    int m_pieces = 0;
+};
+
+void MapText(Contents& contents, const ReadingSteps& steps)
+{
+    contents.text = ReportCore::DecodeXml(contents.bytes);
+    contents.rows = TextRows(contents.text);
+    MappingSteps reached(steps, contents.text.size());
+    ReportCore::XmlWalk walk(contents.bytes, contents.text, [&](const ReportCore::XmlPiece& piece) {
+        reached.Reach(piece.end);
+        if (piece.kind != ReportCore::XmlPiece::Kind::Unknown)
+            contents.fields.Take(piece.path, {piece.begin, piece.end});
+    });
+    walk.Run();
+}
+
+void MapBytes(Contents& contents, const ReadingSteps& steps)
+{
+    bool isInBody = false;
+    MappingSteps reached(steps, contents.bytes.size());
+    ReportCore::Walk walk(contents.bytes, contents.file.form.isBinaryFile,
+                          [&](const ReportCore::WireField& field) {
+                              const qint64 begin = field.bytes.Offset();
+                              reached.Reach(begin);
+                              if (isInBody && !field.bytes.IsEmpty())
+                                  contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
+                          });
+    walk.Frame();
+    isInBody = true;
+    if (walk.IsCompressed()) {
+        const QByteArray body = walk.BodyBytes();
+        contents.unpacked = QByteArray(body.constData(), body.size());
+        reached = MappingSteps(steps, body.size());
+    }
+    walk.Body();
+}
+
+/// All but the report, which is there already.
+void Complete(Contents& contents, const ReadingSteps& steps)
+{
+    steps(QStringLiteral("Looking for doubts"), DOUBTING);
+    contents.doubts = ReportCore::FindDoubts(contents.bytes, contents.file, ReportCore::Look::Thorough);
+    steps(QStringLiteral("Finding the fields"), MAPPING);
+    if (contents.IsText())
+        MapText(contents, steps);
+    else if (contents.file.form.IsBinary())
+        MapBytes(contents, steps);
+    contents.fields.Finish();
+    steps(QStringLiteral("Drawing the area"), DRAWING);
+    contents.outline = OutlineOf(contents.file.report);
+}
+
+} // namespace
+
+ContentsPointer ReadContents(const QByteArray& bytes, const ReadingSteps& steps)
+{
+    const auto contents = std::make_shared<Contents>();
+    contents->bytes = bytes;
+    steps(QStringLiteral("Reading the report"), READING);
+    contents->file = ReportCore::ReadReport(bytes);
+    Complete(*contents, steps);
+    return contents;
+}
+
+ContentsPointer DraftContents(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form,
+                              const ReadingSteps& steps)
+{
+    const auto contents = std::make_shared<Contents>();
+    steps(QStringLiteral("Checking the report"), READING);
+    contents->bytes = ReportCore::WriteUnchecked(report, form, -1);
+    contents->file = ReportCore::CheckReport(report, contents->bytes);
+    Complete(*contents, steps);
+    return contents;
+}
+
+} // namespace ReportViewer

@@ -1,0 +1,141 @@
+#include <reportviewer/document.h>
+
+#include <reportcore/files.h>
+#include <reportcore/reportwriting.h>
+
+#include <reportgenerator/reportbase/reportexception.h>
+
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+
+namespace ReportViewer {
+
+using ReportCore::FileForm;
+using ReportCore::UnusableFile;
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+/// Of loading a file, in percent, when all its bytes are there.
+constexpr int READ = 20;
+
+QByteArray ReadFile(const QString& name, const Background::Steps& steps)
+{
+    const QString step = QStringLiteral("Reading the file");
+    steps(step, 0);
+    const QFileInfo info(name);
+    // What is no file may never end, or never begin.
+    if (info.exists() && !info.isFile() && !info.isDir())
+        throw UnusableFile{name, QStringLiteral("is no file")};
+    return ReportCore::ReadInput(name, [&](qint64 read, qint64 size) {
+        steps(step, size > 0 ? static_cast<int>(READ * std::min(read, size) / size) : READ);
+    });
+}
+
+ContentsPointer EmptyContents()
+{
+    return std::make_shared<Contents>();
+}
+
+} // namespace
+
+Document::Document(QObject* parent) : QObject(parent), m_contents(EmptyContents())
+{
+    connect(&m_loading, &Background::Progressed, this, &Document::Progressed);
+}
+
+void Document::Open(const QString& name)
+{
+    m_loading.Start([this, name](const Background::Steps& steps) -> Background::Outcome {
+        try {
+            const Stamp stamp = StampOf(name);
+            const ContentsPointer contents = ReadContents(ReadFile(name, steps), steps);
+            return [this, name, contents, stamp] { Show(name, contents, stamp); };
+        } catch (const UnusableFile& unusable) {
+            const QString text = QStringLiteral("%1: %2").arg(name, unusable.text);
+            return [this, text] { Q_EMIT OpeningFailed(text); };
+        }
+    });
+}
+
+void Document::Clear()
+{
+    m_loading.Cancel();
+    Show(QString(), EmptyContents(), Stamp());
+}
+
+void Document::CancelLoading()
+{
+    m_loading.Cancel();
+}
+
+void Document::Show(const QString& name, const ContentsPointer& contents, const Stamp& stamp)
+{
+    m_following.Cancel();
+    m_name = name;
+    m_contents = contents;
+    m_stamp = stamp;
+    m_wasDamaged = !name.isEmpty() && !contents->file.IsGood();
+    m_savedForm.reset();
+    Q_EMIT Opened();
+    Q_EMIT ContentsChanged();
+}
+
+void Document::Follow(const ReportBase& report)
+{
+    const FileForm form = Form();
+    m_following.Start(
+        [this, form, copy = ReportBase(report)](const Background::Steps& steps) -> Background::Outcome {
+            try {
+                const ContentsPointer contents = DraftContents(copy, form, steps);
+                return [this, contents] {
+                    m_contents = contents;
+                    Q_EMIT ContentsChanged();
+                };
+            } catch (const ReportException&) {
+                // What is shown stays.
+                return [] {};
+            }
+        });
+}
+
+QString Document::Save(const ReportBase& report, const QString& name, const FileForm& form)
+{
+    try {
+        ReportCore::WriteOutput(name, ReportCore::WriteWhole(ReportBase(report), form, -1));
+    } catch (const ReportCore::NotWritten& refused) {
+        return refused.text;
+    } catch (const UnusableFile& unusable) {
+        return QStringLiteral("%1: %2").arg(unusable.file, unusable.text);
+    }
+    m_loading.Cancel();
+    m_name = name;
+    m_stamp = StampOf(name);
+    m_wasDamaged = false;
+    m_savedForm = form;
+    Q_EMIT Saved();
+    Follow(report);
+    return QString();
+}
+
+bool Document::HasFileChanged() const
+{
+    return !m_name.isEmpty() && QFileInfo::exists(m_name) && !StampOf(m_name).Is(m_stamp);
+}
+
+FileForm Document::Form() const
+{
+    if (m_savedForm)
+        return *m_savedForm;
+    const FileForm& form = m_contents->file.form;
+    return form.form == ReportCore::Form::Unknown ? FileForm{ReportCore::Form::Xml, false} : form;
+}
+
+Document::Stamp Document::StampOf(const QString& name)
+{
+    const QFileInfo info(name);
+    return {info.lastModified(), info.exists() ? info.size() : -1};
+}
+
+} // namespace ReportViewer

@@ -1,0 +1,95 @@
+#ifndef REPORTVIEWER_DOCUMENT_H
+#define REPORTVIEWER_DOCUMENT_H
+
+#include <reportviewer/background.h>
+#include <reportviewer/contents.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDateTime>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace ReportViewer {
+
+/// A report file: loaded in the background, followed through changes, and saved.
+class Document : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Document(QObject* parent = nullptr);
+
+    /// Begins to load a file. Whatever was being loaded before is dropped; what is shown stays until the file is there.
+    void Open(const QString& name);
+
+    /// A report with nothing in it and no file.
+    void Clear();
+
+    void CancelLoading();
+    bool IsLoading() const { return m_loading.IsBusy(); }
+
+    /// The report has been changed to this one: bytes, problems and outline follow in the background.
+    void Follow(const REPORTGENERATOR::ReportBase& report);
+    bool IsFollowing() const { return m_following.IsBusy(); }
+
+    /// Saves the report. Returns why it could not be done, in words; nothing when it is done. Then the document is that
+    /// of the file.
+    QString Save(const REPORTGENERATOR::ReportBase& report, const QString& name,
+                 const ReportCore::FileForm& form);
+
+    /// Whether there is a file, and it is another one than was loaded or saved last.
+    bool HasFileChanged() const;
+
+    /// Whether the file had problems when it was loaded, so that the report may lack something of it.
+    bool WasDamaged() const { return m_wasDamaged; }
+
+    /// Empty for a report that has no file yet.
+    const QString& FileName() const { return m_name; }
+
+    /// In which it is saved unless another one is asked for.
+    ReportCore::FileForm Form() const;
+
+    /// Never null.
+    const ContentsPointer& Shown() const { return m_contents; }
+
+Q_SIGNALS:
+    void Progressed(const QString& step, int percent);
+
+    /// Another file is shown.
+    void Opened();
+
+    /// The file could not be loaded; what was shown before is still there.
+    void OpeningFailed(const QString& text);
+
+    void Saved();
+
+    /// Bytes, problems and outline are others than before.
+    void ContentsChanged();
+
+private:
+    /// What tells whether a file has been changed by somebody else.
+    struct Stamp
+    {
+        QDateTime time;
+        qint64 size = -1;
+
+        bool Is(const Stamp& other) const { return time == other.time && size == other.size; }
+    };
+
+    static Stamp StampOf(const QString& name);
+    void Show(const QString& name, const ContentsPointer& contents, const Stamp& stamp);
+
+    Background m_loading;
+    Background m_following;
+    QString m_name;
+    Stamp m_stamp;
+    bool m_wasDamaged = false;
+    std::optional<ReportCore::FileForm> m_savedForm;
+    ContentsPointer m_contents;
+};
+
+} // namespace ReportViewer
+
+#endif

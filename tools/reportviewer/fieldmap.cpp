@@ -1,0 +1,120 @@
+#include <reportviewer/fieldmap.h>
+
+#include <algorithm>
+#include <functional>
+#include <numeric>
+#include <tuple>
+
+namespace ReportViewer {
+
+using ReportCore::FieldPath;
+
+std::vector<FieldMap::Level> FieldMap::LevelsOf(const FieldPath& path)
+{
+    std::vector<Level> levels;
+    for (int i = 0; i < path.Size(); ++i) {
+        const FieldPath::Step& step = path.At(i);
+        levels.push_back({step.field, FieldPath::WHOLE});
+        if (step.index != FieldPath::WHOLE)
+            levels.push_back({step.field, step.index});
+    }
+    return levels;
+}
+
+void FieldMap::Take(const FieldPath& path, const Span& piece)
+{
+    // What begins in front of something that was there before is no part of the order.
+    if (!m_nodes.empty() && piece.begin < m_nodes.back().span.begin)
+        return;
+    if (m_open.empty())
+        Open({}, piece);
+    const std::vector<Level> levels = LevelsOf(path);
+    std::size_t depth = 0;
+    while (depth < levels.size() && depth + 1 < m_open.size() &&
+           At(m_open[depth + 1]).level.Is(levels[depth]))
+        ++depth;
+    m_open.resize(depth + 1);
+    for (; depth < levels.size(); ++depth)
+        Open(levels[depth], piece);
+    for (const int node : m_open)
+        At(node).span.end = std::max(At(node).span.end, piece.end);
+}
+
+void FieldMap::Open(const Level& level, const Span& piece)
+{
+    const int parent = m_open.empty() ? NOTHING : m_open.back();
+    m_open.push_back(static_cast<int>(m_nodes.size()));
+    m_nodes.push_back({parent, level, piece});
+}
+
+void FieldMap::Finish()
+{
+    m_open.clear();
+    m_sorted.resize(m_nodes.size());
+    std::iota(m_sorted.begin(), m_sorted.end(), 0);
+    std::sort(m_sorted.begin(), m_sorted.end(),
+              [this](int left, int right) { return ComesBefore(left, right); });
+}
+
+bool FieldMap::ComesBefore(int left, int right) const
+{
+    const Node& a = At(left);
+    const Node& b = At(right);
+    if (a.parent != b.parent || a.level.field == b.level.field)
+        return std::tie(a.parent, a.level.index, left) < std::tie(b.parent, b.level.index, right);
+    return std::less<>()(a.level.field, b.level.field);
+}
+
+std::optional<Span> FieldMap::Find(const FieldPath& path) const
+{
+    if (m_nodes.empty())
+        return std::nullopt;
+    int node = 0;
+    for (const Level& level : LevelsOf(path)) {
+        node = FindChild(node, level);
+        if (node == NOTHING)
+            return std::nullopt;
+    }
+    return At(node).span;
+}
+
+int FieldMap::FindChild(int parent, const Level& level) const
+{
+    const auto isBehind = [this](const Node& wanted, int node) {
+        const Node& each = At(node);
+        if (wanted.parent != each.parent)
+            return wanted.parent < each.parent;
+        if (wanted.level.field != each.level.field)
+            return std::less<>()(wanted.level.field, each.level.field);
+        return wanted.level.index < each.level.index;
+    };
+    const auto behind = std::upper_bound(m_sorted.begin(), m_sorted.end(), Node{parent, level, {}}, isBehind);
+    if (behind == m_sorted.begin())
+        return NOTHING;
+    const int found = *(behind - 1);
+    return At(found).parent == parent && At(found).level.Is(level) ? found : NOTHING;
+}
+
+std::optional<FieldPath> FieldMap::PathAt(qint64 place) const
+{
+    const auto behind =
+        std::upper_bound(m_nodes.begin(), m_nodes.end(), place,
+                         [](qint64 wanted, const Node& node) { return wanted < node.span.begin; });
+    int node = static_cast<int>(behind - m_nodes.begin()) - 1;
+    while (node != NOTHING && !At(node).span.Holds(place))
+        node = At(node).parent;
+    if (node == NOTHING)
+        return std::nullopt;
+    std::vector<Level> levels;
+    for (; At(node).parent != NOTHING; node = At(node).parent) {
+        levels.push_back(At(node).level);
+        if (At(node).level.index != FieldPath::WHOLE)
+            node = At(node).parent;
+    }
+    FieldPath path;
+    for (auto level = levels.rbegin(); level != levels.rend(); ++level)
+        path.Enter(*level->field, level->index);
+    return path;
+}
+
+} // namespace ReportViewer

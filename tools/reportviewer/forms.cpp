@@ -1,0 +1,41 @@
+#include <reportviewer/forms.h>
+
+#include <algorithm>
+
+namespace ReportViewer {
+
+using ReportCore::FileForm;
+using ReportCore::Form;
+
+const std::vector<NamedForm>& AllForms()
+{
+    static const std::vector<NamedForm> forms = {
+        {{Form::Xml, false}, "XML", "xml"},
+        {{Form::Plain, false}, "Plain", "plain"},
+        {{Form::Compressed, false}, "Compressed", "compressed"},
+        {{Form::Plain, true}, "Binary file", "file"},
+        {{Form::Compressed, true}, "Compressed binary file", "file"},
+    };
+    return forms;
+}
+
+const NamedForm* FindForm(const FileForm& form)
+{
+    const auto found = std::find_if(AllForms().begin(), AllForms().end(), [&form](const NamedForm& each) {
+        return each.form.form == form.form && each.form.isBinaryFile == form.isBinaryFile;
+    });
+    return found == AllForms().end() ? nullptr : &*found;
+}
+
+QString FormText(const FileForm& form)
+{
+    const NamedForm* const found = FindForm(form);
+    return found ? QLatin1String(found->name) : QStringLiteral("Unknown form");
+}
+
+QString FilterOf(const NamedForm& form)
+{
+    return QStringLiteral("%1 (*.%2)").arg(QLatin1String(form.name), QLatin1String(form.suffix));
+}
+
+} // namespace ReportViewer

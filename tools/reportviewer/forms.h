@@ -1,0 +1,33 @@
+#ifndef REPORTVIEWER_FORMS_H
+#define REPORTVIEWER_FORMS_H
+
+#include <reportcore/form.h>
+
+#include <QtCore/QString>
+
+#include <vector>
+
+namespace ReportViewer {
+
+/// A form in which reports are saved.
+struct NamedForm
+{
+    ReportCore::FileForm form;
+    const char* name;   ///< for people: "compressed"
+    const char* suffix; ///< of its files' names, without a point
+};
+
+const std::vector<NamedForm>& AllForms();
+
+/// Null for what can only be read.
+const NamedForm* FindForm(const ReportCore::FileForm& form);
+
+/// For people, of every file.
+QString FormText(const ReportCore::FileForm& form);
+
+/// As file dialogs take it: "XML (*.xml)".
+QString FilterOf(const NamedForm& form);
+
+} // namespace ReportViewer
+
+#endif

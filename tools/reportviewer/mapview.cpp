@@ -1,0 +1,254 @@
+#include <reportviewer/mapview.h>
+
+#include <reportviewer/clipping.h>
+
+#include <reportpicture/mapdrawing.h>
+
+#include <QtGui/QPainter>
+#include <QtGui/QPolygonF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ReportViewer {
+
+using ReportCore::Geometry;
+using ReportCore::Point;
+using ReportPicture::MapScale;
+
+namespace {
+
+constexpr double TURN = 360.0;
+
+// In pixels
+
+constexpr double MARGIN = 12.0;
+constexpr double OUTSIDE = 50.0;
+constexpr double MARK_RADIUS = 6.0;
+constexpr double DOT_RADIUS = 2.5;
+constexpr double DISTANCE_OF_DOTS = 12.0;
+constexpr int NARROWEST = 20;
+
+const QRectF& WholeEarth()
+{
+    static const QRectF box = ReportPicture::BoxAround(QPolygonF());
+    return box;
+}
+
+QPolygonF PointsOf(const Geometry& geometry)
+{
+    QPolygonF points;
+    for (const auto& part : geometry.parts) {
+        for (const Point& point : part)
+            points << QPointF(point.longitude, point.latitude);
+    }
+    return points;
+}
+
+} // namespace
+
+MapView::MapView(QWidget* parent)
+    : QWidget(parent), m_contents(std::make_shared<Contents>()),
+      m_scale(WholeEarth(), QRectF(0.0, 0.0, 100.0, 100.0))
+{
+    setObjectName(QStringLiteral("map"));
+    setAccessibleName(tr("Map of the area"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize(160, 120);
+}
+
+QSize MapView::sizeHint() const
+{
+    return {460, 340};
+}
+
+void MapView::SetContents(const ContentsPointer& contents)
+{
+    m_marked = -1;
+    m_isFitted = true;
+    Renew(contents);
+}
+
+void MapView::Renew(const ContentsPointer& contents)
+{
+    m_contents = contents;
+    m_middle = ReportPicture::BoxAround(PointsOf(m_contents->outline.geometry)).center().x();
+    if (m_isFitted)
+        FitArea();
+    update();
+}
+
+QRectF MapView::Frame() const
+{
+    return QRectF(QPointF(ReportPicture::LABELS_LEFT, MARGIN),
+                  QPointF(std::max<double>(width() - MARGIN, ReportPicture::LABELS_LEFT + NARROWEST),
+                          std::max<double>(height() - ReportPicture::LABELS_BELOW, MARGIN + NARROWEST)));
+}
+
+void MapView::FitArea()
+{
+    m_isFitted = true;
+    m_scale = MapScale(ReportPicture::BoxAround(PointsOf(m_contents->outline.geometry)), Frame());
+    update();
+}
+
+void MapView::SetScale(const MapScale& scale)
+{
+    m_isFitted = false;
+    m_scale = scale;
+    update();
+}
+
+void MapView::Enlarge(double factor)
+{
+    EnlargeAround(factor, m_scale.Frame().center());
+}
+
+void MapView::EnlargeAround(double factor, const QPointF& around)
+{
+    // From some turns around the earth down to a metre.
+    constexpr double SMALLEST = 0.002;
+    constexpr double LARGEST = 1e6;
+    const double pixels = m_scale.PixelsOfKilometre() * factor;
+    if (pixels >= SMALLEST && pixels <= LARGEST)
+        SetScale(m_scale.Enlarged(factor, around));
+}
+
+void MapView::Move(const QPoint& pixels)
+{
+    SetScale(m_scale.MovedBy(pixels));
+}
+
+const Outline::Item* MapView::FindItem(int index) const
+{
+    const auto& items = m_contents->outline.items;
+    const auto found =
+        std::lower_bound(items.begin(), items.end(), index,
+                         [](const Outline::Item& item, int wanted) { return item.index < wanted; });
+    return found == items.end() || found->index != index ? nullptr : &*found;
+}
+
+QPointF MapView::PlaceOf(const Point& point) const
+{
+    const double turns = std::round((m_middle - point.longitude) / TURN);
+    return m_scale.At({point.longitude + turns * TURN, point.latitude});
+}
+
+void MapView::MarkPoint(int index)
+{
+    m_marked = index;
+    if (const Outline::Item* const item = FindItem(index)) {
+        const QPointF place = PlaceOf(item->point);
+        if (!m_scale.Frame().contains(place))
+            SetScale(m_scale.MovedBy(m_scale.Frame().center() - place));
+    }
+    update();
+}
+
+void MapView::ChooseNext(int direction)
+{
+    const auto& items = m_contents->outline.items;
+    if (items.empty())
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(items.size());
+    const Outline::Item* const marked = FindItem(m_marked);
+    std::ptrdiff_t next = direction > 0 ? 0 : count - 1;
+    if (marked)
+        next = (marked - items.data() + direction + count) % count;
+    Choose(items[static_cast<std::size_t>(next)]);
+}
+
+void MapView::Choose(const Outline::Item& item)
+{
+    MarkPoint(item.index);
+    TellPointAt(PlaceOf(item.point));
+    Q_EMIT PointChosen(item.index);
+}
+
+/// The nearest one that a pointer could mean.
+const Outline::Item* MapView::ItemNear(const QPointF& place) const
+{
+    constexpr double REACH = 12.0;
+    const Outline::Item* nearest = nullptr;
+    double least = REACH;
+    for (const Outline::Item& item : m_contents->outline.items) {
+        const QPointF way = PlaceOf(item.point) - place;
+        const double distance = std::hypot(way.x(), way.y());
+        if (distance < least) {
+            least = distance;
+            nearest = &item;
+        }
+    }
+    return nearest;
+}
+
+void MapView::TellPointAt(const QPointF& place)
+{
+    const Point point = m_scale.PointAt(place);
+    if (!m_scale.Frame().contains(place) || std::abs(point.latitude) > WholeEarth().bottom()) {
+        Q_EMIT Hovered(QString());
+        return;
+    }
+    constexpr double DECIMALS = 1e5;
+    const auto rounded = [](double degrees) { return std::round(degrees * DECIMALS) / DECIMALS; };
+    Q_EMIT Hovered(ReportPicture::LatitudeText(rounded(point.latitude)) + QStringLiteral(", ") +
+                   ReportPicture::LongitudeText(rounded(point.longitude)));
+}
+
+void MapView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), Qt::white);
+    ReportPicture::DrawGraticule(painter, m_scale);
+    painter.save();
+    painter.setClipRect(m_scale.Frame());
+    DrawOutline(painter);
+    DrawMarked(painter);
+    painter.restore();
+    painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : ReportPicture::Ink(),
+                        hasFocus() ? 2.0 : 1.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(m_scale.Frame());
+    ReportPicture::DrawScaleBar(painter, m_scale);
+}
+
+void MapView::DrawOutline(QPainter& painter) const
+{
+    const Geometry& geometry = m_contents->outline.geometry;
+    const QRectF seen = m_scale.Frame().adjusted(-OUTSIDE, -OUTSIDE, OUTSIDE, OUTSIDE);
+    const QColor colour = ReportPicture::ColourOf(0);
+    for (const auto& part : geometry.parts) {
+        QPolygonF outline = Thinned(ReportPicture::OnMap(part, m_scale));
+        if (geometry.shape == Geometry::Shape::Area)
+            outline = ClippedArea(outline, seen);
+        if (!outline.isEmpty())
+            ReportPicture::DrawShape(painter, geometry.shape, outline, colour);
+    }
+    painter.setBrush(colour);
+    painter.setPen(Qt::NoPen);
+    QPointF last(-OUTSIDE, -OUTSIDE);
+    for (const Outline::Item& item : m_contents->outline.items) {
+        const QPointF place = PlaceOf(item.point);
+        const QPointF way = place - last;
+        if (!m_scale.Frame().contains(place) ||
+            std::max(std::abs(way.x()), std::abs(way.y())) < DISTANCE_OF_DOTS)
+            continue;
+        painter.drawEllipse(place, DOT_RADIUS, DOT_RADIUS);
+        last = place;
+    }
+}
+
+void MapView::DrawMarked(QPainter& painter) const
+{
+    const Outline::Item* const item = FindItem(m_marked);
+    if (!item)
+        return;
+    const QPointF place = PlaceOf(item->point);
+    painter.setBrush(Qt::yellow);
+    painter.setPen(QPen(Qt::red, 2.0));
+    painter.drawEllipse(place, MARK_RADIUS, MARK_RADIUS);
+}
+
+} // namespace ReportViewer

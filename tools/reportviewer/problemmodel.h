@@ -1,0 +1,47 @@
+#ifndef REPORTVIEWER_PROBLEMMODEL_H
+#define REPORTVIEWER_PROBLEMMODEL_H
+
+#include <reportviewer/contents.h>
+
+#include <QtCore/QAbstractTableModel>
+
+namespace ReportViewer {
+
+/// The problems and doubts of a report, as a table.
+class ProblemModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column
+    {
+        KindColumn,
+        TextColumn,
+        FieldColumn,
+        PlaceColumn,
+        ColumnCount
+    };
+
+    explicit ProblemModel(QObject* parent = nullptr);
+
+    void SetContents(const ContentsPointer& contents);
+
+    const ReportCore::Problem& At(int row) const;
+    bool IsDoubt(int row) const;
+    int Problems() const { return static_cast<int>(m_contents->file.problems.size()); }
+    int Doubts() const { return static_cast<int>(m_contents->doubts.size()); }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString TextOf(const QModelIndex& index) const;
+
+    ContentsPointer m_contents;
+};
+
+} // namespace ReportViewer
+
+#endif

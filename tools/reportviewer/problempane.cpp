@@ -1,0 +1,80 @@
+#include <reportviewer/problempane.h>
+
+#include <reportviewer/problemmodel.h>
+
+#include <QtCore/QStringList>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QTreeView>
+#include <QtWidgets/QVBoxLayout>
+
+namespace ReportViewer {
+
+ProblemPane::ProblemPane(QWidget* parent)
+    : QWidget(parent), m_model(new ProblemModel(this)), m_summary(new QLabel(this)),
+      m_list(new QTreeView(this))
+{
+    m_summary->setObjectName(QStringLiteral("problemSummary"));
+    m_list->setObjectName(QStringLiteral("problems"));
+    m_list->setAccessibleName(tr("Problems of the report"));
+    m_list->setModel(m_model);
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setAllColumnsShowFocus(true);
+    m_list->header()->setSectionResizeMode(ProblemModel::TextColumn, QHeaderView::Stretch);
+    m_list->header()->setStretchLastSection(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_summary);
+    layout->addWidget(m_list);
+    setFocusProxy(m_list);
+    connect(m_list, &QTreeView::activated, this, &ProblemPane::Choose);
+    // Some styles activate by a click.
+    if (!m_list->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, m_list))
+        connect(m_list, &QTreeView::clicked, this, &ProblemPane::Choose);
+    SetContents(std::make_shared<Contents>());
+}
+
+void ProblemPane::SetContents(const ContentsPointer& contents)
+{
+    m_model->SetContents(contents);
+    m_chosen = -1;
+    m_summary->setText(Summary());
+    for (const int column : {ProblemModel::KindColumn, ProblemModel::FieldColumn, ProblemModel::PlaceColumn})
+        m_list->resizeColumnToContents(column);
+}
+
+void ProblemPane::ChooseNext(int direction)
+{
+    const int count = m_model->rowCount();
+    if (count == 0)
+        return;
+    // The list makes its first row the current one when it gets the keyboard, and nobody has chosen that.
+    const int row = m_chosen < 0 ? (direction > 0 ? 0 : count - 1) : (m_chosen + direction + count) % count;
+    const QModelIndex index = m_model->index(row, 0);
+    m_list->setCurrentIndex(index);
+    Choose(index);
+}
+
+QString ProblemPane::Summary() const
+{
+    const int problems = m_model->Problems();
+    const int doubts = m_model->Doubts();
+    QStringList parts;
+    if (problems > 0)
+        parts << (problems == 1 ? tr("1 problem") : tr("%1 problems").arg(problems));
+    if (doubts > 0)
+        parts << (doubts == 1 ? tr("1 warning") : tr("%1 warnings").arg(doubts));
+    return parts.isEmpty() ? tr("No problems") : parts.join(QStringLiteral(", "));
+}
+
+void ProblemPane::Choose(const QModelIndex& index)
+{
+    if (!index.isValid())
+        return;
+    m_chosen = index.row();
+    Q_EMIT Chosen(m_model->At(m_chosen));
+}
+
+} // namespace ReportViewer

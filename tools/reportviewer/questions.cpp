@@ -1,0 +1,98 @@
+#include <reportviewer/questions.h>
+
+#include <reportviewer/forms.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+
+namespace ReportViewer {
+
+namespace {
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("ReportViewer::QuestionDialogs", text);
+}
+
+QString TextOf(Questions::Loss loss)
+{
+    switch (loss) {
+    case Questions::Loss::OtherFile:
+        return Tr("%1 is there already. Replace it?");
+    case Questions::Loss::ChangedFile:
+        return Tr("Another program has changed %1 since it was opened. Replace it?");
+    case Questions::Loss::WhatIsDamaged:
+        break;
+    }
+    return Tr("%1 has problems, and not all of it may have been read. Replace it by what has been?");
+}
+
+} // namespace
+
+Questions::Changes QuestionDialogs::AskAboutChanges(const QString& name)
+{
+    const QString subject = name.isEmpty() ? Tr("the new report") : name;
+    switch (QMessageBox::warning(m_window, Tr("Changes"), Tr("Save the changes of %1?").arg(subject),
+                                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                                 QMessageBox::Save)) {
+    case QMessageBox::Save:
+        return Changes::Save;
+    case QMessageBox::Discard:
+        return Changes::Discard;
+    default:
+        return Changes::Cancel;
+    }
+}
+
+bool QuestionDialogs::MayReplace(const QString& name, Loss loss)
+{
+    return QMessageBox::question(m_window, Tr("Save"), TextOf(loss).arg(name),
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+QString QuestionDialogs::AskForFile(const QString& folder)
+{
+    return QFileDialog::getOpenFileName(m_window, Tr("Open Report"), folder, Tr("All files (*)"));
+}
+
+QString QuestionDialogs::AskForFolder(const QString& folder)
+{
+    return QFileDialog::getExistingDirectory(m_window, Tr("Open Folder"), folder);
+}
+
+std::optional<Questions::Target> QuestionDialogs::AskForTarget(const Target& proposal)
+{
+    QFileDialog dialog(m_window, Tr("Save Report"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // That is asked for every target, whether a dialog has named it or not.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    QStringList filters;
+    for (const NamedForm& form : AllForms())
+        filters << FilterOf(form);
+    dialog.setNameFilters(filters);
+    if (const NamedForm* const form = FindForm(proposal.form)) {
+        dialog.selectNameFilter(FilterOf(*form));
+        dialog.setDefaultSuffix(QLatin1String(form->suffix));
+    }
+    QObject::connect(
+        &dialog, &QFileDialog::filterSelected, &dialog, [&dialog, &filters](const QString& filter) {
+            const int index = static_cast<int>(filters.indexOf(filter));
+            if (index >= 0)
+                dialog.setDefaultSuffix(QLatin1String(AllForms()[static_cast<std::size_t>(index)].suffix));
+        });
+    if (!proposal.name.isEmpty()) {
+        dialog.setDirectory(QFileInfo(proposal.name).absoluteDir());
+        dialog.selectFile(QFileInfo(proposal.name).fileName());
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const int index = static_cast<int>(filters.indexOf(dialog.selectedNameFilter()));
+    if (index < 0)
+        return std::nullopt;
+    return Target{dialog.selectedFiles().constFirst(), AllForms()[static_cast<std::size_t>(index)].form};
+}
+
+} // namespace ReportViewer

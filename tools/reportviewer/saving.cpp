@@ -1,0 +1,76 @@
+#include <reportviewer/saving.h>
+
+#include <reportviewer/changes.h>
+#include <reportviewer/document.h>
+#include <reportviewer/forms.h>
+#include <reportviewer/noticebar.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+
+namespace ReportViewer {
+
+using Loss = Questions::Loss;
+
+Saving::Saving(Document& document, const REPORTGENERATOR::ReportModel& model, Changes& changes,
+               Questions& questions, NoticeBar& notice)
+    : m_document(document), m_model(model), m_changes(changes), m_questions(questions), m_notice(notice)
+{
+}
+
+bool Saving::Save()
+{
+    if (m_document.FileName().isEmpty())
+        return SaveAs();
+    const Questions::Target target = {m_document.FileName(), m_document.Form()};
+    return MayWrite(target.name) && Write(target);
+}
+
+bool Saving::SaveAs()
+{
+    Questions::Target proposal = {m_document.FileName(), m_document.Form()};
+    if (proposal.name.isEmpty())
+        proposal.name = QStringLiteral("report.") + QLatin1String(FindForm(proposal.form)->suffix);
+    const auto target = m_questions.AskForTarget(proposal);
+    return target && MayWrite(target->name) && Write(*target);
+}
+
+bool Saving::MayLeave()
+{
+    if (m_changes.Stack().isClean())
+        return true;
+    switch (m_questions.AskAboutChanges(m_document.FileName())) {
+    case Questions::Changes::Save:
+        return Save();
+    case Questions::Changes::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool Saving::MayWrite(const QString& name) const
+{
+    const QFileInfo info(name);
+    if (!info.exists())
+        return true;
+    if (m_document.FileName().isEmpty() || info != QFileInfo(m_document.FileName()))
+        return m_questions.MayReplace(name, Loss::OtherFile);
+    if (m_document.HasFileChanged() && !m_questions.MayReplace(name, Loss::ChangedFile))
+        return false;
+    return !m_document.WasDamaged() || m_questions.MayReplace(name, Loss::WhatIsDamaged);
+}
+
+bool Saving::Write(const Questions::Target& target)
+{
+    const QString failure = m_document.Save(m_model.Report(), target.name, target.form);
+    if (!failure.isEmpty()) {
+        m_notice.Say(QCoreApplication::translate("ReportViewer::Saving", "Not saved: %1").arg(failure));
+        return false;
+    }
+    m_changes.Stack().setClean();
+    m_notice.Clear();
+    return true;
+}
+
+} // namespace ReportViewer

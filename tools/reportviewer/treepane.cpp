@@ -1,0 +1,184 @@
+#include <reportviewer/treepane.h>
+
+#include <reportviewer/paths.h>
+
+#include <QAction>
+#include <QtCore/QItemSelectionModel>
+#include <QtGui/QClipboard>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+
+#include <algorithm>
+
+namespace ReportViewer {
+
+using ReportCore::FieldKind;
+using ReportCore::FieldPath;
+using REPORTGENERATOR::ReportModel;
+
+namespace {
+
+/// What has more rows below it is opened by the user only.
+constexpr int MOST_ROWS_OPENED = 100;
+
+} // namespace
+
+TreePane::TreePane(ReportModel& model, QWidget* parent)
+    : QTreeView(parent), m_model(model),
+      m_edit(MakeAction(tr("&Edit Value"), QKeySequence(Qt::Key_F2), &TreePane::Edit)),
+      m_add(MakeAction(tr("&Add Item"), QKeySequence(Qt::Key_Insert), &TreePane::Add)),
+      m_unset(MakeAction(tr("U&nset or Remove"), QKeySequence(Qt::Key_Delete), &TreePane::Unset)),
+      m_copyPath(
+          MakeAction(tr("Copy &Path"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &TreePane::CopyPath))
+{
+    setObjectName(QStringLiteral("tree"));
+    setAccessibleName(tr("Report"));
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(QAbstractItemView::ContiguousSelection);
+    setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    setModel(&model);
+    header()->resizeSection(ReportModel::NameColumn, 220);
+    connect(&model, &ReportModel::ReportChanged, this, &TreePane::UpdateActions);
+    connect(&model, &ReportModel::modelReset, this, &TreePane::UpdateActions);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &TreePane::UpdateActions);
+    UpdateActions();
+}
+
+QAction* TreePane::MakeAction(const QString& text, const QKeySequence& shortcut, void (TreePane::*slot)())
+{
+    auto* const action = new QAction(text, this);
+    action->setShortcut(shortcut);
+    // Elsewhere the same keys do something else.
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, slot);
+    addAction(action);
+    return action;
+}
+
+void TreePane::ExpandAll()
+{
+    QVector<QModelIndex> parents{QModelIndex()};
+    while (!parents.isEmpty()) {
+        const QModelIndex above = parents.takeLast();
+        const int count = m_model.rowCount(above);
+        if (count > MOST_ROWS_OPENED)
+            continue;
+        const bool isItem = IsItem(above);
+        if (above.isValid() && count > 0 && !isItem)
+            expand(above);
+        for (int row = 0; row < count && !isItem; ++row)
+            parents << m_model.index(row, ReportModel::NameColumn, above);
+    }
+}
+
+void TreePane::ShowPath(const QString& path)
+{
+    FieldPath next = ParsedPath(path);
+    QModelIndex index = m_model.IndexOf(next.Text(), ReportModel::ValueColumn);
+    while (!index.isValid() && !next.IsEmpty()) {
+        next = next.Holder();
+        index = m_model.IndexOf(next.Text(), ReportModel::ValueColumn);
+    }
+    m_isQuiet = true;
+    setCurrentIndex(index);
+    if (index.isValid())
+        scrollTo(index);
+    m_isQuiet = false;
+}
+
+QString TreePane::CurrentPath() const
+{
+    return m_model.PathOf(currentIndex());
+}
+
+/// Enter leads into the value, as F2 does.
+void TreePane::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && m_edit->isEnabled() && state() != QAbstractItemView::EditingState)
+        Edit();
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+void TreePane::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeView::currentChanged(current, previous);
+    UpdateActions();
+    if (!m_isQuiet && current.isValid() &&
+        current.sibling(current.row(), 0) != previous.sibling(previous.row(), 0))
+        Q_EMIT PathChosen(m_model.PathOf(current));
+}
+
+bool TreePane::IsList(const QModelIndex& index) const
+{
+    const FieldPath path = ParsedPath(m_model.PathOf(index));
+    return !path.IsEmpty() && path.Last().field->Kind() == FieldKind::List && !path.IsItem();
+}
+
+bool TreePane::IsItem(const QModelIndex& index) const
+{
+    return ParsedPath(m_model.PathOf(index)).IsItem();
+}
+
+void TreePane::UpdateActions()
+{
+    const QModelIndex current = currentIndex();
+    const QModelIndex value = current.sibling(current.row(), ReportModel::ValueColumn);
+    m_edit->setEnabled((m_model.flags(value) & Qt::ItemIsEditable) != 0);
+    m_unset->setEnabled(!m_model.IsReadOnly() && current.data(ReportModel::IsSetRole).toBool());
+    m_add->setEnabled(!m_model.IsReadOnly() &&
+                      (IsList(current) || IsItem(current) || IsItem(current.parent())));
+}
+
+void TreePane::Edit()
+{
+    const QModelIndex current = currentIndex();
+    const QModelIndex value = current.sibling(current.row(), ReportModel::ValueColumn);
+    setCurrentIndex(value);
+    edit(value);
+}
+
+void TreePane::Unset()
+{
+    const QModelIndex current = currentIndex();
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    int first = current.row();
+    int last = current.row();
+    bool areItems = IsItem(current);
+    for (const QModelIndex& row : rows) {
+        areItems = areItems && row.parent() == current.parent() && IsItem(row);
+        first = std::min(first, row.row());
+        last = std::max(last, row.row());
+    }
+    if (areItems && last > first)
+        m_model.removeRows(first, last - first + 1, current.parent());
+    else
+        m_model.Unset(current);
+}
+
+/// Behind the current item, or at the end of the list.
+void TreePane::Add()
+{
+    QModelIndex index = currentIndex();
+    index = index.sibling(index.row(), ReportModel::NameColumn);
+    if (!IsList(index) && !IsItem(index))
+        index = index.parent();
+    const bool isList = IsList(index);
+    const QModelIndex list = isList ? index : index.parent();
+    const int row = isList ? m_model.rowCount(list) : index.row() + 1;
+    if (m_model.AddItem(list, row))
+        setCurrentIndex(m_model.index(row, ReportModel::ValueColumn, list));
+}
+
+void TreePane::CopyPath()
+{
+    QApplication::clipboard()->setText(CurrentPath());
+}
+
+} // namespace ReportViewer

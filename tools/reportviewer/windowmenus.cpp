@@ -1,0 +1,166 @@
+#include <reportviewer/windowmenus.h>
+
+#include <reportviewer/bytespane.h>
+#include <reportviewer/folderpane.h>
+#include <reportviewer/mainwindow.h>
+#include <reportviewer/mapview.h>
+#include <reportviewer/problempane.h>
+#include <reportviewer/treepane.h>
+
+#include <QAction>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+
+namespace ReportViewer {
+
+namespace {
+
+/// By which the map is enlarged at once.
+constexpr double ENLARGING = 1.5;
+
+/// A name in a menu, in which "&" would mark a letter.
+QString MenuText(int number, const QString& name)
+{
+    QString text = name;
+    text.replace(QLatin1Char('&'), QLatin1String("&&"));
+    const QString mark = number < 10 ? QStringLiteral("&%1 ").arg(number) : QString();
+    return mark + text;
+}
+
+} // namespace
+
+WindowMenus::WindowMenus(MainWindow& window) : QObject(&window), m_window(window)
+{
+    MakeFileMenu();
+    MakeEditMenu();
+    MakeMapMenu();
+    MakeGoMenu();
+    MakeViewMenu();
+    MakeHelpMenu();
+}
+
+QAction* WindowMenus::Add(QMenu& menu, const QString& text, const QKeySequence& shortcut,
+                          const Function& function)
+{
+    QAction* const action = menu.addAction(text);
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, &m_window, function);
+    return action;
+}
+
+void WindowMenus::MakeFileMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&File"));
+    Add(menu, tr("&New"), QKeySequence::New, [this] { m_window.New(); });
+    Add(menu, tr("&Open..."), QKeySequence::Open, [this] { m_window.OpenOther(); });
+    Add(menu, tr("Open &Folder..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+        [this] { m_window.OpenFolder(); });
+    m_recent = menu.addMenu(tr("Open &Recent"));
+    m_recent->setObjectName(QStringLiteral("recent"));
+    connect(m_recent, &QMenu::aboutToShow, this, &WindowMenus::FillRecentMenu);
+    FillRecentMenu();
+    Add(menu, tr("Re&load"), QKeySequence(Qt::Key_F5), [this] { m_window.Reload(); });
+    menu.addSeparator();
+    Add(menu, tr("&Save"), QKeySequence::Save, [this] { m_window.Save(); });
+    Add(menu, tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+        [this] { m_window.SaveAs(); });
+    menu.addSeparator();
+    Add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
+}
+
+void WindowMenus::FillRecentMenu()
+{
+    m_recent->clear();
+    int number = 0;
+    for (const QString& name : m_window.Recent().Names())
+        Add(*m_recent, MenuText(++number, name), QKeySequence(), [this, name] { m_window.Open(name); });
+    m_recent->addSeparator();
+    QAction* const forget =
+        Add(*m_recent, tr("&Clear List"), QKeySequence(), [this] { m_window.ForgetRecentFiles(); });
+    forget->setEnabled(number > 0);
+}
+
+void WindowMenus::MakeEditMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&Edit"));
+    QUndoStack& stack = m_window.ReportChanges().Stack();
+    QAction* const undo = stack.createUndoAction(this, tr("&Undo"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction* const redo = stack.createRedoAction(this, tr("&Redo"));
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    menu.addActions({undo, redo});
+    menu.addSeparator();
+    TreePane& tree = m_window.Tree();
+    menu.addActions({tree.EditAction(), tree.AddAction(), tree.UnsetAction(), tree.CopyPathAction()});
+}
+
+void WindowMenus::MakeMapMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&Map"));
+    MapView& map = m_window.Map();
+    Add(menu, tr("&Enlarge"), QKeySequence::ZoomIn, [&map] { map.Enlarge(ENLARGING); });
+    Add(menu, tr("&Reduce"), QKeySequence::ZoomOut, [&map] { map.Enlarge(1.0 / ENLARGING); });
+    Add(menu, tr("Show Whole &Area"), QKeySequence(Qt::CTRL | Qt::Key_0), [&map] { map.FitArea(); });
+    menu.addSeparator();
+    Add(menu, tr("&Next Point"), QKeySequence(Qt::CTRL | Qt::Key_Period), [&map] { map.ChooseNext(1); });
+    Add(menu, tr("&Previous Point"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [&map] { map.ChooseNext(-1); });
+}
+
+void WindowMenus::MakeGoMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&Go"));
+    ProblemPane& problems = m_window.Problems();
+    Add(menu, tr("&Next Problem"), QKeySequence(Qt::Key_F8), [&problems] { problems.ChooseNext(1); });
+    Add(menu, tr("&Previous Problem"), QKeySequence(Qt::SHIFT | Qt::Key_F8),
+        [&problems] { problems.ChooseNext(-1); });
+    menu.addSeparator();
+    FolderPane& folder = m_window.Folder();
+    Add(menu, tr("Next &File"), QKeySequence(Qt::ALT | Qt::Key_Down), [&folder] { folder.ChooseNext(1); });
+    Add(menu, tr("Previous Fi&le"), QKeySequence(Qt::ALT | Qt::Key_Up), [&folder] { folder.ChooseNext(-1); });
+    Add(menu, tr("Fil&ter Files"), QKeySequence(Qt::CTRL | Qt::Key_F), [this] {
+        const int folderPane = m_window.AllPanes().Count() - 1;
+        m_window.AllPanes().GoTo(folderPane);
+        m_window.Folder().Filter()->setFocus(Qt::ShortcutFocusReason);
+    });
+}
+
+void WindowMenus::MakeViewMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&View"));
+    Add(menu, tr("&Next Pane"), QKeySequence(Qt::Key_F6), [this] { m_window.AllPanes().GoOn(1); });
+    Add(menu, tr("&Previous Pane"), QKeySequence(Qt::SHIFT | Qt::Key_F6),
+        [this] { m_window.AllPanes().GoOn(-1); });
+    menu.addSeparator();
+    const QStringList names = {tr("Report"), tr("Map"), tr("Problems"), tr("Bytes"), tr("Folder")};
+    for (int i = 0; i < m_window.AllPanes().Count(); ++i) {
+        Add(menu, tr("Go to &%1 %2").arg(i + 1).arg(names.at(i)),
+            QKeySequence(QStringLiteral("Ctrl+%1").arg(i + 1)), [this, i] { m_window.AllPanes().GoTo(i); });
+    }
+    menu.addSeparator();
+    QMenu& shown = *menu.addMenu(tr("&Shown Panes"));
+    for (const QDockWidget* const dock : m_window.Docks())
+        shown.addAction(dock->toggleViewAction());
+    menu.addSeparator();
+    menu.addAction(m_window.Bytes().PackedAction());
+}
+
+void WindowMenus::MakeHelpMenu()
+{
+    QMenu& menu = *m_window.menuBar()->addMenu(tr("&Help"));
+    Add(menu, tr("&About reportviewer"), QKeySequence(Qt::Key_F1), [this] { ShowAbout(); });
+}
+
+void WindowMenus::ShowAbout()
+{
+    QMessageBox::about(&m_window, tr("About reportviewer"),
+                       tr("reportviewer %1\n\nShows, checks and changes reports in every form.")
+                           .arg(QCoreApplication::applicationVersion()));
+}
+
+} // namespace ReportViewer
