@@ -123,7 +123,7 @@ TEST(ToolExportMany, ShownAreInTheOrderOfTheirFilesToo)
         EXPECT_TEXT(array.at(i - 1).toObject().value(QLatin1String("file")).toString(), QString::number(i));
     const ToolRun text = RunTool({"show", "--files-from", "-"}, {list, scratch.Folder(), {}});
     EXPECT_TRUE(text.output.startsWith("1:\n"));
-    int at = 0;
+    auto at = text.output.indexOf("1:\n");
     for (int i = 2; i <= FILES; ++i) {
         if (i % 11 == 0)
             continue;

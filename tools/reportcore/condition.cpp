@@ -14,7 +14,6 @@
 
 namespace ReportCore {
 
-using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::IRGObject;
 
 namespace {

@@ -86,9 +86,10 @@ bool Surrounds(const IRGObject& holder, const Field& list, double longitude, dou
             return left.longitude < right.longitude;
         });
     double turned = longitude + FULL_CIRCLE * std::ceil((west->longitude - longitude) / FULL_CIRCLE);
-    for (; turned <= east->longitude; turned += FULL_CIRCLE) {
+    while (turned <= east->longitude) {
         if (SurroundsAt(ring, turned, latitude))
             return true;
+        turned += FULL_CIRCLE;
     }
     return false;
 }

@@ -82,10 +82,11 @@ std::vector<double> Antimeridians(const Points& points)
 {
     const auto [west, east] = SpanOf(points);
     std::vector<double> meridians;
-    for (double meridian = HALF_TURN + TURN * std::floor((west - HALF_TURN) / TURN); meridian < east;
-         meridian += TURN) {
+    double meridian = HALF_TURN + TURN * std::floor((west - HALF_TURN) / TURN);
+    while (meridian < east) {
         if (meridian > west)
             meridians.push_back(meridian);
+        meridian += TURN;
     }
     return meridians;
 }

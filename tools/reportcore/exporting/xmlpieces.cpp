@@ -29,7 +29,7 @@ XmlPieces::XmlPieces(int depth)
 
 QByteArray XmlPieces::Take()
 {
-    const QByteArray piece = m_buffer.data();
+    QByteArray piece = m_buffer.data();
     m_buffer.close();
     m_buffer.setData(QByteArray());
     m_buffer.open(QIODevice::WriteOnly);
