@@ -148,8 +148,8 @@ FileResult ExportFile(const QString& name, const Exporter& exporter, Console& co
     if (!file.IsGood())
         return {EXIT_INVALID};
     ExportPiece piece = exporter.Prepare(ReportCore::FeatureOf(name, file.report));
-    const auto points = static_cast<qint64>(piece.feature.outline.size() * sizeof(ReportCore::Point));
-    const qint64 size = piece.text.size() + points;
+    const auto points = static_cast<qint64>(piece.feature.outline.size());
+    const qint64 size = piece.text.size() + points * qint64(sizeof(ReportCore::Point));
     return {EXIT_GOOD, std::move(piece), size};
 }
 

@@ -18,7 +18,6 @@ namespace ReportTool {
 using ReportCore::Change;
 using ReportCore::Difference;
 using ReportCore::Differences;
-using ReportCore::ReportFile;
 using REPORTGENERATOR::ReportBase;
 
 namespace {
