@@ -153,6 +153,18 @@ TEST_F(ViewerEditing, OpeningAnotherReportForgetsTheChanges)
     EXPECT_TEXT(m_viewer.Value("area.name"), "Z\u00FCrichsee");
 }
 
+TEST_F(ViewerEditing, AChangeIsNotLostToAFileThatIsOnItsWay)
+{
+    m_viewer.window.Open(m_viewer.scratch.Write("other.xml", "<ReportBase/>"));
+    ASSERT_TRUE(m_viewer.window.Shown().IsLoading());
+    EXPECT_TRUE(m_viewer.Set("area.name", "changed"));
+    EXPECT_FALSE(m_viewer.window.Shown().IsLoading());
+    EXPECT_TEXT(m_viewer.Notice(), "Opening was cancelled, since this report has been changed");
+    m_viewer.Settle();
+    EXPECT_TEXT(m_viewer.Value("area.name"), "changed");
+    EXPECT_TEXT(m_viewer.window.Shown().FileName(), m_viewer.scratch.Path("report.xml"));
+}
+
 TEST_F(ViewerEditing, ANewReportIsFilledFieldByField)
 {
     m_viewer.window.New();

@@ -54,6 +54,24 @@ TEST(ViewerProgram, OpensItsArgument)
     EXPECT_FALSE(QImage::fromData(scratch.Read("out.png"), "PNG").isNull());
 }
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+TEST(ViewerProgram, OpensAFileWhoseNameIsNoUtf8)
+{
+    const Scratch scratch;
+    scratch.Write("report.xml", ToolTest::FullXml());
+    const ToolRun run = ToolTest::RunProgram(
+        QStringLiteral("sh"),
+        {QStringLiteral("-c"),
+         QStringLiteral(
+             "name=$(printf 'Z\\374rich\\303\\274.xml') && mv report.xml \"$name\" && \"$0\" --screenshot "
+             "out.png \"$name\"; code=$?; rm \"$name\"; exit $code"),
+         QStringLiteral(REPORTGENERATOR_TEST_REPORTVIEWER)},
+        {{}, scratch.Folder(), QStringLiteral("C.UTF-8")});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.constData();
+    EXPECT_FALSE(QImage::fromData(scratch.Read("out.png"), "PNG").isNull());
+}
+#endif
+
 TEST(ViewerProgram, SaysWhichFileCannotBeOpened)
 {
     const Scratch scratch;

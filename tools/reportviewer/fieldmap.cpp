@@ -9,14 +9,14 @@ namespace ReportViewer {
 
 using ReportCore::FieldPath;
 
-std::vector<FieldMap::Level> FieldMap::LevelsOf(const FieldPath& path)
+FieldMap::Levels FieldMap::LevelsOf(const FieldPath& path)
 {
-    std::vector<Level> levels;
+    Levels levels;
     for (int i = 0; i < path.Size(); ++i) {
         const FieldPath::Step& step = path.At(i);
-        levels.push_back({step.field, FieldPath::WHOLE});
+        levels.append({step.field, FieldPath::WHOLE});
         if (step.index != FieldPath::WHOLE)
-            levels.push_back({step.field, step.index});
+            levels.append({step.field, step.index});
     }
     return levels;
 }
@@ -28,12 +28,12 @@ void FieldMap::Take(const FieldPath& path, const Span& piece)
         return;
     if (m_open.empty())
         Open({}, piece);
-    const std::vector<Level> levels = LevelsOf(path);
-    std::size_t depth = 0;
-    while (depth < levels.size() && depth + 1 < m_open.size() &&
-           At(m_open[depth + 1]).level.Is(levels[depth]))
+    const Levels levels = LevelsOf(path);
+    int depth = 0;
+    while (depth < levels.size() && depth + 1 < static_cast<int>(m_open.size()) &&
+           At(m_open[static_cast<std::size_t>(depth) + 1]).level.Is(levels[depth]))
         ++depth;
-    m_open.resize(depth + 1);
+    m_open.resize(static_cast<std::size_t>(depth) + 1);
     for (; depth < levels.size(); ++depth)
         Open(levels[depth], piece);
     for (const int node : m_open)

@@ -3,9 +3,9 @@
 
 #include <reportcore/fieldpath.h>
 
+#include <QtCore/QVarLengthArray>
 #include <QtCore/QtGlobal>
 
-#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -52,6 +52,8 @@ private:
         bool Is(const Level& other) const { return field == other.field && index == other.index; }
     };
 
+    using Levels = QVarLengthArray<Level, 8>;
+
     struct Node
     {
         int parent = NOTHING;
@@ -61,7 +63,7 @@ private:
 
     static constexpr int NOTHING = -1;
 
-    static std::vector<Level> LevelsOf(const ReportCore::FieldPath& path);
+    static Levels LevelsOf(const ReportCore::FieldPath& path);
     bool ComesBefore(int left, int right) const;
     int FindChild(int parent, const Level& level) const;
     void Open(const Level& level, const Span& piece);

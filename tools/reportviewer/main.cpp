@@ -1,5 +1,6 @@
 #include <reportviewer/commandline.h>
 #include <reportviewer/document.h>
+#include <reportviewer/filenames.h>
 #include <reportviewer/mainwindow.h>
 #include <reportviewer/problempane.h>
 #include <reportviewer/treepane.h>
@@ -85,6 +86,7 @@ int main(int argc, char** argv)
     if (!NeedsScreen(argc, argv))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
+    ReportViewer::KeepOddFileNames();
     QCoreApplication::setOrganizationName(QStringLiteral("reportgenerator"));
     QCoreApplication::setApplicationName(QStringLiteral("reportviewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral(REPORTVIEWER_VERSION));

@@ -94,7 +94,8 @@ void MainWindow::Arrange()
     m_folderDock->hide();
     resize(1180, 800);
     // Sixteen bytes fit beside each other.
-    resizeDocks({m_docks.at(1), m_docks.at(2)}, {420, 760}, Qt::Horizontal);
+    resizeDocks({m_docks.at(1), m_docks.at(2)}, {490, 690}, Qt::Horizontal);
+    resizeDocks({m_docks.at(1)}, {250}, Qt::Vertical);
 }
 
 QDockWidget* MainWindow::AddDock(const char* name, const QString& title, QWidget* widget,
@@ -124,15 +125,8 @@ void MainWindow::Connect()
         m_status->EndProgress();
         UpdateTitle();
     });
-    connect(m_status, &StatusLine::LoadingCancelled, this, [this] {
-        m_document.CancelLoading();
-        m_status->EndProgress();
-        UpdateTitle();
-    });
-    connect(&m_model, &ReportModel::ReportChanged, this, [this] {
-        m_notice->Clear();
-        m_document.Follow(m_model.Report());
-    });
+    connect(m_status, &StatusLine::LoadingCancelled, this, &MainWindow::CancelLoading);
+    connect(&m_model, &ReportModel::ReportChanged, this, &MainWindow::FollowChange);
     connect(&m_model, &ReportModel::Refused, this, [this](const QModelIndex& index, const QString& text) {
         m_notice->Say(QStringLiteral("%1: %2").arg(m_model.PathOf(index), text));
     });
@@ -169,6 +163,24 @@ void MainWindow::Load(const QString& name)
 {
     m_notice->Clear();
     m_document.Open(name);
+}
+
+void MainWindow::CancelLoading()
+{
+    m_document.CancelLoading();
+    m_status->EndProgress();
+    UpdateTitle();
+}
+
+void MainWindow::FollowChange()
+{
+    m_notice->Clear();
+    if (m_document.IsLoading()) {
+        // The file that is on its way would take the change with it.
+        CancelLoading();
+        m_notice->Say(tr("Opening was cancelled, since this report has been changed"));
+    }
+    m_document.Follow(m_model.Report());
 }
 
 void MainWindow::OpenOther()

@@ -22,7 +22,7 @@ ProblemPane::ProblemPane(QWidget* parent)
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
-    m_list->header()->setSectionResizeMode(ProblemModel::TextColumn, QHeaderView::Stretch);
+    m_list->header()->resizeSection(ProblemModel::TextColumn, 330);
     m_list->header()->setStretchLastSection(false);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
