@@ -1,12 +1,31 @@
 #include <reportviewer/background.h>
 
-#include <QtCore/QMetaObject>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
 #include <QtCore/QThreadPool>
 
 #include <mutex>
 #include <utility>
 
 namespace ReportViewer {
+
+namespace {
+
+/// A function on its way to the thread in which it is called.
+class Handover : public QEvent
+{
+public:
+    explicit Handover(std::function<void()> function) : QEvent(QEvent::User), m_function(std::move(function))
+    {
+    }
+
+    void Call() const { m_function(); }
+
+private:
+    std::function<void()> m_function;
+};
+
+} // namespace
 
 /// Between a work in its thread and the object that waits for it, which may be gone before.
 struct Background::Link
@@ -22,13 +41,10 @@ struct Background::Link
         if (!link->owner)
             throw Cancelled();
         Background* const owner = link->owner;
-        QMetaObject::invokeMethod(
-            owner,
-            [owner, link, function] {
-                if (owner->m_link == link)
-                    function(*owner);
-            },
-            Qt::QueuedConnection);
+        QCoreApplication::postEvent(owner, new Handover([owner, link, function] {
+                                        if (owner->m_link == link)
+                                            function(*owner);
+                                    }));
     }
 };
 
@@ -56,6 +72,14 @@ void Background::Cancel()
         return;
     const std::lock_guard<std::mutex> lock(link->mutex);
     link->owner = nullptr;
+}
+
+bool Background::event(QEvent* event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    static_cast<const Handover*>(event)->Call();
+    return true;
 }
 
 void Background::Run(const std::shared_ptr<Link>& link, const Work& work)

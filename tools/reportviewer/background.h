@@ -39,6 +39,9 @@ public:
 Q_SIGNALS:
     void Progressed(const QString& step, int percent);
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     struct Link;
 

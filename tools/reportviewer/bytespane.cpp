@@ -28,7 +28,7 @@ BytesPane::BytesPane(QWidget* parent)
     m_text->setObjectName(QStringLiteral("text"));
     m_text->setAccessibleName(tr("Text of the file"));
     m_packed->setCheckable(true);
-    m_packed->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    m_packed->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     m_packed->setToolTip(tr("The bytes of the file instead of what they unpack to"));
     m_views->addWidget(m_hex);
     m_views->addWidget(m_text);

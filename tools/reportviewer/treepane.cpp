@@ -27,11 +27,11 @@ constexpr int MOST_ROWS_OPENED = 100;
 
 TreePane::TreePane(ReportModel& model, QWidget* parent)
     : QTreeView(parent), m_model(model),
-      m_edit(MakeAction(tr("&Edit Value"), QKeySequence(Qt::Key_F2), &TreePane::Edit)),
-      m_add(MakeAction(tr("&Add Item"), QKeySequence(Qt::Key_Insert), &TreePane::Add)),
-      m_unset(MakeAction(tr("U&nset or Remove"), QKeySequence(Qt::Key_Delete), &TreePane::Unset)),
+      m_edit(MakeAction(tr("&Edit Value"), QKeySequence(Qt::Key_F2), [this] { Edit(); })),
+      m_add(MakeAction(tr("&Add Item"), QKeySequence(Qt::Key_Insert), [this] { Add(); })),
+      m_unset(MakeAction(tr("U&nset or Remove"), QKeySequence(Qt::Key_Delete), [this] { Unset(); })),
       m_copyPath(
-          MakeAction(tr("Copy &Path"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &TreePane::CopyPath))
+          MakeAction(tr("Copy &Path"), QKeySequence(QStringLiteral("Ctrl+Shift+C")), [this] { CopyPath(); }))
 {
     setObjectName(QStringLiteral("tree"));
     setAccessibleName(tr("Report"));
@@ -49,13 +49,14 @@ TreePane::TreePane(ReportModel& model, QWidget* parent)
     UpdateActions();
 }
 
-QAction* TreePane::MakeAction(const QString& text, const QKeySequence& shortcut, void (TreePane::*slot)())
+QAction* TreePane::MakeAction(const QString& text, const QKeySequence& shortcut,
+                              const std::function<void()>& function)
 {
     auto* const action = new QAction(text, this);
     action->setShortcut(shortcut);
     // Elsewhere the same keys do something else.
     action->setShortcutContext(Qt::WidgetShortcut);
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, function);
     addAction(action);
     return action;
 }
@@ -176,7 +177,7 @@ void TreePane::Add()
         setCurrentIndex(m_model.index(row, ReportModel::ValueColumn, list));
 }
 
-void TreePane::CopyPath()
+void TreePane::CopyPath() const
 {
     QApplication::clipboard()->setText(CurrentPath());
 }

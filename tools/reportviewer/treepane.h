@@ -5,6 +5,8 @@
 
 #include <QtWidgets/QTreeView>
 
+#include <functional>
+
 class QAction;
 
 namespace ReportViewer {
@@ -15,7 +17,7 @@ class TreePane : public QTreeView
     Q_OBJECT
 
 public:
-    TreePane(REPORTGENERATOR::ReportModel& model, QWidget* parent = nullptr);
+    explicit TreePane(REPORTGENERATOR::ReportModel& model, QWidget* parent = nullptr);
 
     /// Opens what has few rows below it, since the model shows another report.
     void ExpandAll();
@@ -40,11 +42,12 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
-    QAction* MakeAction(const QString& text, const QKeySequence& shortcut, void (TreePane::*slot)());
+    QAction* MakeAction(const QString& text, const QKeySequence& shortcut,
+                        const std::function<void()>& function);
     void Edit();
     void Unset();
     void Add();
-    void CopyPath();
+    void CopyPath() const;
     void UpdateActions();
     bool IsList(const QModelIndex& index) const;
     bool IsItem(const QModelIndex& index) const;

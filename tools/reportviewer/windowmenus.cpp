@@ -59,7 +59,7 @@ void WindowMenus::MakeFileMenu()
     QMenu& menu = *m_window.menuBar()->addMenu(tr("&File"));
     Add(menu, tr("&New"), QKeySequence::New, [this] { m_window.New(); });
     Add(menu, tr("&Open..."), QKeySequence::Open, [this] { m_window.OpenOther(); });
-    Add(menu, tr("Open &Folder..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+    Add(menu, tr("Open &Folder..."), QKeySequence(QStringLiteral("Ctrl+Shift+O")),
         [this] { m_window.OpenFolder(); });
     m_recent = menu.addMenu(tr("Open &Recent"));
     m_recent->setObjectName(QStringLiteral("recent"));
@@ -68,10 +68,9 @@ void WindowMenus::MakeFileMenu()
     Add(menu, tr("Re&load"), QKeySequence(Qt::Key_F5), [this] { m_window.Reload(); });
     menu.addSeparator();
     Add(menu, tr("&Save"), QKeySequence::Save, [this] { m_window.Save(); });
-    Add(menu, tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-        [this] { m_window.SaveAs(); });
+    Add(menu, tr("Save &As..."), QKeySequence(QStringLiteral("Ctrl+Shift+S")), [this] { m_window.SaveAs(); });
     menu.addSeparator();
-    Add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
+    Add(menu, tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), [this] { m_window.close(); });
 }
 
 void WindowMenus::FillRecentMenu()
@@ -93,7 +92,8 @@ void WindowMenus::MakeEditMenu()
     QAction* const undo = stack.createUndoAction(this, tr("&Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* const redo = stack.createRedoAction(this, tr("&Redo"));
-    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    redo->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     menu.addActions({undo, redo});
     menu.addSeparator();
     TreePane& tree = m_window.Tree();
@@ -106,10 +106,10 @@ void WindowMenus::MakeMapMenu()
     MapView& map = m_window.Map();
     Add(menu, tr("&Enlarge"), QKeySequence::ZoomIn, [&map] { map.Enlarge(ENLARGING); });
     Add(menu, tr("&Reduce"), QKeySequence::ZoomOut, [&map] { map.Enlarge(1.0 / ENLARGING); });
-    Add(menu, tr("Show Whole &Area"), QKeySequence(Qt::CTRL | Qt::Key_0), [&map] { map.FitArea(); });
+    Add(menu, tr("Show Whole &Area"), QKeySequence(QStringLiteral("Ctrl+0")), [&map] { map.FitArea(); });
     menu.addSeparator();
-    Add(menu, tr("&Next Point"), QKeySequence(Qt::CTRL | Qt::Key_Period), [&map] { map.ChooseNext(1); });
-    Add(menu, tr("&Previous Point"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [&map] { map.ChooseNext(-1); });
+    Add(menu, tr("&Next Point"), QKeySequence(QStringLiteral("Ctrl+.")), [&map] { map.ChooseNext(1); });
+    Add(menu, tr("&Previous Point"), QKeySequence(QStringLiteral("Ctrl+,")), [&map] { map.ChooseNext(-1); });
 }
 
 void WindowMenus::MakeGoMenu()
@@ -117,13 +117,15 @@ void WindowMenus::MakeGoMenu()
     QMenu& menu = *m_window.menuBar()->addMenu(tr("&Go"));
     ProblemPane& problems = m_window.Problems();
     Add(menu, tr("&Next Problem"), QKeySequence(Qt::Key_F8), [&problems] { problems.ChooseNext(1); });
-    Add(menu, tr("&Previous Problem"), QKeySequence(Qt::SHIFT | Qt::Key_F8),
+    Add(menu, tr("&Previous Problem"), QKeySequence(QStringLiteral("Shift+F8")),
         [&problems] { problems.ChooseNext(-1); });
     menu.addSeparator();
     FolderPane& folder = m_window.Folder();
-    Add(menu, tr("Next &File"), QKeySequence(Qt::ALT | Qt::Key_Down), [&folder] { folder.ChooseNext(1); });
-    Add(menu, tr("Previous Fi&le"), QKeySequence(Qt::ALT | Qt::Key_Up), [&folder] { folder.ChooseNext(-1); });
-    Add(menu, tr("Fil&ter Files"), QKeySequence(Qt::CTRL | Qt::Key_F), [this] {
+    Add(menu, tr("Next &File"), QKeySequence(QStringLiteral("Alt+Down")),
+        [&folder] { folder.ChooseNext(1); });
+    Add(menu, tr("Previous Fi&le"), QKeySequence(QStringLiteral("Alt+Up")),
+        [&folder] { folder.ChooseNext(-1); });
+    Add(menu, tr("Fil&ter Files"), QKeySequence(QStringLiteral("Ctrl+F")), [this] {
         const int folderPane = m_window.AllPanes().Count() - 1;
         m_window.AllPanes().GoTo(folderPane);
         m_window.Folder().Filter()->setFocus(Qt::ShortcutFocusReason);
@@ -134,7 +136,7 @@ void WindowMenus::MakeViewMenu()
 {
     QMenu& menu = *m_window.menuBar()->addMenu(tr("&View"));
     Add(menu, tr("&Next Pane"), QKeySequence(Qt::Key_F6), [this] { m_window.AllPanes().GoOn(1); });
-    Add(menu, tr("&Previous Pane"), QKeySequence(Qt::SHIFT | Qt::Key_F6),
+    Add(menu, tr("&Previous Pane"), QKeySequence(QStringLiteral("Shift+F6")),
         [this] { m_window.AllPanes().GoOn(-1); });
     menu.addSeparator();
     const QStringList names = {tr("Report"), tr("Map"), tr("Problems"), tr("Bytes"), tr("Folder")};
