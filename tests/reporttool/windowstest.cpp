@@ -164,6 +164,18 @@ TEST(ToolOnWindows, NulIsWrittenToAndNotReplaced)
     EXPECT_EQ(scratch.Names(), QStringList(QStringLiteral("in")));
 }
 
+TEST(ToolOnWindows, NulAsStandardOutputIsNoTerminal)
+{
+    const Scratch scratch;
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.start(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL),
+                  {QStringLiteral("convert"), scratch.Write("in", FullXml()), QStringLiteral("-"),
+                   QStringLiteral("--to"), QStringLiteral("plain")});
+    ASSERT_TRUE(process.waitForFinished(60 * 1000));
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+}
+
 TEST(ToolOnWindows, ConIsNoFile)
 {
     // With a console the report is shown there; without one that is told.

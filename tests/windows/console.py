@@ -3,7 +3,7 @@
 
 Runs reporttool on a console, which the emulator shows on a terminal of this script's.
 
-    shows             text beyond any code page is shown as it is, and "convert" to "-" and to CON writes there
+    shows             text beyond any code page is shown as it is, and "convert" to "-" and to CON writes there, but no bytes
     ctrl-c            Ctrl-C while a file is being replaced leaves no other file behind, and the file whole: the old or the new one
     ctrl-c-of-many    Ctrl-C while many files are checked ends that with what was done
 """
@@ -63,6 +63,11 @@ def test_shows(folder):
         # A character of twice the width is followed by a blank or by what moves the cursor.
         text = re.sub("\x1b\\[[0-9;?]*[A-Za-z]", "", text)
         expect(NAME in text, f"{arguments} shows no {NAME}")
+    for out in ("-", "CON"):
+        process, terminal = start(folder, "convert", "in", out, "--to", "plain")
+        text = shown(terminal)
+        code = os.waitstatus_to_exitcode(os.waitpid(process, 0)[1])
+        expect(code == 2 and "is a terminal" in text, f"bytes for {out} ended with {code}: {text}")
     expect(os.listdir(folder) == ["in"], "CON has become a file")
 
 

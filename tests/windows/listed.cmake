@@ -1,6 +1,6 @@
 # Compares what is tested here with what is tested on Linux. What runs only there stands in LIST, a line each with its
-# reason: "<suite>.<test>: <reason>" for a test of the test program, "tests/<folder>: <reason>" for all in a folder,
-# "<entry>: <reason>" for an entry of ctest. A name that is listed and runs here, or is no longer to be found, is as wrong as
+# reason: "<suite>.<test>: <reason>" for a test of the test program, "<suite>.*: <reason>" for all in a
+# suite, "tests/<folder>: <reason>" for all in a folder, "<entry>: <reason>" for an entry of ctest. A name that is listed and runs here, or is no longer to be found, is as wrong as
 # one that is missing.
 #
 # RESULTS is what the last whole run of the test program says, since a test may skip itself.
@@ -93,13 +93,19 @@ file(STRINGS "${LIST}" lines REGEX "^[^#]")
 set(listed "")
 set(wrong "")
 foreach(line IN LISTS lines)
-    if(NOT line MATCHES "^([A-Za-z0-9_./]+): [^ ].*$")
+    if(NOT line MATCHES "^([A-Za-z0-9_./*]+): [^ ].*$")
         string(APPEND wrong "\n    no name and reason: ${line}")
         continue()
     endif()
     set(names "${CMAKE_MATCH_1}")
     if(line MATCHES "^(tests/[a-z]+):")
         set(names ${in_${CMAKE_MATCH_1}})
+        if(NOT names)
+            string(APPEND wrong "\n    listed, but has no tests: ${CMAKE_MATCH_1}")
+        endif()
+    elseif(line MATCHES "^([A-Za-z0-9_]+)\\.\\*:")
+        set(names ${elsewhere})
+        list(FILTER names INCLUDE REGEX "^${CMAKE_MATCH_1}\\.")
         if(NOT names)
             string(APPEND wrong "\n    listed, but has no tests: ${CMAKE_MATCH_1}")
         endif()

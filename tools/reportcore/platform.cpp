@@ -184,6 +184,21 @@ FileBeingReplaced::~FileBeingReplaced() = default;
 
 #ifdef Q_OS_WIN
 
+namespace {
+
+HANDLE HandleOf(int stream)
+{
+    return reinterpret_cast<HANDLE>(_get_osfhandle(stream)); // NOLINT
+}
+
+bool IsConsole(HANDLE handle)
+{
+    DWORD mode = 0;
+    return GetConsoleMode(handle, &mode) != 0;
+}
+
+} // namespace
+
 void HoldStandardStreams() {}
 
 bool IsOpen(int /*stream*/)
@@ -214,7 +229,8 @@ bool IsTerminal(const QIODevice& device)
 {
     const auto* const file = qobject_cast<const QFileDevice*>(&device);
 #ifdef Q_OS_WIN
-    return file ? _isatty(file->handle()) != 0 : dynamic_cast<const Console*>(&device) != nullptr;
+    // The C library takes NUL for a terminal, too.
+    return file ? IsConsole(HandleOf(file->handle())) : dynamic_cast<const Console*>(&device) != nullptr;
 #else
     return file && isatty(file->handle()) != 0;
 #endif
@@ -223,10 +239,8 @@ bool IsTerminal(const QIODevice& device)
 std::unique_ptr<QIODevice> OpenForOutput(int stream)
 {
 #ifdef Q_OS_WIN
-    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(stream)); // NOLINT
-    DWORD mode = 0;
-    if (GetConsoleMode(handle, &mode) != 0)
-        return std::make_unique<Console>(handle);
+    if (IsConsole(HandleOf(stream)))
+        return std::make_unique<Console>(HandleOf(stream));
 #endif
     auto file = std::make_unique<QFile>();
     if (!IsOpen(stream) || !file->open(stream, QIODevice::WriteOnly | QIODevice::Unbuffered))
