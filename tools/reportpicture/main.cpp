@@ -2,6 +2,7 @@
 
 #include <reporttool/program.h>
 
+#include <reportcore/filenames.h>
 #include <reportcore/platform.h>
 
 #include <QtGui/QGuiApplication>
@@ -10,6 +11,7 @@ int main(int argc, char** argv)
 {
     ReportCore::HoldStandardStreams();
     ReportTool::DropRemarksOfQt();
+    ReportCore::KeepOddFileNames();
     // Drawing needs no screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);

@@ -1,5 +1,6 @@
 #include <reporttool/program.h>
 
+#include <reportcore/filenames.h>
 #include <reportcore/platform.h>
 
 #include <QtCore/QCoreApplication>
@@ -8,6 +9,7 @@ int main(int argc, char** argv)
 {
     ReportCore::HoldStandardStreams();
     ReportTool::DropRemarksOfQt();
+    ReportCore::KeepOddFileNames();
     const QCoreApplication application(argc, argv);
     return ReportTool::RunProgram();
 }

@@ -1,9 +1,10 @@
 #include <reportviewer/commandline.h>
 #include <reportviewer/document.h>
-#include <reportviewer/filenames.h>
 #include <reportviewer/mainwindow.h>
 #include <reportviewer/problempane.h>
 #include <reportviewer/treepane.h>
+
+#include <reportcore/filenames.h>
 
 #include <QtCore/QTextStream>
 #include <QtCore/QTimer>
@@ -86,7 +87,7 @@ int main(int argc, char** argv)
     if (!NeedsScreen(argc, argv))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    ReportViewer::KeepOddFileNames();
+    ReportCore::KeepOddFileNames();
     QCoreApplication::setOrganizationName(QStringLiteral("reportgenerator"));
     QCoreApplication::setApplicationName(QStringLiteral("reportviewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral(REPORTVIEWER_VERSION));

@@ -1,12 +1,12 @@
-#include <reportviewer/filenames.h>
+#include <reportcore/filenames.h>
 
 #include <QtCore/QtGlobal>
 
 #if defined(Q_OS_UNIX) && QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-#    define REPORTVIEWER_HAS_CODECS
+#    define REPORTCORE_HAS_CODECS
 #endif
 
-#ifdef REPORTVIEWER_HAS_CODECS
+#ifdef REPORTCORE_HAS_CODECS
 #    include <QtCore/QByteArray>
 #    include <QtCore/QString>
 #    include <QtCore/QTextCodec>
@@ -14,9 +14,9 @@
 #    include <algorithm>
 #endif
 
-namespace ReportViewer {
+namespace ReportCore {
 
-#ifdef REPORTVIEWER_HAS_CODECS
+#ifdef REPORTCORE_HAS_CODECS
 
 namespace {
 
@@ -101,4 +101,4 @@ void KeepOddFileNames() {}
 
 #endif
 
-} // namespace ReportViewer
+} // namespace ReportCore
