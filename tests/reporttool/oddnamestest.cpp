@@ -31,9 +31,10 @@ TEST(ToolOddNames, AreReadAndWrittenByteByByte)
 {
     const Scratch scratch;
     scratch.Write("in", FullPlain());
-    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && $0 check --no-warnings \"$name\" && $0 "
-                                             "convert \"$name\" \"$name.plain\" --to plain && "
-                                             "cp \"$name.plain\" out");
+    const ToolRun run =
+        RunWithName(scratch, "mv in \"$name\" && \"$0\" check --no-warnings \"$name\" && \"$0\" "
+                             "convert \"$name\" \"$name.plain\" --to plain && "
+                             "cp \"$name.plain\" out");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "");
     EXPECT_TEXT(run.Errors(), "");
@@ -44,8 +45,8 @@ TEST(ToolOddNames, AreFoundInFoldersAndTakenFromLists)
 {
     const Scratch scratch;
     scratch.Write("in", FullPlain());
-    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && $0 check --no-warnings -r . && printf "
-                                             "'%s\\n' \"$name\" | $0 check --no-warnings --files-from -");
+    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && \"$0\" check --no-warnings -r . && printf "
+                                             "'%s\\n' \"$name\" | \"$0\" check --no-warnings --files-from -");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "");
     EXPECT_TEXT(run.Errors(), "");
@@ -55,7 +56,7 @@ TEST(ToolOddNames, AreShownWithTheirBytesAsEscapes)
 {
     const Scratch scratch;
     scratch.Write("in", {});
-    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && $0 check \"$name\"");
+    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && \"$0\" check \"$name\"");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TEXT(run.Output(),
                 QString::fromUtf8("Z\\udcfcrichü: UnknownForm: not a report in any known form (empty)\n"));

@@ -78,7 +78,8 @@ void ViewerWindow::Open(const QString& name)
     QObject::connect(&window.Shown(), &Document::ContentsChanged, &context, [&isDone] { isDone = true; });
     QObject::connect(&window.Shown(), &Document::OpeningFailed, &context, [&isDone] { isDone = true; });
     window.Open(name);
-    EXPECT_TRUE(WaitFor([&isDone] { return isDone; }));
+    // The bytes of an earlier change may come first.
+    EXPECT_TRUE(WaitFor([&] { return isDone && !window.Shown().IsLoading(); }));
 }
 
 void ViewerWindow::Settle()
