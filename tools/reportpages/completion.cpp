@@ -65,6 +65,14 @@ QString Quoted(const QString& text)
            QLatin1Char('\'');
 }
 
+QString QuotedList(const QStringList& texts)
+{
+    QStringList quoted;
+    for (const QString& text : texts)
+        quoted << Quoted(text);
+    return quoted.join(QLatin1Char(' '));
+}
+
 QByteArray Filled(const char* script, const std::vector<std::pair<const char*, QString>>& texts)
 {
     QString filled = QString::fromLatin1(script);

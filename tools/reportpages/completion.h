@@ -29,6 +29,9 @@ QString FunctionName(const QString& program);
 /// In single quotes of a shell.
 QString Quoted(const QString& text);
 
+/// Each in single quotes, with blanks between them.
+QString QuotedList(const QStringList& texts);
+
 /// The script with texts in the places of @THEIR_NAMES@.
 QByteArray Filled(const char* script, const std::vector<std::pair<const char*, QString>>& texts);
 

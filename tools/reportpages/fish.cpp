@@ -131,14 +131,6 @@ private:
     QString m_text;
 };
 
-QString QuotedList(const QStringList& texts)
-{
-    QStringList quoted;
-    for (const QString& text : texts)
-        quoted << Quoted(text);
-    return quoted.join(QLatin1Char(' '));
-}
-
 } // namespace
 
 QByteArray FishCompletion(const QString& program)

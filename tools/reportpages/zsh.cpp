@@ -123,14 +123,6 @@ QString CaseOf(const ReportTool::Command& command, const QString& function)
         .arg(QLatin1String(command.name), specs.join(QStringLiteral(" \\\n                        ")));
 }
 
-QString QuotedList(const QStringList& texts)
-{
-    QStringList quoted;
-    for (const QString& text : texts)
-        quoted << Quoted(text);
-    return quoted.join(QLatin1Char(' '));
-}
-
 } // namespace
 
 QByteArray ZshCompletion(const QString& program)
