@@ -1,14 +1,15 @@
 #include <reportcore/reading/bytes.h>
 
-#include <algorithm>
-
 namespace ReportCore {
 
 namespace {
 
-bool IsDigit(char character)
+/// The first that is no digit, or `end`.
+const char* BehindDigits(const char* begin, const char* end)
 {
-    return character >= '0' && character <= '9';
+    while (begin != end && *begin >= '0' && *begin <= '9')
+        ++begin;
+    return begin;
 }
 
 } // namespace
@@ -21,10 +22,10 @@ bool IsPlainNumber(const char* begin, const char* end)
         return false;
     if (begin != end && *begin == '-')
         ++begin;
-    const char* const point = std::find_if_not(begin, end, IsDigit);
+    const char* const point = BehindDigits(begin, end);
     if (point == begin || point == end)
         return point != begin;
-    return *point == '.' && point + 1 != end && std::all_of(point + 1, end, IsDigit);
+    return *point == '.' && point + 1 != end && BehindDigits(point + 1, end) == end;
 }
 
 } // namespace ReportCore
