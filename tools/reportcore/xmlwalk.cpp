@@ -17,6 +17,11 @@ bool IsXmlBlank(QChar character)
            character == QLatin1Char('\r') || character == QLatin1Char('\n');
 }
 
+bool IsKnown(const XmlElement& element)
+{
+    return element.object || element.field;
+}
+
 } // namespace
 
 XmlWalk::XmlWalk(const QByteArray& bytes, const QString& text, Visitor visit)
@@ -65,18 +70,14 @@ qint64 XmlWalk::EndOfToken() const
 void XmlWalk::Start()
 {
     const qint64 end = m_reader.characterOffset();
-    Element element;
-    element.begin = StartOfTag(m_text, end);
-    element.valueBegin = end;
     const bool isInReport = !m_elements.empty();
     if (!isInReport && !(m_reader.name() == ReportInfo().ObjectName()))
         return;
-    if (isInReport)
-        Identify(element);
-    else
-        element.object = &ReportInfo();
-    element.isKnown = !isInReport || element.isKnown;
-    if (element.isKnown)
+    const QString name = m_reader.name().toString();
+    Element element = {isInReport ? m_known.Within(m_elements.back(), name) : XmlElements::Report()};
+    element.begin = StartOfTag(m_text, end);
+    element.valueBegin = end;
+    if (IsKnown(element))
         m_visit({XmlPiece::Kind::StartTag, element.begin, end, element.path});
     else
         m_visit({XmlPiece::Kind::Unknown, element.begin, end, m_elements.back().path});
@@ -85,28 +86,9 @@ void XmlWalk::Start()
     m_elements.push_back(element);
 }
 
-void XmlWalk::Identify(Element& element)
-{
-    const Element& holder = m_elements.back();
-    const Field* const field =
-        holder.object ? holder.object->FindElement(m_reader.name().toString(), Place::Element) : nullptr;
-    if (!field)
-        return;
-    element.isKnown = true;
-    element.path = holder.path;
-    element.path.Enter(*field);
-    if (field->Kind() == FieldKind::List)
-        element.path.SetIndex(m_counts.Next(element.path));
-    element.object = field->HasObjects() ? &field->Object() : nullptr;
-}
-
 void XmlWalk::TakeAttributes(const Element& element)
 {
-    for (const auto& field : element.object->All()) {
-        if (field->Kind() == FieldKind::Version)
-            m_counts.TakeVersion(element.path, *field,
-                                 m_reader.attributes().value(field->Facts().elementName).toString());
-    }
+    m_known.TakeVersion(element, m_reader.attributes());
     for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
         const QString name = attribute.name().toString();
         if (const Field* const field = element.object->FindElement(name, Place::Attribute)) {
@@ -131,7 +113,7 @@ void XmlWalk::End()
 {
     if (m_elements.empty())
         return;
-    if (m_elements.back().isKnown)
+    if (IsKnown(m_elements.back()))
         EndKnown(m_elements.back());
     m_elements.pop_back();
     m_isBehindReport = m_elements.empty();

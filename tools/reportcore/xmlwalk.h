@@ -2,7 +2,7 @@
 #define REPORTCORE_XMLWALK_H
 
 #include <reportcore/fieldpath.h>
-#include <reportcore/itemcounts.h>
+#include <reportcore/xmlelements.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -43,8 +43,8 @@ struct XmlPiece
     bool isObject = false;
 };
 
-/// Walks through the first report of a document and hands its pieces to the visitor. Elements are told apart by their
-/// names and by what stands around them, as the library does it; what stands below an unknown element has no path.
+/// Walks through the first report of a document and hands its pieces to the visitor. What stands below an unknown element
+/// has no path.
 class XmlWalk
 {
 public:
@@ -60,19 +60,15 @@ public:
 
 private:
     /// An element that has begun and not ended yet.
-    struct Element
+    struct Element : XmlElement
     {
-        const ObjectInfo* object = nullptr; ///< null for an element that is no object
-        bool isKnown = false;
-        FieldPath path;
         qint64 begin = 0;
         qint64 valueBegin = 0;
-        QString text;
+        QString text = {};
     };
 
     qint64 EndOfToken() const;
     void Start();
-    void Identify(Element& element);
     void TakeAttributes(const Element& element);
     void Take();
     void End();
@@ -85,7 +81,7 @@ private:
     qint64 m_before = 0;
     bool m_isBehindReport = false;
     std::vector<Element> m_elements;
-    ItemCounts m_counts;
+    XmlElements m_known;
 };
 
 } // namespace ReportCore

@@ -1,9 +1,9 @@
 #include <reportcore/doubting/doubting.h>
 
 #include <reportcore/doubting/nearname.h>
-#include <reportcore/itemcounts.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
+#include <reportcore/xmlelements.h>
 
 #include <QtCore/QXmlStreamReader>
 
@@ -40,11 +40,8 @@ public:
     }
 
 private:
-    struct Element
+    struct Element : XmlElement
     {
-        const ObjectInfo* object = nullptr; ///< null for an element that is no object
-        const Field* field = nullptr;       ///< null for the report and for what is unknown
-        FieldPath path = {};
         qint64 valueStart = 0;
         QString text = {};
         std::set<const Field*> seen = {};
@@ -79,9 +76,10 @@ private:
                     PlaceOfTag(), {}, name);
             m_isBehind = m_hasReport;
             m_hasReport = true;
-            element.object = &ReportInfo();
+            element = {XmlElements::Report()};
         } else if (m_elements.back().object && !m_isBehind) {
-            Identify(name, m_elements.back(), element);
+            element = {m_known.Within(m_elements.back(), name)};
+            DoubtElement(name, m_elements.back(), element);
         }
         element.valueStart = m_reader.characterOffset();
         if (element.object && !m_isBehind)
@@ -89,11 +87,10 @@ private:
         m_elements.push_back(std::move(element));
     }
 
-    void Identify(const QString& name, Element& holder, Element& element)
+    void DoubtElement(const QString& name, Element& holder, Element& element)
     {
-        element.path = holder.path;
-        element.field = holder.object->FindElement(name, Place::Element);
         if (!element.field) {
+            element.path = holder.path;
             const QString nearest = NearestName(*holder.object, Place::Element, name);
             if (!nearest.isNull())
                 Add(MISSPELT_NAME,
@@ -101,24 +98,14 @@ private:
                     PlaceOfTag(), holder.path, name);
             return;
         }
-        element.object = element.field->HasObjects() ? &element.field->Object() : nullptr;
-        element.path.Enter(*element.field);
-        if (element.field->Kind() == FieldKind::List) {
-            element.path.SetIndex(m_counts.Next(element.path));
-            return;
-        }
-        if (!holder.seen.insert(element.field).second)
+        if (element.field->Kind() != FieldKind::List && !holder.seen.insert(element.field).second)
             Add(REPEATED_ELEMENT, QStringLiteral("element '%1' comes a second time").arg(name), PlaceOfTag(),
                 element.path, QString());
     }
 
     void TakeAttributes(const Element& element)
     {
-        for (const auto& field : element.object->All()) {
-            if (field->Kind() == FieldKind::Version)
-                m_counts.TakeVersion(element.path, *field,
-                                     m_reader.attributes().value(field->Facts().elementName).toString());
-        }
+        m_known.TakeVersion(element, m_reader.attributes());
         for (const QXmlStreamAttribute& attribute : m_reader.attributes()) {
             const QString name = attribute.name().toString();
             const QString value = attribute.value().toString();
@@ -186,7 +173,7 @@ private:
     bool m_hasReport = false;
     bool m_isBehind = false; ///< in a report that nobody reads
     std::vector<Element> m_elements;
-    ItemCounts m_counts;
+    XmlElements m_known;
     Problems m_problems;
 };
 
