@@ -11,7 +11,7 @@
 namespace {
 
 using ReportCore::FindCrossing;
-using ReportCore::RingPoint;
+using ReportCore::Points;
 
 /// A point of the small whole numbers that the rings below are made of.
 struct Whole
@@ -24,9 +24,9 @@ struct Whole
 
 using WholeRing = std::vector<Whole>;
 
-std::vector<RingPoint> AsRing(const WholeRing& points)
+Points AsRing(const WholeRing& points)
 {
-    std::vector<RingPoint> ring;
+    Points ring;
     for (const Whole& point : points)
         ring.push_back(
             {static_cast<double>(point.x), static_cast<double>(point.y), static_cast<int>(ring.size())});
@@ -107,7 +107,7 @@ TEST(Ring, EdgesAreNamedByThePointsThatTheyBeginAt)
 
 TEST(Ring, LargeRingsAreLookedThrough)
 {
-    std::vector<RingPoint> ring;
+    Points ring;
     constexpr int SIZE = 100000;
     for (int i = 0; i < SIZE; ++i) {
         const double angle = 2.0 * std::acos(-1.0) * i / SIZE;

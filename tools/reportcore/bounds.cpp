@@ -1,17 +1,13 @@
 #include <reportcore/bounds.h>
 
+#include <reportcore/areapoints.h>
+
 #include <algorithm>
 
 namespace ReportCore {
 
 using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::IRGObject;
-
-bool IsValidPoint(const Coordinate& point)
-{
-    return point.HasData() && point.IsValidLongitude(point.GetLongitude()) &&
-           point.IsValidLatitude(point.GetLatitude());
-}
 
 void Bounds::Take(const Coordinate& point)
 {
@@ -25,20 +21,6 @@ void Bounds::Take(const Coordinate& point)
     east = std::max(east, longitude);
     south = std::min(south, latitude);
     north = std::max(north, latitude);
-}
-
-Bounds BoundsOf(const QVector<Coordinate>& points)
-{
-    Bounds bounds;
-    for (const Coordinate& point : points)
-        bounds.Take(point);
-    return bounds;
-}
-
-bool HoldsPoints(const Field& field)
-{
-    return field.Kind() == FieldKind::List &&
-           field.Object().ObjectName() == Coordinate::GetStaticObjectName();
 }
 
 Bounds BoundsOf(const IRGObject& holder, const Field& list)

@@ -5,12 +5,7 @@
 
 #include <reportgenerator/reportbase/coordinate.h>
 
-#include <QtCore/QVector>
-
 namespace ReportCore {
-
-/// Whether both values are set and lie within their ranges.
-bool IsValidPoint(const REPORTGENERATOR::Coordinate& point);
 
 /// The smallest box in degrees that holds the valid points; it doesn't wrap around the antimeridian.
 struct Bounds
@@ -25,12 +20,7 @@ struct Bounds
     void Take(const REPORTGENERATOR::Coordinate& point);
 };
 
-Bounds BoundsOf(const QVector<REPORTGENERATOR::Coordinate>& points);
-
-/// Whether a field is a list of coordinates.
-bool HoldsPoints(const Field& field);
-
-/// Of such a list.
+/// Of a list of coordinates.
 Bounds BoundsOf(const REPORTGENERATOR::IRGObject& holder, const Field& list);
 
 } // namespace ReportCore

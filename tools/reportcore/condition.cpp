@@ -1,6 +1,6 @@
 #include <reportcore/condition.h>
 
-#include <reportcore/bounds.h>
+#include <reportcore/areapoints.h>
 #include <reportcore/conditionwords.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/ring.h>

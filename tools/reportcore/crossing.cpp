@@ -145,8 +145,8 @@ private:
 
     EdgePair PairOf(std::size_t left, std::size_t right) const
     {
-        const auto [first, second] = std::minmax(left, right);
-        return {m_ring[first].index, m_ring[second].index};
+        const auto [first, second] = std::minmax(m_ring[left].index, m_ring[right].index);
+        return {first, second};
     }
 
     /// Whether they have more in common than the point between neighbours.
@@ -174,10 +174,10 @@ private:
     std::vector<Order::iterator> m_places;
 };
 
-std::vector<GridPoint> OnGrid(const std::vector<RingPoint>& ring)
+std::vector<GridPoint> OnGrid(const Points& ring)
 {
     std::vector<GridPoint> grid;
-    for (const RingPoint& point : ring) {
+    for (const Point& point : ring) {
         const GridPoint next = {std::llround(point.longitude * UNITS_PER_DEGREE),
                                 std::llround(point.latitude * UNITS_PER_DEGREE), point.index};
         if (grid.empty() || !(grid.back() == next))
@@ -202,11 +202,10 @@ std::optional<EdgePair> FindSamePoint(std::vector<GridPoint> points)
 
 } // namespace
 
-std::optional<EdgePair> FindCrossing(const std::vector<RingPoint>& ring)
+std::optional<EdgePair> FindCrossing(const Points& ring)
 {
-    const bool isTooFar = std::any_of(ring.begin(), ring.end(), [](const RingPoint& point) {
-        return std::abs(point.longitude) > FARTHEST;
-    });
+    const bool isTooFar = std::any_of(
+        ring.begin(), ring.end(), [](const Point& point) { return std::abs(point.longitude) > FARTHEST; });
     const std::vector<GridPoint> grid = OnGrid(ring);
     if (isTooFar || grid.size() < 3)
         return std::nullopt;

@@ -1,6 +1,6 @@
 #include <reportcore/jsonreading.h>
 
-#include <reportcore/bounds.h>
+#include <reportcore/areapoints.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
 

@@ -1,5 +1,6 @@
 #include <reportcore/reportjson.h>
 
+#include <reportcore/areapoints.h>
 #include <reportcore/bounds.h>
 #include <reportcore/texts.h>
 

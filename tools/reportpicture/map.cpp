@@ -3,10 +3,11 @@
 #include <reportpicture/mapdrawing.h>
 #include <reportpicture/mapscale.h>
 
+#include <reportcore/exporting/outline.h>
+
 #include <QtCore/QStringList>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
-#include <QtGui/QPolygonF>
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +19,9 @@ using ReportCore::FieldKind;
 using ReportCore::FieldPath;
 using ReportCore::Geometry;
 using ReportCore::Points;
+using ReportCore::TURN;
 
 namespace {
-
-constexpr double TURN = 360.0;
 
 // In pixels
 
@@ -61,10 +61,8 @@ QString LegendText(const Feature& feature, Geometry::Shape shape)
 
 double MiddleOf(const Geometry& geometry)
 {
-    const auto ends = std::minmax_element(
-        geometry.parts.front().begin(), geometry.parts.front().end(),
-        [](const auto& left, const auto& right) { return left.longitude < right.longitude; });
-    return (ends.first->longitude + ends.second->longitude) / 2.0;
+    const auto [west, east] = ReportCore::SpanOf(geometry.parts.front());
+    return (west + east) / 2.0;
 }
 
 } // namespace
@@ -118,13 +116,9 @@ void Map::Draw(QPainter& painter) const
 
 QRectF Map::Box() const
 {
-    QPolygonF all;
-    for (const Entry& entry : m_entries) {
-        for (const Points& part : entry.geometry.parts) {
-            for (const ReportCore::Point& point : part)
-                all << QPointF(point.longitude, point.latitude);
-        }
-    }
+    std::vector<Points> all;
+    for (const Entry& entry : m_entries)
+        all.insert(all.end(), entry.geometry.parts.begin(), entry.geometry.parts.end());
     return BoxAround(all);
 }
 

@@ -11,11 +11,10 @@
 namespace ReportPicture {
 
 using ReportCore::Geometry;
+using ReportCore::POLE;
+using ReportCore::TURN;
 
 namespace {
-
-constexpr double TURN = 360.0;
-constexpr double POLE = 90.0;
 
 // In pixels
 
@@ -61,8 +60,13 @@ QColor ColourOf(std::size_t number)
     return QColor::fromHsv(static_cast<int>((FIRST + number * STEP) % 360), 200, 190);
 }
 
-QRectF BoxAround(const QPolygonF& points)
+QRectF BoxAround(const std::vector<ReportCore::Points>& outlines)
 {
+    QPolygonF points;
+    for (const ReportCore::Points& outline : outlines) {
+        for (const ReportCore::Point& point : outline)
+            points << QPointF(point.longitude, point.latitude);
+    }
     if (points.isEmpty())
         return {QPointF(-TURN / 2.0, -POLE), QPointF(TURN / 2.0, POLE)};
     const QRectF bounds = points.boundingRect();

@@ -10,6 +10,7 @@
 #include <QtGui/QPolygonF>
 
 #include <cstddef>
+#include <vector>
 
 class QPainter;
 
@@ -27,9 +28,9 @@ const QColor& Ink();
 /// Of one of several areas. Neighbours in a list differ much, and the row never repeats.
 QColor ColourOf(std::size_t number);
 
-/// What a map of these points shows, with room around them; the whole earth where there are none. X is the longitude, y
+/// What a map of these outlines shows, with room around them; the whole earth where there are none. X is the longitude, y
 /// the latitude.
-QRectF BoxAround(const QPolygonF& points);
+QRectF BoxAround(const std::vector<ReportCore::Points>& outlines);
 
 /// Where the points are on the map.
 QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale);

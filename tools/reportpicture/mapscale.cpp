@@ -1,21 +1,15 @@
 #include <reportpicture/mapscale.h>
 
-#include <QtCore/QtMath>
-
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 
 namespace ReportPicture {
 
+using ReportCore::HALF_TURN;
+using ReportCore::POLE;
+
 namespace {
-
-constexpr double HALF_TURN = 180.0;
-constexpr double TURN = 360.0;
-constexpr double POLE = 90.0;
-
-/// Near the poles degrees of longitude would have no length.
-constexpr double NARROWEST = 0.05;
 
 /// Lines across a map.
 constexpr double LINES = 6.0;
@@ -44,7 +38,7 @@ QString DegreesText(double degrees, QChar positive, QChar negative)
 MapScale::MapScale(const QRectF& box, const QRectF& frame) : m_frame(frame)
 {
     const QPointF centre = box.center();
-    const double narrowing = std::max(std::cos(qDegreesToRadians(centre.y())), NARROWEST);
+    const double narrowing = ReportCore::Narrowing(centre.y());
     m_pixelsOfLatitude = std::min(frame.height() / box.height(), frame.width() / (box.width() * narrowing));
     m_pixelsOfLongitude = m_pixelsOfLatitude * narrowing;
     m_west = centre.x() - frame.width() / 2.0 / m_pixelsOfLongitude;
@@ -67,10 +61,16 @@ MapScale MapScale::MovedBy(const QPointF& pixels) const
 {
     MapScale moved = *this;
     moved.m_west -= pixels.x() / m_pixelsOfLongitude;
+    moved.m_north += pixels.y() / m_pixelsOfLatitude;
+    return moved.WithMiddleOnEarth();
+}
+
+MapScale MapScale::WithMiddleOnEarth() const
+{
+    MapScale scale = *this;
     const double halfHeight = m_frame.height() / 2.0 / m_pixelsOfLatitude;
-    const double middle = m_north - halfHeight + pixels.y() / m_pixelsOfLatitude;
-    moved.m_north = std::clamp(middle, -POLE, POLE) + halfHeight;
-    return moved;
+    scale.m_north = std::clamp(m_north - halfHeight, -POLE, POLE) + halfHeight;
+    return scale;
 }
 
 MapScale MapScale::Enlarged(double factor, const QPointF& around) const
@@ -81,7 +81,7 @@ MapScale MapScale::Enlarged(double factor, const QPointF& around) const
     const ReportCore::Point kept = PointAt(around);
     enlarged.m_west = kept.longitude - (around.x() - m_frame.left()) / enlarged.m_pixelsOfLongitude;
     enlarged.m_north = kept.latitude + (around.y() - m_frame.top()) / enlarged.m_pixelsOfLatitude;
-    return enlarged;
+    return enlarged.WithMiddleOnEarth();
 }
 
 MapScale MapScale::WithFrame(const QRectF& frame) const
@@ -114,8 +114,7 @@ double GraticuleStep(double degrees)
 
 QString LongitudeText(double degrees)
 {
-    const double within = degrees - TURN * std::round(degrees / TURN);
-    return DegreesText(within, QLatin1Char('E'), QLatin1Char('W'));
+    return DegreesText(ReportCore::Within(degrees), QLatin1Char('E'), QLatin1Char('W'));
 }
 
 QString LatitudeText(double degrees)

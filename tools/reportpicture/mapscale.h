@@ -23,12 +23,12 @@ public:
     QPointF At(const ReportCore::Point& point) const;
     ReportCore::Point PointAt(const QPointF& place) const;
 
-    // The same place on the earth is as large on maps that were moved.
+    // The same place on the earth is as large on maps that were moved. Their middle is never beyond the poles.
 
-    /// What is shown moves by so many pixels, but its middle never beyond the poles.
+    /// What is shown moves by so many pixels.
     MapScale MovedBy(const QPointF& pixels) const;
 
-    /// Enlarged around a place in the frame, which keeps showing the same point.
+    /// Enlarged around a place in the frame, which keeps showing the same point as far as that can be.
     MapScale Enlarged(double factor, const QPointF& around) const;
 
     /// Another frame, with the same point in its middle.
@@ -47,6 +47,8 @@ public:
     double PixelsOfKilometre() const { return m_pixelsOfLatitude / KILOMETRES_OF_DEGREE; }
 
 private:
+    MapScale WithMiddleOnEarth() const;
+
     QRectF m_frame;
     double m_west = 0.0;
     double m_north = 0.0;

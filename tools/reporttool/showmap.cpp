@@ -21,12 +21,6 @@ constexpr int MOST_ROWS = 24;
 /// A character is about twice as high as it is wide.
 constexpr double HEIGHT_OF_CHARACTER = 2.0;
 
-constexpr double TURN = 360.0;
-constexpr double DEGREES_OF_RADIAN = 57.29577951308232;
-
-/// Near the poles degrees of longitude would have no length.
-constexpr double NARROWEST = 0.05;
-
 constexpr char OUTLINE = '*';
 constexpr char INSIDE = '.';
 
@@ -36,7 +30,7 @@ public:
     explicit Grid(const Geometry& geometry) : m_points(geometry.parts.front())
     {
         FindBounds();
-        const double narrowing = std::max(std::cos((m_south + m_north) / 2.0 / DEGREES_OF_RADIAN), NARROWEST);
+        const double narrowing = ReportCore::Narrowing((m_south + m_north) / 2.0);
         const double width = (m_east - m_west) * narrowing;
         const double height = m_north - m_south;
         const double cell =
@@ -62,8 +56,8 @@ public:
         lines[1] += QLatin1Char(' ') + NumberText(m_north);
         if (m_rows > 1)
             lines[m_rows] += QLatin1Char(' ') + NumberText(m_south);
-        const QString west = NumberText(Within(m_west));
-        const QString east = m_columns > 1 ? NumberText(Within(m_east)) : QString();
+        const QString west = NumberText(ReportCore::Within(m_west));
+        const QString east = m_columns > 1 ? NumberText(ReportCore::Within(m_east)) : QString();
         const auto gap = std::max<int>(m_columns + 1 - static_cast<int>(west.size() + east.size()), 1);
         lines << QLatin1Char(' ') + (west + QString(gap - 1, QLatin1Char(' ')) + east).trimmed();
         return lines;
@@ -80,15 +74,6 @@ private:
             m_south = std::min(m_south, point.latitude);
             m_north = std::max(m_north, point.latitude);
         }
-    }
-
-    /// Between -180 and 180 degrees.
-    static double Within(double longitude)
-    {
-        constexpr double DIGITS = 1e9;
-        if (std::abs(longitude) <= TURN / 2.0)
-            return longitude;
-        return std::round((longitude - TURN * std::round(longitude / TURN)) * DIGITS) / DIGITS;
     }
 
     double ColumnOf(double longitude) const

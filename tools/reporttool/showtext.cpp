@@ -2,6 +2,7 @@
 
 #include <reporttool/textoutput.h>
 
+#include <reportcore/areapoints.h>
 #include <reportcore/bounds.h>
 #include <reportcore/fieldtexts.h>
 #include <reportcore/reportfields.h>

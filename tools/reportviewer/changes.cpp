@@ -1,7 +1,6 @@
 #include <reportviewer/changes.h>
 
-#include <reportviewer/paths.h>
-
+#include <reportcore/areapoints.h>
 #include <reportcore/reportfields.h>
 
 #include <QUndoCommand>
@@ -22,7 +21,7 @@ constexpr int FEWEST_CHANGES_KEPT = 20;
 
 int PointsOf(const ReportBase& report)
 {
-    const ReportCore::FieldPath path = PathOfPoints();
+    const ReportCore::FieldPath path = ReportCore::PathOfPoints();
     const auto* const holder = ReportCore::FindHolder(report, path);
     return holder ? path.Last().field->CountIn(*holder) : 0;
 }

@@ -14,11 +14,10 @@ namespace ReportViewer {
 
 using ReportCore::Geometry;
 using ReportCore::Point;
+using ReportCore::TURN;
 using ReportPicture::MapScale;
 
 namespace {
-
-constexpr double TURN = 360.0;
 
 // In pixels
 
@@ -31,18 +30,8 @@ constexpr int NARROWEST = 20;
 
 const QRectF& WholeEarth()
 {
-    static const QRectF box = ReportPicture::BoxAround(QPolygonF());
+    static const QRectF box = ReportPicture::BoxAround({});
     return box;
-}
-
-QPolygonF PointsOf(const Geometry& geometry)
-{
-    QPolygonF points;
-    for (const auto& part : geometry.parts) {
-        for (const Point& point : part)
-            points << QPointF(point.longitude, point.latitude);
-    }
-    return points;
 }
 
 } // namespace
@@ -73,7 +62,7 @@ void MapView::SetContents(const ContentsPointer& contents)
 void MapView::Renew(const ContentsPointer& contents)
 {
     m_contents = contents;
-    m_middle = ReportPicture::BoxAround(PointsOf(m_contents->outline.geometry)).center().x();
+    m_middle = ReportPicture::BoxAround(m_contents->outline.geometry.parts).center().x();
     if (m_isFitted)
         FitArea();
     update();
@@ -89,7 +78,7 @@ QRectF MapView::Frame() const
 void MapView::FitArea()
 {
     m_isFitted = true;
-    m_scale = MapScale(ReportPicture::BoxAround(PointsOf(m_contents->outline.geometry)), Frame());
+    m_scale = MapScale(ReportPicture::BoxAround(m_contents->outline.geometry.parts), Frame());
     update();
 }
 
@@ -120,12 +109,11 @@ void MapView::Move(const QPoint& pixels)
     SetScale(m_scale.MovedBy(pixels));
 }
 
-const Outline::Item* MapView::FindItem(int index) const
+const Point* MapView::FindItem(int index) const
 {
     const auto& items = m_contents->outline.items;
-    const auto found =
-        std::lower_bound(items.begin(), items.end(), index,
-                         [](const Outline::Item& item, int wanted) { return item.index < wanted; });
+    const auto found = std::lower_bound(items.begin(), items.end(), index,
+                                        [](const Point& item, int wanted) { return item.index < wanted; });
     return found == items.end() || found->index != index ? nullptr : &*found;
 }
 
@@ -138,8 +126,8 @@ QPointF MapView::PlaceOf(const Point& point) const
 void MapView::MarkPoint(int index)
 {
     m_marked = index;
-    if (const Outline::Item* const item = FindItem(index)) {
-        const QPointF place = PlaceOf(item->point);
+    if (const Point* const item = FindItem(index)) {
+        const QPointF place = PlaceOf(*item);
         if (!m_scale.Frame().contains(place))
             SetScale(m_scale.MovedBy(m_scale.Frame().center() - place));
     }
@@ -152,28 +140,28 @@ void MapView::ChooseNext(int direction)
     if (items.empty())
         return;
     const auto count = static_cast<std::ptrdiff_t>(items.size());
-    const Outline::Item* const marked = FindItem(m_marked);
+    const Point* const marked = FindItem(m_marked);
     std::ptrdiff_t next = direction > 0 ? 0 : count - 1;
     if (marked)
         next = (marked - items.data() + direction + count) % count;
     Choose(items[static_cast<std::size_t>(next)]);
 }
 
-void MapView::Choose(const Outline::Item& item)
+void MapView::Choose(const Point& item)
 {
     MarkPoint(item.index);
-    TellPointAt(PlaceOf(item.point));
+    TellPointAt(PlaceOf(item));
     Q_EMIT PointChosen(item.index);
 }
 
 /// The nearest one that a pointer could mean.
-const Outline::Item* MapView::ItemNear(const QPointF& place) const
+const Point* MapView::ItemNear(const QPointF& place) const
 {
     constexpr double REACH = 12.0;
-    const Outline::Item* nearest = nullptr;
+    const Point* nearest = nullptr;
     double least = REACH;
-    for (const Outline::Item& item : m_contents->outline.items) {
-        const QPointF way = PlaceOf(item.point) - place;
+    for (const Point& item : m_contents->outline.items) {
+        const QPointF way = PlaceOf(item) - place;
         const double distance = std::hypot(way.x(), way.y());
         if (distance < least) {
             least = distance;
@@ -229,8 +217,8 @@ void MapView::DrawOutline(QPainter& painter) const
     painter.setBrush(colour);
     painter.setPen(Qt::NoPen);
     QPointF last(-OUTSIDE, -OUTSIDE);
-    for (const Outline::Item& item : m_contents->outline.items) {
-        const QPointF place = PlaceOf(item.point);
+    for (const Point& item : m_contents->outline.items) {
+        const QPointF place = PlaceOf(item);
         const QPointF way = place - last;
         if (!m_scale.Frame().contains(place) ||
             std::max(std::abs(way.x()), std::abs(way.y())) < DISTANCE_OF_DOTS)
@@ -242,10 +230,10 @@ void MapView::DrawOutline(QPainter& painter) const
 
 void MapView::DrawMarked(QPainter& painter) const
 {
-    const Outline::Item* const item = FindItem(m_marked);
+    const Point* const item = FindItem(m_marked);
     if (!item)
         return;
-    const QPointF place = PlaceOf(item->point);
+    const QPointF place = PlaceOf(*item);
     painter.setBrush(Qt::yellow);
     painter.setPen(QPen(Qt::red, 2.0));
     painter.drawEllipse(place, MARK_RADIUS, MARK_RADIUS);

@@ -67,9 +67,9 @@ private:
     void EnlargeAround(double factor, const QPointF& around);
     void Move(const QPoint& pixels);
     void TellPointAt(const QPointF& place);
-    const Outline::Item* FindItem(int index) const;
-    const Outline::Item* ItemNear(const QPointF& place) const;
-    void Choose(const Outline::Item& item);
+    const ReportCore::Point* FindItem(int index) const;
+    const ReportCore::Point* ItemNear(const QPointF& place) const;
+    void Choose(const ReportCore::Point& item);
     void DrawOutline(QPainter& painter) const;
     void DrawMarked(QPainter& painter) const;
 

@@ -67,7 +67,7 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
     unsetCursor();
     if (m_isDragging)
         return;
-    if (const Outline::Item* const item = ItemNear(event->pos()))
+    if (const ReportCore::Point* const item = ItemNear(event->pos()))
         Choose(*item);
 }
 

@@ -5,30 +5,16 @@
 
 #include <reportgenerator/reportbase/reportbase.h>
 
-#include <QtCore/QString>
-
-#include <vector>
-
 namespace ReportViewer {
 
 /// What the map shows of a report.
 struct Outline
 {
-    /// A point of the area by its number in the list, from 0.
-    struct Item
-    {
-        ReportCore::Point point;
-        int index = 0;
-    };
-
-    /// Name of the area and the numbers of the report.
-    QString title;
-
     /// Without cuts at the antimeridian; longitudes go on beyond 180 degrees.
     ReportCore::Geometry geometry;
 
-    /// All valid points.
-    std::vector<Item> items;
+    /// All valid points, with their numbers in the list from 0.
+    ReportCore::Points items;
 };
 
 Outline OutlineOf(const REPORTGENERATOR::ReportBase& report);

@@ -6,6 +6,8 @@
 #include <reportviewer/problempane.h>
 #include <reportviewer/treepane.h>
 
+#include <reportcore/areapoints.h>
+
 namespace ReportViewer {
 
 using ReportCore::FieldPath;
@@ -15,7 +17,7 @@ namespace {
 /// Of the point to which the field belongs; -1 for a field that belongs to none.
 int PointOf(const FieldPath& path)
 {
-    const FieldPath points = PathOfPoints();
+    const FieldPath points = ReportCore::PathOfPoints();
     const int depth = points.Size() - 1;
     if (path.Size() <= depth || path.At(depth).field != points.Last().field)
         return FieldPath::WHOLE;
@@ -32,7 +34,7 @@ Selection::Selection(TreePane& tree, MapView& map, BytesPane& bytes, ProblemPane
         ShowInBytes(path);
     });
     connect(&map, &MapView::PointChosen, this, [this](int index) {
-        const QString path = PathOfPoints(index).Text();
+        const QString path = ReportCore::PathOfPoints(index).Text();
         m_tree.ShowPath(path);
         ShowInBytes(path);
     });

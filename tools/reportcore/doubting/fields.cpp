@@ -1,6 +1,6 @@
 #include <reportcore/doubting/doubting.h>
 
-#include <reportcore/bounds.h>
+#include <reportcore/areapoints.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/ring.h>
 #include <reportcore/spots.h>
@@ -62,7 +62,7 @@ void DoubtRing(const IRGObject& holder, const FieldPath& path, Look look, FieldD
     if (look == Look::Quick && list.CountIn(holder) > EDGES_OF_QUICK_LOOK)
         return;
     // What is no point has been told by the check.
-    const std::vector<RingPoint> ring = RingOf(holder, list);
+    const Points ring = RingOf(holder, list);
     if (ring.size() < FEWEST && list.IsSetIn(holder))
         doubts.push_back(
             {path, TOO_FEW_POINTS, QStringLiteral("%1 different points surround nothing").arg(ring.size())});

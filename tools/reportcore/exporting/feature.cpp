@@ -1,14 +1,11 @@
 #include <reportcore/exporting/feature.h>
 
+#include <reportcore/areapoints.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/texts.h>
 
-#include <algorithm>
-#include <iterator>
-
 namespace ReportCore {
 
-using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::ReportBase;
 
 namespace {
@@ -23,17 +20,6 @@ void CollectTypes(const ObjectInfo& info, FieldPath& path, std::vector<PropertyT
             types.push_back({path.Text().replace(QLatin1Char('.'), QLatin1Char('_')), field->Kind(), path});
         path.Leave();
     }
-}
-
-Points OutlineOf(const QVector<Coordinate>& coordinates)
-{
-    Points outline;
-    outline.reserve(static_cast<std::size_t>(coordinates.size()));
-    std::transform(coordinates.begin(), coordinates.end(), std::back_inserter(outline),
-                   [](const Coordinate& coordinate) {
-                       return Point{coordinate.GetLongitude(), coordinate.GetLatitude()};
-                   });
-    return outline;
 }
 
 } // namespace
@@ -55,10 +41,9 @@ Feature FeatureOf(const QString& file, const ReportBase& report)
     feature.file = file;
     for (const PropertyType& type : PropertyTypes())
         feature.values.push_back(ValueAt(report, type.path));
-    if (report.IsAreaSet()) {
+    if (report.IsAreaSet())
         feature.name = report.GetArea().GetName();
-        feature.outline = OutlineOf(report.GetArea().GetCoordinate());
-    }
+    feature.outline = ValidPoints(report);
     return feature;
 }
 

@@ -38,7 +38,7 @@ struct Feature
     /// The values of `PropertyTypes()`; an invalid one is not set.
     std::vector<QVariant> values;
 
-    /// The points of its area as they stand there.
+    /// The valid points of its area.
     Points outline;
 };
 

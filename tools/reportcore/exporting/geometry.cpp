@@ -3,6 +3,8 @@
 #include <reportcore/exporting/cut.h>
 #include <reportcore/exporting/outline.h>
 
+#include <QtCore/QtMath>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -12,8 +14,6 @@
 namespace ReportCore {
 
 namespace {
-
-constexpr double POLE = 90.0;
 
 /// An outline that winds around the earth oftener than this is left as it is.
 constexpr double WIDEST = 2.0 * TURN;
@@ -31,13 +31,15 @@ Points FromAntimeridian(const Points& way)
         std::adjacent_find(way.begin(), way.end(), [meridian](const Point& left, const Point& right) {
             return (left.longitude < meridian) != (right.longitude < meridian);
         });
-    Points turned{Crossing(*before, *(before + 1), meridian)};
+    Points turned;
+    if ((before + 1)->longitude != meridian)
+        turned.push_back(Crossing(*before, *(before + 1), meridian));
     turned.insert(turned.end(), before + 1, way.end());
     const double shift = way.back().longitude - way.front().longitude;
     std::transform(way.begin() + 1, before + 1, std::back_inserter(turned), [shift](const Point& point) {
-        return Point{point.longitude + shift, point.latitude};
+        return Point{point.longitude + shift, point.latitude, point.index};
     });
-    turned.push_back({turned.front().longitude + shift, turned.front().latitude});
+    turned.push_back({turned.front().longitude + shift, turned.front().latitude, turned.back().index});
     return turned;
 }
 
@@ -45,11 +47,12 @@ Points FromAntimeridian(const Points& way)
 Points AroundPole(const Points& outline, double end)
 {
     Points way = outline;
-    way.push_back({end, outline.front().latitude});
+    way.push_back({end, outline.front().latitude, outline.front().index});
     Points ring = FromAntimeridian(WithoutRepeated(std::move(way)));
     const double pole = MeanLatitude(ring) < 0.0 ? -POLE : POLE;
-    ring.push_back({ring.back().longitude, pole});
-    ring.push_back({ring.front().longitude, pole});
+    const int last = ring.back().index;
+    ring.push_back({ring.back().longitude, pole, last});
+    ring.push_back({ring.front().longitude, pole, last});
     return Opened(WithoutRepeated(std::move(ring)));
 }
 
@@ -149,6 +152,30 @@ Geometry UncutGeometryOf(const Points& outline)
     return MakeGeometry(
         outline, [](const Points& ring) { return std::vector<Points>{Ring(ring)}; },
         [](const Points& line) { return std::vector<Points>{line}; });
+}
+
+Points OpenRingOf(const Points& outline)
+{
+    const Points points = Opened(WithoutRepeated(outline));
+    if (points.size() < LEAST_OF_RING)
+        return Unwrapped(points);
+    const Points ring = UnwrappedRing(points);
+    if (!ring.empty())
+        return ring;
+    return SignedArea(points) == 0.0 ? Opened(Unwrapped(points)) : points;
+}
+
+double Within(double longitude)
+{
+    if (std::abs(longitude) <= HALF_TURN)
+        return longitude;
+    return Rounded(longitude - TURN * std::round(longitude / TURN));
+}
+
+double Narrowing(double latitude)
+{
+    constexpr double NARROWEST = 0.05;
+    return std::max(std::cos(qDegreesToRadians(latitude)), NARROWEST);
 }
 
 Points Closed(Points points)

@@ -9,8 +9,6 @@ namespace ReportCore {
 
 namespace {
 
-constexpr double HALF_TURN = 180.0;
-
 /// A tenth of a millimetre: numbers that come out of a calculation get no digits beyond.
 constexpr double DIGITS = 1e9;
 
@@ -94,7 +92,7 @@ std::vector<double> Antimeridians(const Points& points)
 Point Crossing(const Point& from, const Point& to, double meridian)
 {
     const double part = (meridian - from.longitude) / (to.longitude - from.longitude);
-    return {meridian, Rounded(from.latitude + part * (to.latitude - from.latitude))};
+    return {meridian, Rounded(from.latitude + part * (to.latitude - from.latitude)), from.index};
 }
 
 } // namespace ReportCore

@@ -10,8 +10,6 @@ namespace ReportCore {
 
 // Calculating with the points of an outline, whose longitudes may go on beyond 180 degrees.
 
-constexpr double TURN = 360.0;
-
 /// Without digits beyond a tenth of a millimetre, which come out of calculations.
 double Rounded(double degrees);
 

@@ -8,7 +8,7 @@
 #include <reporttool/showmap.h>
 #include <reporttool/showtext.h>
 
-#include <reportcore/bounds.h>
+#include <reportcore/areapoints.h>
 #include <reportcore/reportfile.h>
 
 #include <QtCore/QJsonArray>
@@ -42,12 +42,7 @@ int CodeOf(const ReportFile& file)
 /// The area as far as its points are good.
 void ShowMap(const ReportFile& file, Console& console)
 {
-    ReportCore::Points outline;
-    for (const REPORTGENERATOR::Coordinate& coordinate : file.report.GetArea().GetCoordinate()) {
-        if (ReportCore::IsValidPoint(coordinate))
-            outline.push_back({coordinate.GetLongitude(), coordinate.GetLatitude()});
-    }
-    const QStringList lines = MapLines(outline);
+    const QStringList lines = MapLines(ReportCore::ValidPoints(file.report));
     if (lines.isEmpty())
         return;
     console.Output().Line(QString());

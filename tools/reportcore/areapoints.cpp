@@ -1,0 +1,72 @@
+#include <reportcore/areapoints.h>
+
+#include <reportcore/reportfields.h>
+
+namespace ReportCore {
+
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::IRGObject;
+using REPORTGENERATOR::ReportBase;
+
+namespace {
+
+bool FindPoints(const ObjectInfo& info, FieldPath& path)
+{
+    for (const auto& field : info.All()) {
+        if (!field->HasObjects())
+            continue;
+        path.Enter(*field);
+        if (HoldsPoints(*field) || (field->Kind() == FieldKind::Object && FindPoints(field->Object(), path)))
+            return true;
+        path.Leave();
+    }
+    return false;
+}
+
+} // namespace
+
+bool HoldsPoints(const Field& field)
+{
+    return field.Kind() == FieldKind::List &&
+           field.Object().ObjectName() == Coordinate::GetStaticObjectName();
+}
+
+FieldPath PathOfPoints(int index)
+{
+    static const FieldPath found = [] {
+        FieldPath path;
+        FindPoints(ReportInfo(), path);
+        return path;
+    }();
+    FieldPath path = found;
+    path.SetIndex(index);
+    return path;
+}
+
+bool IsValidPoint(const Coordinate& point)
+{
+    return point.HasData() && point.IsValidLongitude(point.GetLongitude()) &&
+           point.IsValidLatitude(point.GetLatitude());
+}
+
+Points ValidPoints(const IRGObject& holder, const Field& list)
+{
+    Points points;
+    const int count = list.CountIn(holder);
+    points.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const auto& point = static_cast<const Coordinate&>(list.ItemIn(holder, i));
+        if (IsValidPoint(point))
+            points.push_back({point.GetLongitude(), point.GetLatitude(), i});
+    }
+    return points;
+}
+
+Points ValidPoints(const ReportBase& report)
+{
+    const FieldPath path = PathOfPoints();
+    const IRGObject* const holder = FindHolder(report, path);
+    return holder ? ValidPoints(*holder, *path.Last().field) : Points();
+}
+
+} // namespace ReportCore
