@@ -46,6 +46,15 @@ TEST(MapScale, EnlargesAroundAPlace)
     EXPECT_DOUBLE_EQ(enlarged.North() - enlarged.South(), 5.0);
 }
 
+TEST(MapScale, MiddleStaysOnTheEarthWhenEnlarged)
+{
+    // Around a place that shows 95 degrees north, which no place on the earth does.
+    const MapScale moved = Equator().MovedBy({0.0, 1e6});
+    const MapScale enlarged = moved.Enlarged(2.0, {300.0, 50.0});
+    EXPECT_DOUBLE_EQ(enlarged.North(), 92.5);
+    EXPECT_DOUBLE_EQ(enlarged.South(), 87.5);
+}
+
 TEST(MapScale, KeepsTheMiddleInAnotherFrame)
 {
     const MapScale scale = Equator().WithFrame(QRectF(0.0, 0.0, 200.0, 400.0));

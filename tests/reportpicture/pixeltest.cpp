@@ -1,8 +1,11 @@
+#include <reportpicture/mapdrawing.h>
+#include <reportpicture/mapscale.h>
 #include <reportpicture/painters.h>
 
 #include <gtest/gtest.h>
 
 #include <QtGui/QImage>
+#include <QtGui/QPainter>
 
 namespace {
 
@@ -84,6 +87,60 @@ TEST(Picture, PointAndLineAndNothingAreDrawn)
     const QImage nothing = Drawn({{}});
     EXPECT_EQ(nothing.size(), QSize(WIDTH, HEIGHT));
     EXPECT_EQ(ColouredInLine(nothing, MIDDLE_Y), 0);
+}
+
+bool IsInk(QRgb pixel)
+{
+    return qGray(pixel) < 128;
+}
+
+TEST(Picture, LabelsOfManyDigitsStayWithinThePicture)
+{
+    // Of a map of some metres lines stand at hundred thousandths of degrees. Where a label would be cut depends on the font.
+    for (int size = 10; size <= 18; ++size) {
+        QImage image(WIDTH, HEIGHT, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QFont font = painter.font();
+        font.setPixelSize(size);
+        painter.setFont(font);
+        const QRectF frame(ReportPicture::LABELS_LEFT, 12.0, 500.0, 340.0);
+        ReportPicture::DrawGraticule(painter, {QRectF(9.5, 47.508, 1e-4, 1e-4), frame});
+        painter.end();
+        int ink = 0;
+        for (int y = 0; y < static_cast<int>(frame.bottom()); ++y) {
+            EXPECT_FALSE(IsInk(image.pixel(0, y))) << size << " at " << y;
+            for (int x = 1; x < static_cast<int>(frame.left()); ++x)
+                ink += IsInk(image.pixel(x, y)) ? 1 : 0;
+        }
+        EXPECT_GT(ink, 100) << size;
+    }
+}
+
+TEST(Picture, LabelsOfLongitudesStandApart)
+{
+    // Beside the pole a degree of longitude is short, and fractions of it have long labels.
+    const QImage image = Drawn({{{-179.9, 89.99}}});
+    constexpr int FRAME_BOTTOM = HEIGHT - 12 - 20 - 24;
+    constexpr int WIDEST_LABEL = 110;
+    int labels = 0;
+    int begin = -1;
+    int last = -10;
+    for (int x = 0; x < WIDTH; ++x) {
+        bool hasInk = false;
+        for (int y = FRAME_BOTTOM + 4; y < FRAME_BOTTOM + 22; ++y)
+            hasInk = hasInk || IsInk(image.pixel(x, y));
+        if (!hasInk)
+            continue;
+        if (x - last > 6) {
+            begin = x;
+            ++labels;
+        }
+        last = x;
+        ASSERT_LT(last - begin, WIDEST_LABEL);
+    }
+    EXPECT_GT(labels, 1);
+    EXPECT_LT(last, WIDTH - 1);
 }
 
 } // namespace

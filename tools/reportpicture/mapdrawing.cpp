@@ -2,6 +2,8 @@
 
 #include <reportpicture/mapscale.h>
 
+#include <QtGui/QFont>
+#include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 
@@ -33,8 +35,9 @@ constexpr double ROOM = 0.08;
 /// Of a map that shows a single point, in degrees.
 constexpr double LEAST_EXTENT = 0.02;
 
-/// So that their labels stand beside each other, in pixels.
+/// Between lines, and between the labels of longitudes, in pixels.
 constexpr double LEAST_BETWEEN_LONGITUDES = 60.0;
+constexpr double LEAST_BETWEEN_LABELS = 8.0;
 
 /// The distance of lines on a map that shows so many degrees, each of so many pixels.
 double StepFor(double degrees, double pixelsOfDegree, double leastPixels)
@@ -43,6 +46,98 @@ double StepFor(double degrees, double pixelsOfDegree, double leastPixels)
     for (double more = 2.0 * degrees; step * pixelsOfDegree < leastPixels && more < TURN * TURN; more *= 2.0)
         step = GraticuleStep(more);
     return step;
+}
+
+QPen LinePen()
+{
+    return QPen(QColor(200, 200, 200), 1.0);
+}
+
+/// Calls the function with each multiple of the step from `low` to `high`.
+template <class Function>
+void ForEachLine(double low, double high, double step, const Function& function)
+{
+    for (double i = std::ceil(low / step); i * step <= high; i += 1.0)
+        function(i * step);
+}
+
+double WidestText(double low, double high, double step, const QFont& font, QString (*textOf)(double))
+{
+    const QFontMetricsF metrics(font);
+    double widest = 0.0;
+    ForEachLine(low, high, step, [&](double degrees) {
+        widest = std::max(widest, metrics.horizontalAdvance(textOf(degrees)));
+    });
+    return widest;
+}
+
+/// So wide that the labels stand beside each other: the finer the lines, the more digits they have.
+double StepOfLongitudes(const MapScale& scale, const QFont& font)
+{
+    const double degrees = scale.East() - scale.West();
+    const double pixelsOfDegree = scale.Frame().width() / degrees;
+    double least = LEAST_BETWEEN_LONGITUDES;
+    while (true) {
+        const double step = StepFor(degrees, pixelsOfDegree, least);
+        const double needed =
+            WidestText(scale.West(), scale.East(), step, font, LongitudeText) + LEAST_BETWEEN_LABELS;
+        if (needed <= std::max(least, step * pixelsOfDegree))
+            return step;
+        least = needed;
+    }
+}
+
+/// The font, or a smaller one in which a text of this width takes no more than the room.
+QFont FittingFont(const QFont& font, double width, double room)
+{
+    constexpr int SMALLEST = 7;
+    QFont fitting = font;
+    if (width > room)
+        fitting.setPixelSize(
+            std::max(SMALLEST, static_cast<int>(QFontInfo(font).pixelSize() * room / width)));
+    return fitting;
+}
+
+void DrawLongitudes(QPainter& painter, const MapScale& scale)
+{
+    const QRectF& frame = scale.Frame();
+    const QFontMetricsF metrics(painter.font());
+    const double south = std::max(scale.South(), -POLE);
+    const double north = std::min(scale.North(), POLE);
+    ForEachLine(scale.West(), scale.East(), StepOfLongitudes(scale, painter.font()), [&](double longitude) {
+        painter.setPen(LinePen());
+        painter.drawLine(scale.At({longitude, north}), scale.At({longitude, south}));
+        painter.setPen(Ink());
+        const QString text = LongitudeText(longitude);
+        const double halfWidth = metrics.horizontalAdvance(text) / 2.0;
+        // The last one stays within the picture.
+        const double middle = std::min(scale.At({longitude, 0.0}).x(), frame.right() + MARGIN - halfWidth);
+        painter.drawText(QRectF(middle - LABELS_LEFT, frame.bottom(), 2.0 * LABELS_LEFT, LABELS_BELOW),
+                         Qt::AlignCenter, text);
+    });
+}
+
+void DrawLatitudes(QPainter& painter, const MapScale& scale)
+{
+    const QRectF& frame = scale.Frame();
+    const double south = std::max(scale.South(), -POLE);
+    const double north = std::min(scale.North(), POLE);
+    const double width = scale.East() - scale.West();
+    const double step =
+        StepFor(std::max(north - south, width / TURN), frame.height() / (scale.North() - scale.South()), ROW);
+    constexpr double LABEL = LABELS_LEFT - BAR_HEIGHT;
+    painter.save();
+    painter.setFont(
+        FittingFont(painter.font(), WidestText(south, north, step, painter.font(), LatitudeText), LABEL));
+    ForEachLine(south, north, step, [&](double latitude) {
+        const double y = scale.At({0.0, latitude}).y();
+        painter.setPen(LinePen());
+        painter.drawLine(QPointF(frame.left(), y), QPointF(frame.right(), y));
+        painter.setPen(Ink());
+        painter.drawText(QRectF(0.0, y - ROW, LABEL, 2.0 * ROW), Qt::AlignRight | Qt::AlignVCenter,
+                         LatitudeText(latitude));
+    });
+    painter.restore();
 }
 
 } // namespace
@@ -84,32 +179,8 @@ QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale)
 
 void DrawGraticule(QPainter& painter, const MapScale& scale)
 {
-    const QRectF& frame = scale.Frame();
-    const QPen line(QColor(200, 200, 200), 1.0);
-    const QPen ink(Ink());
-    const double south = std::max(scale.South(), -POLE);
-    const double north = std::min(scale.North(), POLE);
-    const double width = scale.East() - scale.West();
-    const double longitudeStep = StepFor(width, frame.width() / width, LEAST_BETWEEN_LONGITUDES);
-    for (double i = std::ceil(scale.West() / longitudeStep); i * longitudeStep <= scale.East(); i += 1.0) {
-        const double longitude = i * longitudeStep;
-        const double x = scale.At({longitude, 0.0}).x();
-        painter.setPen(line);
-        painter.drawLine(scale.At({longitude, north}), scale.At({longitude, south}));
-        painter.setPen(ink);
-        painter.drawText(QRectF(x - LABELS_LEFT, frame.bottom(), 2.0 * LABELS_LEFT, LABELS_BELOW),
-                         Qt::AlignCenter, LongitudeText(longitude));
-    }
-    const double latitudeStep =
-        StepFor(std::max(north - south, width / TURN), frame.height() / (scale.North() - scale.South()), ROW);
-    for (double i = std::ceil(south / latitudeStep); i * latitudeStep <= north; i += 1.0) {
-        const double y = scale.At({0.0, i * latitudeStep}).y();
-        painter.setPen(line);
-        painter.drawLine(QPointF(frame.left(), y), QPointF(frame.right(), y));
-        painter.setPen(ink);
-        painter.drawText(QRectF(0.0, y - ROW, LABELS_LEFT - BAR_HEIGHT, 2.0 * ROW),
-                         Qt::AlignRight | Qt::AlignVCenter, LatitudeText(i * latitudeStep));
-    }
+    DrawLongitudes(painter, scale);
+    DrawLatitudes(painter, scale);
 }
 
 void DrawShape(QPainter& painter, Geometry::Shape shape, const QPolygonF& outline, const QColor& colour)

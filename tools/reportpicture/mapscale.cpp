@@ -15,7 +15,7 @@ namespace {
 constexpr double LINES = 6.0;
 
 /// Beyond these, steps of 10 and 20 degrees don't meet the antimeridian and the poles.
-constexpr double WIDE_STEPS[] = {45.0, 30.0, 15.0, 10.0};
+constexpr double WIDE_STEPS[] = {360.0, 180.0, 90.0, 45.0, 30.0, 15.0, 10.0};
 
 /// Digits of numbers that come out of a calculation.
 constexpr int DIGITS = 10;
