@@ -16,7 +16,6 @@
 namespace {
 
 using ReportCore::Field;
-using ReportCore::FieldKind;
 using ReportCore::FieldPath;
 using ReportCore::PathError;
 using ReportCore::ReportInfo;

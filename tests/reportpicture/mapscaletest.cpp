@@ -6,7 +6,13 @@
 
 namespace {
 
-using namespace ReportPicture;
+using ReportPicture::GraticuleStep;
+using ReportPicture::HertzText;
+using ReportPicture::LatitudeText;
+using ReportPicture::LengthText;
+using ReportPicture::LongitudeText;
+using ReportPicture::MapScale;
+using ReportPicture::RoundStep;
 
 TEST(MapScale, PutsTheBoxIntoTheMiddleOfTheFrame)
 {

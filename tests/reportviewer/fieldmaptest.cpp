@@ -12,7 +12,6 @@ namespace {
 using ReportCore::FieldPath;
 using ReportViewer::ContentsPointer;
 using ReportViewer::FieldMap;
-using ReportViewer::Span;
 
 ContentsPointer Read(const QByteArray& bytes)
 {

@@ -22,7 +22,6 @@
 
 namespace {
 
-using ReportViewer::Questions;
 using ViewerTest::ViewerWindow;
 using ViewerTest::WaitFor;
 

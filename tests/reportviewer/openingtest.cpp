@@ -26,7 +26,6 @@
 
 namespace {
 
-using ReportViewer::Questions;
 using ViewerTest::ViewerWindow;
 using ViewerTest::WaitFor;
 

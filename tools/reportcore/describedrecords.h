@@ -33,6 +33,7 @@ struct Records
     {
         Object altered;
         REPORTGENERATOR::RecordAccess::Init(altered);
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the record is that of the new object alone
         Data& data = const_cast<Data&>(*REPORTGENERATOR::RecordAccess::Get(altered));
         CopyRows(Of(object), data);
         change(data);
