@@ -92,8 +92,11 @@ build_platform() {
         # What Clang leaves to the linker is understood by its own.
         [[ $compiler != clang++ ]] || words+=(-DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=lld -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld)
     fi
-    if [[ ! -f $folder/build.ninja ]]; then
+    # What it was configured with. CMake would keep options that are not given any more.
+    if [[ ! -f $folder/words || $(<"$folder/words") != "${words[*]}" ]]; then
+        rm -rf "$folder"
         run cmake -S . -B "$folder" "${words[@]}"
+        printf '%s\n' "${words[*]}" >"$folder/words"
     fi
     run cmake --build "$folder" --parallel "$jobs" --target report_digest
 }

@@ -25,6 +25,8 @@ take_pictures_of_viewer() {
     local pictures="$1" viewer=build/release/bin/reportviewer reports=examples/reports folder
     shift
     folder="$(mktemp -d)"
+    # shellcheck disable=SC2064 # the name as it is now
+    trap "rm -rf '$folder'" EXIT
     rm -f "$pictures"/reportviewer*.png
     build/release/bin/reporttool convert "$reports/fm_broadcast_country.xml" "$folder/country.plain" --to plain
     sed '0,/<Latitude>/s//&9/' "$reports/airband_emergency_lake.xml" >"$folder/misspelt.xml"
@@ -34,4 +36,5 @@ take_pictures_of_viewer() {
     run "${words[@]}" "$pictures/reportviewer-bytes.png" --field 'area.coordinate[3].latitude' "$folder/country.plain"
     run "${words[@]}" "$pictures/reportviewer-problem.png" --problem "$folder/misspelt.xml"
     rm -r "$folder"
+    trap - EXIT
 }
