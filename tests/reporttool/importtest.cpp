@@ -164,6 +164,14 @@ TEST(ToolImport, CsvWithWkt)
                  "csv", report);
 }
 
+TEST(ToolImport, CsvLinesMayEndWithCarriageReturns)
+{
+    ExpectReport("name,WKT\rHill,POINT (8.5 47.25)\r", "csv", PointReport("Hill"));
+    ExpectReport("name,WKT\r\r\n\n\"Hill\",\"POINT (8.5 47.25)\"", "csv", PointReport("Hill"));
+    // Two in quotes, one empty line.
+    ExpectRefusal("name,WKT\r\"a\rb\r\nc\",\r\r\"d\"e,\r", "csv", "line 6: text behind a closing quote");
+}
+
 TEST(ToolImport, CsvTextsKeepWhatIsQuoted)
 {
     ExpectReport("area_name,WKT\r\n\"a, \"\"b\"\"\nc\",POINT (8.5 47.25)\r\n", "csv",
@@ -240,6 +248,16 @@ TEST(ToolImport, KmlOfGeometriesWithoutEndIsRefused)
 {
     ExpectRefusal("<Placemark>" + QByteArray("<MultiGeometry>").repeated(100000), "kml",
                   "geometries within geometries without end");
+}
+
+TEST(ToolImport, KmlOfDataWithinDataWithoutEndIsPassedOver)
+{
+    const int depth = 200000;
+    ExpectReport("<Placemark><name>Hill</name><ExtendedData>" + QByteArray("<SchemaData>").repeated(depth) +
+                     "<SimpleData name=\"frequency_value\">1</SimpleData>" +
+                     QByteArray("</SchemaData>").repeated(depth) +
+                     "</ExtendedData><Point><coordinates>8.5,47.25</coordinates></Point></Placemark>",
+                 "kml", PointReport("Hill"));
 }
 
 // --- What export has written

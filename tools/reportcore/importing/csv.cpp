@@ -41,14 +41,28 @@ private:
                 ++m_place;
                 continue;
             }
-            if (At(QLatin1Char('\r')))
-                ++m_place;
-            if (m_place < m_text.size() && !At(QLatin1Char('\n')))
+            if (m_place < m_text.size() && !TakeLineEnd())
                 throw ImportError{QStringLiteral("line %1: text behind a closing quote").arg(line)};
-            ++m_place;
             ++m_line;
             return row;
         }
+    }
+
+    /// A carriage return, a line feed or both. Returns whether there was one.
+    bool TakeLineEnd()
+    {
+        const auto begin = m_place;
+        if (At(QLatin1Char('\r')))
+            ++m_place;
+        if (At(QLatin1Char('\n')))
+            ++m_place;
+        return m_place != begin;
+    }
+
+    static int LineEndsIn(const QString& piece)
+    {
+        return static_cast<int>(piece.count(QLatin1Char('\n')) + piece.count(QLatin1Char('\r')) -
+                                piece.count(QLatin1String("\r\n")));
     }
 
     bool At(QLatin1Char character) const
@@ -74,7 +88,7 @@ private:
             if (end < 0)
                 throw ImportError{QStringLiteral("line %1: a quote is never closed").arg(line)};
             const QString piece = m_text.mid(m_place, end - m_place);
-            m_line += static_cast<int>(piece.count(QLatin1Char('\n')));
+            m_line += LineEndsIn(piece);
             cell += piece;
             m_place = end + 1;
             if (!At(QLatin1Char('"')))

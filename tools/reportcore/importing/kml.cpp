@@ -53,11 +53,23 @@ private:
         while (m_xml.readNextStartElement()) {
             const QString name = m_xml.attributes().value(QLatin1String("name")).toString();
             if (m_xml.name() == QLatin1String("SchemaData"))
-                ReadData(feature);
+                ReadSchemaData(feature);
             else if (m_xml.name() == QLatin1String("SimpleData"))
                 feature.properties.emplace_back(name, m_xml.readElementText());
             else if (m_xml.name() == QLatin1String("Data"))
                 feature.properties.emplace_back(name, ReadDataValue());
+            else
+                m_xml.skipCurrentElement();
+        }
+    }
+
+    /// Nothing but values of its own counts there: whatever else it holds may hold more of the kind without end.
+    void ReadSchemaData(ImportedFeature& feature)
+    {
+        while (m_xml.readNextStartElement()) {
+            const QString name = m_xml.attributes().value(QLatin1String("name")).toString();
+            if (m_xml.name() == QLatin1String("SimpleData"))
+                feature.properties.emplace_back(name, m_xml.readElementText());
             else
                 m_xml.skipCurrentElement();
         }
