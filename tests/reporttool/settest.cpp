@@ -109,6 +109,29 @@ TEST(ToolSet, ItemsKeepTheirNumbersUntilAllIsSet)
     EXPECT_EQ(RunIn(scratch, {"diff", "out", "expected"}).exitCode, 0);
 }
 
+TEST(ToolSet, ItemIsRemovedOnceHoweverOftenItIsNamed)
+{
+    const Scratch scratch;
+    scratch.Write("in", Lake(Point("1", "1") + Point("2", "2") + Point("3", "3") + Point("4", "4")));
+    EXPECT_EQ(RunIn(scratch, {"set", "in", "--unset", "area.coordinate[2]", "--unset", "area.coordinate[1]",
+                              "--unset", "area.coordinates[2]", "-o", "out"})
+                  .exitCode,
+              0);
+    scratch.Write("expected", Lake(Point("3", "3") + Point("4", "4")));
+    EXPECT_EQ(RunIn(scratch, {"diff", "out", "expected"}).exitCode, 0);
+}
+
+TEST(ToolSet, FieldsOfItemsAreUnsetBeforeItemsAreRemoved)
+{
+    const Scratch scratch;
+    scratch.Write("in", Lake(Point("1", "1") + Point("2", "2") + Point("3", "3")));
+    const ToolRun run = RunIn(scratch, {"set", "in", "--unset", "area.coordinate[2]", "--unset",
+                                        "area.coordinate[2].latitude", "-o", "out"});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    scratch.Write("expected", Lake(Point("1", "1") + Point("3", "3")));
+    EXPECT_EQ(RunIn(scratch, {"diff", "out", "expected"}).exitCode, 0);
+}
+
 TEST(ToolSet, TextMayHoldSignsAndBeEmpty)
 {
     const Scratch scratch;

@@ -69,6 +69,23 @@ Assignment AssignmentOf(const QString& argument)
     }
 }
 
+/// In the order in which they can be unset by these paths, each of them once. What is unset within an item goes before
+/// items are removed; of several items the last one goes first, so that the others keep their numbers.
+std::vector<FieldPath> InOrderOfUnsetting(const std::vector<FieldPath>& paths)
+{
+    std::vector<FieldPath> ordered;
+    for (const FieldPath& path : paths) {
+        if (std::find(ordered.begin(), ordered.end(), path) == ordered.end())
+            ordered.push_back(path);
+    }
+    const auto items = std::stable_partition(ordered.begin(), ordered.end(),
+                                             [](const FieldPath& path) { return !path.IsItem(); });
+    std::stable_sort(items, ordered.end(), [](const FieldPath& left, const FieldPath& right) {
+        return left.Last().index > right.Last().index;
+    });
+    return ordered;
+}
+
 Request RequestOf(const Parser& parser)
 {
     QStringList arguments = parser.Arguments();
@@ -81,14 +98,12 @@ Request RequestOf(const Parser& parser)
     request.output = parser.Value("o");
     for (const QString& argument : arguments)
         request.assignments.push_back(AssignmentOf(argument));
+    std::vector<FieldPath> unset;
     for (const QString& path : parser.Values("unset"))
-        request.unset.push_back(PathOf(path));
+        unset.push_back(PathOf(path));
+    request.unset = InOrderOfUnsetting(unset);
     if (request.assignments.empty() && request.unset.empty())
         throw UsageError{QStringLiteral("there is nothing to set")};
-    // Of several items the last one goes first, so that the others keep their numbers.
-    std::stable_sort(
-        request.unset.begin(), request.unset.end(),
-        [](const FieldPath& left, const FieldPath& right) { return left.Last().index > right.Last().index; });
     return request;
 }
 
