@@ -11,9 +11,6 @@
 
 #ifdef Q_OS_UNIX
 #    include <csignal>
-#    include <cstdlib>
-#    include <fcntl.h>
-#    include <unistd.h>
 #endif
 
 namespace {
@@ -163,71 +160,15 @@ TEST(ToolManyFiles, ProgressTellsRateAndTimeLeft)
     EXPECT_TEXT(ProgressText(400, 400, 2000), "400 of 400 (100 %), 200/s, 0 s left");
 }
 
-/// The tool with two files: one of them is standard input, so that it waits.
-class Waiting
-{
-public:
-    explicit Waiting(const QString& terminal)
-    {
-        if (!terminal.isEmpty())
-            m_process.setStandardErrorFile(terminal);
-        m_process.start(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL),
-                        {QStringLiteral("check"), m_scratch.Write("empty", {}), QStringLiteral("-")});
-        EXPECT_TRUE(m_process.waitForStarted(PATIENCE_IN_MS));
-    }
-
-    QProcess& Process() { return m_process; }
-
-    void Finish()
-    {
-        m_process.closeWriteChannel();
-        EXPECT_TRUE(m_process.waitForFinished(PATIENCE_IN_MS));
-    }
-
-private:
-    Scratch m_scratch;
-    QProcess m_process;
-};
-
 TEST(ToolManyFiles, NothingButTheSummaryWhereErrorsGoElsewhere)
 {
-    Waiting tool((QString()));
-    tool.Finish();
-    EXPECT_EQ(tool.Process().exitCode(), 1);
-    EXPECT_TEXT(QString::fromUtf8(tool.Process().readAllStandardError()),
-                "2 files: 0 good, 2 invalid, 0 unreadable\n");
+    const Scratch scratch;
+    const ToolRun run = RunTool({"check", scratch.Write("empty", {}), "-"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Errors(), "2 files: 0 good, 2 invalid, 0 unreadable\n");
 }
 
 #ifdef Q_OS_UNIX
-TEST(ToolManyFiles, TerminalShowsHowFarItHasGot)
-{
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_GE(terminal, 0);
-    ASSERT_EQ(grantpt(terminal), 0);
-    ASSERT_EQ(unlockpt(terminal), 0);
-    const QString name = QString::fromLatin1(ptsname(terminal));
-    // Held open, so that what was written stays when the tool has ended.
-    const int keeper = open(name.toLatin1().constData(), O_RDWR | O_NOCTTY);
-    ASSERT_GE(keeper, 0);
-    Waiting tool(name);
-    QByteArray shown;
-    char buffer[256];
-    while (!shown.contains("1 of 2 (50 %)")) {
-        const auto count = read(terminal, buffer, sizeof buffer);
-        ASSERT_GT(count, 0);
-        shown.append(buffer, static_cast<int>(count));
-    }
-    tool.Finish();
-    while (!shown.contains("files:")) {
-        const auto count = read(terminal, buffer, sizeof buffer);
-        ASSERT_GT(count, 0);
-        shown.append(buffer, static_cast<int>(count));
-    }
-    EXPECT_TRUE(shown.contains("\r\x1B[K2 files: 0 good, 2 invalid, 0 unreadable")) << shown.toStdString();
-    close(keeper);
-    close(terminal);
-}
-
 TEST(ToolManyFiles, InterruptionEndsItWithWhatWasDone)
 {
     // Far more than it can tell before somebody reads what it tells.
@@ -256,6 +197,7 @@ TEST(ToolManyFiles, InterruptionEndsItWithWhatWasDone)
                                                           "%1 files: 0 good, %1 invalid, 0 unreadable\n")
                                                .arg(told));
 }
+
 #endif
 
 } // namespace
