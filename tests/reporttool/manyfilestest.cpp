@@ -198,6 +198,26 @@ TEST(ToolManyFiles, InterruptionEndsItWithWhatWasDone)
                                                .arg(told));
 }
 
+TEST(ToolManyFiles, InterruptionIsIgnoredByWhoeverWasStartedSo)
+{
+    // Far more than it can tell before somebody reads what it tells.
+    const Scratch scratch;
+    scratch.Write("e", {});
+    QProcess process;
+    process.setWorkingDirectory(scratch.Folder());
+    process.start(QStringLiteral("/bin/sh"),
+                  {QStringLiteral("-c"), QStringLiteral("trap '' INT; exec \"$0\" check --files-from -"),
+                   QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)});
+    process.write(QByteArray("e\n").repeated(100000));
+    process.closeWriteChannel();
+    ASSERT_TRUE(process.waitForReadyRead(PATIENCE_IN_MS));
+    ASSERT_EQ(kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    ASSERT_TRUE(process.waitForFinished(PATIENCE_IN_MS));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TEXT(QString::fromUtf8(process.readAllStandardError()),
+                "100000 files: 0 good, 100000 invalid, 0 unreadable\n");
+}
 #endif
 
 } // namespace

@@ -19,12 +19,18 @@ void Note(int signal)
 Interruption::Interruption()
 {
     g_hasCome = 0;
-    std::signal(SIGINT, Note);
+    m_before = std::signal(SIGINT, Note);
+    if (m_before != SIG_IGN)
+        return;
+    std::signal(SIGINT, SIG_IGN);
+    // One may have come in between.
+    g_hasCome = 0;
 }
 
 Interruption::~Interruption()
 {
-    std::signal(SIGINT, SIG_DFL);
+    if (m_before != SIG_ERR)
+        std::signal(SIGINT, m_before);
 }
 
 bool Interruption::HasCome()

@@ -3,7 +3,8 @@
 
 namespace ReportTool {
 
-/// While it lives, the first Ctrl-C doesn't end the program but is noted. The second one ends it.
+/// While it lives, the first Ctrl-C doesn't end the program but is noted. The second one ends it. A program that was
+/// started to ignore it goes on ignoring it.
 class Interruption
 {
 public:
@@ -13,6 +14,9 @@ public:
     Interruption& operator=(const Interruption& other) = delete;
 
     static bool HasCome();
+
+private:
+    void (*m_before)(int) = nullptr; ///< what was done with the signal
 };
 
 } // namespace ReportTool
