@@ -220,4 +220,34 @@ TEST(ToolManyFiles, InterruptionIsIgnoredByWhoeverWasStartedSo)
 }
 #endif
 
+#ifdef Q_OS_LINUX
+// --- With less than it could have
+
+ToolRun RunShell(const char* script, const QString& folder)
+{
+    return ToolTest::RunProgram(
+        QStringLiteral("/bin/sh"),
+        {QStringLiteral("-c"), QLatin1String(script), QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)},
+        ToolTest::PlainLocale({}, folder));
+}
+
+TEST(ToolManyFiles, WithoutThreadsOneFileComesAfterTheOther)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    // Each thread would get a stack of that many KiB, more than there are addresses.
+    if (RunShell("ulimit -s 1099511627776 && exec \"$0\" help", scratch.Folder()).exitCode != 0)
+        GTEST_SKIP() << "programs cannot be started with such a limit";
+    const ToolRun run =
+        RunShell("ulimit -s 1099511627776; exec \"$0\" check -r in in missing", scratch.Folder());
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TEXT(run.Output(), QStringLiteral("in/a.xml%1in/b/.f.xml%1in/b/e.xml%1in/c.xml%1in/d.txt%1"
+                                             "in/a.xml%1in/b/.f.xml%1in/b/e.xml%1in/c.xml%1in/d.txt%1")
+                                  .arg(QLatin1String(EMPTY)));
+    EXPECT_TEXT(run.Errors(), "reporttool: missing: no such file\n"
+                              "11 files: 0 good, 10 invalid, 1 unreadable\n");
+}
+
+#endif
+
 } // namespace

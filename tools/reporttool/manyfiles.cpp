@@ -16,6 +16,7 @@
 #include <exception>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -64,7 +65,8 @@ Outcome OutcomeOf(int number, const ResultWork& work)
     return outcome;
 }
 
-/// Threads that work on the files, each on the next that nobody has begun.
+/// Threads that work on the files, each on the next that nobody has begun. Where the system allows fewer than there are
+/// processors these do the work, and where it allows none, whoever asks for outcomes.
 class Crew
 {
 public:
@@ -73,8 +75,13 @@ public:
         const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
         const int threads = std::min(processors, count);
         m_ahead = threads * FILES_AHEAD;
-        for (int i = 0; i < threads; ++i)
-            m_threads.emplace_back([this] { Work(); });
+        m_threads.reserve(static_cast<std::size_t>(threads));
+        try {
+            for (int i = 0; i < threads; ++i)
+                m_threads.emplace_back([this] { Work(); });
+        } catch (const std::system_error&) {
+            // Those that there are do it.
+        }
     }
 
     ~Crew()
@@ -98,6 +105,8 @@ public:
     /// The outcomes of the next files in their order, after a little wait; none if they aren't there yet.
     std::vector<Outcome> Next()
     {
+        if (m_threads.empty())
+            WorkOnNext();
         std::unique_lock<std::mutex> lock(m_mutex);
         m_hasOutcomes.wait_for(lock, GLANCE, [this] { return HasEnough(); });
         std::vector<Outcome> outcomes;
@@ -157,10 +166,19 @@ private:
             m_hasOutcomes.notify_one();
     }
 
+    /// Returns whether there was a file to work on.
+    bool WorkOnNext()
+    {
+        const int index = Begin();
+        if (index >= 0)
+            Keep(index, OutcomeOf(index, m_work));
+        return index >= 0;
+    }
+
     void Work()
     {
-        for (int index = Begin(); index >= 0; index = Begin())
-            Keep(index, OutcomeOf(index, m_work));
+        while (WorkOnNext()) {
+        }
     }
 
     const int m_count;
