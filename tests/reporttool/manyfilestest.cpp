@@ -248,6 +248,20 @@ TEST(ToolManyFiles, WithoutThreadsOneFileComesAfterTheOther)
                               "11 files: 0 good, 10 invalid, 1 unreadable\n");
 }
 
+TEST(ToolManyFiles, FolderThatMayNotBeSearchedIsTold)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    const ToolRun run = RunShell(
+        "chmod a-rwx in/b; "
+        "if [ $(id -u) = 0 ]; then set -- setpriv --bounding-set -dac_override,-dac_read_search; fi; "
+        "\"$@\" \"$0\" check -r in; code=$?; chmod u+rwx in/b; exit $code",
+        scratch.Folder());
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TEXT(run.Output(), QStringLiteral("in/a.xml%1in/c.xml%1in/d.txt%1").arg(QLatin1String(EMPTY)));
+    EXPECT_TEXT(run.Errors(), "reporttool: in/b: Permission denied\n"
+                              "4 files: 0 good, 3 invalid, 1 unreadable\n");
+}
 #endif
 
 } // namespace

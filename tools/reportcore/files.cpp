@@ -54,7 +54,7 @@ void OpenForReading(QFile& file, const QString& name)
     const QFileInfo info(name);
     if (!info.exists())
         throw UnusableFile{name, QStringLiteral("no such file")};
-    if (info.isDir())
+    if (info.isDir() && info.isReadable())
         RefuseDirectory(name);
     throw UnusableFile{name, file.errorString()};
 }
