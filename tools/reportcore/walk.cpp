@@ -99,14 +99,12 @@ std::optional<ByteRange> Walk::Counted(ByteRange& range, Kind kind, int depth, c
     const ByteRange word = range.Take(wire::WORD_SIZE);
     const qint64 count = Claimed(kind, word.Word());
     const bool isSound = range.Has(count);
-    if (m_visit || !isSound) {
-        WireField field{kind, word, depth, name, number};
-        if (!isSound) {
-            field.fault = LENGTH_MISMATCH;
-            field.faultText = ClaimedAndLeft(count, range.Size());
-        }
-        Visit(std::move(field));
+    WireField field{kind, word, depth, name, number};
+    if (!isSound) {
+        field.fault = LENGTH_MISMATCH;
+        field.faultText = ClaimedAndLeft(count, range.Size());
     }
+    Visit(std::move(field));
     return range.Take(count);
 }
 
@@ -228,7 +226,7 @@ void Walk::Items(ByteRange& payload, const Field& list, int depth)
         return;
     }
     const ByteRange word = payload.Take(wire::WORD_SIZE);
-    Visit(Kind::Count, word, depth, m_visit ? list.WireLabel() + QStringLiteral(" that follow") : QString());
+    Visit(Kind::Count, word, depth, list.WireLabel() + QStringLiteral(" that follow"));
     const qint64 count = static_cast<qint32>(word.Word());
     const FieldPath whole = m_path;
     int number = 0;
@@ -248,16 +246,14 @@ void Walk::Items(ByteRange& payload, const Field& list, int depth)
 
 void Walk::Visit(Kind kind, const ByteRange& bytes, int depth, const QString& name)
 {
-    if (m_visit)
-        Visit(WireField{kind, bytes, depth, name});
+    Visit(WireField{kind, bytes, depth, name});
 }
 
 void Walk::Visit(WireField field)
 {
     m_hasFault = m_hasFault || field.IsFaulty();
     field.path = &m_path;
-    if (m_visit)
-        m_visit(field);
+    m_visit(field);
 }
 
 void Walk::Fault(const ByteRange& bytes, int depth, const char* fault, const QString& text)

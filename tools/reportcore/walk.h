@@ -62,7 +62,7 @@ struct WireField
 ///
 /// No length is trusted: an element that claims more than there is gets what there is, and the field with the
 /// claim is told to be faulty. The walk tells what the bytes are; what they mean to a report is the library's
-/// to say. A walk without a visitor only looks whether there is a fault.
+/// to say.
 class Walk
 {
 public:

@@ -122,7 +122,7 @@ bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const P
 
 bool ReadBinaryAtOnce(const QByteArray& bytes, ReportFile& file)
 {
-    Walk walk(bytes, file.form.isBinaryFile, nullptr);
+    Walk walk(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
     walk.Frame();
     if (walk.ObjectName() != ReportBase::GetStaticObjectName())
         return false;

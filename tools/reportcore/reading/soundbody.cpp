@@ -80,14 +80,15 @@ private:
     {
         if (!payload.Has(wire::WORD_SIZE))
             return false;
-        for (qint64 left = payload.TakeLength(); left > 0; --left) {
+        qint64 left = payload.TakeLength();
+        for (; left > 0; --left) {
             if (!payload.Has(wire::WORD_SIZE))
                 return false;
             const qint64 length = payload.TakeLength();
             if (!payload.Has(length) || !Elements(payload.Take(length), list.Object()))
                 return false;
         }
-        return payload.IsEmpty();
+        return left == 0 && payload.IsEmpty();
     }
 
     /// A number travels as its text.

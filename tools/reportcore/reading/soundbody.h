@@ -12,7 +12,8 @@ struct BodyLook
     bool isPlain = false; ///< and each element comes once, and what should be a number is one
 };
 
-/// Root tag, root length and elements, uncompressed. It tells no more than that; a `Walk` tells what is wrong.
+/// Root tag, root length and elements, uncompressed. It tells no more than that; a `Walk` tells what is wrong. It comes to
+/// the walk's verdict without naming any field: most files are sound, and are read at once when that is known.
 BodyLook LookAtBody(const QByteArray& body);
 
 } // namespace ReportCore
