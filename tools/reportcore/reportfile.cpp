@@ -16,6 +16,16 @@ void Prepare(const ReportBase& report, const std::shared_ptr<ProblemLogger>& log
     report.SetLogger(logger);
 }
 
+Remarks RemarksOfCheck(const ReportBase& report, ProblemLogger& logger)
+{
+    try {
+        report.Check(true);
+    } catch (const ReportException& exception) {
+        logger.Catch(exception);
+    }
+    return logger.Take();
+}
+
 ReportFile ReadReport(const QByteArray& bytes)
 {
     ReportFile file;
@@ -52,12 +62,7 @@ ReportFile CheckReport(const ReportBase& report, const QByteArray& bytes)
     file.report = report;
     const auto logger = std::make_shared<ProblemLogger>();
     Prepare(file.report, logger);
-    try {
-        file.report.Check(true);
-    } catch (const ReportException& exception) {
-        logger->Catch(exception);
-    }
-    const Remarks checked = logger->Take();
+    const Remarks checked = RemarksOfCheck(file.report, *logger);
     const Remarks read;
     Telling telling(file.report, read, checked, true);
     if (file.form.IsBinary())

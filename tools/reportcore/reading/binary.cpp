@@ -93,19 +93,15 @@ bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const P
     WatchedBytes device(body);
     logger->Follow([&device] { return device.pos(); });
     bool isRead = false;
-    Remarks read;
     try {
         ReadBody(file.report, device);
         isRead = true;
-        logger->Follow(nullptr);
-        read = logger->Take();
-        file.report.Check(true);
     } catch (const ReportException& exception) {
         logger->Catch(exception);
-        read = logger->Take();
     }
     logger->Follow(nullptr);
-    const Remarks checked = logger->Take();
+    const Remarks read = logger->Take();
+    const Remarks checked = isRead ? RemarksOfCheck(file.report, *logger) : Remarks();
     Telling telling(file.report, read, checked, isRead);
     telling.Places().SearchBinary(bytes, file.form.isBinaryFile);
     Problems told = telling.Tell();

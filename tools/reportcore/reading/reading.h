@@ -1,6 +1,8 @@
 #ifndef REPORTCORE_READING_READING_H
 #define REPORTCORE_READING_READING_H
 
+#include <reportcore/problemlogger.h>
+
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QByteArray>
@@ -9,13 +11,15 @@
 
 namespace ReportCore {
 
-class ProblemLogger;
 struct ReportFile;
 
 // The ways in which `ReadReport` reads, by form and by whether there is something to tell.
 
 /// A report that takes what is wrong and tells it to the logger.
 void Prepare(const REPORTGENERATOR::ReportBase& report, const std::shared_ptr<ProblemLogger>& logger);
+
+/// What the library's check says of a report that tells it to this logger.
+Remarks RemarksOfCheck(const REPORTGENERATOR::ReportBase& report, ProblemLogger& logger);
 
 /// Reads a good report that is the only one in its document without looking at each tag twice. Returns whether it is
 /// one; otherwise nothing is known of it.

@@ -73,22 +73,17 @@ void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
     QXmlStreamReader reader(bytes);
     logger->Follow([&reader] { return reader.characterOffset(); });
     XmlReading reading;
-    Remarks read;
     bool isChecked = false;
     try {
         reading = ReadElement(report, reader, file.objectName);
-        logger->Follow(nullptr);
-        read = logger->Take();
         isChecked = reading.hasReport;
-        if (isChecked)
-            report.Check(true);
     } catch (const ReportException& exception) {
         logger->Catch(exception);
-        read = logger->Take();
     }
     // The members keep the logger, and the reader is gone when they use it.
     logger->Follow(nullptr);
-    const Remarks checked = logger->Take();
+    const Remarks read = logger->Take();
+    const Remarks checked = isChecked ? RemarksOfCheck(report, *logger) : Remarks();
     file.report = report;
     // Places are looked for only when there is something to tell.
     if (reading.hasReport && read.empty() && checked.empty() && reading.trailing.isNull())
