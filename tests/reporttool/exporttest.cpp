@@ -373,12 +373,12 @@ TEST_F(ToolExport, FullDeviceEndsWithTwo)
 
 TEST_F(ToolExport, ClosedPipeEndsWithTwo)
 {
-    const ToolRun run =
-        RunInShell("trap '' PIPE; { sleep 0.2; \"$0\" export lake.xml --to csv; echo $? >code; } "
-                   "| true",
-                   m_scratch.Folder());
+    const ToolRun run = ToolTest::RunOnBrokenPipe(
+        QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL),
+        {QStringLiteral("export"), QStringLiteral("lake.xml"), QStringLiteral("--to"), QStringLiteral("csv")},
+        ToolTest::PlainLocale({}, m_scratch.Folder()), ToolTest::BrokenPipe::Error);
     EXPECT_TEXT(run.Errors(), "reporttool: -: Broken pipe\n");
-    EXPECT_BYTES(m_scratch.Read("code"), QByteArray("2\n"));
+    EXPECT_EQ(run.exitCode, 2);
 }
 #endif
 

@@ -4,6 +4,12 @@
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 
+#ifdef Q_OS_UNIX
+#    include <csignal>
+#    include <functional>
+#    include <unistd.h>
+#endif
+
 namespace ToolTest {
 
 namespace {
@@ -19,11 +25,9 @@ QProcessEnvironment EnvironmentFor(const QString& locale)
     return environment;
 }
 
-} // namespace
-
-ToolRun RunProgram(const QString& program, const QStringList& arguments, const Surroundings& surroundings)
+ToolRun Finish(QProcess& process, const QString& program, const QStringList& arguments,
+               const Surroundings& surroundings)
 {
-    QProcess process;
     process.setProcessEnvironment(EnvironmentFor(surroundings.locale));
     process.setWorkingDirectory(surroundings.folder);
     process.start(program, arguments);
@@ -40,6 +44,53 @@ ToolRun RunProgram(const QString& program, const QStringList& arguments, const S
     run.errors = process.readAllStandardError();
     return run;
 }
+
+#ifdef Q_OS_UNIX
+/// A process that does something before it becomes the program.
+class PreparedProcess : public QProcess
+{
+public:
+    explicit PreparedProcess(const std::function<void()>& prepare) : m_prepare(prepare)
+    {
+#    if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        setChildProcessModifier(m_prepare);
+#    endif
+    }
+
+#    if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+protected:
+    void setupChildProcess() override { m_prepare(); }
+#    endif
+
+private:
+    const std::function<void()> m_prepare;
+};
+#endif
+
+} // namespace
+
+ToolRun RunProgram(const QString& program, const QStringList& arguments, const Surroundings& surroundings)
+{
+    QProcess process;
+    return Finish(process, program, arguments, surroundings);
+}
+
+#ifdef Q_OS_UNIX
+ToolRun RunOnBrokenPipe(const QString& program, const QStringList& arguments,
+                        const Surroundings& surroundings, BrokenPipe outcome)
+{
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(pipe(ends), 0);
+    close(ends[0]);
+    PreparedProcess process([writer = ends[1], outcome] {
+        dup2(writer, STDOUT_FILENO);
+        std::signal(SIGPIPE, outcome == BrokenPipe::Error ? SIG_IGN : SIG_DFL);
+    });
+    const ToolRun run = Finish(process, program, arguments, surroundings);
+    close(ends[1]);
+    return run;
+}
+#endif
 
 ToolRun RunTool(Arguments arguments, const Surroundings& surroundings)
 {

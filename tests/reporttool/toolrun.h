@@ -63,6 +63,19 @@ inline Surroundings PlainLocale(const QByteArray& input = {}, const QString& fol
 
 ToolRun RunProgram(const QString& program, const QStringList& arguments, const Surroundings& surroundings);
 
+#ifdef Q_OS_UNIX
+/// What happens to a program that writes to a pipe whose reader has gone: its signal, or the error where it ignores that.
+enum class BrokenPipe
+{
+    Signal,
+    Error
+};
+
+/// The same with such a pipe for its output.
+ToolRun RunOnBrokenPipe(const QString& program, const QStringList& arguments,
+                        const Surroundings& surroundings, BrokenPipe outcome);
+#endif
+
 ToolRun RunTool(Arguments arguments, const Surroundings& surroundings = {});
 
 /// A folder that vanishes with the object.
