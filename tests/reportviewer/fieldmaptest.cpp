@@ -12,6 +12,7 @@ namespace {
 using ReportCore::FieldPath;
 using ReportViewer::ContentsPointer;
 using ReportViewer::FieldMap;
+using ReportViewer::Span;
 
 ContentsPointer Read(const QByteArray& bytes)
 {
@@ -170,6 +171,30 @@ TEST(FieldMap, OfAnElementThatComesTwiceTheLastOneCounts)
                 "ifBandwidth.value");
 }
 
+TEST(FieldMap, OfAnObjectThatComesTwiceEachPartIsFound)
+{
+    const ContentsPointer contents =
+        Read("<ReportBase><Area Version=\"1.0\"><Name>a</Name>"
+             "<Coordinate><Longitude>8</Longitude><Latitude>47</Latitude></Coordinate></Area>"
+             "<Frequency>3.00</Frequency><Area Version=\"1.0\"><Name>b</Name></Area></ReportBase>");
+    const auto textOf = [&contents](const std::optional<Span>& span) {
+        return !span ? QString()
+                     : contents->text.mid(static_cast<int>(span->begin),
+                                          static_cast<int>(span->end - span->begin));
+    };
+    const auto placeOf = [&contents](const char* text) {
+        return contents->text.indexOf(QLatin1String(text));
+    };
+    EXPECT_TEXT(textOf(contents->fields.Find(PathOf("area.coordinate[1].longitude"))),
+                "<Longitude>8</Longitude>");
+    EXPECT_TEXT(textOf(contents->fields.Find(PathOf("area.name"))), "<Name>b</Name>");
+    EXPECT_TEXT(textOf(contents->fields.SpanAt(placeOf("8</Long"))), "<Longitude>8</Longitude>");
+    EXPECT_TEXT(textOf(contents->fields.SpanAt(placeOf("a</Name"))), "<Name>a</Name>");
+    EXPECT_TEXT(textOf(contents->fields.SpanAt(placeOf("<Frequency"))), "<Frequency>3.00</Frequency>");
+    EXPECT_TEXT(textOf(contents->fields.SpanAt(placeOf("</ReportBase"))), contents->text);
+    EXPECT_FALSE(contents->fields.Find(PathOf("area.scriptId")).has_value());
+}
+
 TEST(FieldMap, WhatIsUnknownBelongsToWhatHoldsIt)
 {
     const ContentsPointer contents = Read(
@@ -188,6 +213,7 @@ TEST(FieldMap, HasNothingOfWhatDoesNotStandThere)
     EXPECT_FALSE(contents->fields.Find(PathOf("area.coordinate[1].latitude")).has_value());
     EXPECT_FALSE(FieldMap().Find(FieldPath()).has_value());
     EXPECT_FALSE(FieldMap().PathAt(0).has_value());
+    EXPECT_FALSE(FieldMap().SpanAt(0).has_value());
 }
 
 TEST(FieldMap, EveryTruncationHasTheFieldsThatAreLeft)

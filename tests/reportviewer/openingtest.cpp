@@ -108,6 +108,16 @@ TEST_F(ViewerOpening, AProblemOfXmlLeadsToItsFieldAndItsText)
                 "line 3, column 47");
 }
 
+TEST_F(ViewerOpening, AProblemInAnAreaThatComesTwiceLeadsToItsText)
+{
+    m_viewer.Open(m_scratch.Write(
+        "twice.xml", "<ReportBase><Area Version=\"1.0\"><Name>a</Name><Coordinate><Longitude>abc</Longitude>"
+                     "<Latitude>47</Latitude></Coordinate></Area><Frequency>3.00</Frequency>"
+                     "<Area Version=\"1.0\"><Name>b</Name></Area></ReportBase>"));
+    m_viewer.window.Problems().ChooseNext(1);
+    EXPECT_TEXT(m_viewer.MarkedText(), "<Longitude>abc</Longitude>");
+}
+
 TEST_F(ViewerOpening, AProblemOfABinaryFormLeadsToItsBytes)
 {
     QByteArray bytes = ToolTest::FullPlain();

@@ -128,7 +128,7 @@ Span BytesPane::MarkAt(qint64 place) const
         const auto path = m_contents->fields.PathAt(place);
         // The whole report would be no help.
         if (path && !path->IsEmpty())
-            return *m_contents->fields.Find(*path);
+            return *m_contents->fields.SpanAt(place);
     }
     return {place, place + 1};
 }

@@ -67,19 +67,16 @@ bool FieldMap::ComesBefore(int left, int right) const
 
 std::optional<Span> FieldMap::Find(const FieldPath& path) const
 {
-    if (m_nodes.empty())
-        return std::nullopt;
-    int node = 0;
-    for (const Level& level : LevelsOf(path)) {
-        node = FindChild(node, level);
-        if (node == NOTHING)
-            return std::nullopt;
-    }
-    return At(node).span;
+    const int node = m_nodes.empty() ? NOTHING : FindBelow(0, LevelsOf(path), 0);
+    return node == NOTHING ? std::nullopt : std::make_optional(At(node).span);
 }
 
-int FieldMap::FindChild(int parent, const Level& level) const
+/// The last node that the levels from `depth` on lead to.
+int FieldMap::FindBelow(int parent, const Levels& levels, int depth) const
 {
+    if (depth == levels.size())
+        return parent;
+    const Level& level = levels[depth];
     const auto isBehind = [this](const Node& wanted, int node) {
         const Node& each = At(node);
         if (wanted.parent != each.parent)
@@ -88,14 +85,19 @@ int FieldMap::FindChild(int parent, const Level& level) const
             return std::less<>()(wanted.level.field, each.level.field);
         return wanted.level.index < each.level.index;
     };
-    const auto behind = std::upper_bound(m_sorted.begin(), m_sorted.end(), Node{parent, level, {}}, isBehind);
-    if (behind == m_sorted.begin())
-        return NOTHING;
-    const int found = *(behind - 1);
-    return At(found).parent == parent && At(found).level.Is(level) ? found : NOTHING;
+    auto behind = std::upper_bound(m_sorted.begin(), m_sorted.end(), Node{parent, level, {}}, isBehind);
+    while (behind != m_sorted.begin()) {
+        const int child = *--behind;
+        if (At(child).parent != parent || !At(child).level.Is(level))
+            break;
+        const int found = FindBelow(child, levels, depth + 1);
+        if (found != NOTHING)
+            return found;
+    }
+    return NOTHING;
 }
 
-std::optional<FieldPath> FieldMap::PathAt(qint64 place) const
+int FieldMap::NodeAt(qint64 place) const
 {
     const auto behind =
         std::upper_bound(m_nodes.begin(), m_nodes.end(), place,
@@ -103,6 +105,18 @@ std::optional<FieldPath> FieldMap::PathAt(qint64 place) const
     int node = static_cast<int>(behind - m_nodes.begin()) - 1;
     while (node != NOTHING && !At(node).span.Holds(place))
         node = At(node).parent;
+    return node;
+}
+
+std::optional<Span> FieldMap::SpanAt(qint64 place) const
+{
+    const int node = NodeAt(place);
+    return node == NOTHING ? std::nullopt : std::make_optional(At(node).span);
+}
+
+std::optional<FieldPath> FieldMap::PathAt(qint64 place) const
+{
+    int node = NodeAt(place);
     if (node == NOTHING)
         return std::nullopt;
     std::vector<Level> levels;

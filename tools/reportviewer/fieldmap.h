@@ -36,11 +36,15 @@ public:
 
     // Asking
 
-    /// The field, object or list; nothing when it doesn't stand there. Of several the last one, which counts.
+    /// The field, object or list; nothing when it doesn't stand there. Of several the last one, which counts, and of
+    /// objects that come several times, the last one that has it.
     std::optional<Span> Find(const ReportCore::FieldPath& path) const;
 
     /// The innermost field or object around the place; nothing outside of the report.
     std::optional<ReportCore::FieldPath> PathAt(qint64 place) const;
+
+    /// All that belongs to it there, not to others of the same path.
+    std::optional<Span> SpanAt(qint64 place) const;
 
 private:
     /// A list is a level of its own, with its items below.
@@ -65,7 +69,8 @@ private:
 
     static Levels LevelsOf(const ReportCore::FieldPath& path);
     bool ComesBefore(int left, int right) const;
-    int FindChild(int parent, const Level& level) const;
+    int FindBelow(int parent, const Levels& levels, int depth) const;
+    int NodeAt(qint64 place) const;
     void Open(const Level& level, const Span& piece);
     const Node& At(int node) const { return m_nodes[static_cast<std::size_t>(node)]; }
     Node& At(int node) { return m_nodes[static_cast<std::size_t>(node)]; }
