@@ -257,6 +257,24 @@ TEST_F(ViewerOpening, SeveralFilesAreListed)
     ASSERT_TRUE(WaitFor([&] { return m_viewer.window.Shown().FileName() == second; }));
 }
 
+TEST_F(ViewerOpening, FilesOfSeveralFoldersAreFilteredByTheirOwnNames)
+{
+    ReportViewer::FolderPane& folder = m_viewer.window.Folder();
+    folder.ShowFiles({QStringLiteral("reports/lake.xml"), QStringLiteral("/far/away/Lake.plain"),
+                      QStringLiteral("lakes/sea.xml")});
+    const auto* const list = m_viewer.Find<QListView>("files");
+    folder.Filter()->setText(QStringLiteral("*"));
+    EXPECT_EQ(Listed(*list).size(), 3);
+    folder.Filter()->setText(QStringLiteral("*.xml"));
+    EXPECT_EQ(Listed(*list),
+              QStringList({QStringLiteral("reports/lake.xml"), QStringLiteral("lakes/sea.xml")}));
+    folder.Filter()->setText(QStringLiteral("LAKE"));
+    EXPECT_EQ(Listed(*list),
+              QStringList({QStringLiteral("reports/lake.xml"), QStringLiteral("/far/away/Lake.plain")}));
+    folder.Filter()->setText(QStringLiteral("s?a*"));
+    EXPECT_EQ(Listed(*list), QStringList{QStringLiteral("lakes/sea.xml")});
+}
+
 TEST_F(ViewerOpening, ADroppedFileIsOpened)
 {
     const QString name = m_scratch.Write("a.xml", ToolTest::FullXml());

@@ -13,8 +13,26 @@
 
 namespace ReportViewer {
 
+namespace {
+
+/// Names whose last part fits, whichever folders are in front of it.
+class FittingNames : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex& above) const override
+    {
+        const QString name = sourceModel()->index(row, 0, above).data().toString();
+        return filterRegularExpression().match(QFileInfo(name).fileName()).hasMatch();
+    }
+};
+
+} // namespace
+
 FolderPane::FolderPane(QWidget* parent)
-    : QWidget(parent), m_names(new QStringListModel(this)), m_filtered(new QSortFilterProxyModel(this)),
+    : QWidget(parent), m_names(new QStringListModel(this)), m_filtered(new FittingNames(this)),
       m_count(new QLabel(this)), m_filter(new QLineEdit(this)), m_list(new QListView(this))
 {
     m_filter->setObjectName(QStringLiteral("filter"));
