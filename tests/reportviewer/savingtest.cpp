@@ -3,6 +3,7 @@
 #include "reporttool/samples.h"
 
 #include <reportviewer/changes.h>
+#include <reportviewer/treepane.h>
 
 #include <gtest/gtest.h>
 
@@ -249,6 +250,115 @@ TEST_F(ViewerSaving, AReportWithoutFileAsksForOne)
     m_viewer.window.New();
     EXPECT_FALSE(m_viewer.window.Save());
     EXPECT_EQ(m_viewer.answers->asked, QStringList{QStringLiteral("target report.xml")});
+}
+
+/// A file is on its way to the window, and there whenever a question has been answered.
+class ViewerSavingWhileAnotherFileIsLoaded : public ViewerSaving
+{
+protected:
+    ViewerSavingWhileAnotherFileIsLoaded()
+    {
+        EXPECT_TRUE(m_viewer.Set("area.name", "changed"));
+        m_viewer.answers->changes = Questions::Changes::Discard;
+        m_viewer.window.Open(m_scratch.Write("other.xml", OTHER));
+        EXPECT_TRUE(m_viewer.window.Shown().IsLoading());
+        m_viewer.answers->mayReplace = true;
+        m_viewer.answers->meanwhile = [this] {
+            EXPECT_TRUE(ViewerTest::WaitFor([this] { return !m_viewer.window.Shown().IsLoading(); }));
+        };
+    }
+
+    void ExpectSavedAs(const char* name)
+    {
+        EXPECT_TEXT(m_viewer.window.Shown().FileName(), m_scratch.Path(name));
+        EXPECT_TEXT(m_viewer.Value("area.name"), "changed");
+        EXPECT_TRUE(m_scratch.Read(name).contains("<Name>changed</Name>"));
+        EXPECT_EQ(m_scratch.Read("other.xml"), QByteArray(OTHER));
+        EXPECT_FALSE(IsModified());
+        EXPECT_FALSE(m_viewer.Find<QWidget>("cancel")->isVisible());
+    }
+
+    static constexpr char OTHER[] = "<ReportBase><Frequency>1.00</Frequency></ReportBase>";
+};
+
+TEST_F(ViewerSavingWhileAnotherFileIsLoaded, SavingWritesTheReportThatIsShown)
+{
+    m_scratch.Write("report.xml", "<ReportBase/>");
+    EXPECT_TRUE(m_viewer.window.Save());
+    EXPECT_EQ(m_viewer.answers->asked.constLast(), QStringLiteral("replace ChangedFile ") + m_name);
+    ExpectSavedAs("report.xml");
+}
+
+TEST_F(ViewerSavingWhileAnotherFileIsLoaded, SavingElsewhereWritesTheReportThatIsShown)
+{
+    TargetIs("out.xml", {Form::Xml, false});
+    EXPECT_TRUE(m_viewer.window.SaveAs());
+    ExpectSavedAs("out.xml");
+}
+
+TEST_F(ViewerSavingWhileAnotherFileIsLoaded, LeavingSavesTheReportThatIsShown)
+{
+    m_viewer.answers->changes = Questions::Changes::Save;
+    m_viewer.window.New();
+    EXPECT_TRUE(m_scratch.Read("report.xml").contains("<Name>changed</Name>"));
+    EXPECT_EQ(m_scratch.Read("other.xml"), QByteArray(OTHER));
+    EXPECT_TEXT(m_viewer.window.Shown().FileName(), "");
+    m_viewer.answers->meanwhile = nullptr;
+}
+
+/// A value is being typed and not finished yet.
+class ViewerSavingWhileTyping : public ViewerSaving
+{
+protected:
+    void TypeInto(const char* path, const char* text)
+    {
+        m_viewer.window.Tree().setFocus();
+        m_viewer.window.Tree().setCurrentIndex(m_viewer.At(path));
+        m_viewer.Press(Qt::Key_F2);
+        m_viewer.Type(text);
+    }
+};
+
+TEST_F(ViewerSavingWhileTyping, WhatIsTypedIsSaved)
+{
+    TypeInto("area.name", "typed");
+    m_viewer.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(m_scratch.Read("report.xml").contains("<Name>typed</Name>"));
+    EXPECT_TEXT(m_viewer.Value("area.name"), "typed");
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(ViewerSavingWhileTyping, WhatIsTypedIsSavedElsewhere)
+{
+    TypeInto("area.name", "typed");
+    TargetIs("out.xml", {Form::Xml, false});
+    m_viewer.Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(m_scratch.Read("out.xml").contains("<Name>typed</Name>"));
+}
+
+TEST_F(ViewerSavingWhileTyping, LeavingAsksAboutWhatIsTyped)
+{
+    TypeInto("area.name", "typed");
+    EXPECT_FALSE(m_viewer.window.close());
+    EXPECT_EQ(m_viewer.answers->asked, QStringList{QStringLiteral("changes ") + m_name});
+    EXPECT_TEXT(m_viewer.Value("area.name"), "typed");
+    m_viewer.answers->changes = Questions::Changes::Discard;
+}
+
+TEST_F(ViewerSavingWhileTyping, WhatIsRefusedIsNotSavedAndCanBeTypedOn)
+{
+    TypeInto("area.coordinate[1].latitude", "91");
+    m_viewer.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(m_viewer.Notice().startsWith(QStringLiteral("area.coordinate[1].latitude: ")))
+        << m_viewer.Notice().toStdString();
+    EXPECT_FALSE(m_viewer.window.SaveAs());
+    EXPECT_FALSE(m_viewer.window.close());
+    EXPECT_TRUE(m_viewer.answers->asked.isEmpty());
+    EXPECT_EQ(m_scratch.Read("report.xml"), ToolTest::FullXml());
+    m_viewer.Press(Qt::Key_Backspace);
+    m_viewer.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TEXT(m_viewer.Value("area.coordinate[1].latitude"), "9");
+    EXPECT_TRUE(m_scratch.Read("report.xml").contains("<Latitude>9.000000</Latitude>"));
 }
 
 TEST_F(ViewerSaving, LeavingMaySave)

@@ -31,34 +31,41 @@ bool WaitFor(const std::function<bool()>& isSo)
     return true;
 }
 
+void Answers::Ask(const QString& question)
+{
+    asked << question;
+    if (meanwhile)
+        meanwhile();
+}
+
 Questions::Changes Answers::AskAboutChanges(const QString& name)
 {
-    asked << QStringLiteral("changes ") + name;
+    Ask(QStringLiteral("changes ") + name);
     return changes;
 }
 
 bool Answers::MayReplace(const QString& name, Loss loss)
 {
     const char* const losses[] = {"OtherFile", "ChangedFile", "WhatIsDamaged"};
-    asked << QStringLiteral("replace %1 %2").arg(QLatin1String(losses[static_cast<int>(loss)]), name);
+    Ask(QStringLiteral("replace %1 %2").arg(QLatin1String(losses[static_cast<int>(loss)]), name));
     return mayReplace;
 }
 
 QString Answers::AskForFile(const QString& /*folder*/)
 {
-    asked << QStringLiteral("file");
+    Ask(QStringLiteral("file"));
     return file;
 }
 
 QString Answers::AskForFolder(const QString& /*folder*/)
 {
-    asked << QStringLiteral("folder");
+    Ask(QStringLiteral("folder"));
     return folder;
 }
 
 std::optional<Questions::Target> Answers::AskForTarget(const Target& proposal)
 {
-    asked << QStringLiteral("target ") + proposal.name;
+    Ask(QStringLiteral("target ") + proposal.name);
     return target;
 }
 

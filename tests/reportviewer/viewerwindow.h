@@ -35,11 +35,17 @@ public:
     std::optional<Target> target;
     QStringList asked;
 
+    /// What happens while a question is on the screen.
+    std::function<void()> meanwhile;
+
     Changes AskAboutChanges(const QString& name) override;
     bool MayReplace(const QString& name, Loss loss) override;
     QString AskForFile(const QString& folder) override;
     QString AskForFolder(const QString& folder) override;
     std::optional<Target> AskForTarget(const Target& proposal) override;
+
+private:
+    void Ask(const QString& question);
 };
 
 class ViewerWindow

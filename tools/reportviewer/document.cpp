@@ -67,7 +67,10 @@ void Document::Clear()
 
 void Document::CancelLoading()
 {
+    if (!IsLoading())
+        return;
     m_loading.Cancel();
+    Q_EMIT LoadingCancelled();
 }
 
 void Document::Show(const QString& name, const ContentsPointer& contents, const Stamp& stamp)

@@ -27,6 +27,7 @@ public:
     /// A report with nothing in it and no file.
     void Clear();
 
+    /// What is shown stays.
     void CancelLoading();
     bool IsLoading() const { return m_loading.IsBusy(); }
 
@@ -59,6 +60,9 @@ Q_SIGNALS:
 
     /// Another file is shown.
     void Opened();
+
+    /// Nothing has come of the loading that was under way.
+    void LoadingCancelled();
 
     /// The file could not be loaded; what was shown before is still there.
     void OpeningFailed(const QString& text);

@@ -58,7 +58,7 @@ MainWindow::MainWindow(std::unique_ptr<Questions> questions, QWidget* parent)
       m_bytes(new BytesPane), m_problems(new ProblemPane), m_folder(new FolderPane),
       m_status(new StatusLine(*statusBar())),
       m_selection(new Selection(*m_tree, *m_map, *m_bytes, *m_problems, this)),
-      m_saving(m_document, m_model, m_changes, *m_questions, *m_notice)
+      m_saving(m_document, m_model, m_changes, *m_tree, *m_questions, *m_notice)
 {
     setAcceptDrops(true);
     m_model.SetReadOnly(false);
@@ -125,7 +125,8 @@ void MainWindow::Connect()
         m_status->EndProgress();
         UpdateTitle();
     });
-    connect(m_status, &StatusLine::LoadingCancelled, this, &MainWindow::CancelLoading);
+    connect(&m_document, &Document::LoadingCancelled, m_status, &StatusLine::EndProgress);
+    connect(m_status, &StatusLine::LoadingCancelled, &m_document, &Document::CancelLoading);
     connect(&m_model, &ReportModel::ReportChanged, this, &MainWindow::FollowChange);
     connect(&m_model, &ReportModel::Refused, this, [this](const QModelIndex& index, const QString& text) {
         m_notice->Say(QStringLiteral("%1: %2").arg(m_model.PathOf(index), text));
@@ -165,19 +166,12 @@ void MainWindow::Load(const QString& name)
     m_document.Open(name);
 }
 
-void MainWindow::CancelLoading()
-{
-    m_document.CancelLoading();
-    m_status->EndProgress();
-    UpdateTitle();
-}
-
 void MainWindow::FollowChange()
 {
     m_notice->Clear();
     if (m_document.IsLoading()) {
         // The file that is on its way would take the change with it.
-        CancelLoading();
+        m_document.CancelLoading();
         m_notice->Say(tr("Opening was cancelled, since this report has been changed"));
     }
     m_document.Follow(m_model.Report());
@@ -205,10 +199,8 @@ void MainWindow::Reload()
 
 void MainWindow::New()
 {
-    if (m_saving.MayLeave()) {
-        m_status->EndProgress();
+    if (m_saving.MayLeave())
         m_document.Clear();
-    }
 }
 
 QString MainWindow::CurrentFolder() const

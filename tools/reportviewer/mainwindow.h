@@ -78,7 +78,6 @@ private:
     QDockWidget* AddDock(const char* name, const QString& title, QWidget* widget, Qt::DockWidgetArea area);
     void Connect();
     void Load(const QString& name);
-    void CancelLoading();
     void FollowChange();
     void ShowReport();
     void ShowContents();

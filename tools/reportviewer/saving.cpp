@@ -4,6 +4,7 @@
 #include <reportviewer/document.h>
 #include <reportviewer/forms.h>
 #include <reportviewer/noticebar.h>
+#include <reportviewer/treepane.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -13,13 +14,22 @@ namespace ReportViewer {
 using Loss = Questions::Loss;
 
 Saving::Saving(Document& document, const REPORTGENERATOR::ReportModel& model, Changes& changes,
-               Questions& questions, NoticeBar& notice)
-    : m_document(document), m_model(model), m_changes(changes), m_questions(questions), m_notice(notice)
+               TreePane& tree, Questions& questions, NoticeBar& notice)
+    : m_document(document), m_model(model), m_changes(changes), m_tree(tree), m_questions(questions),
+      m_notice(notice)
 {
+}
+
+bool Saving::Begin()
+{
+    m_document.CancelLoading();
+    return m_tree.TakeTyped();
 }
 
 bool Saving::Save()
 {
+    if (!Begin())
+        return false;
     if (m_document.FileName().isEmpty())
         return SaveAs();
     const Questions::Target target = {m_document.FileName(), m_document.Form()};
@@ -28,6 +38,8 @@ bool Saving::Save()
 
 bool Saving::SaveAs()
 {
+    if (!Begin())
+        return false;
     Questions::Target proposal = {m_document.FileName(), m_document.Form()};
     if (proposal.name.isEmpty())
         proposal.name = QStringLiteral("report.") + QLatin1String(FindForm(proposal.form)->suffix);
@@ -37,8 +49,11 @@ bool Saving::SaveAs()
 
 bool Saving::MayLeave()
 {
+    if (!m_tree.TakeTyped())
+        return false;
     if (m_changes.Stack().isClean())
         return true;
+    m_document.CancelLoading();
     switch (m_questions.AskAboutChanges(m_document.FileName())) {
     case Questions::Changes::Save:
         return Save();

@@ -14,13 +14,17 @@ namespace ReportViewer {
 class Changes;
 class Document;
 class NoticeBar;
+class TreePane;
 
 /// Saves the report of a window, and asks before anything gets lost. What cannot be done is said in the window.
 class Saving
 {
 public:
-    Saving(Document& document, const REPORTGENERATOR::ReportModel& model, Changes& changes,
+    Saving(Document& document, const REPORTGENERATOR::ReportModel& model, Changes& changes, TreePane& tree,
            Questions& questions, NoticeBar& notice);
+
+    // All three take what is being typed as though Enter had been pressed, and go no further when it is refused. A file
+    // that is on its way doesn't take the report's place while the user is asked: its loading is cancelled.
 
     // Both tell whether it is saved.
 
@@ -34,12 +38,14 @@ public:
     bool MayLeave();
 
 private:
+    bool Begin();
     bool MayWrite(const QString& name) const;
     bool Write(const Questions::Target& target);
 
     Document& m_document;
     const REPORTGENERATOR::ReportModel& m_model;
     Changes& m_changes;
+    TreePane& m_tree;
     Questions& m_questions;
     NoticeBar& m_notice;
 };

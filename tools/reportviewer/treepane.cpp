@@ -7,6 +7,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
+#include <QtWidgets/QAbstractItemDelegate>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
 
@@ -95,6 +96,21 @@ void TreePane::ShowPath(const QString& path)
 QString TreePane::CurrentPath() const
 {
     return m_model.PathOf(currentIndex());
+}
+
+bool TreePane::TakeTyped()
+{
+    QWidget* const editor =
+        state() == QAbstractItemView::EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (!editor)
+        return true;
+    bool isTaken = true;
+    const auto refused = connect(&m_model, &ReportModel::Refused, this, [&isTaken] { isTaken = false; });
+    commitData(editor);
+    disconnect(refused);
+    if (isTaken)
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return isTaken;
 }
 
 /// Enter leads into the value, as F2 does.

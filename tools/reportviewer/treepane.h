@@ -26,6 +26,9 @@ public:
     void ShowPath(const QString& path);
     QString CurrentPath() const;
 
+    /// Takes what is being typed into a value. False when it is refused; then it can be typed on.
+    bool TakeTyped();
+
     // What can be done with the current row, or with those that are selected
 
     QAction* EditAction() const { return m_edit; }
