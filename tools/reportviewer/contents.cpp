@@ -1,5 +1,7 @@
 #include <reportviewer/contents.h>
 
+#include <reportviewer/unread.h>
+
 #include <reportcore/doubts.h>
 #include <reportcore/reportwriting.h>
 #include <reportcore/walk.h>
@@ -56,14 +58,17 @@ void MapText(Contents& contents, const ReadingSteps& steps)
 void MapBytes(Contents& contents, const ReadingSteps& steps)
 {
     bool isInBody = false;
+    bool isBehindRoot = false;
     MappingSteps reached(steps, contents.bytes.size());
-    ReportCore::Walk walk(contents.bytes, contents.file.form.isBinaryFile,
-                          [&](const ReportCore::WireField& field) {
-                              const qint64 begin = field.bytes.Offset();
-                              reached.Reach(begin);
-                              if (isInBody && !field.bytes.IsEmpty())
-                                  contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
-                          });
+    ReportCore::Walk walk(
+        contents.bytes, contents.file.form.isBinaryFile, [&](const ReportCore::WireField& field) {
+            const qint64 begin = field.bytes.Offset();
+            reached.Reach(begin);
+            contents.hasUnread = contents.hasUnread || (isBehindRoot && IsUnreadElement(field));
+            isBehindRoot = isInBody;
+            if (isInBody && !field.bytes.IsEmpty())
+                contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
+        });
     walk.Frame();
     isInBody = true;
     if (walk.IsCompressed()) {
@@ -98,6 +103,8 @@ ContentsPointer ReadContents(const QByteArray& bytes, const ReadingSteps& steps)
     steps(QStringLiteral("Reading the report"), READING);
     contents->file = ReportCore::ReadReport(bytes);
     Complete(*contents, steps);
+    contents->hasUnread =
+        contents->hasUnread || TellOfUnread(contents->doubts) || (contents->IsText() && HasUnreadXml(bytes));
     return contents;
 }
 

@@ -36,6 +36,9 @@ struct Contents
     /// Of the text, of what was unpacked, or of the bytes.
     FieldMap fields;
 
+    /// Of a file that was read: whether it says more than its report does, as far as no problem tells of it.
+    bool hasUnread = false;
+
     Outline outline;
 
     bool IsText() const { return file.form.form == ReportCore::Form::Xml; }

@@ -79,7 +79,7 @@ void Document::Show(const QString& name, const ContentsPointer& contents, const 
     m_name = name;
     m_contents = contents;
     m_stamp = stamp;
-    m_wasDamaged = !name.isEmpty() && !contents->file.IsGood();
+    m_wasDamaged = !name.isEmpty() && (!contents->file.IsGood() || contents->hasUnread);
     m_savedForm.reset();
     Q_EMIT Opened();
     Q_EMIT ContentsChanged();

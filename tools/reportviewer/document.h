@@ -43,7 +43,7 @@ public:
     /// Whether there is a file, and it is another one than was loaded or saved last.
     bool HasFileChanged() const;
 
-    /// Whether the file had problems when it was loaded, so that the report may lack something of it.
+    /// Whether the report lacks something of the file that was loaded, or may lack it since the file has problems.
     bool WasDamaged() const { return m_wasDamaged; }
 
     /// Empty for a report that has no file yet.

@@ -27,7 +27,7 @@ QString TextOf(Questions::Loss loss)
     case Questions::Loss::WhatIsDamaged:
         break;
     }
-    return Tr("%1 has problems, and not all of it may have been read. Replace it by what has been?");
+    return Tr("Not all that %1 says may have been read. Replace it by what has been?");
 }
 
 } // namespace

@@ -39,7 +39,7 @@ public:
     {
         OtherFile,     ///< all of a file that isn't the one that is shown
         ChangedFile,   ///< what somebody else has written to it since it was opened
-        WhatIsDamaged, ///< what of it could not be read
+        WhatIsDamaged, ///< what of it could not be read, or isn't part of the report
     };
 
     /// Whether to write the file all the same.
