@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtGui/QDragEnterEvent>
@@ -194,6 +195,18 @@ TEST_F(ViewerOpening, TheLastFilesAreRemembered)
     EXPECT_EQ(ViewerWindow().window.Recent().Names(), QStringList({second, first}));
     m_viewer.window.ForgetRecentFiles();
     EXPECT_TRUE(m_viewer.window.Recent().Names().isEmpty());
+}
+
+TEST_F(ViewerOpening, AFileThatIsGoneIsForgotten)
+{
+    const QString gone = m_scratch.Write("gone.xml", ToolTest::FullXml());
+    m_viewer.Open(gone);
+    m_viewer.Open(m_scratch.Write("other.xml", ToolTest::FullXml()));
+    ASSERT_TRUE(m_viewer.window.Recent().Names().contains(gone));
+    ASSERT_TRUE(QFile::remove(gone));
+    m_viewer.Open(gone);
+    EXPECT_FALSE(m_viewer.window.Recent().Names().contains(gone));
+    EXPECT_TRUE(m_viewer.window.Recent().Names().contains(m_scratch.Path("other.xml")));
 }
 
 TEST_F(ViewerOpening, NoMoreThanTenFilesAreRemembered)

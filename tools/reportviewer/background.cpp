@@ -1,15 +1,39 @@
 #include <reportviewer/background.h>
 
+#include <reportgenerator/reportbase/reportexception.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QThreadPool>
 
+#include <algorithm>
+#include <exception>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace ReportViewer {
 
 namespace {
+
+/// One each that loads, follows changes and lists a folder, and one that doesn't know yet that it was cancelled.
+constexpr int FEWEST_THREADS = 4;
+
+/// What has been thrown, for people. To be called where it is caught.
+QString TextOfWhatWasThrown()
+{
+    try {
+        throw;
+    } catch (const ReportException& exception) {
+        return exception.GetErrorText();
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("out of memory");
+    } catch (const std::exception& exception) {
+        return QString::fromLocal8Bit(exception.what());
+    } catch (...) {
+        return QStringLiteral("unknown error");
+    }
+}
 
 /// A function on its way to the thread in which it is called.
 class Handover : public QEvent
@@ -48,20 +72,25 @@ struct Background::Link
     }
 };
 
-Background::Background(QObject* parent) : QObject(parent) {}
+Background::Background(QObject* parent) : QObject(parent)
+{
+    // There may be a single processor.
+    QThreadPool& pool = *QThreadPool::globalInstance();
+    pool.setMaxThreadCount(std::max(pool.maxThreadCount(), FEWEST_THREADS));
+}
 
 Background::~Background()
 {
     Cancel();
 }
 
-void Background::Start(const Work& work)
+void Background::Start(const Work& work, const Failure& failed)
 {
     Cancel();
     const auto link = std::make_shared<Link>();
     link->owner = this;
     m_link = link;
-    QThreadPool::globalInstance()->start([link, work] { Run(link, work); });
+    QThreadPool::globalInstance()->start([link, work, failed] { Run(link, work, failed); });
 }
 
 void Background::Cancel()
@@ -82,12 +111,22 @@ bool Background::event(QEvent* event)
     return true;
 }
 
-void Background::Run(const std::shared_ptr<Link>& link, const Work& work)
+void Background::Run(const std::shared_ptr<Link>& link, const Work& work, const Failure& failed)
 {
+    const Steps steps = [&link](const QString& step, int percent) {
+        Link::Post(link, [step, percent](Background& owner) { Q_EMIT owner.Progressed(step, percent); });
+    };
+    const auto outcomeOf = [&]() -> Outcome {
+        try {
+            return work(steps);
+        } catch (const Cancelled&) {
+            throw;
+        } catch (...) {
+            return [failed, text = TextOfWhatWasThrown()] { failed(text); };
+        }
+    };
     try {
-        const Outcome outcome = work([&link](const QString& step, int percent) {
-            Link::Post(link, [step, percent](Background& owner) { Q_EMIT owner.Progressed(step, percent); });
-        });
+        const Outcome outcome = outcomeOf();
         Link::Post(link, [link, outcome](Background& owner) { owner.Take(link, outcome); });
     } catch (const Cancelled&) {
         // Nobody waits for it.

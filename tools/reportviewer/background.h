@@ -14,8 +14,9 @@ struct Cancelled
 {
 };
 
-/// Does one work after the other in a thread of its own. What it has come to is handed over in the thread in which the
-/// object lives; a work that was cancelled hands over nothing, and runs on only until it tells its next step.
+/// Does works in other threads, of which only the latest counts. What it has come to, or why it has come to nothing, is
+/// handed over in the thread in which the object lives; a work that was cancelled hands over nothing, and runs on only
+/// until it tells its next step. The next one doesn't wait for that.
 class Background : public QObject
 {
     Q_OBJECT
@@ -28,11 +29,14 @@ public:
     using Outcome = std::function<void()>;
     using Work = std::function<Outcome(const Steps& steps)>;
 
+    /// Called in the object's thread with what the work has thrown, in words.
+    using Failure = std::function<void(const QString& text)>;
+
     explicit Background(QObject* parent = nullptr);
     ~Background() override;
 
     /// Cancels the work under way and begins another.
-    void Start(const Work& work);
+    void Start(const Work& work, const Failure& failed);
     void Cancel();
     bool IsBusy() const { return m_link != nullptr; }
 
@@ -45,7 +49,7 @@ protected:
 private:
     struct Link;
 
-    static void Run(const std::shared_ptr<Link>& link, const Work& work);
+    static void Run(const std::shared_ptr<Link>& link, const Work& work, const Failure& failed);
     void Take(const std::shared_ptr<Link>& link, const Outcome& outcome);
 
     std::shared_ptr<Link> m_link;

@@ -3,8 +3,6 @@
 #include <reportcore/files.h>
 #include <reportcore/reportwriting.h>
 
-#include <reportgenerator/reportbase/reportexception.h>
-
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -47,16 +45,20 @@ Document::Document(QObject* parent) : QObject(parent), m_contents(EmptyContents(
 
 void Document::Open(const QString& name)
 {
-    m_loading.Start([this, name](const Background::Steps& steps) -> Background::Outcome {
-        try {
-            const Stamp stamp = StampOf(name);
-            const ContentsPointer contents = ReadContents(ReadFile(name, steps), steps);
-            return [this, name, contents, stamp] { Show(name, contents, stamp); };
-        } catch (const UnusableFile& unusable) {
-            const QString text = QStringLiteral("%1: %2").arg(name, unusable.text);
-            return [this, text] { Q_EMIT OpeningFailed(text); };
-        }
-    });
+    const auto failed = [this, name](const QString& text) {
+        Q_EMIT OpeningFailed(name, QStringLiteral("%1: %2").arg(name, text));
+    };
+    m_loading.Start(
+        [this, name, failed](const Background::Steps& steps) -> Background::Outcome {
+            try {
+                const Stamp stamp = StampOf(name);
+                const ContentsPointer contents = ReadContents(ReadFile(name, steps), steps);
+                return [this, name, contents, stamp] { Show(name, contents, stamp); };
+            } catch (const UnusableFile& unusable) {
+                return [failed, text = unusable.text] { failed(text); };
+            }
+        },
+        failed);
 }
 
 void Document::Clear()
@@ -90,16 +92,14 @@ void Document::Follow(const ReportBase& report)
     const FileForm form = Form();
     m_following.Start(
         [this, form, copy = ReportBase(report)](const Background::Steps& steps) -> Background::Outcome {
-            try {
-                const ContentsPointer contents = DraftContents(copy, form, steps);
-                return [this, contents] {
-                    m_contents = contents;
-                    Q_EMIT ContentsChanged();
-                };
-            } catch (const ReportException&) {
-                // What is shown stays.
-                return [] {};
-            }
+            const ContentsPointer contents = DraftContents(copy, form, steps);
+            return [this, contents] {
+                m_contents = contents;
+                Q_EMIT ContentsChanged();
+            };
+        },
+        [](const QString& /*text*/) {
+            // What is shown stays.
         });
 }
 

@@ -65,7 +65,7 @@ Q_SIGNALS:
     void LoadingCancelled();
 
     /// The file could not be loaded; what was shown before is still there.
-    void OpeningFailed(const QString& text);
+    void OpeningFailed(const QString& name, const QString& text);
 
     void Saved();
 

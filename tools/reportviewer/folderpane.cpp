@@ -61,12 +61,14 @@ FolderPane::FolderPane(QWidget* parent)
 
 void FolderPane::Open(const QString& folder)
 {
-    m_listing.Start([this, folder](const Background::Steps& /*steps*/) -> Background::Outcome {
-        const QDir dir(folder);
-        const QStringList names = dir.entryList(QDir::Files | QDir::Hidden, QDir::Name);
-        const bool isReadable = dir.isReadable();
-        return [this, folder, names, isReadable] { Take(folder, names, isReadable); };
-    });
+    m_listing.Start(
+        [this, folder](const Background::Steps& /*steps*/) -> Background::Outcome {
+            const QDir dir(folder);
+            const QStringList names = dir.entryList(QDir::Files | QDir::Hidden, QDir::Name);
+            const bool isReadable = dir.isReadable();
+            return [this, folder, names, isReadable] { Take(folder, names, isReadable); };
+        },
+        [this, folder](const QString& /*text*/) { Take(folder, {}, false); });
 }
 
 void FolderPane::ShowFiles(const QStringList& names)

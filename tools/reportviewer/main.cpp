@@ -64,7 +64,7 @@ void Prepare(ReportViewer::MainWindow& window, const CommandLine& line)
                                showWhatIsAskedFor);
     if (!line.picture.isEmpty()) {
         QObject::connect(&window.Shown(), &ReportViewer::Document::OpeningFailed, &window,
-                         [](const QString& text) {
+                         [](const QString& /*name*/, const QString& text) {
                              Print(stderr, QStringLiteral("reportviewer: ") + text);
                              QCoreApplication::exit(EXIT_USAGE);
                          });

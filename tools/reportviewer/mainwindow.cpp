@@ -115,9 +115,11 @@ void MainWindow::Connect()
     connect(&m_document, &Document::Progressed, m_status, &StatusLine::ShowProgress);
     connect(&m_document, &Document::Opened, this, &MainWindow::ShowReport);
     connect(&m_document, &Document::ContentsChanged, this, &MainWindow::ShowContents);
-    connect(&m_document, &Document::OpeningFailed, this, [this](const QString& text) {
+    connect(&m_document, &Document::OpeningFailed, this, [this](const QString& name, const QString& text) {
         m_status->EndProgress();
         m_notice->Say(tr("Not opened: %1").arg(text));
+        if (!QFileInfo::exists(name))
+            m_recent.Remove(name);
         UpdateTitle();
     });
     connect(&m_document, &Document::Saved, this, [this] {
