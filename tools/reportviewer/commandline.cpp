@@ -1,8 +1,31 @@
 #include <reportviewer/commandline.h>
 
+#include <reportcore/fieldpath.h>
+#include <reportcore/reportfields.h>
+
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QFileInfo>
 
 namespace ReportViewer {
+
+namespace {
+
+/// What of it cannot be done, whatever the files hold; empty when nothing is wrong.
+QString FaultOf(const CommandLine& line, bool takesPicture)
+{
+    const bool isOneFile = line.names.size() == 1 && !QFileInfo(line.names.constFirst()).isDir();
+    if (takesPicture && (line.picture.isEmpty() || !isOneFile))
+        return QStringLiteral("--screenshot takes the name of a picture, and one report file.");
+    try {
+        if (!line.field.isEmpty())
+            ReportCore::FieldPath::Parse(ReportCore::ReportInfo(), line.field);
+    } catch (const ReportCore::PathError& error) {
+        return QStringLiteral("--field: ") + error.text;
+    }
+    return QString();
+}
+
+} // namespace
 
 CommandLine ParseCommandLine(const QStringList& arguments)
 {
@@ -37,6 +60,11 @@ CommandLine ParseCommandLine(const QStringList& arguments)
     line.picture = parser.value(picture);
     line.field = parser.value(field);
     line.showsProblem = parser.isSet(problem);
+    const QString fault = FaultOf(line, parser.isSet(picture));
+    if (line.request == CommandLine::Request::Open && !fault.isEmpty()) {
+        line.request = CommandLine::Request::Wrong;
+        line.text = fault;
+    }
     return line;
 }
 

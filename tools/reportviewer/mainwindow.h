@@ -59,6 +59,9 @@ public:
     Changes& ReportChanges() { return m_changes; }
     const RecentFiles& Recent() const { return m_recent; }
     void ForgetRecentFiles() { m_recent.Clear(); }
+
+    /// What is opened from now on is no file that the user would look for.
+    void RememberNoFiles() { m_recent.TakeNoMore(); }
     TreePane& Tree() { return *m_tree; }
     MapView& Map() { return *m_map; }
     BytesPane& Bytes() { return *m_bytes; }

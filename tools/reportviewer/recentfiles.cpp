@@ -18,6 +18,8 @@ QStringList RecentFiles::Names() const
 
 void RecentFiles::Add(const QString& name)
 {
+    if (!m_takesMore)
+        return;
     QStringList names = Names();
     names.removeAll(name);
     names.prepend(name);

@@ -14,11 +14,13 @@ public:
 
     QStringList Names() const;
     void Add(const QString& name);
+    void TakeNoMore() { m_takesMore = false; }
     void Remove(const QString& name);
     void Clear();
 
 private:
     QSettings m_settings;
+    bool m_takesMore = true;
 };
 
 } // namespace ReportViewer
