@@ -37,7 +37,8 @@ struct Row
 /// The fields of an object as a tree of rows: a field each, in reading order, and an item each below a list.
 ///
 /// Nodes come into being when somebody asks for what stands below a row, and keep their address until their row is
-/// removed; then the caller has them, since somebody may still point to them. Below a member object that isn't there stand its fields, none of them set.
+/// removed; then the caller has them, since somebody may still point to them. Below a member object that isn't there
+/// stand its fields, none of them set.
 class FieldTree
 {
 public:
@@ -93,8 +94,7 @@ public:
     /// The rows from `first` on move down. Their items keep their names until `Renumber`.
     void InsertRows(Node& list, int first, int count);
 
-    /// Returns the nodes of the rows that are removed. The items behind keep their
-    /// names until `Renumber`.
+    /// Returns the nodes of the rows that are removed. The items behind keep their names until `Renumber`.
     Nodes RemoveRows(Node& list, int first, int count);
 
     /// Names all items by their places.
