@@ -41,6 +41,8 @@ ContentsPointer EmptyContents()
 Document::Document(QObject* parent) : QObject(parent), m_contents(EmptyContents())
 {
     connect(&m_loading, &Background::Progressed, this, &Document::Progressed);
+    connect(&m_following, &Background::Progressed, this,
+            [this](const QString& /*step*/, int percent) { Q_EMIT FollowingProgressed(percent); });
 }
 
 void Document::Open(const QString& name)
@@ -98,9 +100,12 @@ void Document::Follow(const ReportBase& report)
                 Q_EMIT ContentsChanged();
             };
         },
-        [](const QString& /*text*/) {
+        [this](const QString& text) {
             // What is shown stays.
+            Q_EMIT FollowingFailed(text);
         });
+    // The work may have to wait for a thread.
+    Q_EMIT FollowingProgressed(0);
 }
 
 QString Document::Save(const ReportBase& report, const QString& name, const FileForm& form)

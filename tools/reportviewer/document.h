@@ -69,7 +69,13 @@ Q_SIGNALS:
 
     void Saved();
 
-    /// Bytes, problems and outline are others than before.
+    /// Bytes, problems and outline are still those of before the last change.
+    void FollowingProgressed(int percent);
+
+    /// They stay so, and why: the form has no way to say the report.
+    void FollowingFailed(const QString& text);
+
+    /// Bytes, problems and outline are others than before, and those of the report.
     void ContentsChanged();
 
 private:

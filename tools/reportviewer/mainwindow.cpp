@@ -122,6 +122,9 @@ void MainWindow::Connect()
             m_recent.Remove(name);
         UpdateTitle();
     });
+    connect(&m_document, &Document::FollowingProgressed, m_status, &StatusLine::ShowUpdate);
+    connect(&m_document, &Document::FollowingFailed, m_status, &StatusLine::ShowOutdated);
+    connect(&m_document, &Document::ContentsChanged, m_status, &StatusLine::EndUpdate);
     connect(&m_document, &Document::Saved, this, [this] {
         m_recent.Add(m_document.FileName());
         m_status->EndProgress();

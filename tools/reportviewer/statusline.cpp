@@ -9,7 +9,8 @@
 namespace ReportViewer {
 
 StatusLine::StatusLine(QStatusBar& bar)
-    : QObject(&bar), m_bar(bar), m_step(new QLabel), m_progress(new QProgressBar), m_cancel(new QToolButton)
+    : QObject(&bar), m_bar(bar), m_step(new QLabel), m_progress(new QProgressBar), m_cancel(new QToolButton),
+      m_update(new QLabel)
 {
     m_progress->setRange(0, 100);
     m_progress->setMaximumWidth(160);
@@ -22,10 +23,16 @@ StatusLine::StatusLine(QStatusBar& bar)
     bar.addWidget(m_step);
     bar.addWidget(m_progress);
     bar.addWidget(m_cancel);
+    m_update->setObjectName(QStringLiteral("update"));
+    m_update->setTextFormat(Qt::PlainText);
+    // A long reason doesn't make the window wider.
+    m_update->setMinimumWidth(1);
+    bar.addWidget(m_update);
     m_coordinates = MakeLabel("coordinates", tr("Coordinates under the pointer"));
     m_place = MakeLabel("place", tr("Place in the file"));
     m_file = MakeLabel("file", tr("File"));
     EndProgress();
+    EndUpdate();
 }
 
 QLabel* StatusLine::MakeLabel(const char* name, const QString& accessibleName)
@@ -52,6 +59,28 @@ void StatusLine::EndProgress()
     m_step->hide();
     m_progress->hide();
     m_cancel->hide();
+}
+
+void StatusLine::ShowUpdate(int percent)
+{
+    TellUpdate(tr("Updating map, problems and bytes: %1 %").arg(percent));
+}
+
+void StatusLine::ShowOutdated(const QString& reason)
+{
+    TellUpdate(tr("Map, problems and bytes are out of date: %1").arg(reason));
+}
+
+void StatusLine::EndUpdate()
+{
+    m_update->clear();
+    m_update->hide();
+}
+
+void StatusLine::TellUpdate(const QString& text)
+{
+    m_update->setText(text);
+    m_update->show();
 }
 
 void StatusLine::ShowCoordinates(const QString& text)

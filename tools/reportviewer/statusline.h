@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace ReportViewer {
 
-/// What stands in the status bar: how far loading has got, the coordinates under the pointer, the place in the bytes, and
-/// what file is shown.
+/// What stands in the status bar: how far loading has got, whether map, problems and bytes are behind the report, the
+/// coordinates under the pointer, the place in the bytes, and what file is shown.
 class StatusLine : public QObject
 {
     Q_OBJECT
@@ -22,6 +22,14 @@ public:
 
     void ShowProgress(const QString& step, int percent);
     void EndProgress();
+
+    /// Map, problems and bytes are behind the report, and on their way; it cannot be cancelled.
+    void ShowUpdate(int percent);
+
+    /// They are behind it and stay so, for this reason.
+    void ShowOutdated(const QString& reason);
+    void EndUpdate();
+
     void ShowCoordinates(const QString& text);
     void ShowPlace(const QString& text);
     void ShowFile(const QString& text);
@@ -31,11 +39,13 @@ Q_SIGNALS:
 
 private:
     QLabel* MakeLabel(const char* name, const QString& accessibleName);
+    void TellUpdate(const QString& text);
 
     QStatusBar& m_bar;
     QLabel* m_step;
     QProgressBar* m_progress;
     QToolButton* m_cancel;
+    QLabel* m_update;
     QLabel* m_coordinates;
     QLabel* m_place;
     QLabel* m_file;
