@@ -47,7 +47,7 @@ command_fuzz() {
         printf '%s\n' all walk
         return
     fi
-    [[ $name == all || $name == walk ]] || fuzz_names | grep -qxF -e "$name" || fail "no target '$name'; see ./dev fuzz"
+    [[ $name == all || $name == walk ]] || fuzz_names | grep -xF -e "$name" >/dev/null || fail "no target '$name'; see ./dev fuzz"
     build fuzz
     case "$name" in
         walk)

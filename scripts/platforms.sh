@@ -30,7 +30,7 @@ first_difference() {
     for name in "${@:3}"; do
         bash -c "$(<"$folder/$name.command") --each $form" 2>/dev/null | tr -d '\r' >"$folder/$name.each" || return 1
     done
-    { diff "$folder/$3.each" "$folder/$4.each" || true; } | sed -n 's/^[<>] [0-9]* [0-9a-f]* //p' | head -n 1
+    { diff "$folder/$3.each" "$folder/$4.each" || true; } | sed -n 's/^[<>] [0-9]* [0-9a-f]* //p' | sed -n 1p
 }
 
 # compare_digests FOLDER NAME NAME...: says in which forms a platform writes something else than the first one. Their
@@ -119,8 +119,9 @@ run_platform() {
     local surroundings=(env LC_ALL=C.UTF-8)
     if [[ -n ${lent_library:-} ]]; then
         surroundings+=("LD_LIBRARY_PATH=$lent_library")
-        # That of the build that lends the tests would be found otherwise.
-        "${surroundings[@]}" ldd "$tests" | grep -qF "=> ${lent_library%%:*}/libreportbase" || fail "$tests takes another library"
+        # That of the build that lends the tests would be found otherwise. What ldd writes is read to its end: whoever
+        # writes to nobody fails.
+        "${surroundings[@]}" ldd "$tests" | grep -F "=> ${lent_library%%:*}/libreportbase" >/dev/null || fail "$tests takes another library"
     fi
     say "Testing $name"
     show "${surroundings[@]}" "${emulator[@]}" "$tests" --gtest_brief=1
@@ -144,7 +145,7 @@ with_commas() {
 # The first number in the line of a test run that begins so; 0 without such a line.
 count_of() {
     local found
-    found="$(sed -n "s/^$1 *\([0-9]*\) test.*/\1/p" "$2" | head -n 1)"
+    found="$(sed -n "s/^$1 *\([0-9]*\) test.*/\1/p" "$2" | sed -n 1p)"
     printf '%s' "${found:-0}"
 }
 
@@ -197,7 +198,7 @@ command_platforms() {
     while (($# > 0)); do
         case "$1" in
             --only)
-                platform_names | grep -qxF -e "${2:-}" || fail "--only takes one of: $(platform_names | tr '\n' ' ')"
+                platform_names | grep -xF -e "${2:-}" >/dev/null || fail "--only takes one of: $(platform_names | tr '\n' ' ')"
                 only+=("$2")
                 shift
                 ;;
@@ -222,7 +223,7 @@ command_platforms() {
     for row in "${platform_rows[@]}"; do
         read -r -a words <<<"$row"
         name="${words[0]}"
-        if ((${#only[@]} > 0)) && ! printf '%s\n' "${only[@]}" | grep -qxF -e "$name"; then
+        if ((${#only[@]} > 0)) && ! printf '%s\n' "${only[@]}" | grep -xF -e "$name" >/dev/null; then
             continue
         fi
         try_platform "$folder" "${words[@]}"
@@ -261,7 +262,7 @@ try_platform() {
     fi
     local system='' processor='' byte_order='' compiler='' qt='' optimisation='' emulator=() libraries='' tests='' digest=''
 
-    if [[ $3 == preset ]] && ! cmake --list-presets | grep -qF "\"$4\""; then
+    if [[ $3 == preset ]] && ! cmake --list-presets | grep -F "\"$4\"" >/dev/null; then
         problem="not built: there is no preset '$4'"
     else
         apart build_platform "${@:2}"

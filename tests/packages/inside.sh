@@ -78,7 +78,7 @@ try_tool() {
     [[ "$("$tool" --version)" == *" $version" ]] || fail "$tool says another version: $("$tool" --version)"
     "$tool" check /project/reports/*.xml
     local report
-    report="$(find /project/reports -name '*.xml' | sort | head -n 1)"
+    report="$(find /project/reports -name '*.xml' | sort | sed -n 1p)"
     "$tool" convert "$report" /tmp/report.xml --to xml
     for form in plain compressed file; do
         "$tool" convert "$report" /tmp/report.bin --to "$form"
@@ -99,7 +99,7 @@ try_viewer() {
     [[ "$("$viewer" --version)" == *" $version" ]] || fail "$viewer says another version: $("$viewer" --version)"
     # What it remembers of its user is no part of the package.
     XDG_CONFIG_HOME=/tmp/config XDG_CACHE_HOME=/tmp/cache QT_QPA_PLATFORM=offscreen "$viewer" --screenshot /tmp/window.png \
-        "$(find /project/reports -name '*.xml' | sort | head -n 1)" 2>/tmp/viewer.log ||
+        "$(find /project/reports -name '*.xml' | sort | sed -n 1p)" 2>/tmp/viewer.log ||
         { cat /tmp/viewer.log >&2; fail "$viewer shows no report"; }
     [[ -s /tmp/window.png ]] || fail "$viewer takes no picture"
     expect_file "/usr/share/applications/$viewer.desktop"
