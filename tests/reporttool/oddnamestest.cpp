@@ -52,6 +52,16 @@ TEST(ToolOddNames, AreFoundInFoldersAndTakenFromLists)
     EXPECT_TEXT(run.Errors(), "");
 }
 
+TEST(ToolOddNames, FitPatterns)
+{
+    const Scratch scratch;
+    scratch.Write("in", {});
+    const ToolRun run = RunWithName(scratch, "mv in \"$name\" && \"$0\" check -r . --pattern 'Z*'");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Output(),
+                QString::fromUtf8("./Z\\udcfcrichü: UnknownForm: not a report in any known form (empty)\n"));
+}
+
 TEST(ToolOddNames, AreShownWithTheirBytesAsEscapes)
 {
     const Scratch scratch;

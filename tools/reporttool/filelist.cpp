@@ -1,5 +1,7 @@
 #include <reporttool/filelist.h>
 
+#include <reporttool/namepattern.h>
+
 #include <reportcore/files.h>
 
 #include <QtCore/QDir>
@@ -17,7 +19,8 @@ bool ComesBefore(const QFileInfo& left, const QFileInfo& right)
     return left.fileName() < right.fileName();
 }
 
-void TakeFiles(const QString& folder, const QString& pattern, QStringList& files)
+/// Those that fit the pattern, or all without one.
+void TakeFiles(const QString& folder, const NamePattern* pattern, QStringList& files)
 {
     const QDir dir(folder);
     if (!dir.isReadable()) {
@@ -31,7 +34,7 @@ void TakeFiles(const QString& folder, const QString& pattern, QStringList& files
     for (const QFileInfo& entry : entries) {
         if (entry.isDir() && !entry.isSymLink())
             TakeFiles(entry.filePath(), pattern, files);
-        else if (entry.isFile() && (pattern.isNull() || QDir::match(pattern, entry.fileName())))
+        else if (entry.isFile() && (!pattern || pattern->Fits(entry.fileName())))
             files << entry.filePath();
     }
 }
@@ -41,7 +44,8 @@ void TakeFiles(const QString& folder, const QString& pattern, QStringList& files
 QStringList FilesBelow(const QString& folder, const QString& pattern)
 {
     QStringList files;
-    TakeFiles(folder, pattern, files);
+    const NamePattern names(pattern);
+    TakeFiles(folder, pattern.isNull() ? nullptr : &names, files);
     return files;
 }
 

@@ -7,7 +7,7 @@
 
 namespace ReportTool {
 
-/// The files of a folder and the folders in it, each folder's in the order of their names. `pattern` is one of a shell,
+/// The files of a folder and the folders in it, each folder's in the order of their names. `pattern` is a `NamePattern`
 /// for the name without its folder; null for all. Links to folders are not followed.
 QStringList FilesBelow(const QString& folder, const QString& pattern);
 
