@@ -123,6 +123,25 @@ TEST(ToolManyFiles, ListMustNotNameStandardInputItself)
                     "standard input can be read only once\nTry 'reporttool --help'.");
 }
 
+TEST(ToolManyFiles, ListWithNulsNeedsItsOption)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    EXPECT_UNUSABLE(RunTool({"check", "--files-from", "-"},
+                            {QByteArray("in/a.xml\0in/missing\0", 20), scratch.Folder(), {}}),
+                    "-: there is a NUL in a name; with -0 each name has one behind it");
+}
+
+TEST(ToolManyFiles, ListMayBeginWithAByteOrderMark)
+{
+    const Scratch scratch;
+    MakeFolders(scratch);
+    const ToolRun run =
+        RunTool({"check", "--files-from", "-"}, {"\xEF\xBB\xBFin/a.xml\n", scratch.Folder(), {}});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Output(), QStringLiteral("in/a.xml%1").arg(QLatin1String(EMPTY)));
+}
+
 // --- In which order
 
 TEST(ToolManyFiles, OutputIsInTheOrderOfTheArguments)

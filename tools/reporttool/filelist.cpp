@@ -14,6 +14,8 @@ namespace ReportTool {
 
 namespace {
 
+constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+
 bool ComesBefore(const QFileInfo& left, const QFileInfo& right)
 {
     return left.fileName() < right.fileName();
@@ -64,7 +66,9 @@ QStringList WithoutFolders(const QStringList& names, const QString& pattern)
 QStringList NamesIn(const QByteArray& list, bool hasNuls)
 {
     QStringList names;
-    for (QByteArray name : list.split(hasNuls ? '\0' : '\n')) {
+    const bool hasMark = !hasNuls && list.startsWith(BYTE_ORDER_MARK);
+    const QByteArray rest = hasMark ? list.mid(int(sizeof BYTE_ORDER_MARK) - 1) : list;
+    for (QByteArray name : rest.split(hasNuls ? '\0' : '\n')) {
         if (!hasNuls && name.endsWith('\r'))
             name.chop(1);
         if (!name.isEmpty())

@@ -14,7 +14,8 @@ QStringList FilesBelow(const QString& folder, const QString& pattern);
 /// Folders among the names are replaced by their files, the others stay as they are.
 QStringList WithoutFolders(const QStringList& names, const QString& pattern);
 
-/// The names in a list: one a line, or each with a NUL behind it. Empty ones don't count.
+/// The names in a list: one a line, or each with a NUL behind it. Empty ones don't count, nor does a byte order mark in
+/// front of lines.
 QStringList NamesIn(const QByteArray& list, bool hasNuls);
 
 } // namespace ReportTool

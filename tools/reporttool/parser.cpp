@@ -9,6 +9,19 @@
 
 namespace ReportTool {
 
+namespace {
+
+QStringList NamesInList(const QString& list, bool hasNuls)
+{
+    const QByteArray bytes = ReportCore::ReadInput(list);
+    if (!hasNuls && bytes.contains('\0'))
+        throw ReportCore::UnusableFile{
+            list, QStringLiteral("there is a NUL in a name; with -0 each name has one behind it")};
+    return NamesIn(bytes, hasNuls);
+}
+
+} // namespace
+
 Parser::Parser(const QString& firstArgument, const QString& description)
 {
     addPositionalArgument(firstArgument, description);
@@ -121,7 +134,7 @@ QStringList Parser::FilesAmong(const QStringList& arguments) const
         throw UsageError{QStringLiteral("standard input can be read only once")};
     QStringList files = arguments;
     if (Has("files-from"))
-        files << NamesIn(ReportCore::ReadInput(list), isSet(QStringLiteral("null")));
+        files << NamesInList(list, isSet(QStringLiteral("null")));
     if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1 ||
         (ReportCore::IsStandardStream(list) && files.contains(QStringLiteral("-"))))
         throw UsageError{QStringLiteral("standard input can be read only once")};
