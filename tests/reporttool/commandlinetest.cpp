@@ -108,6 +108,20 @@ INSTANTIATE_TEST_SUITE_P(
                  "standard input can be read only once"},
         WrongUse{
             "PatternWithoutFolders", {"check", "--pattern", "*", "a"}, "--pattern is for folders, with -r"},
+        WrongUse{"PatternTwice",
+                 {"check", "-r", "--pattern", "*.a", "--pattern", "*.b", "a"},
+                 "--pattern is given more than once"},
+        WrongUse{"ListTwice",
+                 {"check", "--files-from", "a", "--files-from", "b"},
+                 "--files-from is given more than once"},
+        WrongUse{
+            "FormTwice", {"convert", "a", "b", "--to", "xml", "--to=plain"}, "--to is given more than once"},
+        WrongUse{"OutputTwice",
+                 {"export", "a", "--to", "wkt", "-o", "b", "--output", "c"},
+                 "--output is given more than once"},
+        WrongUse{"OutputOfSetTwice",
+                 {"set", "a", "area.name=b", "-o", "c", "-o", "d"},
+                 "-o is given more than once"},
         WrongUse{"NulsWithoutList", {"check", "-0", "a"}, "-0 is for --files-from"},
         WrongUse{
             "JsonAndQuiet", {"check", "--json", "--quiet", "a"}, "--json and --quiet do not go together"},
@@ -156,6 +170,19 @@ TEST(ToolCommandLine, DoubleDashEndsTheOptions)
     const ToolRun inFront = RunTool({"--", "check", "--json"}, {{}, scratch.Folder(), {}});
     EXPECT_EQ(inFront.exitCode, 0);
     EXPECT_TEXT(inFront.Errors(), "");
+}
+
+TEST(ToolCommandLine, FileWithADashInFrontIsHintedAt)
+{
+    const Scratch scratch;
+    scratch.Write("-n.xml", "<ReportBase/>");
+    EXPECT_UNUSABLE(RunTool({"check", "-n.xml"}, {{}, scratch.Folder(), {}}),
+                    QStringLiteral("Unknown options: n, ., x, m, l. There is a file of that name: write "
+                                   "'./-n.xml', or '--' before it.") +
+                        QLatin1String(TRY_HELP));
+    EXPECT_UNUSABLE(RunTool({"check", "-m", "--", "-n.xml"}, {{}, scratch.Folder(), {}}),
+                    QStringLiteral("Unknown option 'm'.") + QLatin1String(TRY_HELP));
+    EXPECT_EQ(RunTool({"check", "./-n.xml"}, {{}, scratch.Folder(), {}}).exitCode, 0);
 }
 
 TEST(ToolCommandLine, FileNamesBeyondAsciiWorkInThePlainLocale)

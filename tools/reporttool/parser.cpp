@@ -4,6 +4,9 @@
 #include <reporttool/filelist.h>
 
 #include <reportcore/files.h>
+#include <reportcore/texts.h>
+
+#include <QtCore/QFileInfo>
 
 #include <algorithm>
 
@@ -44,7 +47,7 @@ void Parser::AddArgument(const char* name, const char* description, const char* 
 void Parser::Add(const QCommandLineOption& option, const Candidates& candidates)
 {
     addOption(option);
-    m_allOptions.push_back({option.names(), option.description(), option.valueName(), candidates});
+    m_allOptions.push_back({option.names(), option.description(), option.valueName(), candidates, false});
 }
 
 void Parser::AddSwitch(const QStringList& names, const char* description)
@@ -61,6 +64,13 @@ void Parser::AddOption(const char* name, const char* description, const char* va
                        const Candidates& candidates)
 {
     Add({QLatin1String(name), QLatin1String(description), QLatin1String(valueName)}, candidates);
+}
+
+void Parser::AddRepeatedOption(const char* name, const char* description, const char* valueName,
+                               const Candidates& candidates)
+{
+    AddOption(name, description, valueName, candidates);
+    m_allOptions.back().isRepeated = true;
 }
 
 void Parser::AddExample(const char* commandLine, const char* purpose)
@@ -114,7 +124,34 @@ void Parser::ParseOrThrow(const QStringList& arguments)
 {
     m_commandLine = arguments;
     if (!parse(arguments))
-        throw UsageError{errorText()};
+        throw UsageError{errorText() + HintAtFile()};
+    RequireOneValueEach();
+}
+
+/// Where an option that isn't known is the name of a file.
+QString Parser::HintAtFile() const
+{
+    if (unknownOptionNames().isEmpty())
+        return QString();
+    const auto end = std::find(m_commandLine.begin() + 1, m_commandLine.end(), QLatin1String("--"));
+    const auto file = std::find_if(m_commandLine.begin() + 1, end, [](const QString& argument) {
+        return argument.startsWith(QLatin1Char('-')) && argument != QLatin1String("-") &&
+               QFileInfo::exists(argument);
+    });
+    if (file == end)
+        return QString();
+    return QStringLiteral(" There is a file of that name: write './%1', or '--' before it.")
+        .arg(ReportCore::Printable(*file));
+}
+
+void Parser::RequireOneValueEach() const
+{
+    for (const Option& option : m_allOptions) {
+        const QString& name = option.names.last();
+        if (!option.valueName.isEmpty() && !option.isRepeated && isSet(name) && values(name).size() > 1)
+            throw UsageError{QStringLiteral("%1%2 is given more than once")
+                                 .arg(name.size() > 1 ? QStringLiteral("--") : QStringLiteral("-"), name)};
+    }
 }
 
 QStringList Parser::FilesAmong(const QStringList& arguments) const

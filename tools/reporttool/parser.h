@@ -55,6 +55,7 @@ public:
         QString description;
         QString valueName; ///< empty for a switch
         Candidates candidates;
+        bool isRepeated = false; ///< its values may be several
     };
 
     /// A line as an example, and what it is good for.
@@ -78,6 +79,8 @@ public:
     void AddSwitch(const char* name, const char* description);
     void AddOption(const char* name, const char* description, const char* valueName,
                    const Candidates& candidates = {});
+    void AddRepeatedOption(const char* name, const char* description, const char* valueName,
+                           const Candidates& candidates = {});
     void AddExample(const char* commandLine, const char* purpose);
 
     /// -o, --output: the file to write; standard output where it is missing.
@@ -125,6 +128,8 @@ public:
 
 private:
     void Add(const QCommandLineOption& option, const Candidates& candidates);
+    QString HintAtFile() const;
+    void RequireOneValueEach() const;
 
     QStringList m_commandLine;
     std::vector<Argument> m_allArguments;

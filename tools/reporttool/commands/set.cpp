@@ -158,7 +158,7 @@ void Declare(Parser& parser)
     parser.SetDescription(DESCRIPTION);
     parser.AddArgument("FILE", "Report; - stands for standard input.", "FILE");
     parser.AddArgument("PATH=VALUE", "Field and its new value.", "PATH=VALUE...", Candidates::Assignments());
-    parser.AddOption("unset", "Unset this field; may be given several times.", "path",
+    parser.AddRepeatedOption("unset", "Unset this field; may be given several times.", "path",
                      Candidates::FieldPaths());
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
     AddForce(parser);
