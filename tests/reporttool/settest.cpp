@@ -132,6 +132,19 @@ TEST(ToolSet, FieldsOfItemsAreUnsetBeforeItemsAreRemoved)
     EXPECT_EQ(RunIn(scratch, {"diff", "out", "expected"}).exitCode, 0);
 }
 
+TEST(ToolSet, WhatIsNotSetCanBeUnsetAndItemsGoWithTheirList)
+{
+    const Scratch scratch;
+    scratch.Write("in", "<ReportBase><Frequency>5.00</Frequency><Area Version=\"1.0\"><Name>Lake</Name>" +
+                            Point("1", "1") + "</Area></ReportBase>");
+    const ToolRun run =
+        RunIn(scratch, {"set", "in", "--unset", "frequency.min", "--unset", "ifBandwidth.value", "--unset",
+                        "area.coordinate[1]", "--unset", "area", "-o", "out"});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    scratch.Write("expected", "<ReportBase><Frequency>5.00</Frequency></ReportBase>");
+    EXPECT_EQ(RunIn(scratch, {"diff", "out", "expected"}).exitCode, 0);
+}
+
 TEST(ToolSet, TextMayHoldSignsAndBeEmpty)
 {
     const Scratch scratch;
@@ -148,6 +161,10 @@ TEST(ToolSet, WhatTheSetterRefusesIsRefused)
         "in: area.coordinate[1].latitude: OutOfRangeException: Parameters for m_latitude are not set "
         "within range (-90, 90) in 'Coordinate'.");
     ExpectRefused(Lake(Point("1", "1")), {"set", "in", "area.coordinate[2].latitude=9", "-o", "out"},
+                  "in: area.coordinate[2].latitude: RGException: there is no area.coordinate[2].latitude");
+    ExpectRefused(Lake(Point("1", "1")), {"set", "in", "--unset", "area.coordinate[2]", "-o", "out"},
+                  "in: area.coordinate[2]: RGException: there is no area.coordinate[2]");
+    ExpectRefused(Lake(Point("1", "1")), {"set", "in", "--unset", "area.coordinate[2].latitude", "-o", "out"},
                   "in: area.coordinate[2].latitude: RGException: there is no area.coordinate[2].latitude");
     ExpectRefused(Lake(Point("1", "1")), {"set", "in", "--unset", "area.version", "-o", "out"},
                   "in: area.version: RGException: version cannot be unset");
@@ -196,6 +213,9 @@ TEST(ToolSet, WrongUseEndsWithTwo)
          "frequency.valu: no field is called \"valu\"; there are min, max, use, value"},
         {{"set", "in", "frequency.value=high", "-o", "out"},
          "frequency.value: value is a number, not \"high\""},
+        {{"set", "in", "frequency.value=nan", "-o", "out"},
+         "frequency.value: value is a number, not \"nan\""},
+        {{"set", "in", "frequency.min=-inf", "-o", "out"}, "frequency.min: min is a number, not \"-inf\""},
         {{"set", "in", "frequency.use=1", "-o", "out"}, "frequency.use: use is true or false, not \"1\""},
         {{"set", "in", "frequency=1", "-o", "out"}, "frequency: frequency is no value"},
         {{"set", "in", "area.version=1.0", "-o", "out"}, "area.version: version cannot be set"},

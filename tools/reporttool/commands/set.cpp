@@ -7,10 +7,13 @@
 #include <reportcore/files.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
+#include <reportcore/texts.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
+#include <reportgenerator/reportbase/rgexception.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace ReportTool {
@@ -62,8 +65,14 @@ Assignment AssignmentOf(const QString& argument)
     if (sign < 0)
         throw UsageError{QStringLiteral("'%1' is no assignment: PATH=VALUE").arg(argument)};
     const FieldPath path = PathOf(argument.left(sign));
+    const QString text = argument.mid(sign + 1);
+    const ReportCore::Field& field = *path.Last().field;
     try {
-        return {path, path.Last().field->ValueOf(argument.mid(sign + 1))};
+        const QVariant value = field.ValueOf(text);
+        if (value.userType() == QMetaType::Double && !std::isfinite(value.toDouble()))
+            throw UsageError{QStringLiteral("%1: %2 is a number, not %3")
+                                 .arg(path.Text(), field.Name(), ReportCore::Quoted(text))};
+        return {path, value};
     } catch (const ReportException& refused) {
         throw UsageError{QStringLiteral("%1: %2").arg(path.Text(), refused.GetErrorText())};
     }
@@ -132,6 +141,17 @@ bool IsUsable(const ReportFile& file, const Request& request, Console& console)
     return isUsable;
 }
 
+/// What isn't set can be unset all the same; but whoever names an item means one that is there.
+void RequireItems(const REPORTGENERATOR::ReportBase& report, const FieldPath& path)
+{
+    FieldPath way;
+    for (int i = 0; i < path.Size(); ++i) {
+        way.Enter(*path.At(i).field, path.At(i).index);
+        if (way.IsItem() && !ReportCore::IsSet(report, way))
+            throw RGException(QStringLiteral("there is no %1").arg(path.Text()));
+    }
+}
+
 bool Change(ReportFile& file, const Request& request, Console& console)
 {
     QString path;
@@ -139,6 +159,10 @@ bool Change(ReportFile& file, const Request& request, Console& console)
         for (const Assignment& assignment : request.assignments) {
             path = assignment.path.Text();
             ReportCore::SetValue(file.report, assignment.path, assignment.value);
+        }
+        for (const FieldPath& unset : request.unset) {
+            path = unset.Text();
+            RequireItems(file.report, unset);
         }
         for (const FieldPath& unset : request.unset) {
             path = unset.Text();
@@ -159,7 +183,7 @@ void Declare(Parser& parser)
     parser.AddArgument("FILE", "Report; - stands for standard input.", "FILE");
     parser.AddArgument("PATH=VALUE", "Field and its new value.", "PATH=VALUE...", Candidates::Assignments());
     parser.AddRepeatedOption("unset", "Unset this field; may be given several times.", "path",
-                     Candidates::FieldPaths());
+                             Candidates::FieldPaths());
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
     AddForce(parser);
     parser.AddExample("set lake.xml frequency.value=121.5e6 -o lake.xml", "Change a field.");
