@@ -380,6 +380,24 @@ TEST_F(ToolExport, ClosedPipeEndsWithTwo)
     EXPECT_TEXT(run.Errors(), "reporttool: -: Broken pipe\n");
     EXPECT_EQ(run.exitCode, 2);
 }
+
+#    ifdef REPORTGENERATOR_TEST_DRAWS
+TEST_F(ToolExport, PictureEndsInAClosedPipeAsOthersDo)
+{
+    const QStringList arguments = {QStringLiteral("-c"),
+                                   QStringLiteral("\"$0\" export lake.xml --to png; echo $? >code"),
+                                   QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL)};
+    const ToolTest::Surroundings surroundings = ToolTest::PlainLocale({}, m_scratch.Folder());
+    ToolTest::RunOnBrokenPipe(QStringLiteral("/bin/sh"), arguments, surroundings,
+                              ToolTest::BrokenPipe::Signal);
+    // 128 and the number of the signal.
+    EXPECT_BYTES(m_scratch.Read("code"), QByteArray("141\n"));
+    const ToolRun run = ToolTest::RunOnBrokenPipe(QStringLiteral("/bin/sh"), arguments, surroundings,
+                                                  ToolTest::BrokenPipe::Error);
+    EXPECT_BYTES(m_scratch.Read("code"), QByteArray("2\n"));
+    EXPECT_TEXT(run.Errors(), "reporttool: -: Broken pipe\n");
+}
+#    endif
 #endif
 
 TEST_F(ToolExport, HelpNamesTheFormats)

@@ -12,13 +12,22 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QProcess>
+
+#ifdef Q_OS_WIN
+#    include <QtCore/QProcess>
+#else
+#    include <cerrno>
+#    include <unistd.h>
+#endif
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace ReportTool {
 
@@ -174,7 +183,31 @@ PictureSize SizeOf(const Parser& parser, const ExportFormat& format)
             DimensionOf(text.section(QLatin1Char('x'), 1))};
 }
 
-/// Has the program that can draw do the same. It reads and writes the same streams.
+/// Runs the program with these arguments and the streams of this one, and returns its exit code.
+int Become(const QString& program, const QStringList& arguments)
+{
+#ifdef Q_OS_WIN
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    process.start(program, arguments);
+    if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
+        throw ReportCore::UnusableFile{program, process.errorString()};
+    return process.exitCode();
+#else
+    // It takes the place of this one, so that what a signal does to it is what whoever started this one sees.
+    std::vector<QByteArray> words = {QFile::encodeName(program)};
+    std::transform(arguments.begin(), arguments.end(), std::back_inserter(words), QFile::encodeName);
+    std::vector<char*> pointers;
+    for (QByteArray& word : words)
+        pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    execv(pointers.front(), pointers.data());
+    throw ReportCore::UnusableFile{program, qt_error_string(errno)};
+#endif
+}
+
+/// Has the program that can draw do the same.
 int RunElsewhere(const QStringList& arguments, Console& console)
 {
     const QString program =
@@ -183,13 +216,7 @@ int RunElsewhere(const QStringList& arguments, Console& console)
     if (!QFileInfo(program).isExecutable())
         throw ReportCore::UnusableFile{program, QStringLiteral("is not there, and draws the pictures")};
     console.Output().Flush();
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.setInputChannelMode(QProcess::ForwardedInputChannel);
-    process.start(program, arguments.mid(1));
-    if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
-        throw ReportCore::UnusableFile{program, process.errorString()};
-    return process.exitCode();
+    return Become(program, arguments.mid(1));
 }
 
 void Declare(Parser& parser)
