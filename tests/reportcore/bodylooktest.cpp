@@ -17,7 +17,6 @@ namespace {
 using ReportCore::LookAtBody;
 using ReportCore::Walk;
 using ReportCore::WireField;
-using Support::ByteArray;
 using Support::Element;
 using ToolTest::Plain;
 namespace Tag = Support::Tag;

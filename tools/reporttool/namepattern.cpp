@@ -24,8 +24,9 @@ std::u32string CharactersOf(const QString& text)
     for (int i = 0; i < counted.size(); ++i) {
         const bool isPair =
             counted.at(i).isHighSurrogate() && i + 1 < counted.size() && counted.at(i + 1).isLowSurrogate();
-        characters +=
+        const uint character =
             isPair ? QChar::surrogateToUcs4(counted.at(i), counted.at(i + 1)) : counted.at(i).unicode();
+        characters += static_cast<char32_t>(character);
         i += isPair ? 1 : 0;
     }
     return characters;

@@ -199,8 +199,8 @@ int Become(const QString& program, const QStringList& arguments)
     std::vector<QByteArray> words = {QFile::encodeName(program)};
     std::transform(arguments.begin(), arguments.end(), std::back_inserter(words), QFile::encodeName);
     std::vector<char*> pointers;
-    for (QByteArray& word : words)
-        pointers.push_back(word.data());
+    std::transform(words.begin(), words.end(), std::back_inserter(pointers),
+                   [](QByteArray& word) { return word.data(); });
     pointers.push_back(nullptr);
     execv(pointers.front(), pointers.data());
     throw ReportCore::UnusableFile{program, qt_error_string(errno)};
