@@ -227,6 +227,49 @@ TEST_F(ViewerByKeyboard, EveryMenuEntryHasALetterAndNoKeyDoesTwoThings)
     }
 }
 
+/// The letters of a menu and of those within it.
+void ExpectLetters(const QMenu& menu)
+{
+    std::set<QChar> letters;
+    for (const QAction* const action : menu.actions()) {
+        if (action->isSeparator())
+            continue;
+        const auto mark = action->text().indexOf(QLatin1Char('&'));
+        ASSERT_GE(mark, 0) << action->text().toStdString();
+        EXPECT_TRUE(letters.insert(action->text().at(mark + 1).toLower()).second)
+            << action->text().toStdString();
+        if (action->menu())
+            ExpectLetters(*action->menu());
+    }
+}
+
+TEST_F(ViewerByKeyboard, MenusWithinMenusHaveLettersToo)
+{
+    ReportViewer::RecentFiles recent;
+    for (int i = 0; i < ReportViewer::RecentFiles::MOST; ++i)
+        recent.Add(QString::number(i));
+    ViewerWindow viewer;
+    for (const QAction* const top : viewer.window.menuBar()->actions())
+        ExpectLetters(*top->menu());
+    recent.Clear();
+}
+
+TEST_F(ViewerByKeyboard, TheEntriesOfPanesAreCalledAsTheseAre)
+{
+    QStringList texts;
+    for (const QAction* const top : m_viewer.window.menuBar()->actions()) {
+        for (const QAction* const action : top->menu()->actions()) {
+            if (action->text().startsWith(QLatin1String("Go to &")))
+                texts << action->text();
+        }
+    }
+    EXPECT_EQ(texts, QStringList({QStringLiteral("Go to &1 Report"), QStringLiteral("Go to &2 Map"),
+                                  QStringLiteral("Go to &3 Problems"), QStringLiteral("Go to &4 Bytes"),
+                                  QStringLiteral("Go to &5 Folder")}));
+    m_viewer.Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TEXT(Focus(), "filter");
+}
+
 TEST_F(ViewerByKeyboard, EverythingThatTakesTheKeyboardHasAName)
 {
     for (const QWidget* const widget : m_viewer.window.findChildren<QWidget*>()) {

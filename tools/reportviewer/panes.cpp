@@ -34,6 +34,20 @@ void Panes::GoOn(int direction) const
     }
 }
 
+void Panes::GoTo(const QWidget& focused) const
+{
+    for (int i = 0; i < Count(); ++i) {
+        if (m_panes.at(i).focused == &focused)
+            GoTo(i);
+    }
+}
+
+QString Panes::TitleOf(int number) const
+{
+    const Pane& pane = m_panes.at(number);
+    return pane.dock ? pane.dock->windowTitle() : pane.focused->accessibleName();
+}
+
 void Panes::GoTo(int number) const
 {
     const Pane& pane = m_panes.at(number);

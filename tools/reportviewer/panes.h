@@ -1,6 +1,7 @@
 #ifndef REPORTVIEWER_PANES_H
 #define REPORTVIEWER_PANES_H
 
+#include <QtCore/QString>
 #include <QtCore/QVector>
 
 class QDockWidget;
@@ -19,6 +20,12 @@ public:
     void GoOn(int direction) const;
 
     void GoTo(int number) const;
+
+    /// To that which the keyboard goes to this widget in.
+    void GoTo(const QWidget& focused) const;
+
+    /// For people.
+    QString TitleOf(int number) const;
     int Count() const { return static_cast<int>(m_panes.size()); }
 
 private:

@@ -29,8 +29,8 @@ QString MenuText(int number, const QString& name)
 {
     QString text = name;
     text.replace(QLatin1Char('&'), QLatin1String("&&"));
-    const QString mark = number < 10 ? QStringLiteral("&%1 ").arg(number) : QString();
-    return mark + text;
+    QString digits = QString::number(number);
+    return digits.insert(digits.size() - 1, QLatin1Char('&')) + QLatin1Char(' ') + text;
 }
 
 } // namespace
@@ -126,8 +126,7 @@ void WindowMenus::MakeGoMenu()
     Add(menu, tr("Previous Fi&le"), QKeySequence(QStringLiteral("Alt+Up")),
         [&folder] { folder.ChooseNext(-1); });
     Add(menu, tr("Fil&ter Files"), QKeySequence(QStringLiteral("Ctrl+F")), [this] {
-        const int folderPane = m_window.AllPanes().Count() - 1;
-        m_window.AllPanes().GoTo(folderPane);
+        m_window.AllPanes().GoTo(m_window.Folder());
         m_window.Folder().Filter()->setFocus(Qt::ShortcutFocusReason);
     });
 }
@@ -139,15 +138,17 @@ void WindowMenus::MakeViewMenu()
     Add(menu, tr("&Previous Pane"), QKeySequence(QStringLiteral("Shift+F6")),
         [this] { m_window.AllPanes().GoOn(-1); });
     menu.addSeparator();
-    const QStringList names = {tr("Report"), tr("Map"), tr("Problems"), tr("Bytes"), tr("Folder")};
     for (int i = 0; i < m_window.AllPanes().Count(); ++i) {
-        Add(menu, tr("Go to &%1 %2").arg(i + 1).arg(names.at(i)),
+        Add(menu, tr("Go to &%1 %2").arg(i + 1).arg(m_window.AllPanes().TitleOf(i)),
             QKeySequence(QStringLiteral("Ctrl+%1").arg(i + 1)), [this, i] { m_window.AllPanes().GoTo(i); });
     }
     menu.addSeparator();
     QMenu& shown = *menu.addMenu(tr("&Shown Panes"));
-    for (const QDockWidget* const dock : m_window.Docks())
-        shown.addAction(dock->toggleViewAction());
+    for (const QDockWidget* const dock : m_window.Docks()) {
+        QAction* const action = dock->toggleViewAction();
+        action->setText(QLatin1Char('&') + dock->windowTitle());
+        shown.addAction(action);
+    }
     menu.addSeparator();
     menu.addAction(m_window.Bytes().PackedAction());
 }
