@@ -27,6 +27,7 @@
 
 namespace {
 
+using ReportViewer::Questions;
 using ViewerTest::ViewerWindow;
 using ViewerTest::WaitFor;
 
@@ -268,6 +269,41 @@ TEST_F(ViewerOpening, SeveralFilesAreListed)
     EXPECT_EQ(Listed(*m_viewer.Find<QListView>("files")), QStringList({first, second}));
     m_viewer.window.Folder().ChooseNext(1);
     ASSERT_TRUE(WaitFor([&] { return m_viewer.window.Shown().FileName() == second; }));
+}
+
+TEST_F(ViewerOpening, TheFileThatIsShownIsMarkedInTheList)
+{
+    const QString first = m_scratch.Write("a.xml", ToolTest::FullXml());
+    const QString second = m_scratch.Write("b.xml", ToolTest::FullXml());
+    m_viewer.window.Folder().ShowFiles({first, second});
+    m_viewer.Open(first);
+    const auto marked = [this] {
+        return m_viewer.Find<QListView>("files")->currentIndex().data().toString();
+    };
+    EXPECT_TEXT(marked(), first);
+
+    // Loading is cancelled
+    m_viewer.window.Folder().ChooseNext(1);
+    EXPECT_TEXT(marked(), second);
+    ASSERT_TRUE(m_viewer.window.Shown().IsLoading());
+    m_viewer.window.Shown().CancelLoading();
+    EXPECT_TEXT(marked(), first);
+
+    // The user stays with his changes
+    EXPECT_TRUE(m_viewer.Set("area.name", "changed"));
+    m_viewer.window.Folder().ChooseNext(1);
+    EXPECT_TEXT(marked(), first);
+
+    // What is shown isn't listed
+    m_viewer.answers->changes = Questions::Changes::Discard;
+    m_viewer.Open(m_scratch.Write("c.xml", ToolTest::FullXml()));
+    EXPECT_TEXT(marked(), "");
+}
+
+TEST_F(ViewerOpening, ASingleByteIsCountedAsOne)
+{
+    m_viewer.Open(m_scratch.Write("one", "1"));
+    EXPECT_TEXT(m_viewer.Find<QLabel>("file")->text(), "Unknown form, 1 byte, 1 problem");
 }
 
 TEST_F(ViewerOpening, FilesOfSeveralFoldersAreFilteredByTheirOwnNames)

@@ -1,5 +1,6 @@
 #include <reportviewer/bytespane.h>
 
+#include <reportviewer/forms.h>
 #include <reportviewer/hexview.h>
 #include <reportviewer/textview.h>
 
@@ -79,7 +80,7 @@ void BytesPane::ShowRightView()
     }
     const bool isUnpacked = m_contents->IsUnpacked() && !m_packed->isChecked();
     const QByteArray& bytes = isUnpacked ? m_contents->unpacked : m_contents->bytes;
-    m_title->setText((isUnpacked ? tr("%1 unpacked bytes") : tr("%1 bytes")).arg(bytes.size()));
+    m_title->setText(isUnpacked ? tr("%1 unpacked bytes").arg(bytes.size()) : BytesText(bytes.size()));
     m_hex->SetBytes(bytes);
     m_views->setCurrentWidget(m_hex);
     setFocusProxy(m_hex);

@@ -135,6 +135,7 @@ void FolderPane::SetCurrentFile(const QString& name)
             return;
         }
     }
+    m_list->setCurrentIndex(QModelIndex());
 }
 
 void FolderPane::Choose(const QModelIndex& index)

@@ -34,7 +34,7 @@ public:
     /// Opens the next file of those that are listed, or the one before.
     void ChooseNext(int direction);
 
-    /// The file with this name is shown elsewhere.
+    /// The file with this name is shown elsewhere: it is marked, or none is.
     void SetCurrentFile(const QString& name);
 
 Q_SIGNALS:

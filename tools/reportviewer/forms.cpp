@@ -33,6 +33,11 @@ QString FormText(const FileForm& form)
     return found ? QLatin1String(found->name) : QStringLiteral("Unknown form");
 }
 
+QString BytesText(qint64 count)
+{
+    return count == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(count);
+}
+
 QString FilterOf(const NamedForm& form)
 {
     return QStringLiteral("%1 (*.%2)").arg(QLatin1String(form.name), QLatin1String(form.suffix));

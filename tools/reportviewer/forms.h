@@ -25,6 +25,9 @@ const NamedForm* FindForm(const ReportCore::FileForm& form);
 /// For people, of every file.
 QString FormText(const ReportCore::FileForm& form);
 
+/// For people: "1 byte", "2 bytes".
+QString BytesText(qint64 count);
+
 /// As file dialogs take it: "XML (*.xml)".
 QString FilterOf(const NamedForm& form);
 

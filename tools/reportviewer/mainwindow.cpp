@@ -130,7 +130,10 @@ void MainWindow::Connect()
         m_status->EndProgress();
         UpdateTitle();
     });
-    connect(&m_document, &Document::LoadingCancelled, m_status, &StatusLine::EndProgress);
+    connect(&m_document, &Document::LoadingCancelled, this, [this] {
+        m_status->EndProgress();
+        m_folder->SetCurrentFile(m_document.FileName());
+    });
     connect(m_status, &StatusLine::LoadingCancelled, &m_document, &Document::CancelLoading);
     connect(&m_model, &ReportModel::ReportChanged, this, &MainWindow::FollowChange);
     connect(&m_model, &ReportModel::Refused, this, [this](const QModelIndex& index, const QString& text) {
@@ -162,6 +165,8 @@ void MainWindow::Open(const QString& name)
         m_folder->setFocus(Qt::OtherFocusReason);
     } else if (m_saving.MayLeave()) {
         Load(QFileInfo(name).absoluteFilePath());
+    } else {
+        m_folder->SetCurrentFile(m_document.FileName());
     }
 }
 
@@ -223,10 +228,9 @@ void MainWindow::ShowReport()
     m_model.SetReport(m_document.Shown()->file.report);
     m_changes.Forget();
     m_tree->ExpandAll();
-    if (!m_document.FileName().isEmpty()) {
+    m_folder->SetCurrentFile(m_document.FileName());
+    if (!m_document.FileName().isEmpty())
         m_recent.Add(m_document.FileName());
-        m_folder->SetCurrentFile(m_document.FileName());
-    }
     UpdateTitle();
 }
 
@@ -262,10 +266,9 @@ void MainWindow::UpdateFileText()
         m_status->ShowFile(QString());
         return;
     }
-    m_status->ShowFile(tr("%1, %2 bytes, %3")
-                           .arg(FormText(contents->file.form))
-                           .arg(contents->bytes.size())
-                           .arg(m_problems->Summary()));
+    m_status->ShowFile(
+        tr("%1, %2, %3")
+            .arg(FormText(contents->file.form), BytesText(contents->bytes.size()), m_problems->Summary()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
