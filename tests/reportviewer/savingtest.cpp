@@ -91,11 +91,23 @@ TEST_F(ViewerSaving, AnotherFileIsReplacedOnlyIfThePersonWantsIt)
     TargetIs("other", {Form::Plain, false});
     EXPECT_FALSE(m_viewer.window.SaveAs());
     EXPECT_EQ(m_scratch.Read("other"), QByteArray("precious"));
-    EXPECT_EQ(m_viewer.answers->asked.constLast(),
-              QStringLiteral("replace OtherFile ") + m_scratch.Path("other"));
+    EXPECT_EQ(m_viewer.answers->asked,
+              QStringList({QStringLiteral("target ") + m_name,
+                           QStringLiteral("replace OtherFile ") + m_scratch.Path("other"),
+                           QStringLiteral("target ") + m_scratch.Path("other")}));
     m_viewer.answers->mayReplace = true;
     EXPECT_TRUE(m_viewer.window.SaveAs());
     EXPECT_EQ(m_scratch.Read("other"), ToolTest::FullPlain());
+}
+
+TEST_F(ViewerSaving, WhoRefusesToReplaceAFileNamesAnother)
+{
+    m_scratch.Write("other", "precious");
+    TargetIs("other", {Form::Plain, false});
+    m_viewer.answers->otherTarget = Questions::Target{m_scratch.Path("free"), {Form::Plain, false}};
+    EXPECT_TRUE(m_viewer.window.SaveAs());
+    EXPECT_EQ(m_scratch.Read("other"), QByteArray("precious"));
+    EXPECT_EQ(m_scratch.Read("free"), ToolTest::FullPlain());
 }
 
 TEST_F(ViewerSaving, WhatSomebodyElseHasWrittenIsReplacedOnlyIfThePersonWantsIt)

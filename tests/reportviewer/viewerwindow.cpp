@@ -48,6 +48,7 @@ bool Answers::MayReplace(const QString& name, Loss loss)
 {
     const char* const losses[] = {"OtherFile", "ChangedFile", "WhatIsDamaged"};
     Ask(QStringLiteral("replace %1 %2").arg(QLatin1String(losses[static_cast<int>(loss)]), name));
+    m_hasRefused = !mayReplace;
     return mayReplace;
 }
 
@@ -66,7 +67,9 @@ QString Answers::AskForFolder(const QString& /*folder*/)
 std::optional<Questions::Target> Answers::AskForTarget(const Target& proposal)
 {
     Ask(QStringLiteral("target ") + proposal.name);
-    return target;
+    const bool isAgain = m_hasRefused;
+    m_hasRefused = false;
+    return isAgain ? otherTarget : target;
 }
 
 ViewerWindow::ViewerWindow() : ViewerWindow(std::make_unique<Answers>()) {}

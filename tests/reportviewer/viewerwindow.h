@@ -33,6 +33,9 @@ public:
     QString file;
     QString folder;
     std::optional<Target> target;
+
+    /// Named when the first one was refused.
+    std::optional<Target> otherTarget;
     QStringList asked;
 
     /// What happens while a question is on the screen.
@@ -46,6 +49,8 @@ public:
 
 private:
     void Ask(const QString& question);
+
+    bool m_hasRefused = false;
 };
 
 class ViewerWindow

@@ -43,8 +43,12 @@ bool Saving::SaveAs()
     Questions::Target proposal = {m_document.FileName(), m_document.Form()};
     if (proposal.name.isEmpty())
         proposal.name = QStringLiteral("report.") + QLatin1String(FindForm(proposal.form)->suffix);
-    const auto target = m_questions.AskForTarget(proposal);
-    return target && MayWrite(target->name) && Write(*target);
+    while (const auto target = m_questions.AskForTarget(proposal)) {
+        if (MayWrite(target->name))
+            return Write(*target);
+        proposal = *target;
+    }
+    return false;
 }
 
 bool Saving::MayLeave()

@@ -31,7 +31,7 @@ public:
     /// To its own file and in its own form.
     bool Save();
 
-    /// To a file and in a form that the user names.
+    /// To a file and in a form that the user names, until it is one that may be written.
     bool SaveAs();
 
     /// Whether the report may be replaced by another: it has no changes, or they are saved or nobody wants them.
