@@ -9,6 +9,8 @@ int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The operating system's reasons are compared with what they are in English.
+    qputenv("LC_ALL", "C.UTF-8");
     const QTemporaryDir settings;
     // Of the programs that the tests start.
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());

@@ -88,15 +88,24 @@ TEST_F(ViewerMap, ShowsAllOfTheArea)
 
 TEST_F(ViewerMap, TellsTheCoordinatesUnderThePointer)
 {
-    m_map.Enlarge(1.0);
-    QTest::mouseMove(&m_map, PlaceOf(9.5, 47.5));
-    const ReportCore::Point point = m_map.Scale().PointAt(PlaceOf(9.5, 47.5));
-    EXPECT_NEAR(point.longitude, 9.5, 0.01);
-    EXPECT_NEAR(point.latitude, 47.5, 0.01);
-    EXPECT_TRUE(m_hovered.contains(QStringLiteral("N, 9."))) << m_hovered.toStdString();
-    EXPECT_TRUE(m_hovered.endsWith(QString::fromUtf8("\u00B0 E"))) << m_hovered.toStdString();
+    // The map is drawn from 64 to 488 and from 12 to 376, with the middle of the area in its middle.
+    QTest::mouseMove(&m_map, QPoint(276, 194));
+    EXPECT_TEXT(m_hovered, "47.5\u00B0 N, 9.5\u00B0 E");
     QTest::mouseMove(&m_map, QPoint(5, 5));
     EXPECT_TEXT(m_hovered, "");
+
+    // Of the whole earth, 360 degrees are as wide as the map: 53 pixels are 45 degrees.
+    m_map.SetContents(Read("<ReportBase/>"));
+    QTest::mouseMove(&m_map, QPoint(276 + 53, 194 - 53));
+    EXPECT_TEXT(m_hovered, "45\u00B0 N, 45\u00B0 E");
+    QTest::mouseMove(&m_map, QPoint(276 - 106, 194 + 53));
+    EXPECT_TEXT(m_hovered, "45\u00B0 S, 90\u00B0 W");
+    // Beyond the pole
+    QTest::mouseMove(&m_map, QPoint(276, 194 - 107));
+    EXPECT_TEXT(m_hovered, "");
+    m_map.Enlarge(2.0);
+    QTest::mouseMove(&m_map, QPoint(276 + 53, 194 - 106));
+    EXPECT_TEXT(m_hovered, "45\u00B0 N, 22.5\u00B0 E");
 }
 
 TEST_F(ViewerMap, TheWheelEnlargesAroundThePointer)
