@@ -2,8 +2,13 @@
 
 #include <reportviewer/paths.h>
 
+#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reportbase/rgexception.h>
+
 #include <QAction>
 #include <QtCore/QItemSelectionModel>
+#include <QtCore/QSet>
 #include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
@@ -12,6 +17,9 @@
 #include <QtWidgets/QHeaderView>
 
 #include <algorithm>
+#include <functional>
+#include <map>
+#include <vector>
 
 namespace ReportViewer {
 
@@ -23,6 +31,16 @@ namespace {
 
 /// What has more rows below it is opened by the user only.
 constexpr int MOST_ROWS_OPENED = 100;
+
+/// The numbers of the rows that lead to the row, and its own; rows further down have greater ones.
+std::vector<int> PositionOf(const QModelIndex& row)
+{
+    std::vector<int> numbers;
+    for (QModelIndex next = row; next.isValid(); next = next.parent())
+        numbers.push_back(next.row());
+    std::reverse(numbers.begin(), numbers.end());
+    return numbers;
+}
 
 } // namespace
 
@@ -148,7 +166,11 @@ void TreePane::UpdateActions()
     const QModelIndex current = currentIndex();
     const QModelIndex value = current.sibling(current.row(), ReportModel::ValueColumn);
     m_edit->setEnabled((m_model.flags(value) & Qt::ItemIsEditable) != 0);
-    m_unset->setEnabled(!m_model.IsReadOnly() && current.data(ReportModel::IsSetRole).toBool());
+    const QModelIndexList rows = ChosenRows();
+    m_unset->setEnabled(!m_model.IsReadOnly() &&
+                        std::any_of(rows.begin(), rows.end(), [](const QModelIndex& row) {
+                            return row.data(ReportModel::IsSetRole).toBool();
+                        }));
     m_add->setEnabled(!m_model.IsReadOnly() &&
                       (IsList(current) || IsItem(current) || IsItem(current.parent())));
 }
@@ -161,22 +183,63 @@ void TreePane::Edit()
     edit(value);
 }
 
+/// Those that are selected, or else the current one. What stands below a row goes with it.
+QModelIndexList TreePane::ChosenRows() const
+{
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    if (selected.isEmpty())
+        return {currentIndex()};
+    const QSet<QModelIndex> all(selected.begin(), selected.end());
+    QModelIndexList rows;
+    for (const QModelIndex& row : selected) {
+        QModelIndex above = row.parent();
+        while (above.isValid() && !all.contains(above))
+            above = above.parent();
+        if (!above.isValid())
+            rows << row;
+    }
+    return rows;
+}
+
 void TreePane::Unset()
 {
-    const QModelIndex current = currentIndex();
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    int first = current.row();
-    int last = current.row();
-    bool areItems = IsItem(current);
-    for (const QModelIndex& row : rows) {
-        areItems = areItems && row.parent() == current.parent() && IsItem(row);
-        first = std::min(first, row.row());
-        last = std::max(last, row.row());
-    }
-    if (areItems && last > first)
-        m_model.removeRows(first, last - first + 1, current.parent());
+    const QModelIndexList rows = ChosenRows();
+    if (rows.size() == 1)
+        m_model.Unset(rows.constFirst());
     else
-        m_model.Unset(current);
+        UnsetAll(rows);
+}
+
+/// As one change, or not at all. From the last one to the first, so that the items that are left keep their numbers.
+void TreePane::UnsetAll(const QModelIndexList& rows)
+{
+    std::map<std::vector<int>, QModelIndex, std::greater<>> falling;
+    for (const QModelIndex& row : rows)
+        falling.emplace(PositionOf(row), row);
+    REPORTGENERATOR::ReportBase changed = m_model.Report();
+    for (auto next = falling.begin(); next != falling.end();) {
+        const QModelIndex last = next->second;
+        int first = last.row();
+        ++next;
+        const FieldPath path = ParsedPath(m_model.PathOf(last));
+        while (path.IsItem() && next != falling.end() &&
+               next->second == last.sibling(first - 1, ReportModel::NameColumn)) {
+            --first;
+            ++next;
+        }
+        try {
+            if (path.IsItem())
+                ReportCore::ChangeHolder(changed, path, [&](REPORTGENERATOR::IRGObject& holder) {
+                    path.Last().field->RemoveIn(holder, first, last.row() - first + 1);
+                });
+            else
+                ReportCore::Unset(changed, path);
+        } catch (const ReportException& refusal) {
+            Q_EMIT m_model.Refused(last, refusal.GetErrorText());
+            return;
+        }
+    }
+    m_model.ChangeReport(changed);
 }
 
 /// Behind the current item, or at the end of the list.

@@ -48,7 +48,9 @@ private:
     QAction* MakeAction(const QString& text, const QKeySequence& shortcut,
                         const std::function<void()>& function);
     void Edit();
+    QModelIndexList ChosenRows() const;
     void Unset();
+    void UnsetAll(const QModelIndexList& rows);
     void Add();
     void CopyPath() const;
     void UpdateActions();
