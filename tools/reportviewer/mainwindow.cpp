@@ -92,9 +92,9 @@ void MainWindow::Arrange()
     AddDock("bytesDock", tr("Bytes"), m_bytes, Qt::BottomDockWidgetArea);
     m_folderDock = AddDock("folderDock", tr("Folder"), m_folder, Qt::LeftDockWidgetArea);
     m_folderDock->hide();
-    resize(1180, 800);
-    // Sixteen bytes fit beside each other.
-    resizeDocks({m_docks.at(1), m_docks.at(2)}, {490, 690}, Qt::Horizontal);
+    resize(1280, 800);
+    // Sixteen bytes fit beside each other, and field, value and place of a problem.
+    resizeDocks({m_docks.at(1), m_docks.at(2)}, {590, 690}, Qt::Horizontal);
     resizeDocks({m_docks.at(1)}, {250}, Qt::Vertical);
 }
 

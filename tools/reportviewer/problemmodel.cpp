@@ -64,6 +64,8 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return TextOf(index);
+    case BriefRole:
+        return index.column() == PlaceColumn ? ReportCore::PlaceCode(At(index.row()).place) : TextOf(index);
     case Qt::ToolTipRole:
         return ReportCore::ProblemLine(At(index.row()));
     case Qt::AccessibleTextRole:

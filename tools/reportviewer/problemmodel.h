@@ -22,6 +22,9 @@ public:
         ColumnCount
     };
 
+    /// Of places: "12:7", "0x1a2".
+    static constexpr int BriefRole = Qt::UserRole;
+
     explicit ProblemModel(QObject* parent = nullptr);
 
     void SetContents(const ContentsPointer& contents);

@@ -6,10 +6,31 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
+#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTreeView>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
 namespace ReportViewer {
+
+namespace {
+
+/// Shows places as briefly as a narrow column needs it.
+class BriefPlaces : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = index.data(ProblemModel::BriefRole).toString();
+    }
+};
+
+} // namespace
 
 ProblemPane::ProblemPane(QWidget* parent)
     : QWidget(parent), m_model(new ProblemModel(this)), m_summary(new QLabel(this)),
@@ -22,8 +43,10 @@ ProblemPane::ProblemPane(QWidget* parent)
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
-    m_list->header()->resizeSection(ProblemModel::TextColumn, 330);
+    // What tells one problem from another comes first; the text is long, and much the same for problems of a kind.
+    m_list->header()->moveSection(ProblemModel::TextColumn, ProblemModel::ColumnCount - 1);
     m_list->header()->setStretchLastSection(false);
+    m_list->setItemDelegateForColumn(ProblemModel::PlaceColumn, new BriefPlaces(m_list));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_summary);
@@ -41,8 +64,29 @@ void ProblemPane::SetContents(const ContentsPointer& contents)
     m_model->SetContents(contents);
     m_chosen = -1;
     m_summary->setText(Summary());
-    for (const int column : {ProblemModel::KindColumn, ProblemModel::FieldColumn, ProblemModel::PlaceColumn})
+    FitColumns();
+}
+
+/// So that kind, field, value and place are seen beside each other.
+void ProblemPane::FitColumns()
+{
+    constexpr int FEWEST_CHARACTERS = 20;
+    for (int column = 0; column < ProblemModel::ColumnCount; ++column)
         m_list->resizeColumnToContents(column);
+    const int beside =
+        m_list->columnWidth(ProblemModel::KindColumn) + m_list->columnWidth(ProblemModel::PlaceColumn);
+    const int room = std::max(m_list->viewport()->width() - beside,
+                              FEWEST_CHARACTERS * m_list->fontMetrics().averageCharWidth());
+    m_list->setColumnWidth(ProblemModel::FieldColumn,
+                           std::min(m_list->columnWidth(ProblemModel::FieldColumn), room));
+}
+
+void ProblemPane::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // The list has its new size already.
+    layout()->activate();
+    FitColumns();
 }
 
 void ProblemPane::ChooseNext(int direction)

@@ -31,8 +31,12 @@ public:
 Q_SIGNALS:
     void Chosen(const ReportCore::Problem& problem);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void Choose(const QModelIndex& index);
+    void FitColumns();
 
     ProblemModel* m_model;
     int m_chosen = -1;
