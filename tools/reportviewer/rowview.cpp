@@ -23,10 +23,20 @@ RowView::RowView(QWidget* parent) : QAbstractScrollArea(parent)
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, viewport(), [this] { viewport()->update(); });
 }
 
-void RowView::ShowMark(const Span& mark)
+void RowView::ShowMark(const Span& mark, qint64 cursor)
 {
     m_mark = mark;
-    SetCursor(mark.begin);
+    if (!mark.IsEmpty() && mark.end <= Size()) {
+        const qint64 first = RowOf(mark.begin);
+        const qint64 last = RowOf(mark.end - 1);
+        const qint64 rows = std::max(VisibleRows(), 1);
+        const qint64 top = verticalScrollBar()->value();
+        if (first < top)
+            verticalScrollBar()->setValue(static_cast<int>(first));
+        else if (last >= top + rows)
+            verticalScrollBar()->setValue(static_cast<int>(std::min(first, last - rows + 1)));
+    }
+    SetCursor(cursor);
 }
 
 void RowView::SetMark(const Span& mark)

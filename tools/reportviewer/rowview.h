@@ -19,8 +19,11 @@ public:
     qint64 Cursor() const { return m_cursor; }
     const Span& Mark() const { return m_mark; }
 
-    /// Puts the cursor to the beginning of the part, and the part into sight.
-    void ShowMark(const Span& mark);
+    /// Puts the cursor to the beginning of the part, and the part into sight: all of it where there is room.
+    void ShowMark(const Span& mark) { ShowMark(mark, mark.begin); }
+
+    /// The same with the cursor elsewhere; it is in sight in any case.
+    void ShowMark(const Span& mark, qint64 cursor);
 
     /// Marks it and leaves the cursor where it is.
     void SetMark(const Span& mark);
