@@ -12,8 +12,6 @@
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
-#include <algorithm>
-
 namespace ReportViewer {
 
 using ReportCore::FieldPath;
@@ -147,11 +145,7 @@ QString BytesPane::PlaceTextOf(qint64 place) const
     FilePlace found;
     if (m_contents->IsText()) {
         found.line = m_contents->rows.LineOf(place);
-        const qint64 begin = m_contents->rows.PlaceOf(m_contents->text, found.line, 1);
-        const QString before = m_contents->text.mid(static_cast<int>(begin), static_cast<int>(place - begin));
-        const auto halves =
-            std::count_if(before.begin(), before.end(), [](QChar each) { return each.isLowSurrogate(); });
-        found.column = place - begin - halves + 1;
+        found.column = m_contents->rows.ColumnOf(m_contents->text, place);
     } else {
         found.offset = place;
         found.isUncompressed = m_contents->IsUnpacked() && HasFields();

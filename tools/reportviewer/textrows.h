@@ -29,11 +29,20 @@ public:
     qint64 LineOf(qint64 place) const;
     bool BeginsLine(qint64 row) const;
 
-    /// Both counted from 1, the columns in characters.
+    // Lines and columns are counted from 1, columns in characters. However long a line is, no more than a row is counted.
+
+    /// In the line of the place.
+    qint64 ColumnOf(const QString& text, qint64 place) const;
     qint64 PlaceOf(const QString& text, qint64 line, qint64 column) const;
 
 private:
-    std::vector<qint64> m_rows;
+    struct Row
+    {
+        qint64 begin = 0;
+        qint64 before = 0; ///< characters of its line in front of it
+    };
+
+    std::vector<Row> m_rows;
     std::vector<qint64> m_lines;
     qint64 m_size = 0;
 };
