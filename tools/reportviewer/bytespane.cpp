@@ -74,6 +74,7 @@ void BytesPane::ShowRightView()
         m_hex->SetBytes(QByteArray());
         m_views->setCurrentWidget(m_text);
         setFocusProxy(m_text);
+        Q_EMIT PlaceChanged(QString());
         return;
     }
     const bool isUnpacked = m_contents->IsUnpacked() && !m_packed->isChecked();
@@ -82,6 +83,7 @@ void BytesPane::ShowRightView()
     m_hex->SetBytes(bytes);
     m_views->setCurrentWidget(m_hex);
     setFocusProxy(m_hex);
+    Q_EMIT PlaceChanged(QString());
 }
 
 /// Whether the view shows what the fields stand in.
@@ -103,21 +105,20 @@ void BytesPane::ShowField(const FieldPath& path)
         View()->ShowMark(*span);
     else
         View()->SetMark({});
+    Q_EMIT PlaceChanged(span ? PlaceTextOf(span->begin) : QString());
 }
 
 void BytesPane::ShowPlace(const FilePlace& place)
 {
     if (!place.IsKnown())
         return;
-    if (m_contents->IsText()) {
-        const qint64 at = m_contents->rows.PlaceOf(m_contents->text, place.line, place.column);
-        m_text->SetMark(MarkAt(at));
-        m_text->SetCursor(at);
-        return;
-    }
-    m_packed->setChecked(m_contents->IsUnpacked() && !place.isUncompressed);
-    View()->SetMark(MarkAt(place.offset));
-    View()->SetCursor(place.offset);
+    if (!m_contents->IsText())
+        m_packed->setChecked(m_contents->IsUnpacked() && !place.isUncompressed);
+    const qint64 at = m_contents->IsText()
+                          ? m_contents->rows.PlaceOf(m_contents->text, place.line, place.column)
+                          : place.offset;
+    View()->ShowMark(MarkAt(at), at);
+    Q_EMIT PlaceChanged(PlaceTextOf(at));
 }
 
 /// The field around the place, or only what is there.
@@ -134,8 +135,8 @@ Span BytesPane::MarkAt(qint64 place) const
 
 void BytesPane::FollowCursor(qint64 place)
 {
-    Q_EMIT PlaceChosen(PlaceTextOf(place));
     View()->SetMark(MarkAt(place));
+    Q_EMIT PlaceChanged(PlaceTextOf(place));
     const auto path = HasFields() ? m_contents->fields.PathAt(place) : std::nullopt;
     Q_EMIT FieldChosen(path ? path->Text() : QString());
 }

@@ -50,8 +50,8 @@ Q_SIGNALS:
     /// The user has asked to see the field elsewhere.
     void FieldActivated();
 
-    /// The user has gone there.
-    void PlaceChosen(const QString& text);
+    /// What is marked is there, or the cursor within it; empty when nothing is marked.
+    void PlaceChanged(const QString& text);
 
 private:
     void ShowRightView();

@@ -142,7 +142,7 @@ void MainWindow::Connect()
     connect(&m_changes.Stack(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });
     connect(m_map, &MapView::Hovered, m_status, &StatusLine::ShowCoordinates);
-    connect(m_bytes, &BytesPane::PlaceChosen, m_status, &StatusLine::ShowPlace);
+    connect(m_bytes, &BytesPane::PlaceChanged, m_status, &StatusLine::ShowPlace);
     connect(m_folder, &FolderPane::Chosen, this, qOverload<const QString&>(&MainWindow::Open));
 }
 
@@ -261,7 +261,6 @@ void MainWindow::UpdateTitle()
 void MainWindow::UpdateFileText()
 {
     const ContentsPointer& contents = m_document.Shown();
-    m_status->ShowPlace(QString());
     if (m_document.FileName().isEmpty() && contents->bytes.isEmpty()) {
         m_status->ShowFile(QString());
         return;

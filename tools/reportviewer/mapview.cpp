@@ -131,6 +131,7 @@ void MapView::MarkPoint(int index)
         if (!m_scale.Frame().contains(place))
             SetScale(m_scale.MovedBy(m_scale.Frame().center() - place));
     }
+    TellPointer();
     update();
 }
 

@@ -45,7 +45,7 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The coordinates under the pointer, as a text; empty when it has left.
+    /// The coordinates under the pointer, or where keys have led, as a text; empty when that is over.
     void Hovered(const QString& text);
 
     /// The user has chosen a point by its number.
@@ -59,6 +59,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -67,6 +68,7 @@ private:
     void EnlargeAround(double factor, const QPointF& around);
     void Move(const QPoint& pixels);
     void TellPointAt(const QPointF& place);
+    void TellPointer();
     const ReportCore::Point* FindItem(int index) const;
     const ReportCore::Point* ItemNear(const QPointF& place) const;
     void Choose(const ReportCore::Point& item);

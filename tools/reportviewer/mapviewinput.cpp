@@ -1,5 +1,7 @@
 #include <reportviewer/mapview.h>
 
+#include <QtGui/QCursor>
+#include <QtGui/QFocusEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWheelEvent>
@@ -74,6 +76,21 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
 void MapView::leaveEvent(QEvent* /*event*/)
 {
     Q_EMIT Hovered(QString());
+}
+
+void MapView::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    TellPointer();
+}
+
+/// What keys have told is over.
+void MapView::TellPointer()
+{
+    if (underMouse())
+        TellPointAt(mapFromGlobal(QCursor::pos()));
+    else
+        Q_EMIT Hovered(QString());
 }
 
 void MapView::keyPressEvent(QKeyEvent* event)
