@@ -67,7 +67,9 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
     case BriefRole:
         return index.column() == PlaceColumn ? ReportCore::PlaceCode(At(index.row()).place) : TextOf(index);
     case Qt::ToolTipRole:
-        return ReportCore::ProblemLine(At(index.row()));
+        // What a file has may look like markup; a tool tip that is no markup isn't broken into lines.
+        return QStringLiteral("<p style=\"white-space: pre-wrap\">%1</p>")
+            .arg(ReportCore::ProblemLine(At(index.row())).toHtmlEscaped());
     case Qt::AccessibleTextRole:
         if (index.column() == KindColumn)
             return (isDoubt ? tr("Warning: %1") : tr("Problem: %1")).arg(TextOf(index));

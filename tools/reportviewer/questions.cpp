@@ -30,14 +30,24 @@ QString TextOf(Questions::Loss loss)
     return Tr("Not all that %1 says may have been read. Replace it by what has been?");
 }
 
+/// Shows a question as it stands: names of files may look like markup.
+QMessageBox::StandardButton Ask(QWidget* window, QMessageBox::Icon icon, const QString& title,
+                                const QString& text, QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton usual)
+{
+    QMessageBox box(icon, title, text, buttons, window);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(usual);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
 } // namespace
 
 Questions::Changes QuestionDialogs::AskAboutChanges(const QString& name)
 {
     const QString subject = name.isEmpty() ? Tr("the new report") : name;
-    switch (QMessageBox::warning(m_window, Tr("Changes"), Tr("Save the changes of %1?").arg(subject),
-                                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                                 QMessageBox::Save)) {
+    switch (Ask(m_window, QMessageBox::Warning, Tr("Changes"), Tr("Save the changes of %1?").arg(subject),
+                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save)) {
     case QMessageBox::Save:
         return Changes::Save;
     case QMessageBox::Discard:
@@ -49,8 +59,8 @@ Questions::Changes QuestionDialogs::AskAboutChanges(const QString& name)
 
 bool QuestionDialogs::MayReplace(const QString& name, Loss loss)
 {
-    return QMessageBox::question(m_window, Tr("Save"), TextOf(loss).arg(name),
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return Ask(m_window, QMessageBox::Question, Tr("Save"), TextOf(loss).arg(name),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 QString QuestionDialogs::AskForFile(const QString& folder)
