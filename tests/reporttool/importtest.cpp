@@ -117,9 +117,9 @@ TEST(ToolImport, GeoJsonThatIsNoneIsRefused)
     ExpectRefusal("{}", "geojson", "not GeoJSON: no feature, feature collection or geometry");
     ExpectRefusal(R"({"type":"FeatureCollection","features":[]})", "geojson", "there is no feature");
     ExpectRefusal(R"({"type":"Point","coordinates":[8.5]})", "geojson",
-                  "a position is an array of longitude and latitude");
+                  "feature 1: a position is an array of longitude and latitude");
     ExpectRefusal(R"({"type":"Circle","coordinates":[8.5,47]})", "geojson",
-                  "'Circle' is no type of a geometry");
+                  "feature 1: 'Circle' is no type of a geometry");
 }
 
 TEST(ToolImport, WhatAnAreaCannotHoldIsRefused)
@@ -207,11 +207,11 @@ TEST(ToolImport, CsvThatIsNoneIsRefused)
     ExpectRefusal("name,WKT\n", "csv", "there is no feature");
     ExpectRefusal("name,WKT\n\na,\"POINT (1\n", "csv", "line 3: a quote is never closed");
     ExpectRefusal("name,WKT\n\"a\"b,\n", "csv", "line 2: text behind a closing quote");
-    ExpectRefusal("name,lon,lat\na,east,47\n", "csv", "'east' is no longitude or latitude");
+    ExpectRefusal("name,lon,lat\na,east,47\n", "csv", "feature 1: line 2: 'east' is no longitude or latitude");
     for (const char* wkt : {"POINT (8.5)", "POINT 8.5 47.25", "POINT (8.5 47.25", "POINT (8.5 47.25) x",
                             "CURVE (1 2)", "POINT A (8.5 47.25)"})
         ExpectRefusal(QByteArray("name,WKT\na,") + wkt + '\n', "csv",
-                      (QByteArray("not well-known text: \"") + wkt + '"').constData());
+                      (QByteArray("feature 1: line 2: not well-known text: \"") + wkt + '"').constData());
 }
 
 // --- KML
@@ -236,7 +236,7 @@ TEST(ToolImport, KmlThatIsNoneIsRefused)
     ExpectRefusal("<a/>", "kml", "not KML: neither a kml element nor a placemark");
     ExpectRefusal("<kml/>", "kml", "there is no feature");
     ExpectRefusal("<Placemark><Point><coordinates>8.5;47</coordinates></Point></Placemark>", "kml",
-                  "a position is longitude,latitude and not \"8.5;47\"");
+                  "feature 1: a position is longitude,latitude and not \"8.5;47\"");
     ExpectRefusal("<Placemark><name>n</name><Polygon><innerBoundaryIs/></Polygon></Placemark>", "kml",
                   "feature 1: an area has no holes");
     const ToolRun run = Import("<kml>\n<Placemark>", "kml");

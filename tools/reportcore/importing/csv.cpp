@@ -12,23 +12,31 @@ namespace {
 /// Null for an empty cell without quotes: a value that is not set.
 using Row = QStringList;
 
+struct Line
+{
+    int number = 0; ///< from 1 on
+    Row row;
+};
+
+using Lines = std::vector<Line>;
+
 /// The rows of comma-separated values, with or without quotes around them.
 class CsvReader
 {
 public:
     explicit CsvReader(const QString& text) : m_text(text) {}
 
-    std::vector<Row> Read()
+    Lines Read()
     {
-        std::vector<Row> rows;
+        Lines lines;
         while (m_place < m_text.size()) {
             const int line = m_line;
             Row row = ReadRow(line);
             // A line without anything is none.
             if (row.size() > 1 || !row.first().isEmpty())
-                rows.push_back(std::move(row));
+                lines.push_back({line, std::move(row)});
         }
-        return rows;
+        return lines;
     }
 
 private:
@@ -122,14 +130,26 @@ ImportedFeature FeatureOf(const Row& header, const Row& row)
     return feature;
 }
 
-ImportedFeatures FeaturesWithWkt(const std::vector<Row>& rows, int wktColumn)
+/// Notes what hinders a line from being taken in the feature that it belongs to. The first line to be hindered is told.
+template <class TakeLine>
+void Take(const Line& line, ImportedFeature& feature, TakeLine&& take)
+{
+    try {
+        take();
+    } catch (const ImportError& error) {
+        if (feature.hindrance.isEmpty())
+            feature.hindrance = QStringLiteral("line %1: %2").arg(line.number).arg(error.text);
+    }
+}
+
+ImportedFeatures FeaturesWithWkt(const Lines& lines, int wktColumn)
 {
     ImportedFeatures features;
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        features.push_back(FeatureOf(rows.front(), rows[i]));
-        const QString wkt = rows[i].value(wktColumn);
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        features.push_back(FeatureOf(lines.front().row, lines[i].row));
+        const QString wkt = lines[i].row.value(wktColumn);
         if (!wkt.trimmed().isEmpty())
-            AddWkt(wkt, features.back());
+            Take(lines[i], features.back(), [&] { AddWkt(wkt, features.back()); });
     }
     return features;
 }
@@ -144,23 +164,27 @@ double NumberOf(const QString& text)
 }
 
 /// A line is a point. Where points are numbered a report begins with each first one, else all are one report's.
-ImportedFeatures FeaturesOfPoints(const std::vector<Row>& rows, int longitudeColumn, int latitudeColumn)
+ImportedFeatures FeaturesOfPoints(const Lines& lines, int longitudeColumn, int latitudeColumn)
 {
-    const int numberColumn = FindColumn(rows.front(), {"point"});
+    const Row& header = lines.front().row;
+    const int numberColumn = FindColumn(header, {"point"});
     ImportedFeatures features;
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        const Row& row = rows[i];
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        const Row& row = lines[i].row;
         const QString number = row.value(numberColumn).trimmed();
         const bool isFirst = number.isEmpty() || number == QLatin1String("1");
         if (features.empty() || (numberColumn >= 0 && isFirst))
-            features.push_back(FeatureOf(rows.front(), row));
+            features.push_back(FeatureOf(header, row));
         const QString longitude = row.value(longitudeColumn).trimmed();
         const QString latitude = row.value(latitudeColumn).trimmed();
         if (longitude.isEmpty() && latitude.isEmpty())
             continue;
-        if (features.back().parts.empty())
-            features.back().parts.emplace_back();
-        features.back().parts.front().push_back({NumberOf(longitude), NumberOf(latitude)});
+        ImportedFeature& feature = features.back();
+        if (feature.parts.empty())
+            feature.parts.emplace_back();
+        Take(lines[i], feature, [&] {
+            feature.parts.front().points.push_back({NumberOf(longitude), NumberOf(latitude)});
+        });
     }
     return features;
 }
@@ -170,16 +194,17 @@ ImportedFeatures FeaturesOfPoints(const std::vector<Row>& rows, int longitudeCol
 ImportedFeatures ReadCsv(const QByteArray& bytes)
 {
     const QString text = QString::fromUtf8(bytes);
-    const std::vector<Row> rows = CsvReader(text).Read();
-    if (rows.empty())
+    const Lines lines = CsvReader(text).Read();
+    if (lines.empty())
         throw ImportError{QStringLiteral("there is no header")};
-    const int wkt = FindColumn(rows.front(), {"WKT"});
-    const int longitude = FindColumn(rows.front(), {"longitude", "lon"});
-    const int latitude = FindColumn(rows.front(), {"latitude", "lat"});
+    const Row& header = lines.front().row;
+    const int wkt = FindColumn(header, {"WKT"});
+    const int longitude = FindColumn(header, {"longitude", "lon"});
+    const int latitude = FindColumn(header, {"latitude", "lat"});
     if (wkt < 0 && (longitude < 0 || latitude < 0))
         throw ImportError{
             QStringLiteral("the header has neither a column 'WKT' nor 'longitude' and 'latitude'")};
-    return wkt >= 0 ? FeaturesWithWkt(rows, wkt) : FeaturesOfPoints(rows, longitude, latitude);
+    return wkt >= 0 ? FeaturesWithWkt(lines, wkt) : FeaturesOfPoints(lines, longitude, latitude);
 }
 
 } // namespace ReportCore

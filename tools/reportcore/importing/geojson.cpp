@@ -23,6 +23,17 @@ Point PointOf(const QJsonValue& position)
     return {numbers.at(0).toDouble(), numbers.at(1).toDouble()};
 }
 
+/// The outline that `points` gives, or what hinders it from being one.
+template <class MakePoints>
+ImportedPart PartOf(MakePoints&& points)
+{
+    try {
+        return {points(), {}};
+    } catch (const ImportError& error) {
+        return {{}, error.text};
+    }
+}
+
 Points PointsOf(const QJsonValue& positions)
 {
     const QJsonArray array = positions.toArray();
@@ -34,23 +45,24 @@ Points PointsOf(const QJsonValue& positions)
 void AddPolygon(const QJsonValue& rings, ImportedFeature& feature)
 {
     const QJsonArray array = rings.toArray();
+    if (array.isEmpty())
+        return;
+    feature.parts.push_back(PartOf([&array] { return PointsOf(array.first()); }));
     if (array.size() > 1)
-        feature.hindrance = QStringLiteral("an area has no holes");
-    if (!array.isEmpty())
-        feature.parts.push_back(PointsOf(array.first()));
+        feature.parts.back().hindrance = QStringLiteral("an area has no holes");
 }
 
 /// What stands in "coordinates" of a geometry that is not made of several.
 void AddSimple(const QString& type, const QJsonValue& coordinates, ImportedFeature& feature)
 {
     if (type == QLatin1String("Point"))
-        feature.parts.push_back({PointOf(coordinates)});
+        feature.parts.push_back(PartOf([&coordinates] { return Points{PointOf(coordinates)}; }));
     else if (type == QLatin1String("LineString"))
-        feature.parts.push_back(PointsOf(coordinates));
+        feature.parts.push_back(PartOf([&coordinates] { return PointsOf(coordinates); }));
     else if (type == QLatin1String("Polygon"))
         AddPolygon(coordinates, feature);
     else
-        throw ImportError{QStringLiteral("'%1' is no type of a geometry").arg(type)};
+        feature.hindrance = QStringLiteral("'%1' is no type of a geometry").arg(type);
 }
 
 void AddGeometry(const QJsonObject& geometry, ImportedFeature& feature)
@@ -128,8 +140,14 @@ ImportedFeatures ReadGeoJson(const QByteArray& bytes)
     }
     const QList<QByteArray> lines = bytes.split('\n');
     for (int i = 0; i < lines.size(); ++i) {
-        if (!lines.at(i).trimmed().isEmpty())
+        if (lines.at(i).trimmed().isEmpty())
+            continue;
+        try {
             AddFeatures(Parse(lines.at(i), i + 1).object(), features);
+        } catch (const ImportError& error) {
+            features.emplace_back();
+            features.back().hindrance = error.text;
+        }
     }
     return features;
 }

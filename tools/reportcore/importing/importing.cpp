@@ -71,7 +71,7 @@ QString NameOf(const ImportedFeature& feature)
 void TakeOutline(const ImportedFeature& feature, ReportBase& report)
 {
     QVector<Coordinate> coordinates;
-    for (const Point& point : feature.parts.front()) {
+    for (const Point& point : feature.parts.front().points) {
         Coordinate coordinate;
         coordinate.SetValidate(true);
         coordinate.SetLongitude(point.longitude);
@@ -100,18 +100,26 @@ const std::vector<ImportFormat>& ImportFormats()
     return formats;
 }
 
+ImportedFeatures ReadFeatures(const ImportFormat& format, const QByteArray& bytes)
+{
+    ImportedFeatures features = format.read(bytes);
+    std::size_t number = 0;
+    for (ImportedFeature& feature : features)
+        feature.number = ++number;
+    return features;
+}
+
 ImportedFeatures Parted(const ImportedFeatures& features)
 {
     ImportedFeatures parted;
     for (const ImportedFeature& feature : features) {
-        if (feature.parts.size() < 2) {
+        if (feature.parts.size() < 2 || !feature.hindrance.isEmpty()) {
             parted.push_back(feature);
             continue;
         }
-        for (const Points& part : feature.parts) {
-            parted.push_back(feature);
-            parted.back().parts = {part};
-        }
+        std::size_t number = 0;
+        for (const ImportedPart& part : feature.parts)
+            parted.push_back({feature.number, ++number, feature.name, feature.properties, {part}, {}});
     }
     return parted;
 }
@@ -120,6 +128,10 @@ ReportBase ReportOf(const ImportedFeature& feature)
 {
     if (!feature.hindrance.isEmpty())
         throw ImportError{feature.hindrance};
+    for (const ImportedPart& part : feature.parts) {
+        if (!part.hindrance.isEmpty())
+            throw ImportError{part.hindrance};
+    }
     if (feature.parts.size() > 1)
         throw ImportError{QStringLiteral("an area is one outline, not %1; --parts makes a report of each")
                               .arg(feature.parts.size())};

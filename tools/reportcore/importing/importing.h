@@ -20,19 +20,33 @@ struct ImportError
     QString text;
 };
 
+/// One outline of a geometry.
+struct ImportedPart
+{
+    Points points = {};
+
+    /// What of it no area can hold: holes, for example; empty where there is nothing.
+    QString hindrance = {};
+};
+
 /// What a file of another program holds of one report.
 struct ImportedFeature
 {
+    /// In the file, from 1 on.
+    std::size_t number = 0;
+
+    /// The part of the feature that this one was made of, from 1 on; 0 of a whole one.
+    std::size_t part = 0;
+
     /// The name that the format itself has a place for; null where there is none.
     QString name = {};
 
     /// By name, in the order of the file. Null ones are not set.
     std::vector<std::pair<QString, QVariant>> properties = {};
 
-    /// The outlines of its parts.
-    std::vector<Points> parts = {};
+    std::vector<ImportedPart> parts = {};
 
-    /// What of it no area can hold: holes, for example; empty where there is nothing.
+    /// Why no report can be made of any part of it; empty where there is no reason.
     QString hindrance = {};
 };
 
@@ -44,7 +58,8 @@ struct ImportFormat
     const char* name;
     const char* summary; ///< one line
 
-    /// Throws `ImportError` for bytes that are not in this format.
+    /// The features without their numbers, those too of which no report can be made. Throws `ImportError` for bytes that
+    /// are not in this format.
     ImportedFeatures (*read)(const QByteArray& bytes);
 };
 
@@ -57,7 +72,10 @@ ImportedFeatures ReadKml(const QByteArray& bytes);
 /// In the order in which the help names them.
 const std::vector<ImportFormat>& ImportFormats();
 
-/// A feature for each part.
+/// The features of a file with their numbers. Throws `ImportError` for bytes that are not in the format.
+ImportedFeatures ReadFeatures(const ImportFormat& format, const QByteArray& bytes);
+
+/// A feature for each part of those that have several.
 ImportedFeatures Parted(const ImportedFeatures& features);
 
 /// The report of a feature: its properties by their names, whatever their case; of an area without name, the name that

@@ -108,21 +108,28 @@ private:
 
     void ReadPolygon(ImportedFeature& feature)
     {
+        bool hasHoles = false;
+        const std::size_t first = feature.parts.size();
         while (m_xml.readNextStartElement()) {
             if (m_xml.name() == QLatin1String("outerBoundaryIs")) {
                 while (m_xml.readNextStartElement())
                     feature.parts.push_back(ReadCoordinates());
                 continue;
             }
-            if (m_xml.name() == QLatin1String("innerBoundaryIs"))
-                feature.hindrance = QStringLiteral("an area has no holes");
+            hasHoles = hasHoles || m_xml.name() == QLatin1String("innerBoundaryIs");
             m_xml.skipCurrentElement();
         }
+        if (!hasHoles)
+            return;
+        if (feature.parts.size() == first)
+            feature.parts.emplace_back();
+        for (std::size_t i = first; i < feature.parts.size(); ++i)
+            feature.parts[i].hindrance = QStringLiteral("an area has no holes");
     }
 
-    Points ReadCoordinates()
+    ImportedPart ReadCoordinates()
     {
-        Points points;
+        ImportedPart part;
         while (m_xml.readNextStartElement()) {
             if (m_xml.name() != QLatin1String("coordinates")) {
                 m_xml.skipCurrentElement();
@@ -131,22 +138,23 @@ private:
             const QStringList positions =
                 m_xml.readElementText().simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
             for (const QString& position : positions)
-                points.push_back(PointOf(position));
+                TakePosition(position, part);
         }
-        return points;
+        return part;
     }
 
     /// Behind longitude and latitude there may be a height, which no report has.
-    static Point PointOf(const QString& position)
+    static void TakePosition(const QString& position, ImportedPart& part)
     {
         const QStringList numbers = position.split(QLatin1Char(','));
         bool isLongitude = false;
         bool isLatitude = false;
         const Point point{numbers.at(0).toDouble(&isLongitude), numbers.value(1).toDouble(&isLatitude)};
-        if (!isLongitude || !isLatitude)
-            throw ImportError{
-                QStringLiteral("a position is longitude,latitude and not %1").arg(Quoted(position))};
-        return point;
+        if (isLongitude && isLatitude)
+            part.points.push_back(point);
+        else if (part.hindrance.isEmpty())
+            part.hindrance =
+                QStringLiteral("a position is longitude,latitude and not %1").arg(Quoted(position));
     }
 
     static constexpr int DEEPEST = 100;

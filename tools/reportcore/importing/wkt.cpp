@@ -88,7 +88,7 @@ private:
         if (type == QLatin1String("POINT"))
             ReadPoint();
         else if (type == QLatin1String("LINESTRING"))
-            m_feature.parts.push_back(ReadPoints());
+            m_feature.parts.push_back({ReadPoints(), {}});
         else if (type == QLatin1String("POLYGON"))
             ReadRings();
         else
@@ -99,13 +99,13 @@ private:
     void ReadPoint()
     {
         if (Next() != QLatin1Char('(')) {
-            m_feature.parts.push_back({ReadPosition()});
+            m_feature.parts.push_back({{ReadPosition()}, {}});
             return;
         }
         const Points points = ReadPoints();
         if (points.size() != 1)
             Refuse();
-        m_feature.parts.push_back(points);
+        m_feature.parts.push_back({points, {}});
     }
 
     void ReadRings()
@@ -114,9 +114,9 @@ private:
         List([&] {
             Points ring = ReadPoints();
             if (count++ == 0)
-                m_feature.parts.push_back(std::move(ring));
+                m_feature.parts.push_back({std::move(ring), {}});
             else
-                m_feature.hindrance = QStringLiteral("an area has no holes");
+                m_feature.parts.back().hindrance = QStringLiteral("an area has no holes");
         });
     }
 

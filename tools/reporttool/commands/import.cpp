@@ -107,6 +107,13 @@ QString Write(const ImportedFeature& feature, const QString& output)
     }
 }
 
+/// "feature 3"; "feature 3, part 2" where it has several.
+QString WhichOf(const ImportedFeature& feature)
+{
+    const QString which = QStringLiteral("feature %1").arg(feature.number);
+    return feature.part == 0 ? which : QStringLiteral("%1, part %2").arg(which).arg(feature.part);
+}
+
 int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const QString& input,
              Console& console)
 {
@@ -115,7 +122,7 @@ int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const
         const QString hindrance = Write(features[i], outputs.at(static_cast<int>(i)));
         if (hindrance.isEmpty())
             continue;
-        console.Complain(input, QStringLiteral("feature %1: %2").arg(i + 1).arg(hindrance));
+        console.Complain(input, QStringLiteral("%1: %2").arg(WhichOf(features[i]), hindrance));
         exitCode = EXIT_INVALID;
     }
     return exitCode;
@@ -141,7 +148,7 @@ int Import(const Parser& parser, Console& console)
     const ImportFormat& format = FormatOf(parser);
     ImportedFeatures features;
     try {
-        features = format.read(ReportCore::ReadInput(files.at(0)));
+        features = ReportCore::ReadFeatures(format, ReportCore::ReadInput(files.at(0)));
     } catch (const ImportError& error) {
         console.Complain(files.at(0), error.text);
         return EXIT_INVALID;
