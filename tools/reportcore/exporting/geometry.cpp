@@ -53,7 +53,8 @@ Points AroundPole(const Points& outline, double end)
     const int last = ring.back().index;
     ring.push_back({ring.back().longitude, pole, last});
     ring.push_back({ring.front().longitude, pole, last});
-    return Opened(WithoutRepeated(std::move(ring)));
+    // The way may have been at the pole already.
+    return Opened(WithoutReturns(ring));
 }
 
 /// The open ring of an outline across the antimeridian; empty where there is none to be made.

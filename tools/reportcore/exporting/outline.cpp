@@ -25,6 +25,22 @@ Points WithoutRepeated(Points points)
     return points;
 }
 
+Points WithoutReturns(const Points& points)
+{
+    const auto leadsBack = [](const Point& a, const Point& b, const Point& c) {
+        return a.longitude == b.longitude && b.longitude == c.longitude &&
+               (a.latitude < b.latitude) == (c.latitude < b.latitude);
+    };
+    Points direct;
+    for (const Point& point : points) {
+        while (direct.size() > 1 && leadsBack(direct[direct.size() - 2], direct.back(), point))
+            direct.pop_back();
+        if (direct.empty() || direct.back() != point)
+            direct.push_back(point);
+    }
+    return direct;
+}
+
 Points Opened(Points points)
 {
     while (points.size() > 1 && points.back() == points.front())

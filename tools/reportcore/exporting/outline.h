@@ -16,6 +16,9 @@ double Rounded(double degrees);
 /// Without points that repeat the one before them.
 Points WithoutRepeated(Points points);
 
+/// Without ways along a meridian that lead back at once.
+Points WithoutReturns(const Points& points);
+
 /// A ring without the point that closes it.
 Points Opened(Points points);
 
