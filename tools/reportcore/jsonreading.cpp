@@ -17,6 +17,11 @@ using REPORTGENERATOR::IRGObject;
 
 namespace {
 
+constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+constexpr int BYTE_ORDER_MARK_SIZE = 3;
+constexpr char ESCAPED_MARK[] = "\\ufeff";
+constexpr int ESCAPED_MARK_SIZE = 6;
+
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 QString Below(const QString& path, const QString& name)
@@ -130,6 +135,27 @@ void Take(IRGObject& object, const ObjectInfo& info, const QJsonObject& json, co
 }
 
 } // namespace
+
+QJsonDocument ParseJson(const QByteArray& bytes, QJsonParseError& error)
+{
+    // Behind its start a mark can stand in texts only, and as an escape it stays there.
+    QByteArray escaped;
+    std::vector<int> marks;
+    int begin = 0;
+    for (int mark = static_cast<int>(bytes.indexOf(BYTE_ORDER_MARK, 1)); mark >= 0;
+         mark = static_cast<int>(bytes.indexOf(BYTE_ORDER_MARK, begin))) {
+        escaped += bytes.mid(begin, mark - begin);
+        marks.push_back(static_cast<int>(escaped.size()));
+        escaped += ESCAPED_MARK;
+        begin = mark + BYTE_ORDER_MARK_SIZE;
+    }
+    if (marks.empty())
+        return QJsonDocument::fromJson(bytes, &error);
+    QJsonDocument document = QJsonDocument::fromJson(escaped + bytes.mid(begin), &error);
+    const auto before = std::lower_bound(marks.begin(), marks.end(), error.offset) - marks.begin();
+    error.offset -= static_cast<int>(before) * (ESCAPED_MARK_SIZE - BYTE_ORDER_MARK_SIZE);
+    return document;
+}
 
 void SetFromJson(IRGObject& object, const ObjectInfo& info, const QJsonObject& json)
 {

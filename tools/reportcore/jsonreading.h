@@ -3,6 +3,8 @@
 
 #include <reportcore/field.h>
 
+#include <QtCore/QByteArray>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
@@ -13,6 +15,9 @@ struct JsonError
 {
     QString text;
 };
+
+/// What `QJsonDocument::fromJson` makes of the bytes, with the byte order marks at the start of texts, which Qt takes away.
+QJsonDocument ParseJson(const QByteArray& bytes, QJsonParseError& error);
 
 /// Sets the fields of an object as `FieldsToJson` gives them, through the checks of their setters. What is null or missing
 /// stays as it is, and the version of the format is not set. Throws `JsonError` for a key that is no field's and for a

@@ -1,5 +1,7 @@
 #include <reportcore/importing/importing.h>
 
+#include <reportcore/jsonreading.h>
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -112,7 +114,7 @@ void AddFeatures(const QJsonObject& json, ImportedFeatures& features)
 QJsonDocument Parse(const QByteArray& bytes, int line)
 {
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    const QJsonDocument document = ParseJson(bytes, error);
     if (document.isNull()) {
         const auto before = std::count(bytes.begin(), bytes.begin() + error.offset, '\n');
         throw ImportError{

@@ -67,7 +67,7 @@ Options OptionsOf(const Parser& parser)
 ReportFile ReadJson(const QByteArray& bytes)
 {
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    const QJsonDocument document = ReportCore::ParseJson(bytes, error);
     if (error.error != QJsonParseError::NoError)
         throw ReportCore::JsonError{
             QStringLiteral("%1 at offset %2").arg(error.errorString()).arg(error.offset)};
