@@ -40,9 +40,26 @@ Json RepresentationName(const FileForm& form)
 constexpr const char* FILE_KEYS[] = {"file", "error", "form",  "representation",
                                      "size", "name",  "valid", "problems"};
 
-/// The form with this name.
-FileForm FormCalled(const Json& form, const Json& representation)
+/// The text of a key; null where there is none.
+Json TextOf(const QJsonObject& json, const char* key)
 {
+    const Json text = json.value(QLatin1String(key));
+    if (text.isNull() || text.isUndefined())
+        return Json();
+    if (!text.isString())
+        throw ReportCore::JsonError{QStringLiteral("%1: a text is expected").arg(QLatin1String(key))};
+    return text;
+}
+
+/// The form that is told of. A report that a person has written down needs none.
+FileForm FormOf(const QJsonObject& json)
+{
+    const Json form = TextOf(json, "form");
+    Json representation = TextOf(json, "representation");
+    if (form.isNull())
+        return {Form::Xml, false};
+    if (representation.isNull() && form == FormName({Form::Plain, true}))
+        representation = FormName({Form::Plain, false});
     for (const Form known : {Form::Xml, Form::Plain, Form::Compressed}) {
         for (const bool isBinaryFile : {false, true}) {
             const FileForm found = {known, isBinaryFile && known != Form::Xml};
@@ -96,14 +113,7 @@ void FromJson(const QJsonObject& json, ReportFile& file)
             QStringLiteral("there is no report: %1").arg(json.value(QStringLiteral("error")).toString())};
     if (json.value(QStringLiteral("valid")) == Json(false))
         throw ReportCore::JsonError{QStringLiteral("the report was not valid")};
-    // A report that a person has written down needs no form.
-    if (json.value(QStringLiteral("form")).isString())
-        file.form =
-            FormCalled(json.value(QStringLiteral("form")), json.contains(QStringLiteral("representation"))
-                                                               ? json.value(QStringLiteral("representation"))
-                                                               : Json());
-    else
-        file.form = {Form::Xml, false};
+    file.form = FormOf(json);
     file.objectName = json.value(QStringLiteral("name")).toString();
     QJsonObject fields = json;
     for (const char* key : FILE_KEYS)
