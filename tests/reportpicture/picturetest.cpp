@@ -84,6 +84,19 @@ TEST_F(ToolPicture, SvgHoldsLegendDegreesAndScale)
             << text << " in " << texts.join(QLatin1Char('|')).toStdString();
 }
 
+TEST_F(ToolPicture, SvgHoldsTheReplacementForWhatXmlCannotHold)
+{
+    m_scratch.Write("odd.json",
+                    R"({"frequency": {"value": 121.5e6}, "area": {"name": "a\u0001b\ufffec\u0008", )"
+                    R"("coordinates": [{"longitude": 9, "latitude": 47.5}]}})");
+    EXPECT_EQ(Run({"convert", "--from", "json", "odd.json", "odd", "--to", "plain"}).exitCode, 0);
+    const ToolRun run = Run({"export", "odd", "--to", "svg"});
+    EXPECT_EQ(run.exitCode, 0);
+    const QStringList texts = TextsOf(run.output);
+    EXPECT_TRUE(texts.contains(QString::fromUtf8("a\uFFFDb\uFFFDc\uFFFD, frequency 121.5 MHz")))
+        << texts.join(QLatin1Char('|')).toStdString();
+}
+
 TEST_F(ToolPicture, LegendOfManyReportsEndsWithTheirNumber)
 {
     // Of 200 pixels 70 are for the legend: three rows of 20.

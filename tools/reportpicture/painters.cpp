@@ -7,6 +7,8 @@
 #include <QtGui/QPainter>
 
 #ifdef REPORTPICTURE_SVG
+#    include <reportcore/exporting/xmlpieces.h>
+
 #    include <QtSvg/QSvgGenerator>
 #endif
 
@@ -74,6 +76,14 @@ class Svg : public Picture
 {
 public:
     using Picture::Picture;
+
+    QByteArray Add(const ExportPiece& piece) override
+    {
+        ExportPiece writable = piece;
+        writable.feature.file = ReportCore::XmlText(piece.feature.file);
+        writable.feature.name = ReportCore::XmlText(piece.feature.name);
+        return Picture::Add(writable);
+    }
 
 protected:
     void Draw(QBuffer& buffer) override
