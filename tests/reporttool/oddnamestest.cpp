@@ -72,6 +72,16 @@ TEST(ToolOddNames, AreShownWithTheirBytesAsEscapes)
                 QString::fromUtf8("Z\\udcfcrichü: UnknownForm: not a report in any known form (empty)\n"));
 }
 
+TEST(ToolOddNames, AreExportedToCsvWithTheirBytesAsEscapes)
+{
+    const Scratch scratch;
+    scratch.Write("in", FullPlain());
+    const ToolRun run =
+        RunWithName(scratch, "mv in \"$name\" && \"$0\" export --to csv \"$name\" | cut -d, -f1");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TEXT(run.Output(), QString::fromUtf8("file\nZ\\udcfcrichü\n"));
+}
+
 } // namespace
 
 #endif

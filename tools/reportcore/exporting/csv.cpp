@@ -27,6 +27,22 @@ QString Cell(const QString& text, bool isText)
     return QLatin1Char('"') + quoted + QLatin1Char('"');
 }
 
+/// The name of a file. What stands for a byte of it that is no UTF-8 has no bytes of its own and becomes its escape.
+QString FileText(const QString& file)
+{
+    QString text;
+    for (auto i = file.cbegin(); i != file.cend(); ++i) {
+        if (i->isHighSurrogate() && i + 1 != file.cend() && (i + 1)->isLowSurrogate()) {
+            text += *i;
+            ++i;
+            text += *i;
+        } else {
+            text += i->isSurrogate() ? Printable(*i) : QString(*i);
+        }
+    }
+    return text;
+}
+
 QByteArray HeaderLine(const QStringList& further)
 {
     QStringList cells{QStringLiteral("file")};
@@ -38,7 +54,7 @@ QByteArray HeaderLine(const QStringList& further)
 /// The values, without what stands behind them.
 QByteArray Values(const Feature& feature)
 {
-    QStringList cells{Cell(feature.file, true)};
+    QStringList cells{Cell(FileText(feature.file), true)};
     for (const QVariant& value : feature.values)
         cells << Cell(PropertyText(value), value.userType() == QMetaType::QString);
     return cells.join(QLatin1Char(',')).toUtf8();
