@@ -121,6 +121,13 @@ int FindColumn(const Row& header, std::initializer_list<const char*> names)
     return found == header.end() ? -1 : static_cast<int>(found - header.begin());
 }
 
+/// A comma too many moves all that stands behind it to other columns.
+void RequireColumns(const Row& header, const Row& row)
+{
+    if (row.size() > header.size())
+        throw ImportError{QStringLiteral("%1 cells under a header of %2").arg(row.size()).arg(header.size())};
+}
+
 ImportedFeature FeatureOf(const Row& header, const Row& row)
 {
     ImportedFeature feature;
@@ -147,9 +154,12 @@ ImportedFeatures FeaturesWithWkt(const Lines& lines, int wktColumn)
     ImportedFeatures features;
     for (std::size_t i = 1; i < lines.size(); ++i) {
         features.push_back(FeatureOf(lines.front().row, lines[i].row));
-        const QString wkt = lines[i].row.value(wktColumn);
-        if (!wkt.trimmed().isEmpty())
-            Take(lines[i], features.back(), [&] { AddWkt(wkt, features.back()); });
+        Take(lines[i], features.back(), [&] {
+            RequireColumns(lines.front().row, lines[i].row);
+            const QString wkt = lines[i].row.value(wktColumn);
+            if (!wkt.trimmed().isEmpty())
+                AddWkt(wkt, features.back());
+        });
     }
     return features;
 }
@@ -175,25 +185,39 @@ ImportedFeatures FeaturesOfPoints(const Lines& lines, int longitudeColumn, int l
         const bool isFirst = number.isEmpty() || number == QLatin1String("1");
         if (features.empty() || (numberColumn >= 0 && isFirst))
             features.push_back(FeatureOf(header, row));
-        const QString longitude = row.value(longitudeColumn).trimmed();
-        const QString latitude = row.value(latitudeColumn).trimmed();
-        if (longitude.isEmpty() && latitude.isEmpty())
-            continue;
         ImportedFeature& feature = features.back();
-        if (feature.parts.empty())
-            feature.parts.emplace_back();
         Take(lines[i], feature, [&] {
+            RequireColumns(header, row);
+            const QString longitude = row.value(longitudeColumn).trimmed();
+            const QString latitude = row.value(latitudeColumn).trimmed();
+            if (longitude.isEmpty() && latitude.isEmpty())
+                return;
+            if (feature.parts.empty())
+                feature.parts.emplace_back();
             feature.parts.front().points.push_back({NumberOf(longitude), NumberOf(latitude)});
         });
     }
     return features;
 }
 
+/// Throws `ImportError` for bytes that are no UTF-8.
+QString TextOf(const QByteArray& bytes)
+{
+    const QByteArray mark = "\xEF\xBB\xBF";
+    const QByteArray content = bytes.startsWith(mark) ? bytes.mid(mark.size()) : bytes;
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size());
+    const QByteArray again = text.toUtf8();
+    if (again == content)
+        return text;
+    const auto wrong = std::mismatch(content.begin(), content.end(), again.begin(), again.end()).first;
+    throw ImportError{QStringLiteral("line %1: not UTF-8").arg(1 + std::count(content.begin(), wrong, '\n'))};
+}
+
 } // namespace
 
 ImportedFeatures ReadCsv(const QByteArray& bytes)
 {
-    const QString text = QString::fromUtf8(bytes);
+    const QString text = TextOf(bytes);
     const Lines lines = CsvReader(text).Read();
     if (lines.empty())
         throw ImportError{QStringLiteral("there is no header")};
