@@ -219,6 +219,20 @@ int RunElsewhere(const QStringList& arguments, Console& console)
     return Become(program, arguments.mid(1));
 }
 
+/// A report that is read is not replaced by what becomes of it.
+void RequireOther(const QString& output, const QStringList& files)
+{
+    const QFileInfo target(output);
+    if (ReportCore::IsStandardStream(output) || !target.isFile())
+        return;
+    const QString path = target.canonicalFilePath();
+    const bool isRead = std::any_of(files.begin(), files.end(), [&path](const QString& file) {
+        return !ReportCore::IsStandardStream(file) && QFileInfo(file).canonicalFilePath() == path;
+    });
+    if (isRead)
+        throw UsageError{QStringLiteral("%1 is one of the reports and would be replaced").arg(output)};
+}
+
 void Declare(Parser& parser)
 {
     parser.SetDescription(Description());
@@ -240,6 +254,9 @@ int Export(const Parser& parser, Console& console)
     const bool isPainter = ReportCore::OwnPainters().png != nullptr;
     if (format.painter && !isPainter)
         return RunElsewhere(parser.CommandLine(), console);
+    RequireOther(parser.Output(), files);
+    if (files.isEmpty())
+        console.Complain(QStringLiteral("there are no files, so nothing is written"));
     Collection collection(ExporterOf(format, size), parser.Output(),
                           format.isText ? Terminals::Taken : TerminalsOf(parser));
     const int count = static_cast<int>(files.size());
