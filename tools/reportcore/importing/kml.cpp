@@ -102,8 +102,18 @@ private:
                    m_xml.name() == QLatin1String("LinearRing")) {
             feature.parts.push_back(ReadCoordinates());
         } else {
+            if (IsOtherGeometry())
+                feature.parts.push_back(
+                    {{}, QStringLiteral("an area is one outline, not a %1").arg(m_xml.name().toString())});
             m_xml.skipCurrentElement();
         }
+    }
+
+    bool IsOtherGeometry() const
+    {
+        const auto name = m_xml.name();
+        return name == QLatin1String("Track") || name == QLatin1String("MultiTrack") ||
+               name == QLatin1String("Model");
     }
 
     void ReadPolygon(ImportedFeature& feature)
