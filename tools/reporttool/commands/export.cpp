@@ -1,6 +1,7 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/formattable.h>
 #include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 #include <reporttool/reportoutput.h>
@@ -42,8 +43,6 @@ using ReportCore::Terminals;
 
 namespace {
 
-constexpr int FORMAT_COLUMN = 12;
-
 constexpr int SMALLEST_PICTURE = 100;
 constexpr int LARGEST_PICTURE = 10000;
 
@@ -68,36 +67,6 @@ constexpr char DESCRIPTION[] =
     "\n"
     "Exit codes: 0 all reports are written, 1 a report is invalid, 2 a file cannot be read or\n"
     "written or the command line is wrong.";
-
-QString Description()
-{
-    QString lines;
-    for (const ExportFormat& format : ExportFormats())
-        lines += QLatin1String("  ") + QString(QLatin1String(format.name)).leftJustified(FORMAT_COLUMN) +
-                 QLatin1String(format.summary) + QLatin1Char('\n');
-    return QString(QLatin1String(DESCRIPTION)).arg(lines);
-}
-
-QStringList FormatNames()
-{
-    QStringList names;
-    for (const ExportFormat& format : ExportFormats())
-        names << QLatin1String(format.name);
-    return names;
-}
-
-const ExportFormat& FormatOf(const Parser& parser)
-{
-    if (!parser.Has("to"))
-        throw UsageError{QStringLiteral("--to is missing")};
-    const QString name = parser.Value("to");
-    const auto found =
-        std::find_if(ExportFormats().begin(), ExportFormats().end(),
-                     [&name](const ExportFormat& format) { return name == QLatin1String(format.name); });
-    if (found == ExportFormats().end())
-        throw UsageError{QStringLiteral("no format is called '%1'").arg(name)};
-    return *found;
-}
 
 std::unique_ptr<Exporter> ExporterOf(const ExportFormat& format, PictureSize size)
 {
@@ -235,9 +204,9 @@ void RequireOther(const QString& output, const QStringList& files)
 
 void Declare(Parser& parser)
 {
-    parser.SetDescription(Description());
+    parser.SetDescription(QString(QLatin1String(DESCRIPTION)).arg(SummariesOf(ExportFormats())));
     parser.AddFiles();
-    parser.AddOption("to", "Format to write.", "format", Candidates::OneOf(FormatNames()));
+    parser.AddOption("to", "Format to write.", "format", Candidates::OneOf(NamesOf(ExportFormats())));
     parser.AddOption("size", "Size of a picture in pixels, 1200x900 where it is missing.", "size");
     parser.AddOutput();
     AddForce(parser);
@@ -248,7 +217,7 @@ void Declare(Parser& parser)
 
 int Export(const Parser& parser, Console& console)
 {
-    const ExportFormat& format = FormatOf(parser);
+    const ExportFormat& format = FormatOf(ExportFormats(), parser, "to");
     const PictureSize size = SizeOf(parser, format);
     const QStringList files = parser.Files();
     const bool isPainter = ReportCore::OwnPainters().png != nullptr;

@@ -1,6 +1,7 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/formattable.h>
 #include <reporttool/parser.h>
 
 #include <reportcore/files.h>
@@ -12,8 +13,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
-#include <algorithm>
-
 namespace ReportTool {
 
 using ReportCore::ImportedFeature;
@@ -23,8 +22,6 @@ using ReportCore::ImportFormat;
 using ReportCore::ImportFormats;
 
 namespace {
-
-constexpr int FORMAT_COLUMN = 12;
 
 constexpr char DESCRIPTION[] =
     "Makes reports with areas of what other programs have drawn, and writes them as XML. A file\n"
@@ -39,36 +36,6 @@ constexpr char DESCRIPTION[] =
     "\n"
     "Exit codes: 0 all features are written, 1 IN is not in this format or a feature makes no\n"
     "report, 2 a file cannot be read or written or the command line is wrong.";
-
-QString Description()
-{
-    QString lines;
-    for (const ImportFormat& format : ImportFormats())
-        lines += QLatin1String("  ") + QString(QLatin1String(format.name)).leftJustified(FORMAT_COLUMN) +
-                 QLatin1String(format.summary) + QLatin1Char('\n');
-    return QString(QLatin1String(DESCRIPTION)).arg(lines);
-}
-
-QStringList FormatNames()
-{
-    QStringList names;
-    for (const ImportFormat& format : ImportFormats())
-        names << QLatin1String(format.name);
-    return names;
-}
-
-const ImportFormat& FormatOf(const Parser& parser)
-{
-    if (!parser.Has("from"))
-        throw UsageError{QStringLiteral("--from is missing")};
-    const QString name = parser.Value("from");
-    const auto found =
-        std::find_if(ImportFormats().begin(), ImportFormats().end(),
-                     [&name](const ImportFormat& format) { return name == QLatin1String(format.name); });
-    if (found == ImportFormats().end())
-        throw UsageError{QStringLiteral("no format is called '%1'").arg(name)};
-    return *found;
-}
 
 /// The files that the features become.
 QStringList OutputsFor(const QString& input, const QString& output, std::size_t count)
@@ -130,11 +97,11 @@ int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const
 
 void Declare(Parser& parser)
 {
-    parser.SetDescription(Description());
+    parser.SetDescription(QString(QLatin1String(DESCRIPTION)).arg(SummariesOf(ImportFormats())));
     parser.AddArgument("IN", "File of the other program; - stands for standard input.", "IN");
     parser.AddArgument("OUT", "File to write, - for standard output, or a folder.", "OUT");
-    parser.AddOption("from", "Format to read: geojson, csv or kml.", "format",
-                     Candidates::OneOf(FormatNames()));
+    const QByteArray purpose = "Format to read: " + ChoiceOf(ImportFormats()).toLatin1() + '.';
+    parser.AddOption("from", purpose.constData(), "format", Candidates::OneOf(NamesOf(ImportFormats())));
     parser.AddSwitch("parts", "Make a report of each part of a feature that has several.");
     parser.AddExample("import lakes.kml reports --from kml",
                       "Make a report in the folder reports of each placemark.");
@@ -145,7 +112,7 @@ int Import(const Parser& parser, Console& console)
     const QStringList files = parser.Arguments();
     if (files.size() != 2)
         throw UsageError{QStringLiteral("import takes IN and OUT")};
-    const ImportFormat& format = FormatOf(parser);
+    const ImportFormat& format = FormatOf(ImportFormats(), parser, "from");
     ImportedFeatures features;
     try {
         features = ReportCore::ReadFeatures(format, ReportCore::ReadInput(files.at(0)));
