@@ -20,6 +20,14 @@ using REPORTGENERATOR::ReportModel;
 using ReportModelsTest::RichReport;
 using ReportModelsTest::WatchedModel;
 
+TEST(ReportModel, IsWatchedByQtsOwnTesterOfModels)
+{
+    if (!WatchedModel::CanBeTested())
+        GTEST_SKIP() << "this build has no Qt Test, so nobody but these tests watches the models";
+    EXPECT_TRUE(WatchedModel(RichReport()).IsTested());
+    EXPECT_FALSE(WatchedModel(RichReport(), ReportModelsTest::Tester::StaysAway).IsTested());
+}
+
 TEST(ReportModel, EmptyReportShowsAllFieldsAsNotSet)
 {
     const WatchedModel watched{ReportBase()};

@@ -70,6 +70,15 @@ WatchedModel::WatchedModel(const ReportBase& report, Tester tester)
 
 WatchedModel::~WatchedModel() = default;
 
+bool WatchedModel::CanBeTested()
+{
+#ifdef REPORTGENERATOR_TEST_MODELTESTER
+    return true;
+#else
+    return false;
+#endif
+}
+
 QModelIndex WatchedModel::At(const char* path) const
 {
     return model.IndexOf(QLatin1String(path), ReportModel::ValueColumn);

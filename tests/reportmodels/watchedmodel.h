@@ -34,6 +34,12 @@ public:
     WatchedModel(const WatchedModel& other) = delete;
     WatchedModel& operator=(const WatchedModel& other) = delete;
 
+    /// Whether Qt's tester is there to be had.
+    static bool CanBeTested();
+
+    /// Whether it watches this model.
+    bool IsTested() const { return m_tester != nullptr; }
+
     /// The value cell of a path, or its name cell.
     QModelIndex At(const char* path) const;
     QModelIndex NameAt(const char* path) const;
