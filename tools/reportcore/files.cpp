@@ -7,6 +7,7 @@
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
+#include <atomic>
 
 namespace ReportCore {
 
@@ -14,7 +15,9 @@ namespace {
 
 using Index = decltype(QByteArray().size());
 
-constexpr qint64 CHUNK = qint64(1024) * 1024;
+constexpr qint64 CHUNK = BYTES_IN_MIB;
+
+std::atomic<qint64> ceiling = USUAL_CEILING;
 
 [[noreturn]] void RefuseDirectory(const QString& name)
 {
@@ -29,8 +32,8 @@ void RequireOpen(bool isOpen, const QFileDevice& file, const QString& name)
 
 void RequireBelowCeiling(qint64 size, const QString& name)
 {
-    if (size > INPUT_CEILING)
-        throw UnusableFile{name, QStringLiteral("holds more than %1 bytes").arg(INPUT_CEILING)};
+    if (size > Ceiling())
+        throw UnusableFile{name, QStringLiteral("holds more than %1 bytes").arg(Ceiling())};
 }
 
 void OpenForReading(QFile& file, const QString& name)
@@ -72,6 +75,16 @@ bool ReadPiece(QFile& file, qint64 room, QByteArray& bytes, const QString& name)
 }
 
 } // namespace
+
+qint64 Ceiling()
+{
+    return ceiling;
+}
+
+void SetCeiling(qint64 bytes)
+{
+    ceiling = bytes;
+}
 
 bool IsStandardStream(const QString& name)
 {

@@ -10,8 +10,19 @@ class QIODevice;
 
 namespace ReportCore {
 
-/// No report comes near this size: an area of a million points takes half of it as XML.
-constexpr qint64 INPUT_CEILING = qint64(256) * 1024 * 1024;
+constexpr qint64 BYTES_IN_MIB = qint64(1024) * 1024;
+
+/// What a file may hold, unless somebody sets another ceiling: an area of a million points takes half of it as XML.
+constexpr qint64 USUAL_CEILING = 256 * BYTES_IN_MIB;
+
+/// No text of Qt 5 has more characters than this.
+constexpr qint64 HIGHEST_CEILING = 1023 * BYTES_IN_MIB;
+
+/// Most that a file may hold, be it read or written, and most that compressed data may hold by their own account.
+qint64 Ceiling();
+
+/// Sets it for the whole program. Not while files are being read.
+void SetCeiling(qint64 bytes);
 
 /// A file that cannot be read or written; the text is for people.
 struct UnusableFile
@@ -31,7 +42,7 @@ enum class Terminals
 bool IsStandardStream(const QString& name);
 
 /// Everything that the file or standard input holds. Throws `UnusableFile` when it cannot be read or holds
-/// more than `INPUT_CEILING` bytes.
+/// more than `Ceiling()` bytes.
 QByteArray ReadInput(const QString& name);
 
 /// Told how many bytes have been read and how many there seem to be. What it throws ends the reading.

@@ -1,14 +1,18 @@
 #include <reportcore/reportwriting.h>
 
+#include <reportcore/files.h>
 #include <reportcore/names.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
+#include <reportcore/walk.h>
 
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
+
+#include <algorithm>
 
 namespace ReportCore {
 
@@ -89,10 +93,29 @@ QByteArray WriteWhole(const ReportBase& report, const FileForm& form, int level)
     } catch (const ReportException& refused) {
         throw NotWritten{QStringLiteral("%1: %2").arg(refused.GetErrorName(), refused.GetErrorText())};
     }
+    const QString excess = FindExcess(bytes);
+    if (!excess.isEmpty())
+        throw NotWritten{excess};
     const QString loss = FindLoss(report, bytes);
     if (!loss.isEmpty())
         throw NotWritten{QStringLiteral("this form would not keep ") + loss};
     return bytes;
+}
+
+QString FindExcess(const QByteArray& bytes)
+{
+    qint64 size = bytes.size();
+    const FileForm form = Recognise(bytes);
+    if (form.form == Form::Compressed) {
+        const ByteRange data = CompressedData(bytes, form.isBinaryFile);
+        if (data.Has(wire::WORD_SIZE))
+            size = std::max<qint64>(size, data.Word());
+    }
+    if (size <= Ceiling())
+        return QString();
+    return QStringLiteral("this would be %1 bytes, more than the ceiling of %2; see reporttool --ceiling")
+        .arg(size)
+        .arg(Ceiling());
 }
 
 QString FindLoss(const ReportBase& written, const QByteArray& bytes)

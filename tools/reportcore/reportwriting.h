@@ -23,8 +23,13 @@ struct NotWritten
     QString text;
 };
 
-/// The same of any report. Throws `NotWritten` for one that is invalid or of which something would be lost.
+/// The same of any report. Throws `NotWritten` for one that is invalid, of which something
+/// would be lost, or which would be too large to be read again.
 QByteArray WriteWhole(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+
+/// That there are more bytes than `Ceiling()`, as they are or when uncompressed, so that nobody could read them again:
+/// empty, or a text for people.
+QString FindExcess(const QByteArray& bytes);
 
 /// What of a report would be lost in a form: nothing, or a text that names it. Numbers may have been rounded,
 /// as every form rounds them; but not every text fits into every form.

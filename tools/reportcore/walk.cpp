@@ -1,5 +1,6 @@
 #include <reportcore/walk.h>
 
+#include <reportcore/files.h>
 #include <reportcore/reportfields.h>
 
 #include <reportgenerator/reportbase/forms/wirefacts.h>
@@ -27,12 +28,28 @@ qint64 Claimed(Kind kind, quint32 word)
     return IsSize(kind) ? qint64(word) : qint64(static_cast<qint32>(word));
 }
 
+/// What stands behind a size, or what there is of it.
+ByteRange TakeCounted(ByteRange& range)
+{
+    return range.Has(wire::WORD_SIZE) ? range.Take(range.TakeWord()) : ByteRange();
+}
+
 QString ClaimedAndLeft(qint64 claimed, qint64 left)
 {
     return QStringLiteral("%1 claimed, %2 left").arg(claimed).arg(left);
 }
 
 } // namespace
+
+ByteRange CompressedData(const QByteArray& bytes, bool isBinaryFile)
+{
+    ByteRange range(bytes);
+    if (isBinaryFile)
+        range = TakeCounted(range);
+    TakeCounted(range); // marker
+    TakeCounted(range); // object name
+    return TakeCounted(range);
+}
 
 Walk::Walk(const QByteArray& bytes, bool isBinaryFile, Visitor visit)
     : m_visit(std::move(visit)), m_all(bytes), m_isBinaryFile(isBinaryFile)
@@ -129,7 +146,7 @@ void Walk::Uncompress(ByteRange data, int depth)
     WireField prefix{Kind::Prefix, data.Take(wire::WORD_SIZE), depth,
                      QStringLiteral("bytes when uncompressed")};
     const qint64 claimed = prefix.bytes.Word();
-    if (claimed > UNCOMPRESSED_CEILING && prefixed.size() > UNCOMPRESSED_CEILING / wire::MAX_INFLATION) {
+    if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION) {
         Visit(prefix);
         Fault(data, depth, TOO_LARGE, QStringLiteral("%1 bytes when uncompressed").arg(claimed));
         return;

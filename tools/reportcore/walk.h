@@ -3,7 +3,6 @@
 
 #include <reportcore/byterange.h>
 #include <reportcore/fieldpath.h>
-#include <reportcore/files.h>
 #include <reportcore/itemcounts.h>
 #include <reportcore/problem.h>
 
@@ -15,9 +14,9 @@
 
 namespace ReportCore {
 
-/// Most that compressed data may hold by their own account, where their size makes that possible: what a file
-/// may hold that is not compressed.
-constexpr qint64 UNCOMPRESSED_CEILING = INPUT_CEILING;
+/// The bytes of compressed data with their prefix, which is how many they are when uncompressed; empty where there are
+/// none. The array holds a compressed representation, or is a binary file that holds one.
+ByteRange CompressedData(const QByteArray& bytes, bool isBinaryFile);
 
 /// What the bytes of a field are.
 enum class Kind

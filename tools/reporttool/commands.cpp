@@ -79,8 +79,10 @@ int RunCommand(const QStringList& arguments, Console& console)
         return RunGeneral(arguments, console);
     Parser parser(*command);
     parser.ParseOrThrow(arguments);
-    if (!parser.AsksForHelp())
+    if (!parser.AsksForHelp()) {
+        ReportCore::SetCeiling(parser.Ceiling());
         return command->run(parser, console);
+    }
     console.Output().Text(parser.HelpText());
     return EXIT_GOOD;
 }

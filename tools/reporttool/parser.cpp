@@ -34,6 +34,14 @@ Parser::Parser(const QString& firstArgument, const QString& description)
 Parser::Parser(const Command& command) : Parser(QLatin1String(command.name), QStringLiteral("This command."))
 {
     command.declare(*this);
+    const bool takesFiles =
+        std::any_of(m_allArguments.begin(), m_allArguments.end(), [](const Argument& argument) {
+            return argument.candidates.kind == Candidates::Kind::Files;
+        });
+    if (takesFiles)
+        AddOption("ceiling",
+                  "Most that a file may hold, read or written: 1 to 1023 MiB; 256 where it is missing.",
+                  "MiB");
 }
 
 void Parser::AddArgument(const char* name, const char* description, const char* syntax,
@@ -152,6 +160,19 @@ void Parser::RequireOneValueEach() const
             throw UsageError{QStringLiteral("%1%2 is given more than once")
                                  .arg(name.size() > 1 ? QStringLiteral("--") : QStringLiteral("-"), name)};
     }
+}
+
+qint64 Parser::Ceiling() const
+{
+    if (!Has("ceiling"))
+        return ReportCore::USUAL_CEILING;
+    bool isNumber = false;
+    const qint64 ceiling = Value("ceiling").toUShort(&isNumber) * ReportCore::BYTES_IN_MIB;
+    if (!isNumber || ceiling == 0 || ceiling > ReportCore::HIGHEST_CEILING)
+        throw UsageError{QStringLiteral("a ceiling is a number of MiB from 1 to %1, not '%2'")
+                             .arg(ReportCore::HIGHEST_CEILING / ReportCore::BYTES_IN_MIB)
+                             .arg(Value("ceiling"))};
+    return ceiling;
 }
 
 QStringList Parser::FilesAmong(const QStringList& arguments) const

@@ -69,6 +69,7 @@ public:
     Parser(const QString& firstArgument, const QString& description);
 
     /// Of a command's own line, with all that the command declares.
+    /// Where it takes files, there is one for their ceiling, too.
     explicit Parser(const Command& command);
 
     void SetDescription(const QString& description) { setApplicationDescription(description); }
@@ -109,6 +110,9 @@ public:
     bool Has(const char* option) const { return isSet(QLatin1String(option)); }
     QString Value(const char* option) const { return value(QLatin1String(option)); }
     QStringList Values(const char* option) const { return values(QLatin1String(option)); }
+
+    /// --ceiling: how many bytes a file may hold. Throws `UsageError`.
+    qint64 Ceiling() const;
 
     /// Whether the options name files beside the arguments.
     bool NamesMoreFiles() const { return Has("recursive") || Has("files-from"); }

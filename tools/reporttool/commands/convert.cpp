@@ -11,6 +11,7 @@
 #include <reportcore/files.h>
 #include <reportcore/jsonreading.h>
 #include <reportcore/reportfile.h>
+#include <reportcore/reportwriting.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -99,8 +100,13 @@ int ConvertFile(const QString& input, const QString& output, const Options& opti
     const Target target = options.target ? *options.target : Target{file->form};
     if (!target.isJson)
         return PutReport(file->report, target.form, target.level, output, options.terminals, console);
-    const QJsonArray json = {ToJson(input, *file)};
-    ReportCore::WriteOutput(output, QJsonDocument(json).toJson());
+    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, *file)}).toJson();
+    const QString excess = ReportCore::FindExcess(json);
+    if (!excess.isEmpty()) {
+        console.Complain(output, excess);
+        return EXIT_INVALID;
+    }
+    ReportCore::WriteOutput(output, json);
     return EXIT_GOOD;
 }
 
