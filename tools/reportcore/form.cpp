@@ -69,17 +69,24 @@ bool IsXmlBlank(char character)
     return character == ' ' || character == '\t' || character == '\r' || character == '\n';
 }
 
+QByteArray MarkOf(const Encoding& encoding)
+{
+    return QByteArray(encoding.byteOrderMark, static_cast<int>(encoding.markSize));
+}
+
 bool LooksLikeXml(ByteRange range, const Encoding& encoding)
 {
     ByteRange start = range;
-    if (start.Take(encoding.markSize).Bytes() ==
-        QByteArray(encoding.byteOrderMark, static_cast<int>(encoding.markSize)))
+    if (start.Take(encoding.markSize).Bytes() == MarkOf(encoding))
         range = start;
     while (range.Has(encoding.unitSize)) {
         const char character = AsciiAt(range, encoding);
-        if (!IsXmlBlank(character))
-            return character == '<';
         range.Take(encoding.unitSize);
+        if (IsXmlBlank(character))
+            continue;
+        // A NUL behind it, which XML doesn't have, is the rest of a wider character.
+        const bool isWhole = encoding.unitSize > 1 || range.IsEmpty() || range.At(0) != 0;
+        return character == '<' && isWhole;
     }
     return false;
 }
@@ -125,6 +132,13 @@ FileForm Recognise(const QByteArray& bytes)
     if (const Form form = FormOfRepresentation(content); form != Form::Unknown)
         return {form, true};
     return {FindEncoding(range) ? Form::Xml : Form::Unknown, false};
+}
+
+QByteArray ForXmlReader(const QByteArray& bytes)
+{
+    const auto* const found = FindEncoding(ByteRange(bytes));
+    const bool lacksMark = found && found->unitSize > 1 && !bytes.startsWith(MarkOf(*found));
+    return lacksMark ? MarkOf(*found) + bytes : bytes;
 }
 
 QString DecodeXml(const QByteArray& bytes)

@@ -29,6 +29,10 @@ struct FileForm
 /// Recognises the form by the content alone.
 FileForm Recognise(const QByteArray& bytes);
 
+/// XML as Qt's reader is to get it: UTF-16 and UTF-32 have a byte order mark. Without one the reader doesn't know the order
+/// of the bytes, or counts those of a character as characters.
+QByteArray ForXmlReader(const QByteArray& bytes);
+
 /// The text of XML in whichever encoding, without byte order mark.
 QString DecodeXml(const QByteArray& bytes);
 

@@ -1,5 +1,6 @@
 #include <reportcore/xmlwalk.h>
 
+#include <reportcore/form.h>
 #include <reportcore/reportfields.h>
 
 #include <algorithm>
@@ -25,7 +26,7 @@ bool IsKnown(const XmlElement& element)
 } // namespace
 
 XmlWalk::XmlWalk(const QByteArray& bytes, const QString& text, Visitor visit)
-    : m_visit(std::move(visit)), m_text(text), m_reader(bytes)
+    : m_visit(std::move(visit)), m_text(text), m_reader(ForXmlReader(bytes))
 {
 }
 

@@ -1,6 +1,7 @@
 #include <reportcore/doubting/doubting.h>
 
 #include <reportcore/doubting/nearname.h>
+#include <reportcore/form.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
 #include <reportcore/xmlelements.h>
@@ -21,7 +22,7 @@ namespace {
 class XmlDoubts
 {
 public:
-    explicit XmlDoubts(const QByteArray& bytes) : m_bytes(bytes), m_reader(bytes) {}
+    explicit XmlDoubts(const QByteArray& bytes) : m_bytes(bytes), m_reader(ForXmlReader(bytes)) {}
 
     Problems Find()
     {

@@ -1,5 +1,6 @@
 #include <reportcore/reading/reading.h>
 
+#include <reportcore/form.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/telling.h>
 #include <reportcore/reportfile.h>
@@ -70,7 +71,7 @@ void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
     const auto logger = std::make_shared<ProblemLogger>();
     XmlReport report;
     Prepare(report, logger);
-    QXmlStreamReader reader(bytes);
+    QXmlStreamReader reader(ForXmlReader(bytes));
     logger->Follow([&reader] { return reader.characterOffset(); });
     XmlReading reading;
     bool isChecked = false;
