@@ -28,6 +28,9 @@ private:
         case XmlPiece::Kind::EndTag:
             AddElement(piece);
             break;
+        case XmlPiece::Kind::Open:
+            m_spots.Add({m_spots.PlaceOf(piece.elementBegin), piece.path, piece.value});
+            break;
         case XmlPiece::Kind::Unknown:
             m_spots.AddEnd(piece.end, {m_spots.PlaceOf(piece.begin), piece.path, QString()}, true);
             break;

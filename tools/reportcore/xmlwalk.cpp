@@ -48,6 +48,7 @@ void XmlWalk::Run()
             break;
         }
     }
+    BreakOff();
 }
 
 qint64 XmlWalk::StartOfTag(const QString& text, qint64 end)
@@ -140,6 +141,16 @@ void XmlWalk::EndKnown(const Element& element)
     piece.isObject = element.object != nullptr;
     piece.value = piece.isObject ? QString() : QLatin1String("") + element.text;
     m_visit(piece);
+}
+
+/// Tells of the objects that have begun and not ended, the innermost one first.
+void XmlWalk::BreakOff()
+{
+    for (auto element = m_elements.rbegin(); element != m_elements.rend(); ++element) {
+        if (element->object)
+            m_visit({XmlPiece::Kind::Open, m_text.size(), m_text.size(), element->path, element->begin,
+                     element->valueBegin, QString(), true});
+    }
 }
 
 /// The attribute of that name in the start tag that the reader stands behind; the tag itself where it isn't found.

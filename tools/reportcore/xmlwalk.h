@@ -22,6 +22,7 @@ struct XmlPiece
         Attribute, ///< of a field
         Text,      ///< a field that is the text of an object's element
         EndTag,    ///< of a value or an object; what has come up between the tags is known now
+        Open,      ///< an object that has not ended where the document breaks off
         Unknown    ///< the start tag of an element that nobody knows
     };
 
@@ -32,7 +33,7 @@ struct XmlPiece
     /// Of what it belongs to; of an unknown element, of the object around it.
     FieldPath path = {};
 
-    // Of values, and at end tags
+    // Of values, at end tags, and of what is open
 
     qint64 elementBegin = 0;
     qint64 valueBegin = 0;
@@ -73,6 +74,7 @@ private:
     void Take();
     void End();
     void EndKnown(const Element& element);
+    void BreakOff();
     XmlPiece AttributePiece(const Element& element, const QString& name) const;
 
     Visitor m_visit;
