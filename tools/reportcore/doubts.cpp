@@ -59,7 +59,7 @@ Problems ReadingProblems(const QByteArray& bytes, const ReportFile& file, Look l
     return file.form.IsBinary() ? FindBinaryDoubts(bytes, file.form.isBinaryFile) : FindXmlDoubts(bytes);
 }
 
-/// Takes away what is about the field of a problem.
+/// Takes away what is about the field of a problem. How a name is spelt, no problem tells.
 void RemoveTold(const Problems& problems, Problems& doubts)
 {
     QSet<QString> told;
@@ -68,7 +68,10 @@ void RemoveTold(const Problems& problems, Problems& doubts)
             told.insert(problem.path);
     }
     doubts.erase(std::remove_if(doubts.begin(), doubts.end(),
-                                [&told](const Problem& doubt) { return told.contains(doubt.path); }),
+                                [&told](const Problem& doubt) {
+                                    return doubt.name != QLatin1String(MISSPELT_NAME) &&
+                                           told.contains(doubt.path);
+                                }),
                  doubts.end());
 }
 

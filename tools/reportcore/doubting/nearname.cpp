@@ -37,6 +37,8 @@ int DistanceOf(const QString& left, const QString& right)
     return row.back();
 }
 
+} // namespace
+
 /// A short name is near another one when one character differs, a longer one when two do.
 bool IsNear(const QString& name, const QString& known)
 {
@@ -48,8 +50,6 @@ bool IsNear(const QString& name, const QString& known)
         return false;
     return DistanceOf(name, known) <= farthest;
 }
-
-} // namespace
 
 QString NearestName(const ObjectInfo& info, Place place, const QString& name)
 {

@@ -7,6 +7,9 @@
 
 namespace ReportCore {
 
+/// Whether a name is nearly a known one.
+bool IsNear(const QString& name, const QString& known);
+
 /// The known name of an element or attribute that is nearly this one; null for none.
 QString NearestName(const ObjectInfo& info, REPORTGENERATOR::Place place, const QString& name);
 

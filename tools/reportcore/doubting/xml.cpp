@@ -37,6 +37,8 @@ public:
             else if (token == QXmlStreamReader::EntityReference)
                 TakeEntity();
         }
+        if (!m_hasReport && !m_misspeltRoot.name.isEmpty())
+            m_problems.push_back(m_misspeltRoot);
         return std::move(m_problems);
     }
 
@@ -65,13 +67,23 @@ private:
         m_problems.push_back({QLatin1String(name), text, place, path.Text(), value});
     }
 
+    /// Of the tag that the reader stands behind.
+    Problem Misspelt(const QString& what, const QString& name, const QString& known, const FieldPath& path)
+    {
+        return {QLatin1String(MISSPELT_NAME),
+                QStringLiteral("there is no %1 '%2', did you mean '%3'?").arg(what, name, known),
+                PlaceOfTag(), path.Text(), name};
+    }
+
     void Start()
     {
         Element element;
         const QString name = m_reader.name().toString();
         if (m_elements.empty()) {
-            if (name != ReportInfo().ObjectName())
+            if (name != ReportInfo().ObjectName()) {
+                DoubtRoot(name);
                 return;
+            }
             if (m_hasReport)
                 Add(SECOND_REPORT, QStringLiteral("only the first report of a document is read"),
                     PlaceOfTag(), {}, name);
@@ -88,15 +100,21 @@ private:
         m_elements.push_back(std::move(element));
     }
 
+    /// An element outside of reports. It doesn't matter where there is a report after all.
+    void DoubtRoot(const QString& name)
+    {
+        const QString& known = ReportInfo().ObjectName();
+        if (!m_hasReport && m_misspeltRoot.name.isEmpty() && IsNear(name, known))
+            m_misspeltRoot = Misspelt(QStringLiteral("element"), name, known, {});
+    }
+
     void DoubtElement(const QString& name, Element& holder, Element& element)
     {
         if (!element.field) {
             element.path = holder.path;
             const QString nearest = NearestName(*holder.object, Place::Element, name);
             if (!nearest.isNull())
-                Add(MISSPELT_NAME,
-                    QStringLiteral("there is no element '%1', did you mean '%2'?").arg(name, nearest),
-                    PlaceOfTag(), holder.path, name);
+                m_problems.push_back(Misspelt(QStringLiteral("element"), name, nearest, holder.path));
             return;
         }
         if (element.field->Kind() != FieldKind::List && !holder.seen.insert(element.field).second)
@@ -117,9 +135,7 @@ private:
             }
             const QString nearest = NearestName(*element.object, Place::Attribute, name);
             if (!nearest.isNull())
-                Add(MISSPELT_NAME,
-                    QStringLiteral("there is no attribute '%1', did you mean '%2'?").arg(name, nearest),
-                    PlaceOfTag(), element.path, name);
+                m_problems.push_back(Misspelt(QStringLiteral("attribute"), name, nearest, element.path));
         }
     }
 
@@ -175,6 +191,7 @@ private:
     bool m_isBehind = false; ///< in a report that nobody reads
     std::vector<Element> m_elements;
     XmlElements m_known;
+    Problem m_misspeltRoot;
     Problems m_problems;
 };
 
