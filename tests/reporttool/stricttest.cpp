@@ -55,7 +55,7 @@ void ExpectDoubts(const QByteArray& input, std::initializer_list<const char*> do
 TEST(ToolStrict, TextsThatAreNoNumbers)
 {
     ExpectDoubts(Report("<Frequency Min=\"abc\">121,5</Frequency>"),
-                 {"1:13: NotANumber: min is no number and reads as 0 (frequency.min = \"abc\")",
+                 {"1:29: NotANumber: min is no number and reads as 0 (frequency.min = \"abc\")",
                   "1:34: NotANumber: value is no number and reads as 0 (frequency.value = \"121,5\")"});
     ExpectDoubts(Report("<Frequency>inf</Frequency>"),
                  {"1:24: NotANumber: value is no finite number (frequency.value = \"inf\")"});

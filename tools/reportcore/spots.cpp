@@ -82,6 +82,11 @@ qint64 Spots::StartOfTag(qint64 end) const
     return XmlWalk::StartOfTag(m_text, end);
 }
 
+qint64 Spots::StartOfValue(qint64 end, const QString& attribute) const
+{
+    return XmlWalk::FindAttribute(m_text, StartOfTag(end), end, attribute).valueBegin;
+}
+
 void Spots::Add(const Spot& spot)
 {
     const auto found = m_paths.find(spot.path);

@@ -57,7 +57,10 @@ public:
     /// Of XML, where the start tag begins that ends there.
     qint64 StartOfTag(qint64 end) const;
 
-    /// Of XML: all that `PlaceOf` and `StartOfTag` need.
+    /// Of XML, where the value of an attribute begins in the start tag that ends there.
+    qint64 StartOfValue(qint64 end, const QString& attribute) const;
+
+    /// Of XML: all that places of ends, tags and attributes need.
     void TakeText(const QByteArray& bytes);
 
 private:

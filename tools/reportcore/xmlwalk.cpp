@@ -157,27 +157,27 @@ void XmlWalk::BreakOff()
 XmlPiece XmlWalk::AttributePiece(const Element& element, const QString& name) const
 {
     const qint64 end = m_reader.characterOffset();
-    XmlPiece piece{XmlPiece::Kind::Attribute, element.begin, end, element.path, element.begin, element.begin};
-    for (auto i = m_text.indexOf(name, static_cast<int>(element.begin)); i >= 0 && i < end;
-         i = m_text.indexOf(name, i + 1)) {
+    const XmlAttribute found = FindAttribute(m_text, element.begin, end, name);
+    return {XmlPiece::Kind::Attribute, found.begin, found.end, element.path, element.begin, found.valueBegin};
+}
+
+XmlAttribute XmlWalk::FindAttribute(const QString& text, qint64 begin, qint64 end, const QString& name)
+{
+    for (auto i = text.indexOf(name, static_cast<int>(begin)); i >= 0 && i < end;
+         i = text.indexOf(name, i + 1)) {
         auto next = i + name.size();
-        while (next < end && IsXmlBlank(m_text.at(next)))
+        while (next < end && IsXmlBlank(text.at(next)))
             ++next;
-        const bool isName = IsXmlBlank(m_text.at(i - 1)) && next < end && m_text.at(next) == QLatin1Char('=');
+        const bool isName = IsXmlBlank(text.at(i - 1)) && next < end && text.at(next) == QLatin1Char('=');
         if (!isName)
             continue;
         do
             ++next;
-        while (next < end && IsXmlBlank(m_text.at(next)));
-        piece.begin = i;
-        piece.valueBegin = next + 1;
-        if (next < end) {
-            const auto close = m_text.indexOf(m_text.at(next), next + 1);
-            piece.end = close < 0 ? end : std::min<qint64>(close + 1, end);
-        }
-        break;
+        while (next < end && IsXmlBlank(text.at(next)));
+        const auto close = next < end ? text.indexOf(text.at(next), next + 1) : -1;
+        return {i, close < 0 ? end : std::min<qint64>(close + 1, end), next + 1};
     }
-    return piece;
+    return {begin, end, begin};
 }
 
 } // namespace ReportCore

@@ -44,6 +44,14 @@ struct XmlPiece
     bool isObject = false;
 };
 
+/// An attribute as it stands in a start tag.
+struct XmlAttribute
+{
+    qint64 begin = 0;
+    qint64 end = 0;
+    qint64 valueBegin = 0;
+};
+
 /// Walks through the first report of a document and hands its pieces to the visitor. What stands below an unknown element
 /// has no path.
 class XmlWalk
@@ -58,6 +66,9 @@ public:
 
     /// Where the start tag begins that ends there.
     static qint64 StartOfTag(const QString& text, qint64 end);
+
+    /// The attribute of that name in the start tag between them; the tag itself where it isn't found.
+    static XmlAttribute FindAttribute(const QString& text, qint64 begin, qint64 end, const QString& name);
 
 private:
     /// An element that has begun and not ended yet.

@@ -61,6 +61,11 @@ private:
 
     FilePlace PlaceOfTag() { return Places().PlaceOf(Places().StartOfTag(m_reader.characterOffset())); }
 
+    FilePlace PlaceOfValue(const QString& attribute)
+    {
+        return Places().PlaceOf(Places().StartOfValue(m_reader.characterOffset(), attribute));
+    }
+
     void Add(const char* name, const QString& text, const FilePlace& place, const FieldPath& path,
              const QString& value)
     {
@@ -130,7 +135,7 @@ private:
             const QString value = attribute.value().toString();
             if (const Field* const field = element.object->FindElement(name, Place::Attribute)) {
                 if (IsOdd(*field, value))
-                    AddNoNumber(element.path, *field, PlaceOfTag(), value);
+                    AddNoNumber(element.path, *field, PlaceOfValue(name), value);
                 continue;
             }
             const QString nearest = NearestName(*element.object, Place::Attribute, name);
