@@ -9,6 +9,19 @@ namespace {
 constexpr int HEXADECIMAL = 16;
 constexpr int LONGEST_VALUE = 80;
 
+/// The first characters of a text; a character may take two units.
+QString FirstCharacters(const QString& text, int count)
+{
+    int end = 0;
+    while (count > 0 && end < text.size()) {
+        const bool isPair =
+            text.at(end).isHighSurrogate() && end + 1 < text.size() && text.at(end + 1).isLowSurrogate();
+        end += isPair ? 2 : 1;
+        --count;
+    }
+    return text.left(end);
+}
+
 QString OffsetText(const FilePlace& place)
 {
     return QStringLiteral("0x") + QString::number(place.offset, HEXADECIMAL);
@@ -39,9 +52,9 @@ QString FieldText(const Problem& problem)
 {
     if (problem.value.isNull())
         return problem.path;
-    const QString value = problem.value.size() > LONGEST_VALUE
-                              ? Quoted(problem.value.left(LONGEST_VALUE)) + QStringLiteral("...")
-                              : Quoted(problem.value);
+    const QString shown = FirstCharacters(problem.value, LONGEST_VALUE);
+    const QString value =
+        shown.size() < problem.value.size() ? Quoted(shown) + QStringLiteral("...") : Quoted(shown);
     return problem.path.isEmpty() ? value : QStringLiteral("%1 = %2").arg(problem.path, value);
 }
 
