@@ -17,6 +17,17 @@ using REPORTGENERATOR::IRGObject;
 
 namespace {
 
+/// A number as it is written, without the sign of a zero.
+QString NumberAsWritten(double number, int decimals)
+{
+    const QString text = REPORTGENERATOR::numbers::ToFixedText(number, {decimals, 0});
+    const bool isNegativeZero =
+        text.startsWith(QLatin1Char('-')) && std::all_of(text.begin() + 1, text.end(), [](QChar character) {
+            return character == QLatin1Char('0') || character == QLatin1Char('.');
+        });
+    return isNegativeZero ? text.mid(1) : text;
+}
+
 /// A text that two values have in common when they mean the same; null for what isn't set.
 QString MeaningOf(const IRGObject& holder, const Field& field)
 {
@@ -24,7 +35,7 @@ QString MeaningOf(const IRGObject& holder, const Field& field)
     if (!value.isValid())
         return QString();
     if (field.Kind() == FieldKind::Number)
-        return REPORTGENERATOR::numbers::ToFixedText(value.toDouble(), {field.Facts().decimals, 0});
+        return NumberAsWritten(value.toDouble(), field.Facts().decimals);
     return QLatin1String("") + value.toString();
 }
 

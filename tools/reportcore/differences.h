@@ -42,8 +42,8 @@ struct Difference
 using Differences = std::vector<Difference>;
 
 /// What differs by meaning in two objects of the class, in reading order: numbers count as they are written, with so many
-/// decimals as the form has; it doesn't matter whether an empty text is null, nor which version of the format was read.
-/// Lists are matched as sequences: an item that one of them has more is one difference.
+/// decimals as the form has, and zero has no sign; it doesn't matter whether an empty text is null, nor which version of
+/// the format was read. Lists are matched as sequences: an item that one of them has more is one difference.
 Differences FindDifferences(const REPORTGENERATOR::IRGObject& left, const REPORTGENERATOR::IRGObject& right,
                             const ObjectInfo& info);
 
