@@ -52,6 +52,20 @@ bool MayBeOdd(const QByteArray& bytes, const ReportFile& file, Look look)
            HasOddNumber(file.report, ReportInfo());
 }
 
+bool Has(const Problems& problems, const char* name)
+{
+    return std::any_of(problems.begin(), problems.end(),
+                       [name](const Problem& problem) { return problem.name == QLatin1String(name); });
+}
+
+/// Whether compressed data are to be uncompressed once more.
+bool IsWorthUncompressing(const QByteArray& bytes, const ReportFile& file, Look look)
+{
+    return file.form.form == Form::Compressed &&
+           (look == Look::Thorough || bytes.size() <= BYTES_OF_QUICK_LOOK) &&
+           !Has(file.problems, TOO_LARGE) && !Has(file.problems, DAMAGED_DATA);
+}
+
 Problems ReadingProblems(const QByteArray& bytes, const ReportFile& file, Look look)
 {
     if (!MayBeOdd(bytes, file, look))
@@ -82,6 +96,10 @@ Problems FindDoubts(const QByteArray& bytes, const ReportFile& file, Look look)
     if (file.form.form == Form::Unknown)
         return {};
     Problems doubts = ReadingProblems(bytes, file, look);
+    if (IsWorthUncompressing(bytes, file, look)) {
+        const Problems behind = FindDataBehind(bytes, file.form.isBinaryFile);
+        doubts.insert(doubts.end(), behind.begin(), behind.end());
+    }
     const Problems ofFields = FindFieldDoubts(bytes, file, look);
     doubts.insert(doubts.end(), ofFields.begin(), ofFields.end());
     RemoveTold(file.problems, doubts);

@@ -47,7 +47,7 @@ enum class Look
 /// Looking for edges that meet takes some times as long as reading the points.
 constexpr int EDGES_OF_QUICK_LOOK = 1000;
 
-/// So does looking for elements that come twice in binary forms.
+/// So does looking for elements that come twice in binary forms, and for the end of compressed data.
 constexpr int BYTES_OF_QUICK_LOOK = 64 * 1024;
 
 /// These of a report that was read from the bytes, in the order in which they stand there, as far as they have a place.

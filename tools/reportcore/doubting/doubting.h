@@ -14,6 +14,9 @@ Problems FindXmlDoubts(const QByteArray& bytes);
 /// The same in a binary form.
 Problems FindBinaryDoubts(const QByteArray& bytes, bool isBinaryFile);
 
+/// What stands behind compressed data where they are thought to end, in one that can be uncompressed.
+Problems FindDataBehind(const QByteArray& bytes, bool isBinaryFile);
+
 /// What the report's fields say, in whichever form.
 Problems FindFieldDoubts(const QByteArray& bytes, const ReportFile& file, Look look);
 
