@@ -50,10 +50,23 @@ void FieldMap::Open(const Level& level, const Span& piece)
 void FieldMap::Finish()
 {
     m_open.clear();
+    // By what is around them first. Within it they mostly stand in their order already, as the items of lists do.
+    std::vector<std::size_t> begins(m_nodes.size() + 2, 0);
+    const auto placeOf = [](int parent) { return static_cast<std::size_t>(parent - NOTHING); };
+    for (const Node& node : m_nodes)
+        ++begins[placeOf(node.parent) + 1];
+    std::partial_sum(begins.begin(), begins.end(), begins.begin());
+    std::vector<std::size_t> next = begins;
     m_sorted.resize(m_nodes.size());
-    std::iota(m_sorted.begin(), m_sorted.end(), 0);
-    std::sort(m_sorted.begin(), m_sorted.end(),
-              [this](int left, int right) { return ComesBefore(left, right); });
+    for (std::size_t node = 0; node < m_nodes.size(); ++node)
+        m_sorted[next[placeOf(m_nodes[node].parent)]++] = static_cast<int>(node);
+    const auto comesBefore = [this](int left, int right) { return ComesBefore(left, right); };
+    for (std::size_t each = 0; each + 1 < begins.size(); ++each) {
+        const auto begin = m_sorted.begin() + static_cast<std::ptrdiff_t>(begins[each]);
+        const auto end = m_sorted.begin() + static_cast<std::ptrdiff_t>(begins[each + 1]);
+        if (!std::is_sorted(begin, end, comesBefore))
+            std::sort(begin, end, comesBefore);
+    }
 }
 
 bool FieldMap::ComesBefore(int left, int right) const
