@@ -65,7 +65,7 @@ void MapView::Renew(const ContentsPointer& contents)
     m_middle = ReportPicture::BoxAround(m_contents->outline.geometry.parts).center().x();
     if (m_isFitted)
         FitArea();
-    update();
+    Redraw();
 }
 
 QRectF MapView::Frame() const
@@ -79,14 +79,14 @@ void MapView::FitArea()
 {
     m_isFitted = true;
     m_scale = MapScale(ReportPicture::BoxAround(m_contents->outline.geometry.parts), Frame());
-    update();
+    Redraw();
 }
 
 void MapView::SetScale(const MapScale& scale)
 {
     m_isFitted = false;
     m_scale = scale;
-    update();
+    Redraw();
 }
 
 void MapView::Enlarge(double factor)
@@ -188,12 +188,10 @@ void MapView::TellPointAt(const QPointF& place)
 void MapView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
+    painter.drawPixmap(0, 0, Picture());
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), Qt::white);
-    ReportPicture::DrawGraticule(painter, m_scale);
     painter.save();
     painter.setClipRect(m_scale.Frame());
-    DrawOutline(painter);
     DrawMarked(painter);
     painter.restore();
     painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : ReportPicture::Ink(),
@@ -201,6 +199,32 @@ void MapView::paintEvent(QPaintEvent* /*event*/)
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(m_scale.Frame());
     ReportPicture::DrawScaleBar(painter, m_scale);
+}
+
+/// Going from point to point doesn't draw all of them again.
+const QPixmap& MapView::Picture()
+{
+    const double ratio = devicePixelRatioF();
+    const QSize size = (QSizeF(this->size()) * ratio).toSize();
+    if (!m_picture.isNull() && m_picture.size() == size && m_picture.devicePixelRatio() == ratio)
+        return m_picture;
+    m_picture = QPixmap(size);
+    m_picture.setDevicePixelRatio(ratio);
+    m_picture.fill(Qt::white);
+    QPainter painter(&m_picture);
+    painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
+    ReportPicture::DrawGraticule(painter, m_scale);
+    painter.setClipRect(m_scale.Frame());
+    DrawOutline(painter);
+    return m_picture;
+}
+
+/// The picture is another one.
+void MapView::Redraw()
+{
+    m_picture = QPixmap();
+    update();
 }
 
 void MapView::DrawOutline(QPainter& painter) const

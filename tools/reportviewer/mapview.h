@@ -6,6 +6,7 @@
 #include <reportpicture/mapscale.h>
 
 #include <QtCore/QPoint>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 
 #include <optional>
@@ -58,6 +59,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -72,12 +74,15 @@ private:
     const ReportCore::Point* FindItem(int index) const;
     const ReportCore::Point* ItemNear(const QPointF& place) const;
     void Choose(const ReportCore::Point& item);
+    const QPixmap& Picture();
+    void Redraw();
     void DrawOutline(QPainter& painter) const;
     void DrawMarked(QPainter& painter) const;
 
     ContentsPointer m_contents;
     ReportPicture::MapScale m_scale;
     double m_middle = 0.0; ///< longitude of the outline
+    QPixmap m_picture;     ///< all but the mark and the frame, at this place; null when it isn't drawn yet
     int m_marked = -1;
     bool m_isFitted = true;
     std::optional<QPoint> m_pressed;

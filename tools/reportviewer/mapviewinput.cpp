@@ -27,6 +27,14 @@ void MapView::resizeEvent(QResizeEvent* /*event*/)
         FitArea();
     else
         m_scale = m_scale.WithFrame(Frame());
+    Redraw();
+}
+
+void MapView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        Redraw();
 }
 
 void MapView::wheelEvent(QWheelEvent* event)
