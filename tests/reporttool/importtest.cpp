@@ -207,7 +207,8 @@ TEST(ToolImport, CsvThatIsNoneIsRefused)
     ExpectRefusal("name,WKT\n", "csv", "there is no feature");
     ExpectRefusal("name,WKT\n\na,\"POINT (1\n", "csv", "line 3: a quote is never closed");
     ExpectRefusal("name,WKT\n\"a\"b,\n", "csv", "line 2: text behind a closing quote");
-    ExpectRefusal("name,lon,lat\na,east,47\n", "csv", "feature 1: line 2: 'east' is no longitude or latitude");
+    ExpectRefusal("name,lon,lat\na,east,47\n", "csv",
+                  "feature 1: line 2: 'east' is no longitude or latitude");
     for (const char* wkt : {"POINT (8.5)", "POINT 8.5 47.25", "POINT (8.5 47.25", "POINT (8.5 47.25) x",
                             "CURVE (1 2)", "POINT A (8.5 47.25)"})
         ExpectRefusal(QByteArray("name,WKT\na,") + wkt + '\n', "csv",
