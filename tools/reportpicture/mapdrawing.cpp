@@ -43,8 +43,11 @@ constexpr double LEAST_BETWEEN_LABELS = 8.0;
 double StepFor(double degrees, double pixelsOfDegree, double leastPixels)
 {
     double step = GraticuleStep(degrees);
-    for (double more = 2.0 * degrees; step * pixelsOfDegree < leastPixels && more < TURN * TURN; more *= 2.0)
+    double more = 2.0 * degrees;
+    while (step * pixelsOfDegree < leastPixels && more < TURN * TURN) {
         step = GraticuleStep(more);
+        more *= 2.0;
+    }
     return step;
 }
 
@@ -57,8 +60,8 @@ QPen LinePen()
 template <class Function>
 void ForEachLine(double low, double high, double step, const Function& function)
 {
-    for (double i = std::ceil(low / step); i * step <= high; i += 1.0)
-        function(i * step);
+    for (auto i = static_cast<qint64>(std::ceil(low / step)); static_cast<double>(i) * step <= high; ++i)
+        function(static_cast<double>(i) * step);
 }
 
 double WidestText(double low, double high, double step, const QFont& font, QString (*textOf)(double))

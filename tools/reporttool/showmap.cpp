@@ -101,8 +101,9 @@ private:
                 AddCrossing(m_points[i], m_points[i + 1], row, crossings);
             std::sort(crossings.begin(), crossings.end());
             for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
-                for (double column = std::ceil(crossings[i]); column <= crossings[i + 1]; column += 1.0)
-                    Set(column, row, INSIDE);
+                for (auto column = std::lround(std::ceil(crossings[i]));
+                     static_cast<double>(column) <= crossings[i + 1]; ++column)
+                    Set(static_cast<double>(column), row, INSIDE);
             }
         }
     }
@@ -126,9 +127,13 @@ private:
             const double row = RowOf(from.latitude);
             const double columns = ColumnOf(to.longitude) - column;
             const double rows = RowOf(to.latitude) - row;
-            const double steps = std::max(std::ceil(std::max(std::abs(columns), std::abs(rows))), 1.0);
-            for (double step = 0.0; step <= steps; step += 1.0)
-                Set(column + columns * step / steps, row + rows * step / steps, OUTLINE);
+            const auto steps =
+                std::max(std::lround(std::ceil(std::max(std::abs(columns), std::abs(rows)))), 1L);
+            for (long step = 0; step <= steps; ++step) {
+                const auto done = static_cast<double>(step);
+                const auto all = static_cast<double>(steps);
+                Set(column + columns * done / all, row + rows * done / all, OUTLINE);
+            }
         }
     }
 

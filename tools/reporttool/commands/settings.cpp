@@ -86,10 +86,10 @@ class Settings
 public:
     Settings()
     {
-        using namespace REPORTGENERATOR;
-        Register<ScanParameter, FrequencyRangeOld, ChannelSpacing, MeasurementTime, FrequencyInformation,
-                 FrequencyListValue, Ellipse, Double, ValueMinMax, ReportBase, Frequency, IFBandwidth, Area,
-                 Coordinate>();
+        namespace rg = REPORTGENERATOR;
+        Register<rg::ScanParameter, rg::FrequencyRangeOld, rg::ChannelSpacing, rg::MeasurementTime,
+                 rg::FrequencyInformation, rg::FrequencyListValue, rg::Ellipse, rg::Double, rg::ValueMinMax,
+                 rg::ReportBase, rg::Frequency, rg::IFBandwidth, rg::Area, rg::Coordinate>();
     }
 
     void Take(const QString& fragment)
