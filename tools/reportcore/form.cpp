@@ -122,6 +122,23 @@ QString Decode(const QByteArray& bytes, const QByteArray& encoding)
 
 } // namespace
 
+QLatin1String WordFor(const FileForm& form)
+{
+    if (form.isBinaryFile)
+        return QLatin1String("file");
+    switch (form.form) {
+    case Form::Xml:
+        return QLatin1String("xml");
+    case Form::Plain:
+        return QLatin1String("plain");
+    case Form::Compressed:
+        return QLatin1String("compressed");
+    case Form::Unknown:
+        break;
+    }
+    return QLatin1String("unknown");
+}
+
 FileForm Recognise(const QByteArray& bytes)
 {
     const ByteRange range(bytes);

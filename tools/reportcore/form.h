@@ -2,6 +2,7 @@
 #define REPORTCORE_FORM_H
 
 #include <QtCore/QByteArray>
+#include <QtCore/QLatin1String>
 #include <QtCore/QString>
 
 namespace ReportCore {
@@ -25,6 +26,10 @@ struct FileForm
 
     bool IsBinary() const { return form == Form::Plain || form == Form::Compressed; }
 };
+
+/// The word for a form in options, in JSON and at the end of files' names: "xml", "plain", "compressed", or "file" for a
+/// binary file, whatever it holds. What is in none of them is "unknown".
+QLatin1String WordFor(const FileForm& form);
 
 /// Recognises the form by the content alone.
 FileForm Recognise(const QByteArray& bytes);

@@ -15,25 +15,17 @@ namespace {
 constexpr int LOWEST_LEVEL = -1;
 constexpr int HIGHEST_LEVEL = 9;
 
-/// A form by its name on the command line.
-struct NamedForm
-{
-    const char* name;
-    FileForm form;
-    bool isJson;
-};
+constexpr char JSON[] = "json";
 
-constexpr NamedForm FORMS[] = {{"xml", {Form::Xml, false}, false},
-                               {"plain", {Form::Plain, false}, false},
-                               {"compressed", {Form::Compressed, false}, false},
-                               {"file", {Form::Plain, true}, false},
-                               {"json", {Form::Unknown, false}, true}};
+/// The forms that can be asked for. What a binary file holds follows from the level.
+constexpr FileForm FORMS[] = {
+    {Form::Xml, false}, {Form::Plain, false}, {Form::Compressed, false}, {Form::Plain, true}};
 
-const NamedForm& FormCalled(const QString& name)
+FileForm FormCalled(const QString& name)
 {
-    const auto* const found =
-        std::find_if(std::begin(FORMS), std::end(FORMS),
-                     [&name](const NamedForm& form) { return name == QLatin1String(form.name); });
+    const auto* const found = std::find_if(std::begin(FORMS), std::end(FORMS), [&name](const FileForm& form) {
+        return name == ReportCore::WordFor(form);
+    });
     if (found == std::end(FORMS))
         throw UsageError{QStringLiteral("no form is called '%1'").arg(name)};
     return *found;
@@ -67,8 +59,9 @@ FileForm WithLevel(const FileForm& form, bool hasLevel)
 void AddFormOptions(Parser& parser)
 {
     QStringList names;
-    for (const NamedForm& form : FORMS)
-        names << QLatin1String(form.name);
+    for (const FileForm& form : FORMS)
+        names << ReportCore::WordFor(form);
+    names << QLatin1String(JSON);
     parser.AddOption("to", "Form to write: xml, plain, compressed, file or json.", "form",
                      Candidates::OneOf(names));
     parser.AddOption("level", "Level of compression: 0 to 9, or -1 for zlib's default.", "level");
@@ -81,19 +74,15 @@ std::optional<Target> TargetOf(const Parser& parser)
             throw UsageError{QStringLiteral("--level goes with --to")};
         return std::nullopt;
     }
-    const NamedForm& form = FormCalled(parser.Value("to"));
-    return Target{WithLevel(form.form, parser.Has("level")), LevelOf(parser), form.isJson};
+    const QString name = parser.Value("to");
+    const bool isJson = name == QLatin1String(JSON);
+    const FileForm form = isJson ? FileForm() : FormCalled(name);
+    return Target{WithLevel(form, parser.Has("level")), LevelOf(parser), isJson};
 }
 
 QString SuffixOf(const Target& target)
 {
-    const auto* const found =
-        std::find_if(std::begin(FORMS), std::end(FORMS), [&target](const NamedForm& named) {
-            if (target.isJson || target.form.isBinaryFile)
-                return named.isJson == target.isJson && named.form.isBinaryFile == target.form.isBinaryFile;
-            return named.form.form == target.form.form && !named.form.isBinaryFile;
-        });
-    return QLatin1Char('.') + QLatin1String(found->name);
+    return QLatin1Char('.') + (target.isJson ? QLatin1String(JSON) : ReportCore::WordFor(target.form));
 }
 
 } // namespace ReportTool

@@ -15,19 +15,7 @@ namespace {
 
 Json FormName(const FileForm& form)
 {
-    if (form.isBinaryFile)
-        return QStringLiteral("file");
-    switch (form.form) {
-    case Form::Xml:
-        return QStringLiteral("xml");
-    case Form::Plain:
-        return QStringLiteral("plain");
-    case Form::Compressed:
-        return QStringLiteral("compressed");
-    case Form::Unknown:
-        break;
-    }
-    return QStringLiteral("unknown");
+    return ReportCore::WordFor(form);
 }
 
 /// What a binary file holds; nothing for other forms.

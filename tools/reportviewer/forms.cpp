@@ -10,11 +10,11 @@ using ReportCore::Form;
 const std::vector<NamedForm>& AllForms()
 {
     static const std::vector<NamedForm> forms = {
-        {{Form::Xml, false}, "XML", "xml"},
-        {{Form::Plain, false}, "Plain", "plain"},
-        {{Form::Compressed, false}, "Compressed", "compressed"},
-        {{Form::Plain, true}, "Binary file", "file"},
-        {{Form::Compressed, true}, "Compressed binary file", "file"},
+        {{Form::Xml, false}, "XML"},
+        {{Form::Plain, false}, "Plain"},
+        {{Form::Compressed, false}, "Compressed"},
+        {{Form::Plain, true}, "Binary file"},
+        {{Form::Compressed, true}, "Compressed binary file"},
     };
     return forms;
 }
@@ -40,7 +40,7 @@ QString BytesText(qint64 count)
 
 QString FilterOf(const NamedForm& form)
 {
-    return QStringLiteral("%1 (*.%2)").arg(QLatin1String(form.name), QLatin1String(form.suffix));
+    return QStringLiteral("%1 (*.%2)").arg(QLatin1String(form.name), ReportCore::WordFor(form.form));
 }
 
 } // namespace ReportViewer

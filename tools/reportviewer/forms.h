@@ -13,8 +13,7 @@ namespace ReportViewer {
 struct NamedForm
 {
     ReportCore::FileForm form;
-    const char* name;   ///< for people: "compressed"
-    const char* suffix; ///< of its files' names, without a point
+    const char* name; ///< for people: "Compressed"
 };
 
 const std::vector<NamedForm>& AllForms();

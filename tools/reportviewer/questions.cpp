@@ -85,14 +85,15 @@ std::optional<Questions::Target> QuestionDialogs::AskForTarget(const Target& pro
     dialog.setNameFilters(filters);
     if (const NamedForm* const form = FindForm(proposal.form)) {
         dialog.selectNameFilter(FilterOf(*form));
-        dialog.setDefaultSuffix(QLatin1String(form->suffix));
+        dialog.setDefaultSuffix(ReportCore::WordFor(form->form));
     }
-    QObject::connect(
-        &dialog, &QFileDialog::filterSelected, &dialog, [&dialog, &filters](const QString& filter) {
-            const int index = static_cast<int>(filters.indexOf(filter));
-            if (index >= 0)
-                dialog.setDefaultSuffix(QLatin1String(AllForms()[static_cast<std::size_t>(index)].suffix));
-        });
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, &filters](const QString& filter) {
+                         const int index = static_cast<int>(filters.indexOf(filter));
+                         if (index >= 0)
+                             dialog.setDefaultSuffix(
+                                 ReportCore::WordFor(AllForms()[static_cast<std::size_t>(index)].form));
+                     });
     if (!proposal.name.isEmpty()) {
         dialog.setDirectory(QFileInfo(proposal.name).absoluteDir());
         dialog.selectFile(QFileInfo(proposal.name).fileName());

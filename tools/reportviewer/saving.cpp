@@ -42,7 +42,7 @@ bool Saving::SaveAs()
         return false;
     Questions::Target proposal = {m_document.FileName(), m_document.Form()};
     if (proposal.name.isEmpty())
-        proposal.name = QStringLiteral("report.") + QLatin1String(FindForm(proposal.form)->suffix);
+        proposal.name = QStringLiteral("report.") + ReportCore::WordFor(proposal.form);
     while (const auto target = m_questions.AskForTarget(proposal)) {
         if (MayWrite(target->name))
             return Write(*target);
