@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -39,6 +40,9 @@ long UtcOffset()
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
+
+    // Whoever runs the tests in the background may ignore Ctrl-C, and so would the programs that some of them interrupt.
+    std::signal(SIGINT, SIG_DFL);
 
     // As QCoreApplication does. A locale that the machine does not have leaves the plain one.
     std::setlocale(LC_ALL, "");

@@ -14,7 +14,6 @@ namespace {
 using ReportCore::FindDoubts;
 using ReportCore::Look;
 using ReportCore::ReadReport;
-using ReportCore::ReportFile;
 
 QStringList LinesOf(const ReportCore::Problems& problems)
 {
