@@ -2,6 +2,8 @@
 // Outlines with points on the antimeridian: what is cut there is valid for databases, which refuse rings that meet
 // themselves.
 
+#include "pointprinter.h"
+
 #include <reportcore/exporting/geometry.h>
 
 #include <gtest/gtest.h>
@@ -10,18 +12,8 @@
 #include <cmath>
 #include <cstdint>
 #include <map>
-#include <ostream>
 #include <utility>
 #include <vector>
-
-namespace ReportCore {
-
-static void PrintTo(const Point& point, std::ostream* stream)
-{
-    *stream << point.longitude << ' ' << point.latitude;
-}
-
-} // namespace ReportCore
 
 namespace {
 

@@ -1,19 +1,11 @@
+#include "pointprinter.h"
+
 #include <reportcore/exporting/geometry.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <ostream>
 #include <vector>
-
-namespace ReportCore {
-
-static void PrintTo(const Point& point, std::ostream* stream)
-{
-    *stream << point.longitude << ' ' << point.latitude;
-}
-
-} // namespace ReportCore
 
 namespace {
 
