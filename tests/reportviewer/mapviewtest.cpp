@@ -42,6 +42,7 @@ protected:
     {
         QObject::connect(&m_map, &MapView::Hovered, [this](const QString& text) { m_hovered = text; });
         QObject::connect(&m_map, &MapView::PointChosen, [this](int index) { m_chosen = index; });
+        m_map.setFont(FontOf(13));
         m_map.resize(500, 400);
         m_map.SetContents(Read(LAKE));
         m_map.show();
@@ -67,6 +68,13 @@ protected:
         QMouseEvent event(type, place, m_map.mapToGlobal(place), button,
                           isRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&m_map, &event);
+    }
+
+    static QFont FontOf(int pixels)
+    {
+        QFont font;
+        font.setPixelSize(pixels);
+        return font;
     }
 
     bool IsSeen(double longitude, double latitude) const
@@ -224,6 +232,73 @@ TEST_F(ViewerMap, AChangeKeepsThePlace)
     EXPECT_DOUBLE_EQ(m_map.Scale().West(), west);
     m_map.SetContents(Read(ACROSS_THE_ANTIMERIDIAN));
     EXPECT_NE(m_map.Scale().West(), west);
+}
+
+TEST_F(ViewerMap, SaysHowManyPointsItCannotDraw)
+{
+    EXPECT_TEXT(m_map.Remark(), "");
+    const QImage whole = m_map.grab().toImage();
+    QByteArray xml(LAKE);
+    xml.replace("<Latitude>48</Latitude>", "<Latitude>98</Latitude>");
+    m_map.SetContents(Read(xml));
+    EXPECT_TEXT(m_map.Remark(), "2 of 4 points cannot be drawn");
+    EXPECT_TEXT(m_map.accessibleDescription(), "2 of 4 points cannot be drawn");
+    // In the upper left corner of the map, which had nothing there but a line before.
+    const auto inkIn = [](const QImage& image, const QRect& part) {
+        int count = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x)
+                count += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+        }
+        return count;
+    };
+    const QRect corner(64 + 12, 12 + 6, 150, 20);
+    EXPECT_EQ(inkIn(whole, corner), 0);
+    EXPECT_GT(inkIn(m_map.grab().toImage(), corner), 100);
+    // What isn't there can be drawn.
+    m_map.SetContents(Read("<ReportBase/>"));
+    EXPECT_TEXT(m_map.Remark(), "");
+}
+
+TEST_F(ViewerMap, HasTheColoursOfItsPalette)
+{
+    QPalette dark = m_map.palette();
+    dark.setColor(QPalette::Base, QColor(20, 20, 30));
+    dark.setColor(QPalette::Text, QColor(230, 230, 220));
+    m_map.grab();
+    m_map.setPalette(dark);
+    const QImage image = m_map.grab().toImage();
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(20, 20, 30));
+    // The bar of the scale, which is five pixels high above the margin.
+    EXPECT_EQ(image.pixelColor(64 + 12 + 10, 376 - 12 - 3), QColor(230, 230, 220));
+}
+
+TEST_F(ViewerMap, LeavesMoreRoomForLabelsInALargeFont)
+{
+    EXPECT_EQ(m_map.Scale().Frame(), QRectF(QPointF(64, 12), QPointF(488, 376)));
+    m_map.setFont(FontOf(26));
+    EXPECT_EQ(m_map.Scale().Frame(), QRectF(QPointF(128, 24), QPointF(476, 352)));
+    EXPECT_TRUE(IsSeen(9.0, 47.0));
+    EXPECT_TRUE(IsSeen(10.0, 48.0));
+    m_map.Enlarge(2.0);
+    const QPointF middle = m_map.PlaceOf({9.5, 47.5});
+    m_map.setFont(FontOf(13));
+    EXPECT_EQ(m_map.Scale().Frame(), QRectF(QPointF(64, 12), QPointF(488, 376)));
+    EXPECT_NEAR(m_map.PlaceOf({9.5, 47.5}).x() - 276.0, middle.x() - 302.0, 1e-6);
+}
+
+TEST_F(ViewerMap, ASmallAreaCanBeReduced)
+{
+    QByteArray xml(LAKE);
+    xml.replace("<Longitude>10</Longitude>", "<Longitude>9.000001</Longitude>");
+    xml.replace("<Latitude>48</Latitude>", "<Latitude>47.000001</Latitude>");
+    m_map.SetContents(Read(xml));
+    const double pixels = m_map.Scale().PixelsOfKilometre();
+    EXPECT_GT(pixels, 1e6);
+    m_map.Enlarge(2.0);
+    EXPECT_DOUBLE_EQ(m_map.Scale().PixelsOfKilometre(), pixels);
+    m_map.Enlarge(0.5);
+    EXPECT_DOUBLE_EQ(m_map.Scale().PixelsOfKilometre(), pixels / 2.0);
 }
 
 } // namespace

@@ -49,6 +49,13 @@ bool IsValidPoint(const Coordinate& point)
            point.IsValidLatitude(point.GetLatitude());
 }
 
+int CountPoints(const ReportBase& report)
+{
+    const FieldPath path = PathOfPoints();
+    const IRGObject* const holder = FindHolder(report, path);
+    return holder ? path.Last().field->CountIn(*holder) : 0;
+}
+
 Points ValidPoints(const IRGObject& holder, const Field& list)
 {
     Points points;

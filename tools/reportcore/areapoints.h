@@ -18,6 +18,9 @@ FieldPath PathOfPoints(int index = FieldPath::WHOLE);
 /// Whether both values are set and lie within their ranges.
 bool IsValidPoint(const REPORTGENERATOR::Coordinate& point);
 
+/// How many a report's area has, valid or not.
+int CountPoints(const REPORTGENERATOR::ReportBase& report);
+
 /// The valid points of a list of coordinates, with their numbers in it.
 Points ValidPoints(const REPORTGENERATOR::IRGObject& holder, const Field& list);
 

@@ -26,8 +26,6 @@ namespace {
 // In pixels
 
 constexpr int FONT = 13;
-constexpr double MARGIN = 12.0;
-constexpr double ROW = 20.0;
 constexpr double SWATCH = 12.0;
 
 /// Of the picture's height, at most, for the legend.
@@ -91,27 +89,27 @@ Map::Map(const std::vector<Feature>& features, QSize size) : m_size(size)
 
 void Map::Draw(QPainter& painter) const
 {
+    MapStyle style;
+    style.font = painter.font();
+    style.font.setPixelSize(FONT);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(QRect(QPoint(0, 0), m_size), Qt::white);
-    QFont font = painter.font();
-    font.setPixelSize(FONT);
-    painter.setFont(font);
+    painter.fillRect(QRect(QPoint(0, 0), m_size), style.paper);
 
-    const double legendTop = m_size.height() - MARGIN - LegendRows() * ROW;
-    const QRectF frame(QPointF(LABELS_LEFT, MARGIN),
-                       QPointF(m_size.width() - MARGIN, legendTop - LABELS_BELOW));
+    const double legendTop = m_size.height() - style.Margin() - LegendRows(style) * style.Row();
+    const QRectF frame(QPointF(style.LabelsLeft(), style.Margin()),
+                       QPointF(m_size.width() - style.Margin(), legendTop - style.LabelsBelow()));
     const MapScale scale(Box(), frame);
-    DrawGraticule(painter, scale);
+    DrawGraticule(painter, scale, style);
     painter.save();
     painter.setClipRect(frame);
     for (std::size_t i = 0; i < m_entries.size(); ++i)
         DrawEntry(painter, scale, i);
     painter.restore();
-    painter.setPen(QPen(Ink(), 1.0));
+    painter.setPen(QPen(style.ink, 1.0));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(frame);
-    DrawScaleBar(painter, scale);
-    DrawLegend(painter, legendTop);
+    DrawScaleBar(painter, scale, style);
+    DrawLegend(painter, legendTop, style);
 }
 
 QRectF Map::Box() const
@@ -123,9 +121,9 @@ QRectF Map::Box() const
 }
 
 /// The last one tells how many more there are.
-int Map::LegendRows() const
+int Map::LegendRows(const MapStyle& style) const
 {
-    const int most = std::max(1, static_cast<int>(m_size.height() * LEGEND / ROW));
+    const int most = std::max(1, static_cast<int>(m_size.height() * LEGEND / style.Row()));
     return static_cast<int>(std::min(m_entries.size(), static_cast<std::size_t>(most)));
 }
 
@@ -136,20 +134,22 @@ void Map::DrawEntry(QPainter& painter, const MapScale& scale, std::size_t number
         DrawShape(painter, geometry.shape, OnMap(part, scale), ColourOf(number));
 }
 
-void Map::DrawLegend(QPainter& painter, double top) const
+void Map::DrawLegend(QPainter& painter, double top, const MapStyle& style) const
 {
-    const int rows = LegendRows();
+    const int rows = LegendRows(style);
     const auto left = static_cast<int>(m_entries.size()) - rows;
-    const QFontMetricsF metrics(painter.font());
+    const QFontMetricsF metrics(style.font);
+    const double indent = style.LabelsLeft();
+    painter.setFont(style.font);
+    painter.setPen(style.ink);
     for (int i = 0; i < rows; ++i) {
         const bool isRest = left > 0 && i == rows - 1;
         const auto number = static_cast<std::size_t>(i);
-        const QRectF row(LABELS_LEFT + SWATCH + MARGIN, top + i * ROW,
-                         m_size.width() - LABELS_LEFT - SWATCH - 2.0 * MARGIN, ROW);
+        const QRectF row(indent + SWATCH + style.Margin(), top + i * style.Row(),
+                         m_size.width() - indent - SWATCH - 2.0 * style.Margin(), style.Row());
         if (!isRest)
-            painter.fillRect(QRectF(LABELS_LEFT, row.center().y() - SWATCH / 2.0, SWATCH, SWATCH),
+            painter.fillRect(QRectF(indent, row.center().y() - SWATCH / 2.0, SWATCH, SWATCH),
                              ColourOf(number));
-        painter.setPen(Ink());
         const QString text = isRest ? QStringLiteral("and %1 more").arg(left + 1) : m_entries[number].text;
         painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter,
                          metrics.elidedText(text, Qt::ElideRight, row.width()));

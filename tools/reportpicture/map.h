@@ -13,6 +13,7 @@ class QPainter;
 namespace ReportPicture {
 
 class MapScale;
+struct MapStyle;
 
 /// The areas of reports on a graticule with degrees and a scale bar, and a legend with their names, frequencies and
 /// bandwidths below.
@@ -31,9 +32,9 @@ private:
     };
 
     QRectF Box() const;
-    int LegendRows() const;
+    int LegendRows(const MapStyle& style) const;
     void DrawEntry(QPainter& painter, const MapScale& scale, std::size_t number) const;
-    void DrawLegend(QPainter& painter, double top) const;
+    void DrawLegend(QPainter& painter, double top, const MapStyle& style) const;
 
     std::vector<Entry> m_entries;
     QSize m_size;

@@ -2,7 +2,6 @@
 
 #include <reportpicture/mapscale.h>
 
-#include <QtGui/QFont>
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
@@ -20,8 +19,9 @@ namespace {
 
 // In pixels
 
-constexpr double MARGIN = 12.0;
-constexpr double ROW = 20.0;
+/// Of the font beside which others are large or small.
+constexpr double USUAL_FONT = 13.0;
+
 constexpr double POINT_RADIUS = 5.0;
 constexpr double OUTLINE = 2.0;
 constexpr double BAR_HEIGHT = 5.0;
@@ -32,10 +32,13 @@ constexpr double BAR = 0.25;
 /// Free room on each side of the areas, as a part of their extent.
 constexpr double ROOM = 0.08;
 
-/// Of a map that shows a single point, in degrees.
-constexpr double LEAST_EXTENT = 0.02;
+/// Of a map that shows a single point, in degrees of latitude.
+constexpr double EXTENT_AROUND_POINT = 0.02;
 
-/// Between lines, and between the labels of longitudes, in pixels.
+/// Of any other map: less than that, no form but the binary ones tells points apart.
+constexpr double LEAST_EXTENT = 1e-6;
+
+/// Between lines, and between the labels of longitudes, in pixels beside the usual font.
 constexpr double LEAST_BETWEEN_LONGITUDES = 60.0;
 constexpr double LEAST_BETWEEN_LABELS = 8.0;
 
@@ -49,11 +52,6 @@ double StepFor(double degrees, double pixelsOfDegree, double leastPixels)
         more *= 2.0;
     }
     return step;
-}
-
-QPen LinePen()
-{
-    return QPen(QColor(200, 200, 200), 1.0);
 }
 
 /// Calls the function with each multiple of the step from `low` to `high`.
@@ -75,15 +73,15 @@ double WidestText(double low, double high, double step, const QFont& font, QStri
 }
 
 /// So wide that the labels stand beside each other: the finer the lines, the more digits they have.
-double StepOfLongitudes(const MapScale& scale, const QFont& font)
+double StepOfLongitudes(const MapScale& scale, const MapStyle& style)
 {
     const double degrees = scale.East() - scale.West();
     const double pixelsOfDegree = scale.Frame().width() / degrees;
-    double least = LEAST_BETWEEN_LONGITUDES;
+    double least = LEAST_BETWEEN_LONGITUDES * style.Enlargement();
     while (true) {
         const double step = StepFor(degrees, pixelsOfDegree, least);
-        const double needed =
-            WidestText(scale.West(), scale.East(), step, font, LongitudeText) + LEAST_BETWEEN_LABELS;
+        const double needed = WidestText(scale.West(), scale.East(), step, style.font, LongitudeText) +
+                              LEAST_BETWEEN_LABELS * style.Enlargement();
         if (needed <= std::max(least, step * pixelsOfDegree))
             return step;
         least = needed;
@@ -101,54 +99,62 @@ QFont FittingFont(const QFont& font, double width, double room)
     return fitting;
 }
 
-void DrawLongitudes(QPainter& painter, const MapScale& scale)
+void DrawLongitudes(QPainter& painter, const MapScale& scale, const MapStyle& style)
 {
     const QRectF& frame = scale.Frame();
-    const QFontMetricsF metrics(painter.font());
+    const QFontMetricsF metrics(style.font);
     const double south = std::max(scale.South(), -POLE);
     const double north = std::min(scale.North(), POLE);
-    ForEachLine(scale.West(), scale.East(), StepOfLongitudes(scale, painter.font()), [&](double longitude) {
-        painter.setPen(LinePen());
+    painter.setFont(style.font);
+    ForEachLine(scale.West(), scale.East(), StepOfLongitudes(scale, style), [&](double longitude) {
+        painter.setPen(QPen(style.lines, 1.0));
         painter.drawLine(scale.At({longitude, north}), scale.At({longitude, south}));
-        painter.setPen(Ink());
+        painter.setPen(style.ink);
         const QString text = LongitudeText(longitude);
         const double halfWidth = metrics.horizontalAdvance(text) / 2.0;
         // The last one stays within the picture.
-        const double middle = std::min(scale.At({longitude, 0.0}).x(), frame.right() + MARGIN - halfWidth);
-        painter.drawText(QRectF(middle - LABELS_LEFT, frame.bottom(), 2.0 * LABELS_LEFT, LABELS_BELOW),
-                         Qt::AlignCenter, text);
+        const double middle =
+            std::min(scale.At({longitude, 0.0}).x(), frame.right() + style.Margin() - halfWidth);
+        painter.drawText(
+            QRectF(middle - halfWidth - 1.0, frame.bottom(), 2.0 * halfWidth + 2.0, style.LabelsBelow()),
+            Qt::AlignCenter, text);
     });
 }
 
-void DrawLatitudes(QPainter& painter, const MapScale& scale)
+void DrawLatitudes(QPainter& painter, const MapScale& scale, const MapStyle& style)
 {
     const QRectF& frame = scale.Frame();
     const double south = std::max(scale.South(), -POLE);
     const double north = std::min(scale.North(), POLE);
     const double width = scale.East() - scale.West();
-    const double step =
-        StepFor(std::max(north - south, width / TURN), frame.height() / (scale.North() - scale.South()), ROW);
-    constexpr double LABEL = LABELS_LEFT - BAR_HEIGHT;
-    painter.save();
-    painter.setFont(
-        FittingFont(painter.font(), WidestText(south, north, step, painter.font(), LatitudeText), LABEL));
+    const double step = StepFor(std::max(north - south, width / TURN),
+                                frame.height() / (scale.North() - scale.South()), style.Row());
+    const double room = frame.left() - BAR_HEIGHT;
+    painter.setFont(FittingFont(style.font, WidestText(south, north, step, style.font, LatitudeText), room));
     ForEachLine(south, north, step, [&](double latitude) {
         const double y = scale.At({0.0, latitude}).y();
-        painter.setPen(LinePen());
+        painter.setPen(QPen(style.lines, 1.0));
         painter.drawLine(QPointF(frame.left(), y), QPointF(frame.right(), y));
-        painter.setPen(Ink());
-        painter.drawText(QRectF(0.0, y - ROW, LABEL, 2.0 * ROW), Qt::AlignRight | Qt::AlignVCenter,
-                         LatitudeText(latitude));
+        painter.setPen(style.ink);
+        painter.drawText(QRectF(0.0, y - style.Row(), room, 2.0 * style.Row()),
+                         Qt::AlignRight | Qt::AlignVCenter, LatitudeText(latitude));
     });
-    painter.restore();
+}
+
+/// What stands on a map and is to be read all the same.
+void DrawPlate(QPainter& painter, const QRectF& plate, const MapStyle& style)
+{
+    constexpr int HARDLY_TRANSLUCENT = 220;
+    QColor colour = style.paper;
+    colour.setAlpha(HARDLY_TRANSLUCENT);
+    painter.fillRect(plate, colour);
 }
 
 } // namespace
 
-const QColor& Ink()
+double MapStyle::Enlargement() const
 {
-    static const QColor ink(40, 40, 40);
-    return ink;
+    return QFontInfo(font).pixelSize() / USUAL_FONT;
 }
 
 QColor ColourOf(std::size_t number)
@@ -168,8 +174,12 @@ QRectF BoxAround(const std::vector<ReportCore::Points>& outlines)
     if (points.isEmpty())
         return {QPointF(-TURN / 2.0, -POLE), QPointF(TURN / 2.0, POLE)};
     const QRectF bounds = points.boundingRect();
-    const double room = std::max(bounds.width(), bounds.height()) * ROOM + LEAST_EXTENT / 2.0;
-    return bounds.adjusted(-room, -room, room, room);
+    // A degree of longitude is shorter than one of latitude.
+    const double narrowing = ReportCore::Narrowing(bounds.center().y());
+    const double extent = std::max(bounds.width() * narrowing, bounds.height());
+    const double least = extent > 0.0 ? LEAST_EXTENT : EXTENT_AROUND_POINT;
+    const double room = std::max(extent * ROOM, (least - extent) / 2.0);
+    return bounds.adjusted(-room / narrowing, -room, room / narrowing, room);
 }
 
 QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale)
@@ -180,10 +190,10 @@ QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale)
     return polygon;
 }
 
-void DrawGraticule(QPainter& painter, const MapScale& scale)
+void DrawGraticule(QPainter& painter, const MapScale& scale, const MapStyle& style)
 {
-    DrawLongitudes(painter, scale);
-    DrawLatitudes(painter, scale);
+    DrawLongitudes(painter, scale, style);
+    DrawLatitudes(painter, scale, style);
 }
 
 void DrawShape(QPainter& painter, Geometry::Shape shape, const QPolygonF& outline, const QColor& colour)
@@ -203,21 +213,35 @@ void DrawShape(QPainter& painter, Geometry::Shape shape, const QPolygonF& outlin
     }
 }
 
-void DrawScaleBar(QPainter& painter, const MapScale& scale)
+void DrawScaleBar(QPainter& painter, const MapScale& scale, const MapStyle& style)
 {
     const QRectF& frame = scale.Frame();
     const double length = RoundStep(frame.width() * BAR / scale.PixelsOfKilometre());
-    const QRectF bar(frame.left() + MARGIN, frame.bottom() - MARGIN - BAR_HEIGHT,
-                     length * scale.PixelsOfKilometre(), BAR_HEIGHT);
+    const double height = BAR_HEIGHT * style.Enlargement();
+    const QRectF bar(frame.left() + style.Margin(), frame.bottom() - style.Margin() - height,
+                     length * scale.PixelsOfKilometre(), height);
     const QString text = LengthText(length);
-    const QRectF label(bar.left(), bar.top() - ROW,
-                       std::max(bar.width(), QFontMetricsF(painter.font()).horizontalAdvance(text) + MARGIN),
-                       ROW);
-    painter.fillRect(bar.united(label).adjusted(-BAR_HEIGHT, 0.0, BAR_HEIGHT, BAR_HEIGHT),
-                     QColor(255, 255, 255, 220));
-    painter.fillRect(bar, Ink());
-    painter.setPen(Ink());
+    const QRectF label(
+        bar.left(), bar.top() - style.Row(),
+        std::max(bar.width(), QFontMetricsF(style.font).horizontalAdvance(text) + style.Margin()),
+        style.Row());
+    DrawPlate(painter, bar.united(label).adjusted(-height, 0.0, height, height), style);
+    painter.fillRect(bar, style.ink);
+    painter.setFont(style.font);
+    painter.setPen(style.ink);
     painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
+void DrawRemark(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text)
+{
+    constexpr int FLAGS = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+    const double margin = style.Margin();
+    const QRectF room = scale.Frame().adjusted(margin, margin / 2.0, -margin, -margin);
+    const QRectF label = QFontMetricsF(style.font).boundingRect(room, FLAGS, text);
+    DrawPlate(painter, label.adjusted(-BAR_HEIGHT, 0.0, BAR_HEIGHT, 0.0), style);
+    painter.setFont(style.font);
+    painter.setPen(style.ink);
+    painter.drawText(room, FLAGS, text);
 }
 
 } // namespace ReportPicture

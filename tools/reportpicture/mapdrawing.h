@@ -6,7 +6,9 @@
 #include <reportcore/exporting/geometry.h>
 
 #include <QtCore/QRectF>
+#include <QtCore/QString>
 #include <QtGui/QColor>
+#include <QtGui/QFont>
 #include <QtGui/QPolygonF>
 
 #include <cstddef>
@@ -18,12 +20,31 @@ namespace ReportPicture {
 
 class MapScale;
 
-// Of the labels of the graticule, in pixels
+/// The font and the colours of a map. Labels, and the room that is left for them, are as large as the font asks for.
+struct MapStyle
+{
+    QFont font;
+    QColor paper = QColor(255, 255, 255);
+    QColor ink = QColor(40, 40, 40);
+    QColor lines = QColor(200, 200, 200);
 
-constexpr double LABELS_LEFT = 64.0;
-constexpr double LABELS_BELOW = 24.0;
+    // In pixels
 
-const QColor& Ink();
+    /// Around everything.
+    double Margin() const { return 12.0 * Enlargement(); }
+
+    /// Of a line of text.
+    double Row() const { return 20.0 * Enlargement(); }
+
+    /// Beside the frame, for the labels of latitudes.
+    double LabelsLeft() const { return 64.0 * Enlargement(); }
+
+    /// Below the frame, for the labels of longitudes.
+    double LabelsBelow() const { return 24.0 * Enlargement(); }
+
+    /// Beside a font of 13 pixels.
+    double Enlargement() const;
+};
 
 /// Of one of several areas. Neighbours in a list differ much, and the row never repeats.
 QColor ColourOf(std::size_t number);
@@ -36,14 +57,17 @@ QRectF BoxAround(const std::vector<ReportCore::Points>& outlines);
 QPolygonF OnMap(const ReportCore::Points& points, const MapScale& scale);
 
 /// Lines of longitudes and latitudes, with their degrees outside the frame.
-void DrawGraticule(QPainter& painter, const MapScale& scale);
+void DrawGraticule(QPainter& painter, const MapScale& scale, const MapStyle& style);
 
 /// An outline, as it is on the map.
 void DrawShape(QPainter& painter, ReportCore::Geometry::Shape shape, const QPolygonF& outline,
                const QColor& colour);
 
 /// In the lower left corner of the frame.
-void DrawScaleBar(QPainter& painter, const MapScale& scale);
+void DrawScaleBar(QPainter& painter, const MapScale& scale, const MapStyle& style);
+
+/// A text in the upper left corner of the frame, on as many lines as it needs.
+void DrawRemark(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text);
 
 } // namespace ReportPicture
 

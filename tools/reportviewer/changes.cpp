@@ -1,7 +1,6 @@
 #include <reportviewer/changes.h>
 
 #include <reportcore/areapoints.h>
-#include <reportcore/reportfields.h>
 
 #include <QUndoCommand>
 
@@ -18,13 +17,6 @@ namespace {
 constexpr int MOST_POINTS_KEPT = 4'000'000;
 constexpr int MOST_CHANGES_KEPT = 1000;
 constexpr int FEWEST_CHANGES_KEPT = 20;
-
-int PointsOf(const ReportBase& report)
-{
-    const ReportCore::FieldPath path = ReportCore::PathOfPoints();
-    const auto* const holder = ReportCore::FindHolder(report, path);
-    return holder ? path.Last().field->CountIn(*holder) : 0;
-}
 
 class Change : public QUndoCommand
 {
@@ -72,7 +64,7 @@ void Changes::Forget()
     m_stack.clear();
     m_last = m_model.Report();
     m_name.clear();
-    const int points = std::max(PointsOf(m_last), 1);
+    const int points = std::max(ReportCore::CountPoints(m_last), 1);
     m_stack.setUndoLimit(std::clamp(MOST_POINTS_KEPT / points, FEWEST_CHANGES_KEPT, MOST_CHANGES_KEPT));
 }
 

@@ -2,8 +2,6 @@
 
 #include <reportviewer/clipping.h>
 
-#include <reportpicture/mapdrawing.h>
-
 #include <QtGui/QPainter>
 #include <QtGui/QPolygonF>
 
@@ -21,17 +19,26 @@ namespace {
 
 // In pixels
 
-constexpr double MARGIN = 12.0;
 constexpr double OUTSIDE = 50.0;
 constexpr double MARK_RADIUS = 6.0;
 constexpr double DOT_RADIUS = 2.5;
 constexpr double DISTANCE_OF_DOTS = 12.0;
-constexpr int NARROWEST = 20;
+constexpr double NARROWEST = 20.0;
 
 const QRectF& WholeEarth()
 {
     static const QRectF box = ReportPicture::BoxAround({});
     return box;
+}
+
+/// A colour so far on the way to another one, from 0 to 1.
+QColor Mixed(const QColor& colour, const QColor& other, double share)
+{
+    const auto mixed = [share](int from, int to) {
+        return from + static_cast<int>(std::lround((to - from) * share));
+    };
+    return {mixed(colour.red(), other.red()), mixed(colour.green(), other.green()),
+            mixed(colour.blue(), other.blue())};
 }
 
 } // namespace
@@ -63,16 +70,37 @@ void MapView::Renew(const ContentsPointer& contents)
 {
     m_contents = contents;
     m_middle = ReportPicture::BoxAround(m_contents->outline.geometry.parts).center().x();
+    setAccessibleDescription(Remark());
     if (m_isFitted)
         FitArea();
     Redraw();
 }
 
+ReportPicture::MapStyle MapView::Style() const
+{
+    constexpr double STRENGTH_OF_LINES = 0.25;
+    ReportPicture::MapStyle style;
+    style.font = font();
+    style.paper = palette().color(QPalette::Base);
+    style.ink = palette().color(QPalette::Text);
+    style.lines = Mixed(style.paper, style.ink, STRENGTH_OF_LINES);
+    return style;
+}
+
+QString MapView::Remark() const
+{
+    const Outline& outline = m_contents->outline;
+    return outline.Undrawn() == 0
+               ? QString()
+               : tr("%1 of %2 points cannot be drawn").arg(outline.Undrawn()).arg(outline.count);
+}
+
 QRectF MapView::Frame() const
 {
-    return QRectF(QPointF(ReportPicture::LABELS_LEFT, MARGIN),
-                  QPointF(std::max<double>(width() - MARGIN, ReportPicture::LABELS_LEFT + NARROWEST),
-                          std::max<double>(height() - ReportPicture::LABELS_BELOW, MARGIN + NARROWEST)));
+    const ReportPicture::MapStyle style = Style();
+    const QPointF from(style.LabelsLeft(), style.Margin());
+    return QRectF(from, QPointF(std::max(width() - style.Margin(), from.x() + NARROWEST),
+                                std::max(height() - style.LabelsBelow(), from.y() + NARROWEST)));
 }
 
 void MapView::FitArea()
@@ -96,11 +124,11 @@ void MapView::Enlarge(double factor)
 
 void MapView::EnlargeAround(double factor, const QPointF& around)
 {
-    // From some turns around the earth down to a metre.
+    // From some turns around the earth down to a metre. A smaller area may be shown larger.
     constexpr double SMALLEST = 0.002;
     constexpr double LARGEST = 1e6;
     const double pixels = m_scale.PixelsOfKilometre() * factor;
-    if (pixels >= SMALLEST && pixels <= LARGEST)
+    if (factor < 1.0 ? pixels >= SMALLEST : pixels <= LARGEST)
         SetScale(m_scale.Enlarged(factor, around));
 }
 
@@ -194,11 +222,14 @@ void MapView::paintEvent(QPaintEvent* /*event*/)
     painter.setClipRect(m_scale.Frame());
     DrawMarked(painter);
     painter.restore();
-    painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : ReportPicture::Ink(),
-                        hasFocus() ? 2.0 : 1.0));
+    const ReportPicture::MapStyle style = Style();
+    painter.setPen(
+        QPen(hasFocus() ? palette().color(QPalette::Highlight) : style.ink, hasFocus() ? 2.0 : 1.0));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(m_scale.Frame());
-    ReportPicture::DrawScaleBar(painter, m_scale);
+    ReportPicture::DrawScaleBar(painter, m_scale, style);
+    if (const QString remark = Remark(); !remark.isEmpty())
+        ReportPicture::DrawRemark(painter, m_scale, style, remark);
 }
 
 /// Going from point to point doesn't draw all of them again.
@@ -210,11 +241,11 @@ const QPixmap& MapView::Picture()
         return m_picture;
     m_picture = QPixmap(size);
     m_picture.setDevicePixelRatio(ratio);
-    m_picture.fill(Qt::white);
+    const ReportPicture::MapStyle style = Style();
+    m_picture.fill(style.paper);
     QPainter painter(&m_picture);
-    painter.setFont(font());
     painter.setRenderHint(QPainter::Antialiasing);
-    ReportPicture::DrawGraticule(painter, m_scale);
+    ReportPicture::DrawGraticule(painter, m_scale, style);
     painter.setClipRect(m_scale.Frame());
     DrawOutline(painter);
     return m_picture;

@@ -3,6 +3,7 @@
 
 #include <reportviewer/contents.h>
 
+#include <reportpicture/mapdrawing.h>
 #include <reportpicture/mapscale.h>
 
 #include <QtCore/QPoint>
@@ -43,6 +44,9 @@ public:
     /// Where a point is on the map, on whichever turn around the earth it is drawn.
     QPointF PlaceOf(const ReportCore::Point& point) const;
 
+    /// What the map says about points that it cannot draw; empty when it draws all of them.
+    QString Remark() const;
+
     QSize sizeHint() const override;
 
 Q_SIGNALS:
@@ -65,7 +69,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    ReportPicture::MapStyle Style() const;
     QRectF Frame() const;
+    void TakeFrame();
     void SetScale(const ReportPicture::MapScale& scale);
     void EnlargeAround(double factor, const QPointF& around);
     void Move(const QPoint& pixels);

@@ -23,6 +23,12 @@ constexpr int KEY_MOVE = 40;
 
 void MapView::resizeEvent(QResizeEvent* /*event*/)
 {
+    TakeFrame();
+}
+
+/// There is another room for the map.
+void MapView::TakeFrame()
+{
     if (m_isFitted)
         FitArea();
     else
@@ -34,6 +40,8 @@ void MapView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange)
+        TakeFrame();
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
         Redraw();
 }
 

@@ -8,6 +8,7 @@ Outline OutlineOf(const REPORTGENERATOR::ReportBase& report)
 {
     Outline outline;
     outline.items = ReportCore::ValidPoints(report);
+    outline.count = ReportCore::CountPoints(report);
     outline.geometry = ReportCore::UncutGeometryOf(outline.items);
     return outline;
 }

@@ -15,6 +15,11 @@ struct Outline
 
     /// All valid points, with their numbers in the list from 0.
     ReportCore::Points items;
+
+    /// Of the list, with those that cannot be drawn since they aren't valid.
+    int count = 0;
+
+    int Undrawn() const { return count - static_cast<int>(items.size()); }
 };
 
 Outline OutlineOf(const REPORTGENERATOR::ReportBase& report);

@@ -32,6 +32,9 @@ namespace {
 /// What has more rows below it is opened by the user only.
 constexpr int MOST_ROWS_OPENED = 100;
 
+/// For names of fields and what they are indented by.
+constexpr int CHARACTERS_OF_NAMES = 28;
+
 /// The numbers of the rows that lead to the row, and its own; rows further down have greater ones.
 std::vector<int> PositionOf(const QModelIndex& row)
 {
@@ -61,7 +64,7 @@ TreePane::TreePane(ReportModel& model, QWidget* parent)
     setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed);
     setContextMenuPolicy(Qt::ActionsContextMenu);
     setModel(&model);
-    header()->resizeSection(ReportModel::NameColumn, 220);
+    header()->resizeSection(ReportModel::NameColumn, CHARACTERS_OF_NAMES * fontMetrics().averageCharWidth());
     connect(&model, &ReportModel::ReportChanged, this, &TreePane::UpdateActions);
     connect(&model, &ReportModel::modelReset, this, &TreePane::UpdateActions);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &TreePane::UpdateActions);
