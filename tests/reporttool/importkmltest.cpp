@@ -44,6 +44,9 @@ TEST(ToolImportKml, PlacemarkWithoutGeometryIsAReportWithoutArea)
                                 PlainLocale(Kml("<Placemark><name>n</name><Style/></Placemark>")));
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "\n<ReportBase/>");
+    EXPECT_TEXT(run.Errors(),
+                "reporttool: warning: -: feature 1: without a geometry there is no area, and its "
+                "name \"n\" is not kept\n");
 }
 
 } // namespace

@@ -101,10 +101,10 @@ TEST_F(ToolImportRefusal, PartsAreToldWithTheNumberOfTheirFeature)
                              GeoFeature("c", R"({"type":"Point","coordinates":[1,200]})") + PointFeature("d");
     ExpectImport(
         parts, {"import", "-", ".", "--from", "geojson", "--parts"}, "a b b d",
-        QStringLiteral(
-            "reporttool: -: feature 2, part 2: a position is an array of longitude and latitude\n"
-            "reporttool: -: feature 3: Parameters for m_latitude are not set within range (-90, 90) in "
-            "'Coordinate'.\n"));
+        QStringLiteral("reporttool: -: feature 2, part 2: a position is an array of longitude and latitude\n"
+                       "reporttool: -: feature 3: point 1 is at longitude 1 and latitude 200: these are no "
+                       "longitudes and "
+                       "latitudes\n"));
 }
 
 TEST_F(ToolImportRefusal, OnlyThePartWithAHoleIsRefused)

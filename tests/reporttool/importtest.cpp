@@ -100,7 +100,7 @@ TEST(ToolImport, NamesOfPropertiesMayDifferInCaseAndValuesBeTexts)
 
 TEST(ToolImport, GeoJsonWithoutGeometryIsAReportWithoutArea)
 {
-    ExpectReport(R"({"type":"Feature","properties":{"name":"n"},"geometry":null})", "geojson",
+    ExpectReport(R"({"type":"Feature","properties":{"colour":"red"},"geometry":null})", "geojson",
                  QStringLiteral("\n<ReportBase/>"));
 }
 
@@ -141,6 +141,9 @@ TEST(ToolImport, WhatASetterRefusesIsToldInItsWords)
         R"({"type":"Feature","properties":{"name":"n"},"geometry":)"
         R"({"type":"Point","coordinates":[181,2]}})",
         "geojson",
+        "feature 1: point 1 is at longitude 181 and latitude 2: longitudes go from -180 to 180 degrees");
+    ExpectRefusal(
+        "name,lon,lat\na,nan,2\n", "csv",
         "feature 1: Parameters for m_longitude are not set within range (-180, 180) in 'Coordinate'.");
     ExpectRefusal(R"({"type":"Feature","properties":{"frequency_value":"much"},"geometry":null})", "geojson",
                   "feature 1: frequency_value: value is a number, not \"much\"");
@@ -157,7 +160,7 @@ TEST(ToolImport, CsvWithWkt)
                  "Lake,121500000,true,\"POLYGON ((9 47.5, 10 47.5, 9.5 48, 9 47.5))\"\r\n",
                  "csv", report);
     // With a byte order mark; an empty cell in quotes holds no geometry either.
-    ExpectReport("\xEF\xBB\xBFWKT,name\r\n\"\",Lake\r\n", "csv", QStringLiteral("\n<ReportBase/>"));
+    ExpectReport("\xEF\xBB\xBFWKT,colour\r\n\"\",red\r\n", "csv", QStringLiteral("\n<ReportBase/>"));
     // With bare line feeds, heights, an empty cell, and no line end at the end.
     ExpectReport("name,frequency_value,frequency_use,wkt,frequency_min\n"
                  "Lake,121500000,1,\"polygon z((9 47.5 1,10 47.5 1,9.5 48 1,9 47.5 1))\",",
@@ -192,7 +195,7 @@ TEST(ToolImport, CsvWithALineForEachPoint)
                  "Lake,121500000,true,9,47.5\nx,,,10,47.5\n,,,9.5,48\n,,,9,47.5\n",
                  "csv", report);
     const Scratch scratch;
-    scratch.Write("in.csv", "name,point,lat,lon\na,1,47.25,8.5\nb,1,47.25,8.5\nc,,,\n");
+    scratch.Write("in.csv", "name,point,lat,lon\na,1,47.25,8.5\nb,1,47.25,8.5\n,,,\n");
     EXPECT_EQ(RunTool({"import", "in.csv", ".", "--from", "csv"}, {{}, scratch.Folder(), {}}).exitCode, 0);
     EXPECT_TEXT(QString::fromUtf8(scratch.Read("in-1.xml")), PointReport("a"));
     EXPECT_TEXT(QString::fromUtf8(scratch.Read("in-2.xml")), PointReport("b"));
@@ -202,8 +205,8 @@ TEST(ToolImport, CsvWithALineForEachPoint)
 TEST(ToolImport, CsvThatIsNoneIsRefused)
 {
     ExpectRefusal("", "csv", "there is no header");
-    ExpectRefusal("name,x,y\na,1,2\n", "csv",
-                  "the header has neither a column 'WKT' nor 'longitude' and 'latitude'");
+    ExpectRefusal("name,x,z\na,1,2\n", "csv",
+                  "the header has no column with geometries: WKT, or longitude and latitude");
     ExpectRefusal("name,WKT\n", "csv", "there is no feature");
     ExpectRefusal("name,WKT\n\na,\"POINT (1\n", "csv", "line 3: a quote is never closed");
     ExpectRefusal("name,WKT\n\"a\"b,\n", "csv", "line 2: text behind a closing quote");
@@ -360,8 +363,8 @@ TEST_F(ToolImportFiles, HelpNamesTheFormats)
 {
     const ToolRun run = Run({"import", "--help"});
     EXPECT_EQ(run.exitCode, 0);
-    for (const char* part :
-         {"import IN OUT", "--from <format>", "--parts", "geojson ", "csv ", "kml ", "Exit codes"})
+    for (const char* part : {"import IN OUT", "--from <format>", "--parts", "geojson ", "csv ", "kml ",
+                             "gpx ", "--separator <character>", "Exit codes"})
         EXPECT_TRUE(run.output.contains(part)) << part;
 }
 
@@ -371,8 +374,8 @@ TEST_F(ToolImportFiles, WrongCommandLineEndsWithTwo)
     EXPECT_UNUSABLE(Run({"import", "two.json", "--from", "csv"}),
                     QStringLiteral("import takes IN and OUT") + hint);
     EXPECT_UNUSABLE(Run({"import", "two.json", "out"}), QStringLiteral("--from is missing") + hint);
-    EXPECT_UNUSABLE(Run({"import", "two.json", "out", "--from", "gpx"}),
-                    QStringLiteral("no format is called 'gpx'") + hint);
+    EXPECT_UNUSABLE(Run({"import", "two.json", "out", "--from", "shp"}),
+                    QStringLiteral("no format is called 'shp'") + hint);
 }
 
 } // namespace

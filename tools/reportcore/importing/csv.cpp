@@ -1,134 +1,85 @@
+#include <reportcore/importing/coordinatesystem.h>
+#include <reportcore/importing/csvreader.h>
+#include <reportcore/importing/decimalcomma.h>
 #include <reportcore/importing/importing.h>
 #include <reportcore/importing/wktreader.h>
 
 #include <QtCore/QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace ReportCore {
 
 namespace {
 
-/// Null for an empty cell without quotes: a value that is not set.
-using Row = QStringList;
-
-struct Line
-{
-    int number = 0; ///< from 1 on
-    Row row;
-};
-
-using Lines = std::vector<Line>;
-
-/// The rows of comma-separated values, with or without quotes around them.
-class CsvReader
-{
-public:
-    explicit CsvReader(const QString& text) : m_text(text) {}
-
-    Lines Read()
-    {
-        Lines lines;
-        while (m_place < m_text.size()) {
-            const int line = m_line;
-            Row row = ReadRow(line);
-            // A line without anything is none.
-            if (row.size() > 1 || !row.first().isEmpty())
-                lines.push_back({line, std::move(row)});
-        }
-        return lines;
-    }
-
-private:
-    Row ReadRow(int line)
-    {
-        Row row;
-        for (;;) {
-            row << (At(QLatin1Char('"')) ? ReadQuoted(line) : ReadPlain());
-            if (At(QLatin1Char(','))) {
-                ++m_place;
-                continue;
-            }
-            if (m_place < m_text.size() && !TakeLineEnd())
-                throw ImportError{QStringLiteral("line %1: text behind a closing quote").arg(line)};
-            ++m_line;
-            return row;
-        }
-    }
-
-    /// A carriage return, a line feed or both. Returns whether there was one.
-    bool TakeLineEnd()
-    {
-        const auto begin = m_place;
-        if (At(QLatin1Char('\r')))
-            ++m_place;
-        if (At(QLatin1Char('\n')))
-            ++m_place;
-        return m_place != begin;
-    }
-
-    static int LineEndsIn(const QString& piece)
-    {
-        return static_cast<int>(piece.count(QLatin1Char('\n')) + piece.count(QLatin1Char('\r')) -
-                                piece.count(QLatin1String("\r\n")));
-    }
-
-    bool At(QLatin1Char character) const
-    {
-        return m_place < m_text.size() && m_text.at(m_place) == character;
-    }
-
-    QString ReadPlain()
-    {
-        const auto start = m_place;
-        while (m_place < m_text.size() && !At(QLatin1Char(',')) && !At(QLatin1Char('\n')) &&
-               !At(QLatin1Char('\r')))
-            ++m_place;
-        return m_place == start ? QString() : m_text.mid(start, m_place - start);
-    }
-
-    QString ReadQuoted(int line)
-    {
-        QString cell = QStringLiteral("");
-        for (;;) {
-            ++m_place;
-            const auto end = m_text.indexOf(QLatin1Char('"'), m_place);
-            if (end < 0)
-                throw ImportError{QStringLiteral("line %1: a quote is never closed").arg(line)};
-            const QString piece = m_text.mid(m_place, end - m_place);
-            m_line += LineEndsIn(piece);
-            cell += piece;
-            m_place = end + 1;
-            if (!At(QLatin1Char('"')))
-                return cell;
-            cell += QLatin1Char('"');
-        }
-    }
-
-    const QString& m_text;
-    decltype(QString().size()) m_place = 0;
-    int m_line = 1;
-};
+using CsvLines = std::vector<CsvLine>;
 
 /// The place of a column; -1 where there is none.
-int FindColumn(const Row& header, std::initializer_list<const char*> names)
+int FindColumn(const QStringList& header, const char* name)
 {
-    const auto found = std::find_if(header.begin(), header.end(), [&names](const QString& cell) {
-        return std::any_of(names.begin(), names.end(), [&cell](const char* name) {
-            return cell.trimmed().compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
-        });
+    const auto found = std::find_if(header.begin(), header.end(), [name](const QString& cell) {
+        return cell.trimmed().compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
     });
     return found == header.end() ? -1 : static_cast<int>(found - header.begin());
 }
 
+/// Where a table holds geometries: in one column as WKT, or in two as numbers. Others are -1.
+struct GeometryColumns
+{
+    int wkt = -1;
+    int longitude = -1;
+    int latitude = -1;
+
+    bool AreThere() const { return wkt >= 0 || longitude >= 0; }
+};
+
+/// Of several the first one that is named here.
+GeometryColumns FindGeometryColumns(const QStringList& header)
+{
+    for (const char* wkt : {"WKT", "wkt_geom", "geom", "the_geom", "geometry"}) {
+        const int column = FindColumn(header, wkt);
+        if (column >= 0)
+            return {column, -1, -1};
+    }
+    constexpr std::pair<const char*, const char*> NUMBERS[] = {
+        {"longitude", "latitude"}, {"lon", "lat"}, {"long", "lat"}, {"lng", "lat"}, {"x", "y"}};
+    for (const auto& [x, y] : NUMBERS) {
+        const int longitude = FindColumn(header, x);
+        const int latitude = FindColumn(header, y);
+        if (longitude >= 0 && latitude >= 0)
+            return {-1, longitude, latitude};
+    }
+    return {};
+}
+
+GeometryColumns FindGeometryColumns(const QString& text, QChar separator)
+{
+    try {
+        return FindGeometryColumns(ReadCsvHeader(text, separator));
+    } catch (const ImportError&) {
+        return {};
+    }
+}
+
+/// The one with which the header has columns of geometries; a comma where there is none.
+QChar FindSeparator(const QString& text)
+{
+    for (const char separator : {',', ';', '\t'}) {
+        if (FindGeometryColumns(text, QLatin1Char(separator)).AreThere())
+            return QLatin1Char(separator);
+    }
+    return QLatin1Char(',');
+}
+
 /// A comma too many moves all that stands behind it to other columns.
-void RequireColumns(const Row& header, const Row& row)
+void RequireColumns(const QStringList& header, const QStringList& row)
 {
     if (row.size() > header.size())
         throw ImportError{QStringLiteral("%1 cells under a header of %2").arg(row.size()).arg(header.size())};
 }
 
-ImportedFeature FeatureOf(const Row& header, const Row& row)
+ImportedFeature FeatureOf(const QStringList& header, const QStringList& row)
 {
     ImportedFeature feature;
     for (int i = 0; i < std::min(header.size(), row.size()); ++i)
@@ -139,7 +90,7 @@ ImportedFeature FeatureOf(const Row& header, const Row& row)
 
 /// Notes what hinders a line from being taken in the feature that it belongs to. The first line to be hindered is told.
 template <class TakeLine>
-void Take(const Line& line, ImportedFeature& feature, TakeLine&& take)
+void Take(const CsvLine& line, ImportedFeature& feature, TakeLine&& take)
 {
     try {
         take();
@@ -149,16 +100,22 @@ void Take(const Line& line, ImportedFeature& feature, TakeLine&& take)
     }
 }
 
-ImportedFeatures FeaturesWithWkt(const Lines& lines, int wktColumn)
+ImportedFeatures FeaturesWithWkt(const CsvLines& lines, int wktColumn)
 {
     ImportedFeatures features;
     for (std::size_t i = 1; i < lines.size(); ++i) {
-        features.push_back(FeatureOf(lines.front().row, lines[i].row));
+        features.push_back(FeatureOf(lines.front().cells, lines[i].cells));
         Take(lines[i], features.back(), [&] {
-            RequireColumns(lines.front().row, lines[i].row);
-            const QString wkt = lines[i].row.value(wktColumn);
-            if (!wkt.trimmed().isEmpty())
+            RequireColumns(lines.front().cells, lines[i].cells);
+            const QString wkt = lines[i].cells.value(wktColumn);
+            if (wkt.trimmed().isEmpty())
+                return;
+            try {
                 AddWkt(wkt, features.back());
+            } catch (OtherSystem& system) {
+                system.column = lines.front().cells.at(wktColumn).trimmed();
+                throw;
+            }
         });
     }
     return features;
@@ -167,20 +124,20 @@ ImportedFeatures FeaturesWithWkt(const Lines& lines, int wktColumn)
 double NumberOf(const QString& text)
 {
     bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
+    const double number = WithDecimalPoint(text).toDouble(&isNumber);
     if (!isNumber)
         throw ImportError{QStringLiteral("'%1' is no longitude or latitude").arg(text)};
     return number;
 }
 
 /// A line is a point. Where points are numbered a report begins with each first one, else all are one report's.
-ImportedFeatures FeaturesOfPoints(const Lines& lines, int longitudeColumn, int latitudeColumn)
+ImportedFeatures FeaturesOfPoints(const CsvLines& lines, int longitudeColumn, int latitudeColumn)
 {
-    const Row& header = lines.front().row;
-    const int numberColumn = FindColumn(header, {"point"});
+    const QStringList& header = lines.front().cells;
+    const int numberColumn = FindColumn(header, "point");
     ImportedFeatures features;
     for (std::size_t i = 1; i < lines.size(); ++i) {
-        const Row& row = lines[i].row;
+        const QStringList& row = lines[i].cells;
         const QString number = row.value(numberColumn).trimmed();
         const bool isFirst = number.isEmpty() || number == QLatin1String("1");
         if (features.empty() || (numberColumn >= 0 && isFirst))
@@ -215,20 +172,19 @@ QString TextOf(const QByteArray& bytes)
 
 } // namespace
 
-ImportedFeatures ReadCsv(const QByteArray& bytes)
+ImportedFeatures ReadCsv(const ImportInput& input)
 {
-    const QString text = TextOf(bytes);
-    const Lines lines = CsvReader(text).Read();
+    const QString text = TextOf(input.bytes);
+    const QChar separator = input.separator.isNull() ? FindSeparator(text) : input.separator;
+    const CsvLines lines = ReadCsvLines(text, separator);
     if (lines.empty())
         throw ImportError{QStringLiteral("there is no header")};
-    const Row& header = lines.front().row;
-    const int wkt = FindColumn(header, {"WKT"});
-    const int longitude = FindColumn(header, {"longitude", "lon"});
-    const int latitude = FindColumn(header, {"latitude", "lat"});
-    if (wkt < 0 && (longitude < 0 || latitude < 0))
+    const GeometryColumns columns = FindGeometryColumns(lines.front().cells);
+    if (!columns.AreThere())
         throw ImportError{
-            QStringLiteral("the header has neither a column 'WKT' nor 'longitude' and 'latitude'")};
-    return wkt >= 0 ? FeaturesWithWkt(lines, wkt) : FeaturesOfPoints(lines, longitude, latitude);
+            QStringLiteral("the header has no column with geometries: WKT, or longitude and latitude")};
+    return columns.wkt >= 0 ? FeaturesWithWkt(lines, columns.wkt)
+                            : FeaturesOfPoints(lines, columns.longitude, columns.latitude);
 }
 
 } // namespace ReportCore

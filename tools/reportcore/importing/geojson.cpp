@@ -1,5 +1,6 @@
 #include <reportcore/importing/importing.h>
 
+#include <reportcore/importing/coordinatesystem.h>
 #include <reportcore/jsonreading.h>
 
 #include <QtCore/QJsonArray>
@@ -67,8 +68,27 @@ void AddSimple(const QString& type, const QJsonValue& coordinates, ImportedFeatu
         feature.hindrance = QStringLiteral("'%1' is no type of a geometry").arg(type);
 }
 
+/// Older GeoJSON may name a coordinate system with anything: by its name, by a link or by its number. Longitude comes first
+/// in any of them, whatever order of axes it has by itself.
+void RequireWgs84In(const QJsonObject& json)
+{
+    const QJsonValue system = json.value(QLatin1String("crs"));
+    if (system.isUndefined() || system.isNull())
+        return;
+    const QJsonObject properties = system.toObject().value(QLatin1String("properties")).toObject();
+    QString name = system.toString();
+    for (const char* const key : {"name", "href", "url", "urn", "code"}) {
+        if (name.isEmpty())
+            name = properties.value(QLatin1String(key)).toVariant().toString();
+    }
+    if (name.isEmpty())
+        throw ImportError{QStringLiteral("the member 'crs' names no coordinate system")};
+    RequireWgs84(name);
+}
+
 void AddGeometry(const QJsonObject& geometry, ImportedFeature& feature)
 {
+    RequireWgs84In(geometry);
     const QString type = geometry.value(QLatin1String(TYPE)).toString();
     const QString multi = QStringLiteral("Multi");
     if (type == QLatin1String("GeometryCollection")) {
@@ -84,6 +104,7 @@ void AddGeometry(const QJsonObject& geometry, ImportedFeature& feature)
 
 ImportedFeature FeatureOf(const QJsonObject& json)
 {
+    RequireWgs84In(json);
     ImportedFeature feature;
     const QJsonObject properties = json.value(QLatin1String("properties")).toObject();
     for (auto i = properties.begin(); i != properties.end(); ++i)
@@ -98,6 +119,7 @@ void AddFeatures(const QJsonObject& json, ImportedFeatures& features)
 {
     const QString type = json.value(QLatin1String(TYPE)).toString();
     if (type == QLatin1String("FeatureCollection")) {
+        RequireWgs84In(json);
         const QJsonArray members = json.value(QLatin1String("features")).toArray();
         for (const QJsonValue member : members)
             features.push_back(FeatureOf(member.toObject()));
@@ -111,7 +133,7 @@ void AddFeatures(const QJsonObject& json, ImportedFeatures& features)
     }
 }
 
-QJsonDocument Parse(const QByteArray& bytes, int line)
+QJsonDocument Parse(const QByteArray& bytes, qint64 line)
 {
     QJsonParseError error{};
     const QJsonDocument document = ParseJson(bytes, error);
@@ -131,25 +153,36 @@ bool IsOnLines(const QByteArray& bytes)
            QJsonDocument::fromJson(bytes.left(end)).isObject();
 }
 
+/// What stands between the texts of a file with several: each begins with a character of its own (RFC 8142), or ends with
+/// its line. NUL where it holds one text.
+char SeparatorOf(const QByteArray& bytes)
+{
+    constexpr char RECORD_SEPARATOR = '\x1E';
+    if (bytes.trimmed().startsWith(RECORD_SEPARATOR))
+        return RECORD_SEPARATOR;
+    return IsOnLines(bytes) ? '\n' : '\0';
+}
+
 } // namespace
 
-ImportedFeatures ReadGeoJson(const QByteArray& bytes)
+ImportedFeatures ReadGeoJson(const ImportInput& input)
 {
     ImportedFeatures features;
-    if (!IsOnLines(bytes)) {
-        AddFeatures(Parse(bytes, 1).object(), features);
+    const char separator = SeparatorOf(input.bytes);
+    if (separator == '\0') {
+        AddFeatures(Parse(input.bytes, 1).object(), features);
         return features;
     }
-    const QList<QByteArray> lines = bytes.split('\n');
-    for (int i = 0; i < lines.size(); ++i) {
-        if (lines.at(i).trimmed().isEmpty())
-            continue;
+    qint64 line = 1;
+    for (const QByteArray& text : input.bytes.split(separator)) {
         try {
-            AddFeatures(Parse(lines.at(i), i + 1).object(), features);
+            if (!text.trimmed().isEmpty())
+                AddFeatures(Parse(text, line).object(), features);
         } catch (const ImportError& error) {
             features.emplace_back();
             features.back().hindrance = error.text;
         }
+        line += separator == '\n' ? 1 : text.count('\n');
     }
     return features;
 }

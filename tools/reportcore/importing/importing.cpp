@@ -1,10 +1,14 @@
 #include <reportcore/importing/importing.h>
 
 #include <reportcore/exporting/feature.h>
+#include <reportcore/importing/coordinatesystem.h>
+#include <reportcore/importing/decimalcomma.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/texts.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
+
+#include <QtCore/QtEndian>
 
 #include <algorithm>
 
@@ -39,7 +43,12 @@ QVariant ValueFor(const Field& field, const QVariant& value)
         return QVariant();
     if (field.Kind() == FieldKind::Switch && (text == QLatin1String("0") || text == QLatin1String("1")))
         return text == QLatin1String("1");
-    return field.ValueOf(text);
+    if (field.Kind() != FieldKind::Number)
+        return field.ValueOf(text);
+    if (IsAmbiguous(text))
+        throw RGException(QStringLiteral("the comma of %1 may stand before decimals or between thousands")
+                              .arg(Quoted(text)));
+    return field.ValueOf(WithDecimalPoint(text));
 }
 
 void TakeProperty(const PropertyType& type, const QVariant& property, ReportBase& report)
@@ -62,6 +71,7 @@ void TakeProperties(const ImportedFeature& feature, ReportBase& report)
     }
 }
 
+/// Empty where there is none.
 QString NameOf(const ImportedFeature& feature)
 {
     const QVariant* const property = FindProperty(feature, QLatin1String(NAME));
@@ -70,6 +80,9 @@ QString NameOf(const ImportedFeature& feature)
 
 void TakeOutline(const ImportedFeature& feature, ReportBase& report)
 {
+    const QString outOfRange = FindOutOfRange(feature.parts.front().points);
+    if (!outOfRange.isEmpty())
+        throw ImportError{outOfRange};
     QVector<Coordinate> coordinates;
     for (const Point& point : feature.parts.front().points) {
         Coordinate coordinate;
@@ -87,26 +100,51 @@ void TakeOutline(const ImportedFeature& feature, ReportBase& report)
     report.SetArea(area);
 }
 
+/// What a packed file is, and what unpacks it; empty for any other file.
+QString PackingOf(const QByteArray& bytes)
+{
+    if (bytes.startsWith("\x1F\x8B"))
+        return QStringLiteral("this is a gzip file, which gunzip unpacks");
+    if (!bytes.startsWith("PK\x03\x04"))
+        return QString();
+    constexpr int NAME_LENGTH_PLACE = 26; // of the first file in it
+    constexpr int NAME_PLACE = 30;
+    const QByteArray length = bytes.mid(NAME_LENGTH_PLACE, 2).leftJustified(2, '\0');
+    const QByteArray first = bytes.mid(NAME_PLACE, qFromLittleEndian<quint16>(length.constData()));
+    return first.toLower().endsWith(".kml")
+               ? QStringLiteral("this is a kmz file, KML in a zip archive, which unzip unpacks")
+               : QStringLiteral("this is a zip archive, which unzip unpacks");
+}
+
 } // namespace
 
 const std::vector<ImportFormat>& ImportFormats()
 {
     static const std::vector<ImportFormat> formats = {
-        {"geojson", "GeoJSON: a feature collection, a feature, a geometry, or a feature on each line",
+        {"geojson",
+         "GeoJSON: a feature collection, a feature, a geometry, or several of them (RFC 8142, or lines)",
          ReadGeoJson},
-        {"csv", "a header and lines with WKT, or with longitude and latitude of a point each", ReadCsv},
+        {"csv", "a header and lines with WKT, or with longitude and latitude of a point each", ReadCsv, true},
         {"kml", "KML: the placemarks", ReadKml},
+        {"gpx", "GPX: waypoints, routes and tracks", ReadGpx},
     };
     return formats;
 }
 
-ImportedFeatures ReadFeatures(const ImportFormat& format, const QByteArray& bytes)
+ImportedFeatures ReadFeatures(const ImportFormat& format, const ImportInput& input)
 {
-    ImportedFeatures features = format.read(bytes);
-    std::size_t number = 0;
-    for (ImportedFeature& feature : features)
-        feature.number = ++number;
-    return features;
+    const QString packing = PackingOf(input.bytes);
+    if (!packing.isEmpty())
+        throw ImportError{packing};
+    try {
+        ImportedFeatures features = format.read(input);
+        std::size_t number = 0;
+        for (ImportedFeature& feature : features)
+            feature.number = ++number;
+        return features;
+    } catch (const OtherSystem& system) {
+        throw ImportError{RefusalOf(system, input)};
+    }
 }
 
 ImportedFeatures Parted(const ImportedFeatures& features)
@@ -122,6 +160,11 @@ ImportedFeatures Parted(const ImportedFeatures& features)
             parted.push_back({feature.number, ++number, feature.name, feature.properties, {part}, {}});
     }
     return parted;
+}
+
+QString LostNameOf(const ImportedFeature& feature)
+{
+    return feature.parts.empty() ? NameOf(feature) : QString();
 }
 
 ReportBase ReportOf(const ImportedFeature& feature)

@@ -52,6 +52,16 @@ struct ImportedFeature
 
 using ImportedFeatures = std::vector<ImportedFeature>;
 
+/// A file of another program.
+struct ImportInput
+{
+    QByteArray bytes = {};
+    QString name = {}; ///< empty where it has none
+
+    /// Between the cells of a table; null where it is to be found out.
+    QChar separator = {};
+};
+
 /// A format of other programs that reports are made of.
 struct ImportFormat
 {
@@ -60,20 +70,23 @@ struct ImportFormat
 
     /// The features without their numbers, those too of which no report can be made. Throws `ImportError` for bytes that
     /// are not in this format.
-    ImportedFeatures (*read)(const QByteArray& bytes);
+    ImportedFeatures (*read)(const ImportInput& input);
+
+    bool hasSeparator = false; ///< whether it is a table
 };
 
 // One for each format, in a file of its own.
 
-ImportedFeatures ReadGeoJson(const QByteArray& bytes);
-ImportedFeatures ReadCsv(const QByteArray& bytes);
-ImportedFeatures ReadKml(const QByteArray& bytes);
+ImportedFeatures ReadGeoJson(const ImportInput& input);
+ImportedFeatures ReadCsv(const ImportInput& input);
+ImportedFeatures ReadKml(const ImportInput& input);
+ImportedFeatures ReadGpx(const ImportInput& input);
 
 /// In the order in which the help names them.
 const std::vector<ImportFormat>& ImportFormats();
 
 /// The features of a file with their numbers. Throws `ImportError` for bytes that are not in the format.
-ImportedFeatures ReadFeatures(const ImportFormat& format, const QByteArray& bytes);
+ImportedFeatures ReadFeatures(const ImportFormat& format, const ImportInput& input);
 
 /// A feature for each part of those that have several.
 ImportedFeatures Parted(const ImportedFeatures& features);
@@ -82,6 +95,9 @@ ImportedFeatures Parted(const ImportedFeatures& features);
 /// the format has a place for. Properties that no report has are passed over. The points stand in the area as they stand
 /// in the file. Throws `ImportError` and `RGException`.
 REPORTGENERATOR::ReportBase ReportOf(const ImportedFeature& feature);
+
+/// The name that a report does not keep, since without a geometry it has no area; empty where there is none.
+QString LostNameOf(const ImportedFeature& feature);
 
 } // namespace ReportCore
 

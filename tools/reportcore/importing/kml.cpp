@@ -176,9 +176,9 @@ private:
 
 } // namespace
 
-ImportedFeatures ReadKml(const QByteArray& bytes)
+ImportedFeatures ReadKml(const ImportInput& input)
 {
-    return KmlReader(bytes).Read();
+    return KmlReader(input.bytes).Read();
 }
 
 } // namespace ReportCore

@@ -1,6 +1,9 @@
 #include <reportcore/importing/wktreader.h>
 
+#include <reportcore/importing/coordinatesystem.h>
 #include <reportcore/texts.h>
+
+#include <QtCore/QRegularExpression>
 
 namespace ReportCore {
 
@@ -13,15 +16,15 @@ public:
 
     void Read()
     {
-        QString type = Word();
+        TakeSystem();
+        QString type = WithoutDimensions(Word());
         const bool isMulti = type.startsWith(QLatin1String("MULTI"));
         if (isMulti)
             type.remove(0, 5);
         for (QString further = Word(); !further.isEmpty(); further = Word()) {
             if (further == QLatin1String("EMPTY"))
                 return;
-            if (further != QLatin1String("Z") && further != QLatin1String("M") &&
-                further != QLatin1String("ZM"))
+            if (!WithoutDimensions(further).isEmpty())
                 Refuse();
         }
         if (type == QLatin1String("GEOMETRYCOLLECTION")) {
@@ -37,8 +40,40 @@ public:
     }
 
 private:
+    /// The coordinate system may stand in front, by its number: "SRID=4326;"; 0 stands for none.
+    void TakeSystem()
+    {
+        static const QRegularExpression prefix(QStringLiteral("^\\s*SRID=([0-9]+);"),
+                                               QRegularExpression::CaseInsensitiveOption);
+        const QRegularExpressionMatch match = prefix.match(m_text);
+        if (!match.hasMatch())
+            return;
+        m_place = match.capturedEnd();
+        if (match.captured(1).toInt() != 0)
+            RequireWgs84(match.captured(1));
+    }
+
+    /// What some put behind the type of a geometry with heights or measures, with or without a blank.
+    static QString WithoutDimensions(QString word)
+    {
+        for (const char dimension : {'M', 'Z'}) {
+            if (word.endsWith(QLatin1Char(dimension)))
+                word.chop(1);
+        }
+        return word;
+    }
+
+    /// Databases write geometries so, in hexadecimal digits, unless they are asked for text.
+    bool IsBinary() const
+    {
+        static const QRegularExpression binary(QStringLiteral("^\\s*0[01][0-9A-Fa-f]{8,}\\s*$"));
+        return binary.match(m_text).hasMatch();
+    }
+
     [[noreturn]] void Refuse() const
     {
+        if (IsBinary())
+            throw ImportError{QStringLiteral("well-known binary; ST_AsText makes well-known text of it")};
         constexpr int SHOWN = 60;
         const QString shown = m_text.size() > SHOWN ? m_text.left(SHOWN) + QStringLiteral("...") : m_text;
         throw ImportError{QStringLiteral("not well-known text: %1").arg(Quoted(shown))};

@@ -5,7 +5,8 @@
 
 namespace ReportCore {
 
-/// Adds the geometry that a well-known text stands for, and what hinders it from being an area. Throws `ImportError`.
+/// Adds the geometry that a well-known text stands for, and what hinders it from being an area. Throws `ImportError`
+/// and `OtherSystem`.
 void AddWkt(const QString& text, ImportedFeature& feature);
 
 } // namespace ReportCore

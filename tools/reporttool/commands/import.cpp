@@ -7,6 +7,7 @@
 #include <reportcore/files.h>
 #include <reportcore/importing/importing.h>
 #include <reportcore/reportwriting.h>
+#include <reportcore/texts.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
 
@@ -34,8 +35,39 @@ constexpr char DESCRIPTION[] =
     "Properties that bear the names of 'export' (frequency_value, area_name) become the fields of\n"
     "the report. Of an area without area_name the name is 'name'.\n"
     "\n"
+    "Points are longitude and latitude in WGS 84. A file that names another coordinate system is\n"
+    "refused, with the command that converts it.\n"
+    "\n"
+    "In csv cells are separated by commas, semicolons or tabs; which of them is found out in the\n"
+    "header. The geometry stands in a column WKT, wkt_geom, geom, the_geom or geometry, or as numbers\n"
+    "in longitude and latitude, lon or long or lng and lat, or X and Y.\n"
+    "\n"
     "Exit codes: 0 all features are written, 1 IN is not in this format or a feature makes no\n"
     "report, 2 a file cannot be read or written or the command line is wrong.";
+
+QStringList SeparatorNames()
+{
+    return {QStringLiteral("comma"), QStringLiteral("semicolon"), QStringLiteral("tab")};
+}
+
+/// Null where none is named.
+QChar SeparatorOf(const Parser& parser, const ImportFormat& format)
+{
+    if (!parser.Has("separator"))
+        return QChar();
+    if (!format.hasSeparator)
+        throw UsageError{QStringLiteral("--separator is for csv")};
+    const QString text = parser.Value("separator");
+    const auto number = SeparatorNames().indexOf(text);
+    if (number >= 0)
+        return QStringLiteral(",;\t").at(number);
+    const bool isCharacter =
+        text.size() == 1 && (text.at(0).isPunct() || text.at(0).isSymbol() || text.at(0).isSpace());
+    if (!isCharacter || QStringLiteral("\"\r\n").contains(text))
+        throw UsageError{QStringLiteral("--separator is comma, semicolon, tab or a character, not %1")
+                             .arg(ReportCore::Quoted(text))};
+    return text.at(0);
+}
 
 /// The files that the features become.
 QStringList OutputsFor(const QString& input, const QString& output, std::size_t count)
@@ -77,6 +109,12 @@ QString Write(const ImportedFeature& feature, const QString& output)
     }
 }
 
+/// Empty for standard input.
+QString NameOf(const QString& input)
+{
+    return ReportCore::IsStandardStream(input) ? QString() : input;
+}
+
 /// "feature 3"; "feature 3, part 2" where it has several.
 QString WhichOf(const ImportedFeature& feature)
 {
@@ -90,10 +128,17 @@ int WriteAll(const ImportedFeatures& features, const QStringList& outputs, const
     int exitCode = EXIT_GOOD;
     for (std::size_t i = 0; i < features.size(); ++i) {
         const QString hindrance = Write(features[i], outputs.at(static_cast<int>(i)));
-        if (hindrance.isEmpty())
-            continue;
-        console.Complain(input, QStringLiteral("%1: %2").arg(WhichOf(features[i]), hindrance));
-        exitCode = EXIT_INVALID;
+        const QString name = ReportCore::LostNameOf(features[i]);
+        if (!hindrance.isEmpty()) {
+            console.Complain(input, QStringLiteral("%1: %2").arg(WhichOf(features[i]), hindrance));
+            exitCode = EXIT_INVALID;
+        } else if (!name.isEmpty()) {
+            console.Complain(
+                QStringLiteral("warning: ") +
+                FileLine(input, QStringLiteral("%1: without a geometry there is no area, and its name "
+                                               "%2 is not kept")
+                                    .arg(WhichOf(features[i]), ReportCore::Quoted(name))));
+        }
     }
     return exitCode;
 }
@@ -105,6 +150,8 @@ void Declare(Parser& parser)
     parser.AddArgument("OUT", "File to write, - for standard output, or a folder.", "OUT");
     const QByteArray purpose = "Format to read: " + ChoiceOf(ImportFormats()).toLatin1() + '.';
     parser.AddOption("from", purpose.constData(), "format", Candidates::OneOf(NamesOf(ImportFormats())));
+    parser.AddOption("separator", "Between cells of csv: comma, semicolon, tab or another character.",
+                     "character", Candidates::OneOf(SeparatorNames()));
     parser.AddSwitch("parts", "Make a report of each part of a feature that has several.");
     parser.AddExample("import lakes.kml reports --from kml",
                       "Make a report in the folder reports of each placemark.");
@@ -116,9 +163,11 @@ int Import(const Parser& parser, Console& console)
     if (files.size() != 2)
         throw UsageError{QStringLiteral("import takes IN and OUT")};
     const ImportFormat& format = FormatOf(ImportFormats(), parser, "from");
+    const QChar separator = SeparatorOf(parser, format);
     ImportedFeatures features;
     try {
-        features = ReportCore::ReadFeatures(format, ReportCore::ReadInput(files.at(0)));
+        features = ReportCore::ReadFeatures(
+            format, {ReportCore::ReadInput(files.at(0)), NameOf(files.at(0)), separator});
     } catch (const ImportError& error) {
         console.Complain(files.at(0), error.text);
         return EXIT_INVALID;
