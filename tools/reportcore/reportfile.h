@@ -29,8 +29,8 @@ struct ReportFile
     /// Whether it is good and the library had no reason to look twice at anything.
     bool wasReadAtOnce = false;
 
-    /// Of what was read at once: whether the file says nothing that isn't in the report. Then each element comes once,
-    /// and what reads as a number is one; in XML all elements and attributes are known.
+    /// Of what was read at once: whether the report's element or body says nothing that isn't in the report. Then all
+    /// elements and attributes are known, each comes once, and what reads as a number is one.
     bool hasPlainText = false;
 
     bool IsGood() const { return problems.empty(); }

@@ -30,6 +30,7 @@ void Tally(const IRGObject& object, const ObjectInfo& info, XmlTally& tally)
             ++tally.elements;
         else if (field->Facts().place == Place::Attribute)
             ++tally.attributes;
+        tally.switches += field->Kind() == FieldKind::Switch ? 1 : 0;
         if (const std::optional<double> number = field->NumberIn(object))
             tally.hasOddNumber = tally.hasOddNumber || *number == 0.0 || !std::isfinite(*number);
     }
@@ -43,6 +44,30 @@ qint64 CountOf(const QByteArray& text, char byte)
          found = FindByte(found + 1, end, byte))
         ++count;
     return count;
+}
+
+// --- Texts
+
+bool AreBlanks(const char* begin, const char* end)
+{
+    return std::all_of(begin, end, [](char character) {
+        return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+    });
+}
+
+/// Whether texts stand only in elements that hold nothing else.
+bool HasTextsOfFieldsOnly(const QByteArray& element)
+{
+    const char* const end = element.constData() + element.size();
+    const char* last = element.constData();
+    for (const char* tag = FindByte(last + 1, end, '<'); tag != end; tag = FindByte(tag + 1, end, '<')) {
+        const char* const text = FindByte(last, tag, '>');
+        const bool isWithinElement = last[1] != '/' && tag[1] == '/';
+        if (!isWithinElement && (text == tag || !AreBlanks(text + 1, tag)))
+            return false;
+        last = tag;
+    }
+    return true;
 }
 
 // --- Entities
@@ -67,20 +92,20 @@ bool HasKnownEntitiesOnly(const QByteArray& text)
     return true;
 }
 
-// --- Numbers
+// --- Numbers and switches
 
-/// The names of the elements and attributes that hold numbers, in a class and below it.
-struct NumberNames
+/// The names of the elements and attributes that hold values of one kind, in a class and below it.
+struct ValueNames
 {
     std::vector<QByteArray> elements;
     std::vector<QByteArray> attributes;
 
-    void Take(const ObjectInfo& info)
+    void Take(const ObjectInfo& info, FieldKind kind)
     {
         for (const auto& field : info.All()) {
             if (field->HasObjects())
-                Take(field->Object());
-            if (field->Kind() != FieldKind::Number)
+                Take(field->Object(), kind);
+            if (field->Kind() != kind)
                 continue;
             const FieldFacts& facts = field->Facts();
             const QString& name = facts.place == Place::Text ? info.ObjectName() : facts.elementName;
@@ -89,14 +114,47 @@ struct NumberNames
     }
 };
 
-const NumberNames& NamesOfNumbers()
+ValueNames NamesOf(FieldKind kind)
 {
-    static const NumberNames names = [] {
-        NumberNames collected;
-        collected.Take(ReportInfo());
-        return collected;
-    }();
+    ValueNames names;
+    names.Take(ReportInfo(), kind);
     return names;
+}
+
+const ValueNames& NamesOfNumbers()
+{
+    static const ValueNames names = NamesOf(FieldKind::Number);
+    return names;
+}
+
+const ValueNames& NamesOfSwitches()
+{
+    static const ValueNames names = NamesOf(FieldKind::Switch);
+    return names;
+}
+
+/// Whether the text between a sign that comes once and an end is a switch as everybody writes it.
+bool IsSwitchBehind(const QByteArray& element, const QByteArray& sign, char last)
+{
+    const auto begin = element.indexOf(sign);
+    if (begin < 0)
+        return false;
+    const char* const text = element.constData() + begin + sign.size();
+    const char* const end = FindByte(text, element.constData() + element.size(), last);
+    const QByteArray value(text, static_cast<int>(end - text));
+    return value == "true" || value == "false" || value == "1" || value == "0";
+}
+
+bool AreSwitches(const QByteArray& element, qint64 switches)
+{
+    if (switches == 0)
+        return true;
+    qint64 found = 0;
+    for (const QByteArray& name : NamesOfSwitches().attributes)
+        found += IsSwitchBehind(element, ' ' + name + "=\"", '"') ? 1 : 0;
+    for (const QByteArray& name : NamesOfSwitches().elements)
+        found += IsSwitchBehind(element, '<' + name + '>', '<') ? 1 : 0;
+    return found == switches;
 }
 
 bool IsAmong(const std::vector<QByteArray>& names, const char* begin, const char* end)
@@ -166,8 +224,10 @@ bool HasElementsOnly(const QByteArray& element, const XmlTally& tally)
 
 bool IsPlainText(const QByteArray& element, const XmlTally& tally)
 {
-    // Signs that stand in texts count as attributes, too: then it is not plain for certain.
-    return CountOf(element, '=') == tally.attributes && HasKnownEntitiesOnly(element) &&
+    // An element that stands alone holds nothing, or a text that nobody reads. Signs that stand in texts count as
+    // attributes, too: then it is not plain for certain.
+    return tally.elements > 1 && CountOf(element, '=') == tally.attributes && HasKnownEntitiesOnly(element) &&
+           HasTextsOfFieldsOnly(element) && AreSwitches(element, tally.switches) &&
            (!tally.hasOddNumber || AreNumbers(element));
 }
 

@@ -45,8 +45,10 @@ private:
             const auto field =
                 std::find_if(object.All().begin(), object.All().end(),
                              [tag](const auto& candidate) { return candidate->Facts().tag == tag; });
-            if (field == object.All().end())
+            if (field == object.All().end()) {
+                m_isPlain = false;
                 continue;
+            }
             Note(static_cast<int>(field - object.All().begin()), seen);
             if (!Payload(payload, **field))
                 return false;
@@ -97,10 +99,27 @@ private:
         if (!payload.Has(wire::WORD_SIZE))
             return false;
         const quint32 size = payload.TakeWord();
-        const char* const text = payload.Data();
-        if (field.Kind() == FieldKind::Number)
-            m_isPlain = m_isPlain && IsPlainNumber(text, text + payload.Size());
+        m_isPlain = m_isPlain && IsPlain(payload, field);
         return size == wire::NULL_SIZE ? payload.IsEmpty() : size == payload.Size();
+    }
+
+    /// Whether the text is read as it stands there, and takes nothing away.
+    static bool IsPlain(const ByteRange& text, const Field& field)
+    {
+        switch (field.Kind()) {
+        case FieldKind::Number:
+            return IsPlainNumber(text.Data(), text.Data() + text.Size());
+        case FieldKind::Version:
+            return !field.Empties(text.Utf16());
+        default:
+            return IsAscii(text) || text.Utf8().toUtf8() == text.Bytes();
+        }
+    }
+
+    static bool IsAscii(const ByteRange& text)
+    {
+        return std::all_of(text.Data(), text.Data() + text.Size(),
+                           [](char byte) { return static_cast<signed char>(byte) > 0; });
     }
 
     const QByteArray& m_body;

@@ -9,7 +9,8 @@ namespace ReportCore {
 struct BodyLook
 {
     bool isSound = false; ///< all lengths, sizes and counts fit what there is
-    bool isPlain = false; ///< and each element comes once, and what should be a number is one
+    bool isPlain =
+        false; ///< and each element is known and comes once, and its text is read as it stands there
 };
 
 /// Root tag, root length and elements, uncompressed. It tells no more than that; a `Walk` tells what is wrong. It comes to

@@ -1,0 +1,151 @@
+#include <reportcore/losing/lostvalues.h>
+
+#include <reportcore/reportfields.h>
+#include <reportcore/spots.h>
+#include <reportcore/texts.h>
+
+#include <cmath>
+
+namespace ReportCore {
+
+namespace {
+
+QString ValueText(const QVariant& value)
+{
+    switch (value.userType()) {
+    case QMetaType::Double:
+        return NumberText(value.toDouble());
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+    default:
+        return Quoted(value.toString());
+    }
+}
+
+bool IsSameNumber(const QString& text, const QVariant& value)
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    const double read = value.toDouble();
+    return isNumber && (number == read || (std::isnan(number) && std::isnan(read)));
+}
+
+/// Of switches in XML; what is none of these reads as true.
+bool IsSameSwitch(const QString& text, bool value)
+{
+    const QString lower = text.toLower();
+    return value ? lower == QLatin1String("true") || lower == QLatin1String("1")
+                 : lower == QLatin1String("false") || lower == QLatin1String("0");
+}
+
+bool IsSame(const Field& field, const QString& text, const QVariant& value)
+{
+    switch (field.Kind()) {
+    case FieldKind::Number:
+        return IsSameNumber(text, value);
+    case FieldKind::Switch:
+        return IsSameSwitch(text, value.toBool());
+    case FieldKind::Text:
+        return text == value.toString();
+    default:
+        return true;
+    }
+}
+
+/// Whether `next` is the item behind the other one.
+bool Follows(const FieldPath& next, const FieldPath& item)
+{
+    return next.IsItem() && item.IsItem() && next.Last().field == item.Last().field &&
+           next.Last().index == item.Last().index + 1 && next.Holder() == item.Holder();
+}
+
+} // namespace
+
+void LostValues::TakeText(const FieldPath& path, const FilePlace& place, const QString& text)
+{
+    // Nothing was said where nothing is read.
+    const QVariant value = ValueAt(m_file.report, path);
+    const bool isNothing = text.isEmpty() && !value.isValid();
+    Compare(path, place, isNothing || (value.isValid() && IsSame(*path.Last().field, text, value)), text);
+}
+
+void LostValues::TakeUtf8(const FieldPath& path, const FilePlace& place, const QByteArray& text)
+{
+    const QString decoded = QString::fromUtf8(text.constData(), text.size());
+    if (path.Last().field->Kind() == FieldKind::Text && !text.isEmpty())
+        Compare(path, place, ValueAt(m_file.report, path).toString().toUtf8() == text, decoded);
+    else
+        TakeText(path, place, decoded);
+}
+
+void LostValues::TakeSwitch(const FieldPath& path, const FilePlace& place, bool value)
+{
+    TakeText(path, place, value ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+void LostValues::Compare(const FieldPath& path, const FilePlace& place, bool isSame, const QString& text)
+{
+    if (path.Last().field->Kind() == FieldKind::Version || isSame || IsHolderLost(path, place))
+        return;
+    const QVariant value = ValueAt(m_file.report, path);
+    const QString was = QStringLiteral("%1 %2").arg(path.Text(), Quoted(text));
+    m_lost.push_back({path, path, place,
+                      value.isValid() ? QStringLiteral("%1 becomes %2").arg(was, ValueText(value)) : was,
+                      text});
+}
+
+/// The outermost object that isn't there takes all that it held with it.
+bool LostValues::IsHolderLost(const FieldPath& path, const FilePlace& place)
+{
+    FieldPath object;
+    for (int i = 0; i + 1 < path.Size(); ++i) {
+        object.Enter(*path.At(i).field, path.At(i).index);
+        if (!IsSet(m_file.report, object)) {
+            Lose(object, place);
+            return true;
+        }
+    }
+    return false;
+}
+
+void LostValues::Lose(const FieldPath& object, const FilePlace& place)
+{
+    if (!m_lost.empty() && m_lost.back().last == object)
+        return;
+    if (!m_lost.empty() && Follows(object, m_lost.back().last))
+        m_lost.back().last = object;
+    else
+        m_lost.push_back({object, object, place, QString(), QString()});
+}
+
+QString LostValues::TextOf(const Lost& lost)
+{
+    if (!lost.text.isNull())
+        return lost.text;
+    if (!lost.path.IsItem())
+        return QStringLiteral("the ") + lost.path.Last().field->Label();
+    return lost.path == lost.last ? lost.path.Text()
+                                  : QStringLiteral("%1 to %2").arg(lost.path.Text(), lost.last.Text());
+}
+
+Problems LostValues::Find(const QByteArray& bytes) const
+{
+    Spots spots;
+    for (const Lost& lost : m_lost) {
+        if (lost.text.isNull())
+            spots.WantPath(lost.path);
+    }
+    if (m_file.form.IsBinary())
+        spots.SearchBinary(bytes, m_file.form.isBinaryFile);
+    else
+        spots.SearchXml(bytes);
+    Problems problems;
+    for (const Lost& lost : m_lost) {
+        const Spot* const spot = lost.text.isNull() ? spots.FindPath(lost.path) : nullptr;
+        problems.push_back({QLatin1String(LOST_VALUE), TextOf(lost), spot ? spot->place : lost.place,
+                            lost.path.Text(), lost.value});
+    }
+    return problems;
+}
+
+} // namespace ReportCore

@@ -1,0 +1,111 @@
+#include <reportcore/losses.h>
+
+#include <reportcore/doubting/doubting.h>
+#include <reportcore/losing/losing.h>
+#include <reportcore/walk.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <tuple>
+
+namespace ReportCore {
+
+namespace {
+
+bool IsOneOf(const Problem& problem, std::initializer_list<const char*> names)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&problem](const char* name) { return problem.name == QLatin1String(name); });
+}
+
+/// With such a problem there is no report.
+bool IsAboutAll(const Problem& problem)
+{
+    return IsOneOf(problem, {UNKNOWN_FORM, NO_REPORT, DAMAGED_DATA, TOO_LARGE});
+}
+
+/// The library's words for what it could not go on with.
+bool EndsReading(const Problem& problem)
+{
+    return IsOneOf(problem, {"RGException", "BinaryParsingException"});
+}
+
+bool StandsBefore(const Problem& left, const Problem& right)
+{
+    const auto key = [](const Problem& problem) {
+        const FilePlace& place = problem.place;
+        return std::make_tuple(place.isUncompressed, place.line, place.column, place.offset);
+    };
+    return key(left) < key(right);
+}
+
+/// Whether the report has all that its file says, as far as its reading has told.
+bool IsWhole(const QByteArray& bytes, const ReportFile& file)
+{
+    if (!file.hasPlainText)
+        return false;
+    return file.form.IsBinary() ||
+           (file.objectName == REPORTGENERATOR::ReportBase::GetStaticObjectName() && !bytes.contains('\r'));
+}
+
+/// Where the bytes end that hold the fields.
+FilePlace EndOf(const QByteArray& bytes, const ReportFile& file)
+{
+    Walk walk(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
+    walk.Frame();
+    return {0, 0, walk.BodyOffset() + walk.BodyBytes().size(), walk.IsCompressed()};
+}
+
+/// Reading broke off: an object that is lost then goes on to where nobody knows.
+void LoseRest(const FilePlace& end, Problems& losses)
+{
+    const bool isLastObject =
+        !losses.empty() && losses.back().name == QLatin1String(LOST_VALUE) && losses.back().value.isNull();
+    if (!isLastObject)
+        losses.push_back({QLatin1String(LOST_REST), QStringLiteral("what stands"), end});
+    Problem& last = losses.back();
+    last.name = QLatin1String(LOST_REST);
+    last.text = QStringLiteral("%1 from %2 on").arg(last.text, PlaceText(last.place));
+}
+
+/// What reading itself has told: bytes that belong to nothing, claims that nothing stands behind, the rest of what it
+/// could not read.
+void AddProblems(const QByteArray& bytes, const ReportFile& file, Problems& losses)
+{
+    const bool isXml = file.form.form == Form::Xml;
+    for (const Problem& problem : file.problems) {
+        if (EndsReading(problem))
+            LoseRest(isXml ? problem.place : EndOf(bytes, file), losses);
+        else if (isXml && IsOneOf(problem, {TRAILING_DATA}))
+            losses.push_back({problem.name,
+                              QStringLiteral("what stands from %1 on").arg(PlaceText(problem.place)),
+                              problem.place});
+        else if (IsOneOf(problem, {LENGTH_MISMATCH, TRAILING_DATA}))
+            losses.push_back(problem);
+    }
+}
+
+} // namespace
+
+Problems FindLosses(const QByteArray& bytes, const ReportFile& file)
+{
+    const auto all = std::find_if(file.problems.begin(), file.problems.end(), IsAboutAll);
+    if (all != file.problems.end()) {
+        Problem whole = *all;
+        whole.text = QStringLiteral("the whole file: ") + all->text;
+        return {whole};
+    }
+    Problems losses;
+    if (!IsWhole(bytes, file))
+        losses = file.form.IsBinary() ? FindBinaryLosses(bytes, file) : FindXmlLosses(bytes, file);
+    std::stable_sort(losses.begin(), losses.end(), StandsBefore);
+    AddProblems(bytes, file, losses);
+    if (file.form.form == Form::Compressed) {
+        const Problems behind = FindDataBehind(bytes, file.form.isBinaryFile);
+        losses.insert(losses.end(), behind.begin(), behind.end());
+    }
+    std::stable_sort(losses.begin(), losses.end(), StandsBefore);
+    return losses;
+}
+
+} // namespace ReportCore
