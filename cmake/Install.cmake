@@ -61,6 +61,12 @@ if(TARGET reporttool AND NOT WIN32)
         COMPONENT types)
 endif()
 
+# --- Schemas of the forms and of what reporttool writes as JSON, the same for every Qt
+
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/schemas"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/reportgenerator"
+    COMPONENT types)
+
 # By which desktops offer the window for reports.
 if(TARGET reportviewer AND UNIX AND NOT APPLE)
     set(viewerName "reportviewer${REPORTGENERATOR_FILE_SUFFIX}")

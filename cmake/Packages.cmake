@@ -149,8 +149,8 @@ string(CONCAT CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "${packageOf_documentation}")
 
 if(headers IN_LIST components)
-    reportgenerator_package(types utils "types of files for reports of radio monitoring"
-        "This package has desktops and the program file know reports by their content.")
+    reportgenerator_package(types utils "types of files and schemas for reports of radio monitoring"
+        "This package has desktops and the program file know reports by their content,\nand holds schemas for programs that read reports without the library.")
     set(CPACK_DEBIAN_TYPES_PACKAGE_ARCHITECTURE all)
 
     reportgenerator_package(headers libdevel "report data model of radio monitoring - headers"

@@ -120,6 +120,7 @@ test_runtime() {
             reporttool-types)
                 expect_file /usr/share/mime/packages/reportgenerator.xml
                 expect_file /usr/share/file/magic/reportgenerator
+                expect_file /usr/share/reportgenerator/schemas/catalog.xml
                 ;;
             reporttool*) try_tool "$package" ;;
             reportviewer*) try_viewer "$package" ;;
