@@ -120,9 +120,9 @@ TEST_F(ToolExport, CsvHasALineForEachReport)
 {
     ExpectExport("csv", "file,frequency_value,frequency_min,frequency_max,frequency_use,ifBandwidth_value,"
                         "ifBandwidth_min,ifBandwidth_max,area_name,area_version,area_scriptId,WKT\r\n"
-                        "full.xml,121500000,117975000,137000000,true,8333.33,,,Zürichsee,1.0,VHF-1215,"
+                        "full.xml,121500000.0,117975000.0,137000000.0,true,8333.33,,,Zürichsee,1.0,VHF-1215,"
                         "\"LINESTRING (8.54 47.36, 8.685 47.258)\"\r\n"
-                        "lake.xml,8414500,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,"
+                        "lake.xml,8414500.0,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,"
                         "\"POLYGON ((9 47.5, 10 47.5, 9.5 48, 9 47.5))\"\r\n"
                         "empty.xml,,,,,,,,,,,\r\n");
 }
@@ -134,11 +134,11 @@ TEST_F(ToolExport, CsvPointsHaveALineForEachPoint)
         "file,frequency_value,frequency_min,frequency_max,frequency_use,ifBandwidth_value,"
         "ifBandwidth_min,ifBandwidth_max,area_name,area_version,area_scriptId,"
         "point,longitude,latitude\r\n"
-        "full.xml,121500000,117975000,137000000,true,8333.33,,,Zürichsee,1.0,VHF-1215,1,8.54,47.36\r\n"
-        "full.xml,121500000,117975000,137000000,true,8333.33,,,Zürichsee,1.0,VHF-1215,2,8.685,47.258\r\n"
-        "lake.xml,8414500,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,1,9,47.5\r\n"
-        "lake.xml,8414500,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,2,9.5,48\r\n"
-        "lake.xml,8414500,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,3,10,47.5\r\n"
+        "full.xml,121500000.0,117975000.0,137000000.0,true,8333.33,,,Zürichsee,1.0,VHF-1215,1,8.54,47.36\r\n"
+        "full.xml,121500000.0,117975000.0,137000000.0,true,8333.33,,,Zürichsee,1.0,VHF-1215,2,8.685,47.258\r\n"
+        "lake.xml,8414500.0,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,1,9.0,47.5\r\n"
+        "lake.xml,8414500.0,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,2,9.5,48.0\r\n"
+        "lake.xml,8414500.0,,,false,,,,\"Lake, \"\"deep\"\"\",1.0,,3,10.0,47.5\r\n"
         "empty.xml,,,,,,,,,,,,,\r\n");
 }
 
@@ -297,7 +297,7 @@ TEST_F(ToolExport, StandardInputIsAFileToo)
 {
     const ToolRun run = RunTool({"export", "-", "--to", "csv"}, {LAKE, {}, {}});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_TRUE(run.output.contains("\n-,8414500,"));
+    EXPECT_TRUE(run.output.contains("\n-,8414500.0,"));
 }
 
 // --- What doesn't work

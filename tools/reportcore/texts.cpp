@@ -2,6 +2,8 @@
 
 #include <QtCore/QLocale>
 
+#include <cmath>
+
 namespace ReportCore {
 
 namespace {
@@ -65,6 +67,13 @@ QString Quoted(const QString& text)
 QString NumberText(double number)
 {
     return QString::number(number, 'f', QLocale::FloatingPointShortest);
+}
+
+QString FractionText(double number)
+{
+    const QString text = NumberText(number);
+    const bool isWhole = std::isfinite(number) && !text.contains(QLatin1Char('.'));
+    return isWhole ? text + QStringLiteral(".0") : text;
 }
 
 } // namespace ReportCore

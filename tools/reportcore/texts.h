@@ -15,6 +15,9 @@ QString Quoted(const QString& text);
 /// and "-inf" for what is no number.
 QString NumberText(double number);
 
+/// The same with a fraction always, "100.0", so that who guesses a type from it comes to the same one each time.
+QString FractionText(double number);
+
 } // namespace ReportCore
 
 #endif

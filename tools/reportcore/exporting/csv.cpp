@@ -51,12 +51,17 @@ QByteArray HeaderLine(const QStringList& further)
     return (cells + further).join(QLatin1Char(',')).toUtf8() + LINE_END;
 }
 
+QString ValueText(const QVariant& value)
+{
+    return value.userType() == QMetaType::Double ? FractionText(value.toDouble()) : PropertyText(value);
+}
+
 /// The values, without what stands behind them.
 QByteArray Values(const Feature& feature)
 {
     QStringList cells{Cell(FileText(feature.file), true)};
     for (const QVariant& value : feature.values)
-        cells << Cell(PropertyText(value), value.userType() == QMetaType::QString);
+        cells << Cell(ValueText(value), value.userType() == QMetaType::QString);
     return cells.join(QLatin1Char(',')).toUtf8();
 }
 
@@ -91,8 +96,8 @@ public:
         for (const Point& point : feature.outline) {
             ++number;
             lines += values + ',' + QByteArray::number(number) + ',' +
-                     NumberText(point.longitude).toLatin1() + ',' + NumberText(point.latitude).toLatin1() +
-                     LINE_END;
+                     FractionText(point.longitude).toLatin1() + ',' +
+                     FractionText(point.latitude).toLatin1() + LINE_END;
         }
         return {{}, lines};
     }

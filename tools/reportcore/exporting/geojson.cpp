@@ -75,14 +75,11 @@ QByteArray TextJson(const QString& text)
     return array.mid(1, array.size() - 2);
 }
 
-/// Readers make a column of what they find in it. It stays one of numbers with a fraction: whole numbers have ".0", and
-/// what is no number is null, like what is not set.
+/// Readers make a column of what they find in it. It stays one of numbers with a fraction: what is no number is null, like
+/// what is not set.
 QByteArray NumberJson(double number)
 {
-    if (!std::isfinite(number))
-        return "null";
-    const QByteArray digits = NumberText(number).toLatin1();
-    return digits.contains('.') ? digits : digits + ".0";
+    return std::isfinite(number) ? FractionText(number).toLatin1() : "null";
 }
 
 QByteArray ValueJson(const QVariant& value)
