@@ -5,6 +5,6 @@ command_gdal() {
     (($# == 0)) || fail "gdal takes no arguments"
     need gdal-bin
     build dev
-    say "Having GDAL read what reporttool exports"
+    say "Having GDAL read what reporttool exports, and convert what it doesn't import"
     run ctest --preset dev -R "^gdal[.]"
 }
