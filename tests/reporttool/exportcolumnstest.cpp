@@ -92,4 +92,28 @@ TEST(ToolExportColumns, AreThoseOfThePages)
     EXPECT_TRUE(Page("reporttool.md").contains(rows)) << rows.toStdString();
 }
 
+TEST(ToolExportColumns, TypesThatDatabasesAreToldAreThoseOfTheColumns)
+{
+    const QString page = Page("spatial-databases.md");
+    const TypeWords csvt{QStringLiteral("Real"), QStringLiteral("Integer(Boolean)"),
+                         QStringLiteral("String")};
+    const TypeWords postgis{QStringLiteral("double precision"), QStringLiteral("boolean"),
+                            QStringLiteral("text")};
+    const TypeWords duckdb{QStringLiteral("DOUBLE"), QStringLiteral("BOOLEAN"), QStringLiteral("VARCHAR")};
+    QString csvtLine = QStringLiteral("String");
+    QString postgisTable = QStringLiteral("    file text,\n");
+    QString duckdbFields = QStringLiteral("file VARCHAR");
+    QString duckdbTable = QStringLiteral("    file VARCHAR,\n");
+    for (const PropertyType& type : PropertyTypes()) {
+        csvtLine += QLatin1Char(',') + csvt.Of(type.kind);
+        postgisTable += QStringLiteral("    %1 %2,\n").arg(type.name, postgis.Of(type.kind));
+        duckdbFields += QStringLiteral(", %1 %2").arg(type.name, duckdb.Of(type.kind));
+        duckdbTable += QStringLiteral("    %1 %2,\n").arg(type.name, duckdb.Of(type.kind));
+    }
+    for (const QString& text : {csvtLine + QStringLiteral(",WKT"), postgisTable, duckdbTable})
+        EXPECT_TRUE(page.contains(text)) << text.toStdString();
+    // There it stands on several lines.
+    EXPECT_TRUE(page.simplified().contains(duckdbFields)) << duckdbFields.toStdString();
+}
+
 } // namespace

@@ -1,0 +1,16 @@
+# shellcheck shell=bash
+# Part of ./dev: databases that take what ours writes.
+
+command_databases() {
+    (($# == 0)) || fail "databases takes no arguments"
+    need gdal-bin postgresql-15-postgis-3 python3-venv
+    local folder=build/databases
+    if [[ ! -x $folder/bin/duckdb ]]; then
+        run /usr/bin/python3 -m venv "$folder"
+        # The extension is that of the same version.
+        run "$folder/bin/pip" install --quiet --no-deps duckdb-cli==1.5.5 duckdb-extension-spatial==1.5.5
+    fi
+    build dev
+    say "Running the commands of docs/spatial-databases.md"
+    run ctest --preset dev -R "^databases[.]"
+}
