@@ -50,9 +50,9 @@ TEST(ToolExportColumns, EveryBatchHasTheSame)
             "file,frequency_value,frequency_min,frequency_max,frequency_use,ifBandwidth_value,"
             "ifBandwidth_min,ifBandwidth_max,area_name,area_version,area_scriptId,point,longitude,latitude");
         const QString line = Export(batch, "geojsonl");
-        int place = line.indexOf(QStringLiteral("\"properties\":{\"file\":"));
+        auto place = line.indexOf(QStringLiteral("\"properties\":{\"file\":"));
         for (const PropertyType& type : PropertyTypes()) {
-            const int next = line.indexOf(QStringLiteral(",\"%1\":").arg(type.name), place);
+            const auto next = line.indexOf(QStringLiteral(",\"%1\":").arg(type.name), place);
             EXPECT_GT(next, place) << type.name.toStdString() << " in " << line.toStdString();
             place = next;
         }
