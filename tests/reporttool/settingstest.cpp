@@ -69,6 +69,56 @@ TEST(ToolSettings, TellsWhatIsRefused)
                               "    1:1: Ellipse\n");
 }
 
+TEST(ToolSettings, JsonHasWhatIsTakenAndRefusedAndLeft)
+{
+    const ToolRun run = RunTool({"settings", "--dry-run", "--json", "-"},
+                                {"<Frequency Colour=\"red\">5</Frequency>\n"
+                                 "<ChannelSpacing/><Ellipse><Tilt>5</Tilt></Ellipse>",
+                                 {},
+                                 {}});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TEXT(run.Output(), R"({
+    "file": "-",
+    "left": [
+        {
+            "column": 1,
+            "line": 1,
+            "path": "Frequency@Colour"
+        },
+        {
+            "column": 18,
+            "line": 2,
+            "path": "Ellipse"
+        }
+    ],
+    "refused": [
+        {
+            "column": 18,
+            "line": 2,
+            "name": "RGException",
+            "object": "Ellipse",
+            "text": "Unknown Tag 'Tilt' in 'Ellipse'."
+        }
+    ],
+    "taken": [
+        {
+            "column": 1,
+            "line": 2,
+            "object": "ChannelSpacing",
+            "xml": null
+        },
+        {
+            "column": 1,
+            "line": 1,
+            "object": "Frequency",
+            "xml": "<Frequency>5.00</Frequency>"
+        }
+    ]
+}
+)");
+    EXPECT_TEXT(run.Errors(), "");
+}
+
 TEST(ToolSettings, NothingThatAnybodyTakes)
 {
     const ToolRun run = DryRun("<Antenna/>");

@@ -168,6 +168,14 @@ def main():
         difference = json.loads(test.output("diff", "--json", a, b))
         test.hold("diff.schema.json", difference)
         test.hold_spoilt("diff.schema.json", difference)
+
+    # Something that is taken, that is taken without data, that is refused and that is left.
+    fragment = scratch / "fragment.xml"
+    fragment.write_text("<Frequency Colour='red'>5</Frequency><ChannelSpacing/><Ellipse><Tilt/></Ellipse>", encoding="utf-8")
+    for file in (fragment, *sorted((source / "tests/vectors").glob("*/*.xml"))):
+        outcome = json.loads(test.output("settings", "--dry-run", "--json", file))
+        test.hold("settings.schema.json", outcome)
+        test.hold_spoilt("settings.schema.json", outcome)
     return test.end()
 
 
