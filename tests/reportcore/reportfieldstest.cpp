@@ -129,7 +129,8 @@ TEST(ReportFields, WrongPathsAreRefusedInWords)
         const char* text;
     } const rows[] = {
         {"", ": no field is called \"\"; there are frequency, ifBandwidth, area"},
-        {"frequency.valu", "frequency.valu: no field is called \"valu\"; there are min, max, use, value"},
+        {"frequency.valu",
+         "frequency.valu: no field is called \"valu\", did you mean 'value'? There are min, max, use, value"},
         {"frequency.value.x", "frequency.value.x: frequency.value holds no fields"},
         {"area.coordinate.latitude", "area.coordinate.latitude: area.coordinate holds no fields"},
         {"area.coordinate[0]",

@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUse{"NoCommand", {}, "no command is given"},
         WrongUse{"UnknownCommand", {"print"}, "no command is called 'print'"},
         WrongUse{"OptionBeforeCommand", {"--json", "show", "a"}, "Unknown option 'json'."},
-        WrongUse{"UnknownOption", {"show", "--jsn", "a"}, "Unknown option 'jsn'."},
+        WrongUse{"UnknownOption", {"show", "--jsn", "a"}, "Unknown option 'jsn'. Did you mean '--json'?"},
         WrongUse{"OptionOfAnotherCommand", {"check", "--dump", "a"}, "Unknown option 'dump'."},
         WrongUse{"ShowWithoutFile", {"show"}, "no file is given"},
         WrongUse{"CheckWithoutFile", {"check"}, "no file is given"},

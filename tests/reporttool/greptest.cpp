@@ -172,8 +172,8 @@ TEST(ToolGrep, WhatCannotBeUnderstoodIsToldWithItsColumn)
         const char* text;
     } rows[] = {{"", "1: the path of a field is expected, nothing follows"},
                 {"frequency.value", "16: a comparison is expected, nothing follows"},
-                {"frequency.valu = 5",
-                 "1: frequency.valu: no field is called \"valu\"; there are min, max, use, value"},
+                {"frequency.valu = 5", "1: frequency.valu: no field is called \"valu\", did you mean "
+                                       "'value'? There are min, max, use, value"},
                 {"frequency set and frequency.value = high", "37: a number is expected, not \"high\""},
                 {"frequency.value in 5", "21: '..' is expected, nothing follows"},
                 {"frequency.value in 5..", "23: a number is expected, nothing follows"},

@@ -210,7 +210,7 @@ TEST(ToolSet, WrongUseEndsWithTwo)
         {{"set", "in", "-o", "out"}, "there is nothing to set"},
         {{"set", "in", "frequency.value", "-o", "out"}, "'frequency.value' is no assignment: PATH=VALUE"},
         {{"set", "in", "frequency.valu=1", "-o", "out"},
-         "frequency.valu: no field is called \"valu\"; there are min, max, use, value"},
+         "frequency.valu: no field is called \"valu\", did you mean 'value'? There are min, max, use, value"},
         {{"set", "in", "frequency.value=high", "-o", "out"},
          "frequency.value: value is a number, not \"high\""},
         {{"set", "in", "frequency.value=nan", "-o", "out"},

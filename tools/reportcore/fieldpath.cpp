@@ -1,5 +1,6 @@
 #include <reportcore/fieldpath.h>
 
+#include <reportcore/nearname.h>
 #include <reportcore/texts.h>
 
 #include <QtCore/QStringList>
@@ -15,12 +16,17 @@ constexpr QLatin1Char OPENING('[');
 constexpr QLatin1Char CLOSING(']');
 constexpr std::size_t HASH_FACTOR = 31;
 
-QString NamesOf(const ObjectInfo& object)
+PathError NoField(const ObjectInfo& object, const QString& name, const QString& path)
 {
     QStringList names;
     for (const auto& field : object.All())
         names << field->Name();
-    return names.join(QLatin1String(", "));
+    const QString suggestion = Suggestion(names, name);
+    return {QStringLiteral("%1: no field is called %2%3 %4")
+                .arg(Printable(path), Quoted(name),
+                     suggestion.isEmpty() ? QStringLiteral("; there are")
+                                          : suggestion + QStringLiteral(" There are"),
+                     names.join(QLatin1String(", ")))};
 }
 
 /// The index of an item, from "coordinate[17]"; that of no item where there are no brackets.
@@ -42,8 +48,7 @@ FieldPath::Step ParseStep(const ObjectInfo& object, const QString& step, const Q
     const QString name = step.left(step.indexOf(OPENING));
     const Field* const field = object.FindName(name);
     if (!field)
-        throw PathError{QStringLiteral("%1: no field is called %2; there are %3")
-                            .arg(Printable(path), Quoted(name), NamesOf(object))};
+        throw NoField(object, name, path);
     const int index = IndexOf(step, path);
     if (index != FieldPath::WHOLE && field->Kind() != FieldKind::List)
         throw PathError{QStringLiteral("%1: %2 is no list").arg(Printable(path), field->Name())};

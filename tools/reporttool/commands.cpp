@@ -5,6 +5,7 @@
 #include <reporttool/parser.h>
 
 #include <reportcore/files.h>
+#include <reportcore/nearname.h>
 
 #include <algorithm>
 #include <iterator>
@@ -43,16 +44,20 @@ QString Lines()
     return lines;
 }
 
-/// "show, convert or check"
-QString Names()
+QStringList Names()
 {
-    QString names;
-    for (const Command* command : COMMANDS) {
-        if (command != *std::begin(COMMANDS))
-            names += command == *std::rbegin(COMMANDS) ? QStringLiteral(" or ") : QStringLiteral(", ");
-        names += QLatin1String(command->name);
-    }
+    QStringList names;
+    for (const Command* command : COMMANDS)
+        names << QLatin1String(command->name);
     return names;
+}
+
+/// "show, convert or check"
+QString Choice()
+{
+    QStringList names = Names();
+    const QString last = names.takeLast();
+    return names.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
 }
 
 int RunGeneral(const QStringList& arguments, Console& console)
@@ -99,11 +104,11 @@ const Command* FindCommand(const QString& name)
 
 UsageError NoCommand(const QString& name)
 {
-    return {QStringLiteral("no command is called '%1'").arg(name)};
+    return {QStringLiteral("no command is called '%1'").arg(name) + ReportCore::Suggestion(Names(), name)};
 }
 
 GeneralParser::GeneralParser()
-    : Parser(QStringLiteral("COMMAND"), QStringLiteral("What to do: %1.").arg(Names()))
+    : Parser(QStringLiteral("COMMAND"), QStringLiteral("What to do: %1.").arg(Choice()))
 {
     SetDescription(QString(QLatin1String(GENERAL_DESCRIPTION)).arg(Lines()));
     AddArgument("ARGUMENT", "Files and options of the command.", "[ARGUMENT...]");

@@ -5,6 +5,8 @@
 
 #include <reporttool/parser.h>
 
+#include <reportcore/nearname.h>
+
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -54,7 +56,8 @@ const Format& FormatOf(const std::vector<Format>& formats, const Parser& parser,
         return name == QLatin1String(format.name);
     });
     if (found == formats.end())
-        throw UsageError{QStringLiteral("no format is called '%1'").arg(name)};
+        throw UsageError{QStringLiteral("no format is called '%1'").arg(name) +
+                         ReportCore::Suggestion(NamesOf(formats), name)};
     return *found;
 }
 

@@ -2,6 +2,8 @@
 
 #include <reporttool/parser.h>
 
+#include <reportcore/nearname.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -21,13 +23,22 @@ constexpr char JSON[] = "json";
 constexpr FileForm FORMS[] = {
     {Form::Xml, false}, {Form::Plain, false}, {Form::Compressed, false}, {Form::Plain, true}};
 
+QStringList FormNames()
+{
+    QStringList names;
+    for (const FileForm& form : FORMS)
+        names << ReportCore::WordFor(form);
+    return names << QLatin1String(JSON);
+}
+
 FileForm FormCalled(const QString& name)
 {
     const auto* const found = std::find_if(std::begin(FORMS), std::end(FORMS), [&name](const FileForm& form) {
         return name == ReportCore::WordFor(form);
     });
     if (found == std::end(FORMS))
-        throw UsageError{QStringLiteral("no form is called '%1'").arg(name)};
+        throw UsageError{QStringLiteral("no form is called '%1'").arg(name) +
+                         ReportCore::Suggestion(FormNames(), name)};
     return *found;
 }
 
@@ -58,12 +69,8 @@ FileForm WithLevel(const FileForm& form, bool hasLevel)
 
 void AddFormOptions(Parser& parser)
 {
-    QStringList names;
-    for (const FileForm& form : FORMS)
-        names << ReportCore::WordFor(form);
-    names << QLatin1String(JSON);
     parser.AddOption("to", "Form to write: xml, plain, compressed, file or json.", "form",
-                     Candidates::OneOf(names));
+                     Candidates::OneOf(FormNames()));
     parser.AddOption("level", "Level of compression: 0 to 9, or -1 for zlib's default.", "level");
 }
 

@@ -4,6 +4,7 @@
 #include <reporttool/filelist.h>
 
 #include <reportcore/files.h>
+#include <reportcore/nearname.h>
 #include <reportcore/texts.h>
 
 #include <QtCore/QFileInfo>
@@ -132,12 +133,12 @@ void Parser::ParseOrThrow(const QStringList& arguments)
 {
     m_commandLine = arguments;
     if (!parse(arguments))
-        throw UsageError{errorText() + HintAtFile()};
+        throw UsageError{errorText() + HintAtUnknownOption()};
     RequireOneValueEach();
 }
 
-/// Where an option that isn't known is the name of a file.
-QString Parser::HintAtFile() const
+/// What was meant by an option that isn't known, as far as one can tell.
+QString Parser::HintAtUnknownOption() const
 {
     if (unknownOptionNames().isEmpty())
         return QString();
@@ -146,10 +147,40 @@ QString Parser::HintAtFile() const
         return argument.startsWith(QLatin1Char('-')) && argument != QLatin1String("-") &&
                QFileInfo::exists(argument);
     });
-    if (file == end)
-        return QString();
-    return QStringLiteral(" There is a file of that name: write './%1', or '--' before it.")
-        .arg(ReportCore::Printable(*file));
+    const QString file = FileAmongOptions();
+    if (!file.isEmpty())
+        return QStringLiteral(" There is a file of that name: write './%1', or '--' before it.")
+            .arg(ReportCore::Printable(file));
+    const QString option = NearestOption();
+    return option.isEmpty() ? QString() : QStringLiteral(" Did you mean '--%1'?").arg(option);
+}
+
+/// The name of a file that looks like an option.
+QString Parser::FileAmongOptions() const
+{
+    return file == end ? QString() : *file;
+}
+
+/// The long name that one which isn't known is near to, be it with a single dash.
+QString Parser::NearestOption() const
+{
+    QStringList known;
+    for (const Option& option : m_allOptions) {
+        if (option.names.last().size() > 1)
+            known << option.names.last();
+    }
+    QStringList names = unknownOptionNames();
+    for (const QString& argument : m_commandLine.mid(1)) {
+        const QString name = argument.mid(1).section(QLatin1Char('='), 0, 0);
+        if (argument.startsWith(QLatin1Char('-')) && !name.startsWith(QLatin1Char('-')) && name.size() > 1)
+            names << name;
+    }
+    for (const QString& name : names) {
+        const QString nearest = ReportCore::NearestOf(known, name);
+        if (!nearest.isNull())
+            return nearest;
+    }
+    return QString();
 }
 
 void Parser::RequireOneValueEach() const

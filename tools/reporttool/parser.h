@@ -132,7 +132,9 @@ public:
 
 private:
     void Add(const QCommandLineOption& option, const Candidates& candidates);
-    QString HintAtFile() const;
+    QString HintAtUnknownOption() const;
+    QString FileAmongOptions() const;
+    QString NearestOption() const;
     void RequireOneValueEach() const;
 
     QStringList m_commandLine;

@@ -1,7 +1,7 @@
 #include <reportcore/doubting/doubting.h>
 
-#include <reportcore/doubting/nearname.h>
 #include <reportcore/form.h>
+#include <reportcore/nearname.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
 #include <reportcore/xmlelements.h>

@@ -1,4 +1,4 @@
-#include <reportcore/doubting/nearname.h>
+#include <reportcore/nearname.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -51,13 +51,36 @@ bool IsNear(const QString& name, const QString& known)
     return DistanceOf(name, known) <= farthest;
 }
 
+QString NearestOf(const QStringList& known, const QString& name)
+{
+    QString nearest;
+    int distance = 0;
+    for (const QString& candidate : known) {
+        if (!IsNear(name, candidate))
+            continue;
+        const int found = DistanceOf(name, candidate);
+        if (nearest.isNull() || found < distance) {
+            nearest = candidate;
+            distance = found;
+        }
+    }
+    return nearest;
+}
+
+QString Suggestion(const QStringList& known, const QString& name)
+{
+    const QString nearest = NearestOf(known, name);
+    return nearest.isNull() ? QString() : QStringLiteral(", did you mean '%1'?").arg(nearest);
+}
+
 QString NearestName(const ObjectInfo& info, Place place, const QString& name)
 {
+    QStringList known;
     for (const auto& field : info.All()) {
-        if (field->Facts().place == place && IsNear(name, field->Facts().elementName))
-            return field->Facts().elementName;
+        if (field->Facts().place == place)
+            known << field->Facts().elementName;
     }
-    return QString();
+    return NearestOf(known, name);
 }
 
 } // namespace ReportCore
