@@ -7,7 +7,6 @@
 namespace {
 
 using ReportPicture::GraticuleStep;
-using ReportPicture::HertzText;
 using ReportPicture::LatitudeText;
 using ReportPicture::LengthText;
 using ReportPicture::LongitudeText;
@@ -63,10 +62,6 @@ TEST(MapScale, TextsHaveTheirUnits)
     EXPECT_TEXT(LatitudeText(-10.0), "10° S");
     EXPECT_TEXT(LengthText(50.0), "50 km");
     EXPECT_TEXT(LengthText(0.2), "200 m");
-    EXPECT_TEXT(HertzText(121500000.0), "121.5 MHz");
-    EXPECT_TEXT(HertzText(8333.33), "8.33333 kHz");
-    EXPECT_TEXT(HertzText(2.4e9), "2.4 GHz");
-    EXPECT_TEXT(HertzText(500.0), "500 Hz");
 }
 
 } // namespace

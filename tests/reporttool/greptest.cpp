@@ -164,6 +164,17 @@ TEST(ToolGrep, ReportWithProblemsCountsAsFarAsItCanBeRead)
     ExpectFulfils("frequency.value = 5", true, "<ReportBase><Frequency>5</Frequency><Area/></ReportBase>");
 }
 
+TEST(ToolGrep, FrequenciesMayHaveUnits)
+{
+    ExpectFulfils("frequency.value = 121.5MHz", true);
+    ExpectFulfils("frequency.value = 121.5 MHz", true);
+    ExpectFulfils("frequency.value in 118 MHz..137 MHz and area set", true);
+    ExpectFulfils("frequency.value in 118MHz..0.137GHz", true);
+    ExpectFulfils("frequency.value in 0..121500 kHz", true);
+    ExpectFulfils("(frequency.min < 118000001 Hz)", true);
+    ExpectFulfils("frequency.min > 118 MHz or frequency.value < 121.4 MHz", false);
+}
+
 TEST(ToolGrep, WhatCannotBeUnderstoodIsToldWithItsColumn)
 {
     const struct
@@ -175,6 +186,15 @@ TEST(ToolGrep, WhatCannotBeUnderstoodIsToldWithItsColumn)
                 {"frequency.valu = 5", "1: frequency.valu: no field is called \"valu\", did you mean "
                                        "'value'? There are min, max, use, value"},
                 {"frequency set and frequency.value = high", "37: a number is expected, not \"high\""},
+                {"frequency.value = 5Mhz",
+                 "19: no unit is called 'Mhz', did you mean 'MHz'? There are Hz, kHz, MHz, GHz"},
+                {"frequency.value = 5 mhz",
+                 "19: no unit is called 'mhz', did you mean 'MHz'? There are Hz, kHz, MHz, GHz"},
+                {"frequency.value = 5 high", "21: 'and', 'or' or the end is expected, not \"high\""},
+                {"frequency.value in 118..137 MHz", "20: a unit is expected here, too"},
+                {"frequency.value in 118MHz..137", "28: a unit is expected here, too"},
+                {"area.coordinate[1].latitude > 5 MHz", "31: latitude is in degrees, not in MHz"},
+                {"area contains 5 MHz,6", "17: ',' is expected, not \"MHz\""},
                 {"frequency.value in 5", "21: '..' is expected, nothing follows"},
                 {"frequency.value in 5..", "23: a number is expected, nothing follows"},
                 {"frequency = 5", "1: frequency is no value: 'set', 'unset' and 'contains' can be asked"},

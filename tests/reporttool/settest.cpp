@@ -154,6 +154,21 @@ TEST(ToolSet, TextMayHoldSignsAndBeEmpty)
     EXPECT_TRUE(shown.contains(QLatin1String("        name:          \"a=b\"\n"))) << shown.toStdString();
 }
 
+TEST(ToolSet, FrequenciesMayHaveUnits)
+{
+    const Scratch scratch;
+    scratch.Write("in", FREQUENCY);
+    EXPECT_EQ(RunIn(scratch, {"set", "in", "frequency.value=121.5MHz", "frequency.min=118 MHz",
+                              "ifBandwidth.value=25 kHz", "-o", "out"})
+                  .exitCode,
+              0);
+    scratch.Write("expected", "<ReportBase><Frequency Min=\"118000000\">121500000</Frequency>"
+                              "<IFBandwidth>25000</IFBandwidth></ReportBase>");
+    const ToolRun diff = RunIn(scratch, {"diff", "out", "expected"});
+    EXPECT_TEXT(diff.Output(), "");
+    EXPECT_EQ(diff.exitCode, 0);
+}
+
 TEST(ToolSet, WhatTheSetterRefusesIsRefused)
 {
     ExpectRefused(
@@ -216,6 +231,8 @@ TEST(ToolSet, WrongUseEndsWithTwo)
         {{"set", "in", "frequency.value=nan", "-o", "out"},
          "frequency.value: value is a number, not \"nan\""},
         {{"set", "in", "frequency.min=-inf", "-o", "out"}, "frequency.min: min is a number, not \"-inf\""},
+        {{"set", "in", "area.coordinate[1].latitude=5 MHz", "-o", "out"},
+         "area.coordinate[1].latitude: latitude is in degrees, not in MHz"},
         {{"set", "in", "frequency.use=1", "-o", "out"}, "frequency.use: use is true or false, not \"1\""},
         {{"set", "in", "frequency=1", "-o", "out"}, "frequency: frequency is no value"},
         {{"set", "in", "area.version=1.0", "-o", "out"}, "area.version: version cannot be set"},

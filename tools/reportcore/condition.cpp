@@ -1,10 +1,9 @@
 #include <reportcore/condition.h>
 
 #include <reportcore/areapoints.h>
-#include <reportcore/conditionwords.h>
+#include <reportcore/conditionnumbers.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/ring.h>
-#include <reportcore/texts.h>
 
 #include <QtCore/QRegularExpression>
 
@@ -64,20 +63,11 @@ public:
     {
         TestPointer test = ParseOr();
         if (m_words.Next().kind != WordKind::End)
-            Expected("'and', 'or' or the end");
+            m_words.Expected("'and', 'or' or the end");
         return test;
     }
 
 private:
-    [[noreturn]] void Expected(const char* what) const
-    {
-        const Word& word = m_words.Next();
-        const QString found = word.kind == WordKind::End ? QStringLiteral("nothing follows")
-                                                         : QStringLiteral("not %1").arg(Quoted(word.text));
-        throw ConditionError{QStringLiteral("%1 is expected, %2").arg(QLatin1String(what), found),
-                             word.column};
-    }
-
     TestPointer ParseOr()
     {
         TestPointer left = ParseAnd();
@@ -112,7 +102,7 @@ private:
         } else if (m_words.TakeIf(WordKind::Sign, "(")) {
             test = ParseOr();
             if (!m_words.TakeIf(WordKind::Sign, ")"))
-                Expected("')'");
+                m_words.Expected("')'");
         } else {
             test = ParseTest();
         }
@@ -123,7 +113,7 @@ private:
     TestPointer ParseTest()
     {
         if (m_words.Next().kind != WordKind::Name)
-            Expected("the path of a field");
+            m_words.Expected("the path of a field");
         const Word word = m_words.Take();
         const FieldPath path = PathOf(word);
         if (m_words.TakeIf(WordKind::Name, "set"))
@@ -154,7 +144,7 @@ private:
         const int column = m_words.Next().column;
         if (m_words.TakeIf(WordKind::Name, "in")) {
             RequireNumber(field, path, column);
-            return ParseIn(path);
+            return ParseIn(field, path);
         }
         if (m_words.TakeIf(WordKind::Sign, "~"))
             return ParseMatch(field, path, column);
@@ -162,7 +152,7 @@ private:
             if (m_words.TakeIf(WordKind::Sign, sign))
                 return ParseComparison(field, path, QLatin1String(sign), column);
         }
-        Expected("a comparison");
+        m_words.Expected("a comparison");
     }
 
     static void RequireNumber(const Field& field, const FieldPath& path, int column)
@@ -171,25 +161,11 @@ private:
             throw ConditionError{QStringLiteral("%1 is no number").arg(path.Text()), column};
     }
 
-    double ParseNumber()
+    TestPointer ParseIn(const Field& field, const FieldPath& path)
     {
-        bool isNumber = false;
-        const double number =
-            m_words.Next().kind == WordKind::Name ? m_words.Next().text.toDouble(&isNumber) : 0.0;
-        if (!isNumber)
-            Expected("a number");
-        m_words.Take();
-        return number;
-    }
-
-    TestPointer ParseIn(const FieldPath& path)
-    {
-        const double low = ParseNumber();
-        if (!m_words.TakeIf(WordKind::Sign, ".."))
-            Expected("'..'");
-        const double high = ParseNumber();
-        return AskingValue(path, [low, high](const QVariant& value) {
-            return low <= value.toDouble() && value.toDouble() <= high;
+        const NumberRange range = TakeRange(m_words, field);
+        return AskingValue(path, [range](const QVariant& value) {
+            return range.low <= value.toDouble() && value.toDouble() <= range.high;
         });
     }
 
@@ -198,7 +174,7 @@ private:
         if (field.Kind() != FieldKind::Text && field.Kind() != FieldKind::Version)
             throw ConditionError{QStringLiteral("%1 is no text").arg(path.Text()), column};
         if (m_words.Next().kind != WordKind::String)
-            Expected("a regular expression in quotes");
+            m_words.Expected("a regular expression in quotes");
         const Word word = m_words.Take();
         const QRegularExpression pattern(word.text, QRegularExpression::UseUnicodePropertiesOption);
         if (!pattern.isValid())
@@ -211,7 +187,7 @@ private:
     TestPointer ParseComparison(const Field& field, const FieldPath& path, const QString& sign, int column)
     {
         if (field.Kind() == FieldKind::Number) {
-            const double number = ParseNumber();
+            const double number = TakeNumber(m_words, field);
             return AskingValue(path, [sign, number](const QVariant& value) {
                 return Holds(sign, value.toDouble(), number);
             });
@@ -223,13 +199,13 @@ private:
         if (field.Kind() == FieldKind::Switch) {
             const bool isOn = m_words.TakeIf(WordKind::Name, "true");
             if (!isOn && !m_words.TakeIf(WordKind::Name, "false"))
-                Expected("true or false");
+                m_words.Expected("true or false");
             return AskingValue(path, [isOn, isWanted](const QVariant& value) {
                 return (value.toBool() == isOn) == isWanted;
             });
         }
         if (m_words.Next().kind != WordKind::String)
-            Expected("a text in quotes");
+            m_words.Expected("a text in quotes");
         return AskingValue(path, [text = m_words.Take().text, isWanted](const QVariant& value) {
             return (value.toString() == text) == isWanted;
         });
@@ -261,10 +237,10 @@ private:
         }
         if (!HoldsPoints(*points.Last().field) || points.IsItem())
             throw ConditionError{QStringLiteral("%1 holds no points").arg(path.Text()), word.column};
-        const double longitude = ParseNumber();
+        const double longitude = TakeNumber(m_words);
         if (!m_words.TakeIf(WordKind::Sign, ","))
-            Expected("','");
-        const double latitude = ParseNumber();
+            m_words.Expected("','");
+        const double latitude = TakeNumber(m_words);
         return Asking([points, longitude, latitude](const IRGObject& object) {
             const IRGObject* const holder = FindHolder(object, points);
             return holder && Surrounds(*holder, *points.Last().field, longitude, latitude);

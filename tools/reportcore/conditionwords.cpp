@@ -1,6 +1,7 @@
 #include <reportcore/conditionwords.h>
 
 #include <reportcore/condition.h>
+#include <reportcore/texts.h>
 
 namespace ReportCore {
 
@@ -26,6 +27,13 @@ bool Words::TakeIf(WordKind kind, const char* text)
     if (isIt)
         Advance();
     return isIt;
+}
+
+void Words::Expected(const char* what) const
+{
+    const QString found = m_next.kind == WordKind::End ? QStringLiteral("nothing follows")
+                                                       : QStringLiteral("not %1").arg(Quoted(m_next.text));
+    throw ConditionError{QStringLiteral("%1 is expected, %2").arg(QLatin1String(what), found), m_next.column};
 }
 
 QChar Words::At(int position) const

@@ -30,6 +30,9 @@ public:
     Word Take();
     bool TakeIf(WordKind kind, const char* text);
 
+    /// Something else than the next word; throws `ConditionError`.
+    [[noreturn]] void Expected(const char* what) const;
+
 private:
     QChar At(int position) const;
     void Advance();

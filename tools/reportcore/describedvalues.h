@@ -7,7 +7,18 @@
 #include <reportgenerator/reportbase/records/storing.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
+#include <type_traits>
+
 namespace ReportCore {
+
+/// Of the numbers of the class whose records are `Data`.
+template <class Data, class = void>
+constexpr REPORTGENERATOR::Unit UNIT_OF = REPORTGENERATOR::Unit::None;
+
+template <class Data>
+constexpr REPORTGENERATOR::Unit
+    UNIT_OF<Data, std::void_t<decltype(REPORTGENERATOR::Description<Data>::UNIT)>> =
+        REPORTGENERATOR::Description<Data>::UNIT;
 
 /// A field whose row has a flag that tells whether it is set.
 template <class Data, class Row>
@@ -42,7 +53,7 @@ public:
 
     explicit ValueField(const Row& row)
         : FlaggedField<Data, Row>({KindOf(T()), row.name.Text(), row.place, row.setBy.tag, row.isMandatory,
-                                   row.range, nullptr, row.format.decimals},
+                                   row.range, nullptr, row.format.decimals, UNIT_OF<Data>},
                                   row)
     {
     }

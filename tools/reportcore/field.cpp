@@ -1,7 +1,9 @@
 #include <reportcore/field.h>
 
 #include <reportcore/names.h>
+#include <reportcore/nearname.h>
 #include <reportcore/texts.h>
+#include <reportcore/units.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
 
@@ -12,12 +14,23 @@ namespace ReportCore {
 
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::Place;
+using REPORTGENERATOR::Unit;
 
 namespace {
 
 [[noreturn]] void Refuse(const Field& field, const char* what)
 {
     throw RGException(QStringLiteral("%1 %2").arg(field.Name(), QLatin1String(what)));
+}
+
+RGException NoUnit(const QString& name)
+{
+    const QString suggestion = Suggestion(UnitNames(), name);
+    return RGException(QStringLiteral("no unit is called '%1'%2 %3")
+                           .arg(name,
+                                suggestion.isEmpty() ? QStringLiteral("; there are")
+                                                     : suggestion + QStringLiteral(" There are"),
+                                UnitNames().join(QLatin1String(", "))));
 }
 
 /// The place in the reading order.
@@ -66,13 +79,9 @@ void Field::SetIn(IRGObject& /*holder*/, const QVariant& /*value*/) const
 
 QVariant Field::ValueOf(const QString& text) const
 {
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
     switch (m_facts.kind) {
     case FieldKind::Number:
-        if (!isNumber)
-            throw RGException(QStringLiteral("%1 is a number, not %2").arg(m_name, Quoted(text)));
-        return number;
+        return NumberOf(text);
     case FieldKind::Switch:
         if (text != QLatin1String("true") && text != QLatin1String("false"))
             throw RGException(QStringLiteral("%1 is true or false, not %2").arg(m_name, Quoted(text)));
@@ -82,6 +91,25 @@ QVariant Field::ValueOf(const QString& text) const
     default:
         Refuse(*this, HasObjects() ? "is no value" : "cannot be set");
     }
+}
+
+double Field::NumberOf(const QString& text) const
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (isNumber)
+        return number;
+    const std::optional<Quantity> quantity = QuantityIn(text);
+    if (!quantity || quantity->unit.isEmpty())
+        throw RGException(QStringLiteral("%1 is a number, not %2").arg(m_name, Quoted(text)));
+    if (m_facts.unit != Unit::Hertz)
+        throw RGException(m_facts.unit == Unit::Degrees
+                              ? QStringLiteral("%1 is in degrees, not in %2").arg(m_name, quantity->unit)
+                              : QStringLiteral("%1 has no unit").arg(m_name));
+    const std::optional<double> hertz = InHertz(*quantity);
+    if (!hertz)
+        throw NoUnit(quantity->unit);
+    return *hertz;
 }
 
 int Field::CountIn(const IRGObject& /*holder*/) const

@@ -1,6 +1,7 @@
 #ifndef REPORTCORE_FIELD_H
 #define REPORTCORE_FIELD_H
 
+#include <reportgenerator/reportbase/descriptions/unit.h>
 #include <reportgenerator/reportbase/forms/field.h>
 #include <reportgenerator/reportbase/irgobject.h>
 
@@ -37,6 +38,7 @@ struct FieldFacts
     REPORTGENERATOR::Range range = {};  ///< of a number
     const ObjectInfo* object = nullptr; ///< the class of a member object or of the items of a list
     int decimals = 0;                   ///< with which a number is written
+    REPORTGENERATOR::Unit unit = REPORTGENERATOR::Unit::None; ///< in which it is kept
 };
 
 /// One field of a class, as the library describes it. It is asked about objects of that class, its holders.
@@ -95,9 +97,13 @@ public:
     /// `RGException`. So is a value of another type, and what nobody sets.
     virtual void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const;
 
-    /// The value that a text stands for, as people write it: numbers with a decimal point, switches as "true" or
+    /// The value that a text stands for, as people write it: numbers as `NumberOf` takes them, switches as "true" or
     /// "false". Throws `RGException` for others.
     QVariant ValueOf(const QString& text) const;
+
+    /// The number that a text stands for, with a decimal point, and where the field is kept in Hz also with a unit:
+    /// "121.5 MHz". Throws `RGException` for others.
+    double NumberOf(const QString& text) const;
 
     // Of a member object, which is one or none, and of lists
 

@@ -4,6 +4,7 @@
 #include <reportpicture/mapscale.h>
 
 #include <reportcore/exporting/outline.h>
+#include <reportcore/units.h>
 
 #include <QtCore/QStringList>
 #include <QtGui/QFontMetricsF>
@@ -43,7 +44,7 @@ QStringList NumberTexts(const Feature& feature)
             continue;
         const QString label =
             type.path.Size() > 1 ? type.path.At(type.path.Size() - 2).field->Label() : last.field->Label();
-        texts << label + QLatin1Char(' ') + HertzText(feature.values[i].toDouble());
+        texts << label + QLatin1Char(' ') + ReportCore::HertzText(feature.values[i].toDouble());
     }
     return texts;
 }

@@ -128,18 +128,4 @@ QString LengthText(double kilometres)
                             : NumberText(kilometres) + QStringLiteral(" km");
 }
 
-QString HertzText(double hertz)
-{
-    constexpr struct
-    {
-        double factor;
-        const char* unit;
-    } UNITS[] = {{1e9, " GHz"}, {1e6, " MHz"}, {1e3, " kHz"}};
-    for (const auto& unit : UNITS) {
-        if (std::abs(hertz) >= unit.factor)
-            return NumberText(hertz / unit.factor) + QLatin1String(unit.unit);
-    }
-    return NumberText(hertz) + QStringLiteral(" Hz");
-}
-
 } // namespace ReportPicture

@@ -62,12 +62,11 @@ double RoundStep(double value);
 /// The distance of lines on a map that shows so many degrees.
 double GraticuleStep(double degrees);
 
-// Texts for people: "9.5° E", "0°", "180°", "50 km", "121.5 MHz".
+// Texts for people: "9.5° E", "0°", "180°", "50 km".
 
 QString LongitudeText(double degrees);
 QString LatitudeText(double degrees);
 QString LengthText(double kilometres);
-QString HertzText(double hertz);
 
 } // namespace ReportPicture
 

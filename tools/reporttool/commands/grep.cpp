@@ -21,7 +21,7 @@ constexpr char DESCRIPTION[] =
     "Prints the names of the files whose reports fulfil a condition:\n"
     "\n"
     "  frequency.value in 118e6..137e6       both ends belong to it\n"
-    "  ifBandwidth.value <= 25000            also =, !=, <, >, >=\n"
+    "  ifBandwidth.value <= 25 kHz           also =, !=, <, >, >=; Hz, kHz, MHz, GHz\n"
     "  area.name = \"Lake\"                    texts stand in quotes\n"
     "  area.name ~ \"(?i)lake\"                regular expression\n"
     "  frequency.use = true\n"

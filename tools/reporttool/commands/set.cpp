@@ -26,7 +26,7 @@ namespace {
 
 constexpr char DESCRIPTION[] =
     "Sets and unsets fields of a report and writes it to OUT, in the form that it had. Fields are\n"
-    "named by their paths, as in frequency.value=121.5e6, area.name=Lake and\n"
+    "named by their paths, as in frequency.value=121.5MHz, area.name=Lake and\n"
     "area.coordinate[17].latitude=47.5. What the field's own setter refuses is refused here. First\n"
     "all values are set, then fields are unset; items keep their numbers until then.\n"
     "\n"

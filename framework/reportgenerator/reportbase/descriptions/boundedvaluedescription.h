@@ -2,6 +2,7 @@
 #define REPORTGENERATOR_DESCRIPTIONS_BOUNDEDVALUEDESCRIPTION_H
 
 #include <reportgenerator/reportbase/boundedvalue.h>
+#include <reportgenerator/reportbase/descriptions/unit.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 
@@ -10,6 +11,8 @@ namespace REPORTGENERATOR {
 /// The rows that frequency and IF bandwidth share.
 struct BoundedValueRows
 {
+    static constexpr Unit UNIT = Unit::Hertz;
+
     static constexpr auto VALUE =
         TextField(&BoundedValueData::value, REPORTBASE_NAME("Value"), Flagged{0, wire::tag::VALUE})
             .Mandatory();

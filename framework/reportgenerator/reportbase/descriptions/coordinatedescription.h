@@ -2,6 +2,7 @@
 #define REPORTGENERATOR_DESCRIPTIONS_COORDINATEDESCRIPTION_H
 
 #include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/descriptions/unit.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>
 
@@ -14,6 +15,7 @@ struct Description<CoordinateData>
 
     static constexpr long long ID = 0xCE458C11;
     static constexpr Name NAME = wire::COORDINATE;
+    static constexpr Unit UNIT = Unit::Degrees;
 
     // The widths show only where there are no digits: " nan", " inf".
     static constexpr int DECIMALS = 6;
