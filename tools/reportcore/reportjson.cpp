@@ -32,14 +32,14 @@ Json ItemsToJson(const IRGObject& holder, const Field& list)
     return json;
 }
 
-Json FieldToJson(const IRGObject& holder, const Field& field)
+Json FieldToJson(const IRGObject& holder, const Field& field, JsonPoints points)
 {
     if (!field.HasObjects())
         return ValueToJson(field.ValueIn(holder));
     if (!field.IsSetIn(holder))
         return Json();
     return field.Kind() == FieldKind::List ? ItemsToJson(holder, field)
-                                           : FieldsToJson(field.ItemIn(holder, 0), field.Object());
+                                           : FieldsToJson(field.ItemIn(holder, 0), field.Object(), points);
 }
 
 Json TextOrNull(const QString& text)
@@ -65,12 +65,17 @@ QJsonValue ValueToJson(const QVariant& value)
     }
 }
 
-QJsonObject FieldsToJson(const IRGObject& object, const ObjectInfo& info)
+QJsonObject FieldsToJson(const IRGObject& object, const ObjectInfo& info, JsonPoints points)
 {
     QJsonObject json;
     for (const auto& field : info.All()) {
-        json.insert(field->Key(), FieldToJson(object, *field));
-        if (HoldsPoints(*field))
+        const bool isList = HoldsPoints(*field);
+        if (isList && points == JsonPoints::Count)
+            json.insert(QStringLiteral("points"),
+                        field->IsSetIn(object) ? Json(field->CountIn(object)) : Json());
+        else
+            json.insert(field->Key(), FieldToJson(object, *field, points));
+        if (isList)
             json.insert(QStringLiteral("bounds"), BoundsToJson(BoundsOf(object, *field)));
     }
     return json;

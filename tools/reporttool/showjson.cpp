@@ -2,7 +2,6 @@
 
 #include <reportcore/jsonreading.h>
 #include <reportcore/reportfields.h>
-#include <reportcore/reportjson.h>
 
 namespace ReportTool {
 
@@ -72,10 +71,10 @@ QJsonObject Unknown(const QString& name)
 
 } // namespace
 
-QJsonObject ToJson(const QString& name, const ReportFile& file)
+QJsonObject ToJson(const QString& name, const ReportFile& file, ReportCore::JsonPoints points)
 {
     QJsonObject json = Unknown(name);
-    const QJsonObject fields = ReportCore::FieldsToJson(file.report, ReportCore::ReportInfo());
+    const QJsonObject fields = ReportCore::FieldsToJson(file.report, ReportCore::ReportInfo(), points);
     for (auto i = fields.begin(); i != fields.end(); ++i)
         json.insert(i.key(), i.value());
     json[QStringLiteral("form")] = FormName(file.form);

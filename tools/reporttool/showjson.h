@@ -2,13 +2,15 @@
 #define REPORTTOOL_SHOWJSON_H
 
 #include <reportcore/reportfile.h>
+#include <reportcore/reportjson.h>
 
 #include <QtCore/QJsonObject>
 
 namespace ReportTool {
 
-/// What a file holds, all coordinates included. Every key is always there; what is not set is null.
-QJsonObject ToJson(const QString& name, const ReportCore::ReportFile& file);
+/// What a file holds. Every key is always there; what is not set is null.
+QJsonObject ToJson(const QString& name, const ReportCore::ReportFile& file,
+                   ReportCore::JsonPoints points = ReportCore::JsonPoints::All);
 
 /// The same keys for a file that cannot be read.
 QJsonObject ToJson(const QString& name, const QString& error);

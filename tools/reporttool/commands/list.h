@@ -8,6 +8,7 @@ namespace ReportTool {
 // A line for each command, here and in the table.
 
 extern const Command SHOW_COMMAND;
+extern const Command LIST_COMMAND;
 extern const Command CONVERT_COMMAND;
 extern const Command CHECK_COMMAND;
 extern const Command EXPORT_COMMAND;
@@ -20,9 +21,9 @@ extern const Command SETTINGS_COMMAND;
 extern const Command HELP_COMMAND;
 
 /// In the order in which the help names them.
-constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &CONVERT_COMMAND,  &CHECK_COMMAND, &EXPORT_COMMAND,
-                                       &IMPORT_COMMAND, &DIFF_COMMAND,     &GREP_COMMAND,  &SET_COMMAND,
-                                       &MERGE_COMMAND,  &SETTINGS_COMMAND, &HELP_COMMAND};
+constexpr const Command* COMMANDS[] = {&SHOW_COMMAND,   &LIST_COMMAND,   &CONVERT_COMMAND,  &CHECK_COMMAND,
+                                       &EXPORT_COMMAND, &IMPORT_COMMAND, &DIFF_COMMAND,     &GREP_COMMAND,
+                                       &SET_COMMAND,    &MERGE_COMMAND,  &SETTINGS_COMMAND, &HELP_COMMAND};
 
 } // namespace ReportTool
 

@@ -32,6 +32,7 @@ struct Options
     bool withAllPoints = false;
     bool withDump = false;
     bool withMap = false;
+    ReportCore::JsonPoints points = ReportCore::JsonPoints::All;
 };
 
 int CodeOf(const ReportFile& file)
@@ -80,7 +81,7 @@ int ShowAsText(const Options& options, Console& console)
 }
 
 /// The file as it stands in an array.
-int ShowItem(const QString& name, Console& console)
+int ShowItem(const QString& name, ReportCore::JsonPoints points, Console& console)
 {
     QByteArray bytes;
     QString error;
@@ -88,7 +89,7 @@ int ShowItem(const QString& name, Console& console)
     QJsonObject json;
     if (console.Read(name, bytes, error)) {
         const ReportFile file = ReportCore::ReadReport(bytes);
-        json = ToJson(name, file);
+        json = ToJson(name, file, points);
         exitCode = CodeOf(file);
     } else {
         json = ToJson(name, error);
@@ -101,15 +102,16 @@ int ShowItem(const QString& name, Console& console)
 }
 
 /// One array. No more than a few files of it are in memory.
-int ShowAsJson(const QStringList& names, Console& console)
+int ShowAsJson(const Options& options, Console& console)
 {
     console.Output().Bytes("[\n");
-    const int count = static_cast<int>(names.size());
-    const std::vector<int> exitCodes = DoForEach(count, console, [&names](int number, Console& fileConsole) {
-        if (number > 0)
-            fileConsole.Output().Bytes(",\n");
-        return ShowItem(names.at(number), fileConsole);
-    });
+    const int count = static_cast<int>(options.files.size());
+    const std::vector<int> exitCodes =
+        DoForEach(count, console, [&options](int number, Console& fileConsole) {
+            if (number > 0)
+                fileConsole.Output().Bytes(",\n");
+            return ShowItem(options.files.at(number), options.points, fileConsole);
+        });
     console.Output().Bytes(exitCodes.empty() ? "]\n" : "\n]\n");
     return ExitCodeOf(exitCodes, count);
 }
@@ -119,6 +121,7 @@ void Declare(Parser& parser)
     parser.SetDescription(DESCRIPTION);
     parser.AddFiles();
     parser.AddSwitch("json", "Write one JSON array with an object for each file, all coordinates included.");
+    parser.AddSwitch("no-coordinates", "In JSON, tell how many coordinates there are, not which.");
     parser.AddSwitch("all", "Show all coordinates, not just the first ones.");
     parser.AddSwitch("map", "Draw the area in characters.");
     parser.AddSwitch("dump", "Add the bytes of binary forms, field by field with their meaning.");
@@ -133,8 +136,13 @@ int Show(const Parser& parser, Console& console)
         throw UsageError{QStringLiteral("--json and --dump do not go together")};
     if (parser.Has("json") && parser.Has("map"))
         throw UsageError{QStringLiteral("--json and --map do not go together")};
-    const Options options = {parser.Files(), parser.Has("all"), parser.Has("dump"), parser.Has("map")};
-    return parser.Has("json") ? ShowAsJson(options.files, console) : ShowAsText(options, console);
+    if (parser.Has("no-coordinates") && !parser.Has("json"))
+        throw UsageError{QStringLiteral("--no-coordinates is for --json")};
+    const auto points =
+        parser.Has("no-coordinates") ? ReportCore::JsonPoints::Count : ReportCore::JsonPoints::All;
+    const Options options = {parser.Files(), parser.Has("all"), parser.Has("dump"), parser.Has("map"),
+                             points};
+    return parser.Has("json") ? ShowAsJson(options, console) : ShowAsText(options, console);
 }
 
 } // namespace
