@@ -107,11 +107,16 @@ void Parser::AddFiles()
     AddFileOptions();
 }
 
-void Parser::AddFileOptions()
+void Parser::AddFolderOptions()
 {
     AddSwitch(QStringList{QStringLiteral("r"), QStringLiteral("recursive")},
               "Of a folder take all files, and those of the folders in it.");
     AddOption("pattern", "Of folders take only files whose names fit, such as \"*.xml\".", "pattern");
+}
+
+void Parser::AddFileOptions()
+{
+    AddFolderOptions();
     AddOption("files-from", "Take the files whose names stand in this file, one a line; - is standard input.",
               "list", Candidates::Files());
     AddSwitch(QStringList{QStringLiteral("0"), QStringLiteral("null")},
@@ -142,11 +147,6 @@ QString Parser::HintAtUnknownOption() const
 {
     if (unknownOptionNames().isEmpty())
         return QString();
-    const auto end = std::find(m_commandLine.begin() + 1, m_commandLine.end(), QLatin1String("--"));
-    const auto file = std::find_if(m_commandLine.begin() + 1, end, [](const QString& argument) {
-        return argument.startsWith(QLatin1Char('-')) && argument != QLatin1String("-") &&
-               QFileInfo::exists(argument);
-    });
     const QString file = FileAmongOptions();
     if (!file.isEmpty())
         return QStringLiteral(" There is a file of that name: write './%1', or '--' before it.")
@@ -158,6 +158,11 @@ QString Parser::HintAtUnknownOption() const
 /// The name of a file that looks like an option.
 QString Parser::FileAmongOptions() const
 {
+    const auto end = std::find(m_commandLine.begin() + 1, m_commandLine.end(), QLatin1String("--"));
+    const auto file = std::find_if(m_commandLine.begin() + 1, end, [](const QString& argument) {
+        return argument.startsWith(QLatin1Char('-')) && argument != QLatin1String("-") &&
+               QFileInfo::exists(argument);
+    });
     return file == end ? QString() : *file;
 }
 
@@ -206,11 +211,16 @@ qint64 Parser::Ceiling() const
     return ceiling;
 }
 
+QString Parser::Pattern() const
+{
+    if (Has("pattern") && !Has("recursive"))
+        throw UsageError{QStringLiteral("--pattern is for folders, with -r")};
+    return Has("pattern") ? Value("pattern") : QString();
+}
+
 QStringList Parser::FilesAmong(const QStringList& arguments) const
 {
-    const bool isRecursive = isSet(QStringLiteral("recursive"));
-    if (Has("pattern") && !isRecursive)
-        throw UsageError{QStringLiteral("--pattern is for folders, with -r")};
+    const QString pattern = Pattern();
     if (isSet(QStringLiteral("null")) && !Has("files-from"))
         throw UsageError{QStringLiteral("-0 is for --files-from")};
     if (arguments.isEmpty() && !Has("files-from"))
@@ -227,7 +237,7 @@ QStringList Parser::FilesAmong(const QStringList& arguments) const
     if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1 ||
         (ReportCore::IsStandardStream(list) && files.contains(QStringLiteral("-"))))
         throw UsageError{QStringLiteral("standard input can be read only once")};
-    return isRecursive ? WithoutFolders(files, Has("pattern") ? Value("pattern") : QString()) : files;
+    return Has("recursive") ? WithoutFolders(files, pattern) : files;
 }
 
 } // namespace ReportTool

@@ -94,6 +94,9 @@ public:
     /// These options alone.
     void AddFileOptions();
 
+    /// Of them, those for folders.
+    void AddFolderOptions();
+
     /// Description, options, arguments and examples, for people.
     QString HelpText() const;
 
@@ -122,6 +125,9 @@ public:
 
     /// The arguments behind the command.
     QStringList Arguments() const { return positionalArguments().mid(1); }
+
+    /// --pattern: what the files of folders are to fit; null for all. Throws `UsageError` where no folder is searched.
+    QString Pattern() const;
 
     /// The files to read: those behind the command, then those of the list; of folders all that they hold. Throws
     /// `UsageError` when nothing is named, or standard input twice, and `UnusableFile` for a list that cannot be read.

@@ -1,13 +1,17 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
+#include <reporttool/folderpairs.h>
 #include <reporttool/goodreport.h>
+#include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 
 #include <reportcore/differences.h>
 #include <reportcore/files.h>
 #include <reportcore/reportfields.h>
+#include <reportcore/texts.h>
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -24,6 +28,11 @@ constexpr char DESCRIPTION[] =
     "Tells in which fields and coordinates two reports differ, whatever their forms. A line begins\n"
     "with - for what only A has, + for what only B has, and ! for what is another in B. Numbers\n"
     "count as they are written, with two or six decimals.\n"
+    "\n"
+    "With -r A and B are folders: files of the same name are compared, those of the folders in them\n"
+    "too. A line with - tells of a file that only A has, one with + of a file that only B has; in\n"
+    "front of what differs within a file stands its name. Files of the same bytes are the same,\n"
+    "whatever they are.\n"
     "\n"
     "Exit codes: 0 the reports are the same, 1 they differ, 2 a report cannot be read or is\n"
     "invalid, or the command line is wrong.";
@@ -55,16 +64,122 @@ QJsonObject ToJson(const Difference& difference)
             {QStringLiteral("valueInB"), difference.rightJson}};
 }
 
-void WriteJson(const QStringList& files, const Differences& differences, Console& console)
+QJsonArray ToJson(const Differences& differences)
 {
     QJsonArray json;
     for (const Difference& difference : differences)
         json.append(ToJson(difference));
+    return json;
+}
+
+void WriteJson(const QStringList& files, const Differences& differences, Console& console)
+{
     const QJsonObject whole = {{QStringLiteral("a"), files.at(0)},
                                {QStringLiteral("b"), files.at(1)},
                                {QStringLiteral("same"), differences.empty()},
-                               {QStringLiteral("differences"), json}};
+                               {QStringLiteral("differences"), ToJson(differences)}};
     console.Output().Bytes(QJsonDocument(whole).toJson());
+}
+
+Differences DifferencesOf(const ReportCore::ReportFile& left, const ReportCore::ReportFile& right)
+{
+    return ReportCore::FindDifferences(left.report, right.report, ReportCore::ReportInfo());
+}
+
+int DiffReports(const QStringList& files, bool asJson, Console& console)
+{
+    const auto left = ReadGoodReport(files.at(0), console);
+    const auto right = ReadGoodReport(files.at(1), console);
+    if (!left || !right)
+        return EXIT_UNUSABLE;
+    const Differences differences = DifferencesOf(*left, *right);
+    if (asJson) {
+        WriteJson(files, differences, console);
+    } else {
+        for (const Difference& difference : differences)
+            console.Output().Line(ReportCore::DifferenceLine(difference));
+    }
+    return differences.empty() ? EXIT_GOOD : EXIT_INVALID;
+}
+
+// --- Folders
+
+/// How a file of one folder compares to that of the other.
+struct Comparison
+{
+    int exitCode = EXIT_UNUSABLE;
+    Differences differences = {};
+};
+
+/// Of a file that one of the folders doesn't have. What cannot be searched is none.
+Comparison CompareOne(const QString& file, Console& console)
+{
+    QByteArray bytes;
+    QString error;
+    if (QFileInfo(file).isDir() && !console.Read(file, bytes, error))
+        return {EXIT_UNUSABLE};
+    return {EXIT_INVALID};
+}
+
+Comparison Compare(const FilePair& pair, Console& console)
+{
+    if (pair.left.isEmpty() || pair.right.isEmpty())
+        return CompareOne(pair.left + pair.right, console);
+    QByteArray leftBytes;
+    QByteArray rightBytes;
+    QString error;
+    const bool hasLeft = console.Read(pair.left, leftBytes, error);
+    const bool hasRight = console.Read(pair.right, rightBytes, error);
+    if (!hasLeft || !hasRight)
+        return {EXIT_UNUSABLE};
+    if (leftBytes == rightBytes)
+        return {EXIT_GOOD};
+    const auto left = GoodReportIn(leftBytes, pair.left, console);
+    const auto right = GoodReportIn(rightBytes, pair.right, console);
+    if (!left || !right)
+        return {EXIT_UNUSABLE};
+    const Differences differences = DifferencesOf(*left, *right);
+    return {differences.empty() ? EXIT_GOOD : EXIT_INVALID, differences};
+}
+
+QJsonValue NameOrNull(const QString& name)
+{
+    return name.isEmpty() ? QJsonValue() : QJsonValue(name);
+}
+
+/// One line for programs.
+void JsonLine(const FilePair& pair, const Comparison& comparison, Console& console)
+{
+    const bool isKnown = comparison.exitCode != EXIT_UNUSABLE;
+    const QJsonObject json = {
+        {QStringLiteral("file"), pair.name},
+        {QStringLiteral("a"), NameOrNull(pair.left)},
+        {QStringLiteral("b"), NameOrNull(pair.right)},
+        {QStringLiteral("same"), isKnown ? QJsonValue(comparison.exitCode == EXIT_GOOD) : QJsonValue()},
+        {QStringLiteral("differences"), isKnown ? QJsonValue(ToJson(comparison.differences)) : QJsonValue()}};
+    console.Output().Bytes(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
+}
+
+void Lines(const FilePair& pair, const Comparison& comparison, Console& console)
+{
+    const bool isAlone = pair.left.isEmpty() || pair.right.isEmpty();
+    if (isAlone && comparison.exitCode == EXIT_INVALID)
+        console.Output().Line((pair.right.isEmpty() ? QStringLiteral("- ") : QStringLiteral("+ ")) +
+                              ReportCore::Printable(pair.name));
+    for (const Difference& difference : comparison.differences)
+        console.Output().Line(FileLine(pair.name, ReportCore::DifferenceLine(difference)));
+}
+
+int DiffFolders(const std::vector<FilePair>& pairs, bool asJson, Console& console)
+{
+    const int count = static_cast<int>(pairs.size());
+    const std::vector<int> exitCodes = DoForEach(count, console, [&](int number, Console& fileConsole) {
+        const FilePair& pair = pairs.at(static_cast<std::size_t>(number));
+        const Comparison comparison = Compare(pair, fileConsole);
+        asJson ? JsonLine(pair, comparison, fileConsole) : Lines(pair, comparison, fileConsole);
+        return comparison.exitCode;
+    });
+    return ExitCodeOf(exitCodes, count);
 }
 
 void Declare(Parser& parser)
@@ -72,8 +187,11 @@ void Declare(Parser& parser)
     parser.SetDescription(DESCRIPTION);
     parser.AddArgument("A", "Report; - stands for standard input.", "A");
     parser.AddArgument("B", "Report; - stands for standard input.", "B");
-    parser.AddSwitch("json", "Write a JSON object with all differences.");
+    parser.AddSwitch("json",
+                     "Write a JSON object with all differences; of folders one for each file, one a line.");
+    parser.AddFolderOptions();
     parser.AddExample("diff lake.xml lake.bin", "Tell in what two reports differ.");
+    parser.AddExample("diff -r reports packed", "Tell in what two folders differ.");
 }
 
 int Diff(const Parser& parser, Console& console)
@@ -83,23 +201,18 @@ int Diff(const Parser& parser, Console& console)
         throw UsageError{QStringLiteral("diff takes A and B")};
     if (ReportCore::IsStandardStream(files.at(0)) && ReportCore::IsStandardStream(files.at(1)))
         throw UsageError{QStringLiteral("standard input can be read only once")};
-    const auto left = ReadGoodReport(files.at(0), console);
-    const auto right = ReadGoodReport(files.at(1), console);
-    if (!left || !right)
-        return EXIT_UNUSABLE;
-    const Differences differences =
-        ReportCore::FindDifferences(left->report, right->report, ReportCore::ReportInfo());
-    if (parser.Has("json")) {
-        WriteJson(files, differences, console);
-    } else {
-        for (const Difference& difference : differences)
-            console.Output().Line(ReportCore::DifferenceLine(difference));
-    }
-    return differences.empty() ? EXIT_GOOD : EXIT_INVALID;
+    const QString pattern = parser.Pattern();
+    const bool asJson = parser.Has("json");
+    const bool isFolder = QFileInfo(files.at(0)).isDir();
+    if (!parser.Has("recursive") || (!isFolder && !QFileInfo(files.at(1)).isDir()))
+        return DiffReports(files, asJson, console);
+    if (!isFolder || !QFileInfo(files.at(1)).isDir())
+        throw UsageError{QStringLiteral("one of the two is a folder, the other is none")};
+    return DiffFolders(PairsOf(files.at(0), files.at(1), pattern), asJson, console);
 }
 
 } // namespace
 
-const Command DIFF_COMMAND = {"diff", "A B", "tell in what two reports differ", Declare, Diff};
+const Command DIFF_COMMAND = {"diff", "A B", "tell in what two reports or folders differ", Declare, Diff};
 
 } // namespace ReportTool
