@@ -187,6 +187,37 @@ private:
     Differences m_differences;
 };
 
+/// The path by which it is named.
+const FieldPath& PathOf(const Difference& difference)
+{
+    return difference.change == Change::Added ? difference.right : difference.left;
+}
+
+/// "- area.coordinate[3]"
+QString PathLine(const Difference& difference)
+{
+    const QString path = PathOf(difference).Text();
+    switch (difference.change) {
+    case Change::Removed:
+        return QStringLiteral("- ") + path;
+    case Change::Added:
+        return QStringLiteral("+ ") + path;
+    case Change::Changed:
+        break;
+    }
+    return QStringLiteral("! ") + path;
+}
+
+/// Whether they are items that stand behind each other in a list, and both come or both go.
+bool AreNeighbours(const Difference& left, const Difference& right)
+{
+    const FieldPath& before = PathOf(left);
+    const FieldPath& behind = PathOf(right);
+    return left.change != Change::Changed && left.change == right.change && before.IsItem() &&
+           behind.IsItem() && before.Holder() == behind.Holder() &&
+           before.Last().field == behind.Last().field && before.Last().index + 1 == behind.Last().index;
+}
+
 } // namespace
 
 Differences FindDifferences(const IRGObject& left, const IRGObject& right, const ObjectInfo& info)
@@ -198,16 +229,30 @@ Differences FindDifferences(const IRGObject& left, const IRGObject& right, const
 
 QString DifferenceLine(const Difference& difference)
 {
+    const QString begin = PathLine(difference) + QLatin1String(": ");
     switch (difference.change) {
     case Change::Removed:
-        return QStringLiteral("- %1: %2").arg(difference.left.Text(), difference.leftText);
+        return begin + difference.leftText;
     case Change::Added:
-        return QStringLiteral("+ %1: %2").arg(difference.right.Text(), difference.rightText);
+        return begin + difference.rightText;
     case Change::Changed:
         break;
     }
-    return QStringLiteral("! %1: %2 -> %3")
-        .arg(difference.left.Text(), difference.leftText, difference.rightText);
+    return begin + difference.leftText + QLatin1String(" -> ") + difference.rightText;
+}
+
+QStringList DifferenceLines(const Differences& differences)
+{
+    QStringList lines;
+    for (auto first = differences.begin(); first != differences.end();) {
+        auto last = first;
+        while (last + 1 != differences.end() && AreNeighbours(*last, *(last + 1)))
+            ++last;
+        lines << (first == last ? DifferenceLine(*first)
+                                : PathLine(*first) + QLatin1String(" to ") + PathOf(*last).Text());
+        first = last + 1;
+    }
+    return lines;
 }
 
 } // namespace ReportCore

@@ -5,6 +5,7 @@
 
 #include <QtCore/QJsonValue>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <vector>
 
@@ -49,6 +50,9 @@ Differences FindDifferences(const REPORTGENERATOR::IRGObject& left, const REPORT
 
 /// "! frequency.value: 121500000 -> 118000000", "- area.coordinate[3]: 8.5 47.25", "+ frequency.use: true".
 QString DifferenceLine(const Difference& difference);
+
+/// The same of all; items that come or go one behind the other are one line: "+ area.coordinate[1] to area.coordinate[4]".
+QStringList DifferenceLines(const Differences& differences);
 
 } // namespace ReportCore
 

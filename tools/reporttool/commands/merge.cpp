@@ -15,9 +15,6 @@
 
 namespace ReportTool {
 
-using ReportCore::Change;
-using ReportCore::Difference;
-using ReportCore::Differences;
 using REPORTGENERATOR::ReportBase;
 
 namespace {
@@ -29,29 +26,6 @@ constexpr char DESCRIPTION[] =
     "\n"
     "Exit codes: 0 OUT is written, 1 a report is invalid, 2 a file cannot be read or written or\n"
     "the command line is wrong.";
-
-bool AreNeighbours(const Difference& left, const Difference& right)
-{
-    return left.change == Change::Added && right.change == Change::Added && left.right.IsItem() &&
-           right.right.IsItem() && left.right.Holder() == right.right.Holder() &&
-           left.right.Last().field == right.right.Last().field &&
-           left.right.Last().index + 1 == right.right.Last().index;
-}
-
-/// Items that stand behind each other are told in one line.
-void Tell(const QString& file, const Differences& differences, Console& console)
-{
-    for (auto first = differences.begin(); first != differences.end();) {
-        auto last = first;
-        while (last + 1 != differences.end() && AreNeighbours(*last, *(last + 1)))
-            ++last;
-        const QString line = first == last
-                                 ? ReportCore::DifferenceLine(*first)
-                                 : QStringLiteral("+ %1 to %2").arg(first->right.Text(), last->right.Text());
-        console.ErrorLine(FileLine(file, line));
-        first = last + 1;
-    }
-}
 
 bool Merge(ReportBase& base, const ReportBase& other, const QString& file, Console& console)
 {
@@ -65,7 +39,9 @@ bool Merge(ReportBase& base, const ReportBase& other, const QString& file, Conso
         console.Complain(file, QStringLiteral("%1: %2").arg(refused.GetErrorName(), refused.GetErrorText()));
         return false;
     }
-    Tell(file, ReportCore::FindDifferences(before, base, ReportCore::ReportInfo()), console);
+    const auto differences = ReportCore::FindDifferences(before, base, ReportCore::ReportInfo());
+    for (const QString& line : ReportCore::DifferenceLines(differences))
+        console.ErrorLine(FileLine(file, line));
     return true;
 }
 
