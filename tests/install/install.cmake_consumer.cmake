@@ -7,6 +7,7 @@ run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}/tests/consumer" -B "${build}" ${CONFIGU
     "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DREPORTGENERATOR_PACKAGE=${PACKAGE}" "-DWITH_MODELS=${BUILD_MODELS}")
 run("${CMAKE_COMMAND}" --build "${build}")
 run_consumer("${build}/consumer")
+run_consumer("${build}/headerconsumer")
 if(BUILD_MODELS)
     run_consumer("${build}/modelconsumer")
 endif()

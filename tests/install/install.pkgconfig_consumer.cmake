@@ -21,6 +21,7 @@ function(consume source program package)
 endfunction()
 
 consume(main.cpp consumer ${PC_NAME})
+consume(qtheaders.cpp headerconsumer ${PC_NAME})
 if(BUILD_MODELS)
     consume(models.cpp modelconsumer ${MODELS_PC_NAME})
 endif()

@@ -124,7 +124,10 @@ test_runtime() {
                 ;;
             reporttool*) try_tool "$package" ;;
             reportviewer*) try_viewer "$package" ;;
-            libreportbase-headers) expect_file /usr/include/reportgenerator/reportbase/reportbase.h ;;
+            libreportbase-headers)
+                expect_file /usr/include/reportgenerator/reportbase/reportbase.h
+                expect_file /usr/include/reportgenerator/qt/everything.h
+                ;;
             libreportbase-doc)
                 expect_file /usr/share/doc/libreportbase-doc/README.md
                 expect_file "/usr/share/doc/libreportbase-doc/reportgenerator-$version.spdx.json"
@@ -176,6 +179,7 @@ test_development() {
             { cat /tmp/cmake.log >&2; fail "cmake"; }
         cmake --build "/tmp/cmake$qt" >/tmp/cmake.log || { cat /tmp/cmake.log >&2; fail "cmake"; }
         try_consumer "/tmp/cmake$qt/consumer" "$qt"
+        try_consumer "/tmp/cmake$qt/headerconsumer" "$qt"
 
         say "a program for Qt $qt by pkg-config"
         [[ "$(pkg-config --modversion "reportgenerator$suffix")" == "$version" ]] || fail "pkg-config: another version"

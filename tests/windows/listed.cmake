@@ -3,7 +3,7 @@
 # suite, "tests/<folder>: <reason>" for all in a folder, "<entry>: <reason>" for an entry of ctest. A name that is listed and runs here, or is no longer to be found, is as wrong as
 # one that is missing.
 #
-# RESULTS is what the last whole run of the test program says, since a test may skip itself.
+# RESULTS is what the last whole runs of the test programs say, a file each, since a test may skip itself.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -37,10 +37,14 @@ endforeach()
 
 # --- Those that ran here
 
-if(NOT EXISTS "${RESULTS}")
-    message(FATAL_ERROR "no results in ${RESULTS}")
-endif()
-file(READ "${RESULTS}" text)
+set(text "")
+foreach(results IN LISTS RESULTS)
+    if(NOT EXISTS "${results}")
+        message(FATAL_ERROR "no results in ${results}")
+    endif()
+    file(READ "${results}" result)
+    string(APPEND text "${result}")
+endforeach()
 # What would keep the matches from being a list.
 string(REGEX REPLACE "[][;]" "," text "${text}")
 string(REGEX MATCHALL "<testcase [^>]*>" cases "${text}")

@@ -1,0 +1,255 @@
+#ifndef REPORTGENERATOR_QT_HASH_H
+#define REPORTGENERATOR_QT_HASH_H
+
+#include <reportgenerator/reportbase/channelspacing.h>
+#include <reportgenerator/reportbase/ellipse.h>
+#include <reportgenerator/reportbase/frequencyinformation.h>
+#include <reportgenerator/reportbase/frequencylistvalue.h>
+#include <reportgenerator/reportbase/measurementtime.h>
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <QtCore/QHash>
+
+#include <cstddef>
+#include <functional>
+
+// Hashes for every class with `operator==`, so that objects may be keys of QSet, QHash, std::unordered_set and
+// std::unordered_map. Equal objects have equal hashes: what the comparison doesn't look at doesn't count, and 0.0 and
+// -0.0 are the same. An object with a NaN differs from itself, and a container never finds it again.
+//
+// The comparison of areas asks the right side alone whether its coordinates are set. An area with coordinates that count
+// as not set, which a reference from before `ResetCoordinate` or the raw form can leave, is no key therefore.
+//
+// The values are good for one process: they differ between versions of Qt and of the library.
+
+namespace REPORTGENERATOR {
+
+/// What `qHash` takes and returns: `uint` in Qt 5, `size_t` in Qt 6.
+using HashValue = decltype(qHash(0));
+
+namespace detail {
+
+inline HashValue CombinedHash(HashValue seed, HashValue hash)
+{
+    // The shifts spread what single values leave alike.
+    return seed ^ (hash + HashValue(0x9e3779b9U) + (seed << 6) + (seed >> 2));
+}
+
+template <class... Values>
+HashValue HashOf(HashValue seed, const Values&... values)
+{
+    ((seed = CombinedHash(seed, ::qHash(values))), ...);
+    return seed;
+}
+
+/// Of a field that may be unset; its number counts only when it is set.
+inline HashValue HashOfField(HashValue seed, bool isSet, double value)
+{
+    return HashOf(seed, isSet ? 1 : 0, isSet ? value : 0.0);
+}
+
+inline HashValue HashOfField(HashValue seed, bool isSet, const QString& value)
+{
+    return HashOf(seed, isSet ? 1 : 0, isSet ? value : QString());
+}
+
+template <class Data>
+HashValue HashOfBoundedValue(const BoundedValue<Data>& object, HashValue seed)
+{
+    seed = HashOfField(seed, object.IsValueSet(), object.GetValue());
+    seed = HashOfField(seed, object.IsMinSet(), object.GetMin());
+    return HashOfField(seed, object.IsMaxSet(), object.GetMax());
+}
+
+template <class Member>
+HashValue HashOfMember(HashValue seed, bool isSet, const Member& member);
+
+} // namespace detail
+
+// --- Objects of a report: the fields that are set
+
+inline HashValue qHash(const Coordinate& object, HashValue seed = 0)
+{
+    // Asking for a number makes the record, which the comparison doesn't either.
+    seed = detail::HashOfField(seed, object.IsLongitudeSet(),
+                               object.IsLongitudeSet() ? object.GetLongitude() : 0.0);
+    return detail::HashOfField(seed, object.IsLatitudeSet(),
+                               object.IsLatitudeSet() ? object.GetLatitude() : 0.0);
+}
+
+inline HashValue qHash(const Frequency& object, HashValue seed = 0)
+{
+    seed = detail::HashOfBoundedValue(object, seed);
+    return detail::HashOfField(seed, object.IsUseSet(), object.GetUse() ? 1.0 : 0.0);
+}
+
+inline HashValue qHash(const IFBandwidth& object, HashValue seed = 0)
+{
+    return detail::HashOfBoundedValue(object, seed);
+}
+
+/// Name, script identifier and all coordinates. An empty list is the same as none.
+inline HashValue qHash(const Area& object, HashValue seed = 0)
+{
+    seed = detail::HashOfField(seed, object.IsNameSet(), object.GetName());
+    seed = detail::HashOfField(seed, object.IsScriptIDSet(), object.GetScriptID());
+    for (const Coordinate& point : object.GetCoordinate())
+        seed = qHash(point, seed);
+    return seed;
+}
+
+/// The members that the report carries.
+inline HashValue qHash(const ReportBase& object, HashValue seed = 0)
+{
+    seed = detail::HashOfMember(seed, object.IsFrequencySet(), object.GetFrequency());
+    seed = detail::HashOfMember(seed, object.IsIFBandwidthSet(), object.GetIFBandwidth());
+    return detail::HashOfMember(seed, object.IsAreaSet(), object.GetArea());
+}
+
+template <class Member>
+HashValue detail::HashOfMember(HashValue seed, bool isSet, const Member& member)
+{
+    seed = HashOf(seed, isSet ? 1 : 0);
+    return isSet ? qHash(member, seed) : seed;
+}
+
+// --- Objects of a task: what their comparisons look at
+
+/// Without the name.
+inline HashValue qHash(const Double& object, HashValue seed = 0)
+{
+    return detail::HashOf(seed, object.GetMinimum(), object.GetMaximum(), object.GetDefault(),
+                          object.GetValue(), object.GetUnit());
+}
+
+inline HashValue qHash(const ValueMinMax& object, HashValue seed = 0)
+{
+    return detail::HashOf(seed, object.GetName(), object.GetValue(), object.GetMin(), object.GetMax());
+}
+
+inline HashValue qHash(const FrequencyRangeOld& object, HashValue seed = 0)
+{
+    return detail::HashOf(seed, object.GetStartFrequency(), object.GetStopFrequency());
+}
+
+inline HashValue qHash(const FrequencyInformation& object, HashValue seed = 0)
+{
+    seed = detail::HashOf(seed, object.GetFrequency(), object.GetFrequencyMin(), object.GetFrequencyMax());
+    return qHash(object.GetFrequencyRange(), seed);
+}
+
+/// The frequency alone.
+inline HashValue qHash(const FrequencyListValue& object, HashValue seed = 0)
+{
+    return detail::HashOf(seed, object.GetFrequency());
+}
+
+inline HashValue qHash(const Ellipse& object, HashValue seed = 0)
+{
+    return detail::HashOf(seed, object.GetMinRadius(), object.GetMaxRadius(), object.GetRotation());
+}
+
+inline HashValue qHash(const ChannelSpacing& object, HashValue seed = 0)
+{
+    seed = detail::HashOf(seed, object.GetVisual(), object.IsSameDistance() ? 1 : 0);
+    for (const double value : object.GetValues())
+        seed = detail::HashOf(seed, value);
+    return seed;
+}
+
+/// Mode and time. The names of the modes, which the comparison looks at too, can't be asked for.
+inline HashValue qHash(const MeasurementTime& object, HashValue seed = 0)
+{
+    seed = detail::HashOf(seed, static_cast<int>(object.GetMeasurementMode()));
+    return qHash(object.GetMeasurementTime(), seed);
+}
+
+namespace detail {
+
+template <class Object>
+struct StandardHash
+{
+    std::size_t operator()(const Object& object) const { return qHash(object); }
+};
+
+} // namespace detail
+} // namespace REPORTGENERATOR
+
+// The same hashes for the containers of the standard library.
+
+template <>
+struct std::hash<REPORTGENERATOR::Area> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Area>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::ChannelSpacing>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ChannelSpacing>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::Coordinate>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Coordinate>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::Double> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Double>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::Ellipse> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Ellipse>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::Frequency>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Frequency>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::FrequencyInformation>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyInformation>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::FrequencyListValue>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyListValue>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::FrequencyRangeOld>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyRangeOld>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::IFBandwidth>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::IFBandwidth>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::MeasurementTime>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::MeasurementTime>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::ReportBase>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ReportBase>
+{
+};
+
+template <>
+struct std::hash<REPORTGENERATOR::ValueMinMax>
+    : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ValueMinMax>
+{
+};
+
+#endif
