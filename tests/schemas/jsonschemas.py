@@ -8,6 +8,7 @@ SOURCE is the tree, SCRATCH a folder for files. What is written is then spoilt i
 
 import copy
 import json
+import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -160,6 +161,20 @@ def main():
     for line in (lines[0], lines[-1]):
         test.hold_spoilt("check.schema.json", line)
 
+    counted = json.loads(test.output("show", "--json", "--no-coordinates", *files))
+    assert len(counted) == len(files)
+    test.hold("show.schema.json", counted)
+    (each,) = (report for report in counted if report["file"].endswith("/hf_dsc_narrow.xml"))
+    assert each["area"]["points"] == 9
+    test.hold_spoilt("show.schema.json", [each])
+
+    lines = [json.loads(line) for line in test.output("list", "--json", *files).splitlines()]
+    assert len(lines) == len(files)
+    for line in lines:
+        test.hold("list.schema.json", line)
+    for line in (lines[0], lines[-1]):
+        test.hold_spoilt("list.schema.json", line)
+
     examples = sorted((source / "examples/reports").glob("*.xml"))
     empty = source / "tests/vectors/reportbase/empty.xml"
     for example in examples:
@@ -168,6 +183,21 @@ def main():
         difference = json.loads(test.output("diff", "--json", a, b))
         test.hold("diff.schema.json", difference)
         test.hold_spoilt("diff.schema.json", difference)
+
+    # What only one of them has, what is broken, and what differs within.
+    folders = [scratch / "a", scratch / "b"]
+    for folder, others in zip(folders, (examples, [empty, *examples[1:]])):
+        shutil.rmtree(folder, ignore_errors=True)
+        folder.mkdir()
+        (folder / "broken").write_text(str(folder), encoding="utf-8")
+        shutil.copy(others[0], folder / "changed")
+        shutil.copy(examples[1], folder / "same")
+        shutil.copy(examples[1], folder / folder.name)
+    lines = [json.loads(line) for line in test.output("diff", "-r", "--json", *folders).splitlines()]
+    assert [line["same"] for line in lines] == [False, False, None, False, True]
+    for line in lines:
+        test.hold("diff-folders.schema.json", line)
+        test.hold_spoilt("diff-folders.schema.json", line)
 
     # Something that is taken, that is taken without data, that is refused and that is left.
     fragment = scratch / "fragment.xml"
