@@ -266,8 +266,6 @@ TEST_F(ViewerByKeyboard, TheEntriesOfPanesAreCalledAsTheseAre)
     EXPECT_EQ(texts, QStringList({QStringLiteral("Go to &1 Report"), QStringLiteral("Go to &2 Map"),
                                   QStringLiteral("Go to &3 Problems"), QStringLiteral("Go to &4 Bytes"),
                                   QStringLiteral("Go to &5 Folder")}));
-    m_viewer.Press(Qt::Key_F, Qt::ControlModifier);
-    EXPECT_TEXT(Focus(), "filter");
 }
 
 TEST_F(ViewerByKeyboard, EverythingThatTakesTheKeyboardHasAName)

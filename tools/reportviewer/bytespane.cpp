@@ -1,5 +1,6 @@
 #include <reportviewer/bytespane.h>
 
+#include <reportviewer/finding.h>
 #include <reportviewer/forms.h>
 #include <reportviewer/hexview.h>
 #include <reportviewer/textview.h>
@@ -78,12 +79,18 @@ void BytesPane::ShowRightView()
         return;
     }
     const bool isUnpacked = m_contents->IsUnpacked() && !m_packed->isChecked();
-    const QByteArray& bytes = isUnpacked ? m_contents->unpacked : m_contents->bytes;
+    const QByteArray& bytes = ShownBytes();
     m_title->setText(isUnpacked ? tr("%1 unpacked bytes").arg(bytes.size()) : BytesText(bytes.size()));
     m_hex->SetBytes(bytes);
     m_views->setCurrentWidget(m_hex);
     setFocusProxy(m_hex);
     Q_EMIT PlaceChanged(QString());
+}
+
+/// Of what is no text.
+const QByteArray& BytesPane::ShownBytes() const
+{
+    return m_contents->IsUnpacked() && HasFields() ? m_contents->unpacked : m_contents->bytes;
 }
 
 /// Whether the view shows what the fields stand in.
@@ -136,6 +143,24 @@ Span BytesPane::MarkAt(qint64 place) const
 void BytesPane::FollowCursor(qint64 place)
 {
     View()->SetMark(MarkAt(place));
+    TellPlace(place);
+}
+
+bool BytesPane::Find(const QString& wanted, int direction)
+{
+    const qint64 from = View()->Cursor();
+    const auto found = m_contents->IsText() ? FindInText(m_contents->text, wanted, from, direction)
+                                            : FindInBytes(ShownBytes(), wanted, from, direction);
+    if (!found)
+        return false;
+    View()->ShowMark(*found);
+    TellPlace(found->begin);
+    return true;
+}
+
+/// The user has got there.
+void BytesPane::TellPlace(qint64 place)
+{
     Q_EMIT PlaceChanged(PlaceTextOf(place));
     const auto path = HasFields() ? m_contents->fields.PathAt(place) : std::nullopt;
     Q_EMIT FieldChosen(path ? path->Text() : QString());

@@ -34,6 +34,9 @@ public:
     /// Goes to where a problem is.
     void ShowPlace(const ReportCore::FilePlace& place);
 
+    /// Goes to where a text comes next in what is shown, or before. False where it doesn't come.
+    bool Find(const QString& wanted, int direction);
+
     /// Switches between the packed bytes and what they unpack to.
     QAction* PackedAction() const { return m_packed; }
 
@@ -56,6 +59,8 @@ Q_SIGNALS:
 private:
     void ShowRightView();
     void FollowCursor(qint64 place);
+    void TellPlace(qint64 place);
+    const QByteArray& ShownBytes() const;
     bool HasFields() const;
     Span MarkAt(qint64 place) const;
 

@@ -79,11 +79,20 @@ void MapBytes(Contents& contents, const ReadingSteps& steps)
     walk.Body();
 }
 
+void MarkProblems(Contents& contents)
+{
+    for (const ReportCore::Problem& problem : contents.file.problems)
+        contents.marks.Take(problem, false);
+    for (const ReportCore::Problem& doubt : contents.doubts)
+        contents.marks.Take(doubt, true);
+}
+
 /// All but the report, which is there already.
 void Complete(Contents& contents, const ReadingSteps& steps)
 {
     steps(QStringLiteral("Looking for doubts"), DOUBTING);
     contents.doubts = ReportCore::FindDoubts(contents.bytes, contents.file, ReportCore::Look::Thorough);
+    MarkProblems(contents);
     steps(QStringLiteral("Finding the fields"), MAPPING);
     if (contents.IsText())
         MapText(contents, steps);

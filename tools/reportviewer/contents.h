@@ -3,6 +3,7 @@
 
 #include <reportviewer/fieldmap.h>
 #include <reportviewer/outline.h>
+#include <reportviewer/problemmarks.h>
 #include <reportviewer/textrows.h>
 
 #include <reportcore/problem.h>
@@ -25,6 +26,9 @@ struct Contents
 
     /// What can be read but is hardly meant.
     ReportCore::Problems doubts;
+
+    /// Of all of these.
+    ProblemMarks marks;
 
     /// Of XML.
     QString text;

@@ -36,9 +36,16 @@ ContentsPointer EmptyContents()
     return std::make_shared<Contents>();
 }
 
+/// In which a report is written that comes from a file in this one.
+FileForm FormToWrite(const FileForm& form)
+{
+    return form.form == ReportCore::Form::Unknown ? FileForm{ReportCore::Form::Xml, false} : form;
+}
+
 } // namespace
 
-Document::Document(QObject* parent) : QObject(parent), m_contents(EmptyContents())
+Document::Document(QObject* parent)
+    : QObject(parent), m_form(FormToWrite({})), m_contents(EmptyContents()), m_fileContents(m_contents)
 {
     connect(&m_loading, &Background::Progressed, this, &Document::Progressed);
     connect(&m_following, &Background::Progressed, this,
@@ -80,25 +87,26 @@ void Document::CancelLoading()
 void Document::Show(const QString& name, const ContentsPointer& contents, const Stamp& stamp)
 {
     m_following.Cancel();
+    m_isReadingSaved = false;
     m_name = name;
     m_contents = contents;
+    m_fileContents = contents;
+    m_savedBytes.clear();
     m_stamp = stamp;
     m_wasDamaged = !name.isEmpty() && (!contents->file.IsGood() || contents->hasUnread);
-    m_savedForm.reset();
+    m_form = FormToWrite(contents->file.form);
     Q_EMIT Opened();
     Q_EMIT ContentsChanged();
 }
 
 void Document::Follow(const ReportBase& report)
 {
-    const FileForm form = Form();
+    m_isReadingSaved = false;
     m_following.Start(
-        [this, form, copy = ReportBase(report)](const Background::Steps& steps) -> Background::Outcome {
+        [this, form = m_form,
+         copy = ReportBase(report)](const Background::Steps& steps) -> Background::Outcome {
             const ContentsPointer contents = DraftContents(copy, form, steps);
-            return [this, contents] {
-                m_contents = contents;
-                Q_EMIT ContentsChanged();
-            };
+            return [this, contents] { ShowContents(contents); };
         },
         [this](const QString& text) {
             // What is shown stays.
@@ -108,10 +116,49 @@ void Document::Follow(const ReportBase& report)
     Q_EMIT FollowingProgressed(0);
 }
 
+void Document::ShowContents(const ContentsPointer& contents)
+{
+    m_contents = contents;
+    Q_EMIT ContentsChanged();
+}
+
+void Document::ShowFile()
+{
+    if (!m_fileContents) {
+        ReadSaved();
+    } else if (IsFollowing() || m_contents != m_fileContents) {
+        m_following.Cancel();
+        ShowContents(m_fileContents);
+    }
+}
+
+void Document::ReadSaved()
+{
+    if (m_isReadingSaved)
+        return;
+    m_isReadingSaved = true;
+    m_following.Start(
+        [this, bytes = m_savedBytes](const Background::Steps& steps) -> Background::Outcome {
+            const ContentsPointer contents = ReadContents(bytes, steps);
+            return [this, contents] {
+                m_isReadingSaved = false;
+                m_fileContents = contents;
+                ShowContents(contents);
+            };
+        },
+        [this](const QString& text) {
+            m_isReadingSaved = false;
+            Q_EMIT FollowingFailed(text);
+        });
+    Q_EMIT FollowingProgressed(0);
+}
+
 QString Document::Save(const ReportBase& report, const QString& name, const FileForm& form)
 {
+    QByteArray bytes;
     try {
-        ReportCore::WriteOutput(name, ReportCore::WriteWhole(ReportBase(report), form, -1));
+        bytes = ReportCore::WriteWhole(ReportBase(report), form, -1);
+        ReportCore::WriteOutput(name, bytes);
     } catch (const ReportCore::NotWritten& refused) {
         return refused.text;
     } catch (const UnusableFile& unusable) {
@@ -121,23 +168,18 @@ QString Document::Save(const ReportBase& report, const QString& name, const File
     m_name = name;
     m_stamp = StampOf(name);
     m_wasDamaged = false;
-    m_savedForm = form;
+    m_form = form;
+    m_fileContents.reset();
+    m_savedBytes = bytes;
+    m_isReadingSaved = false;
     Q_EMIT Saved();
-    Follow(report);
+    ReadSaved();
     return QString();
 }
 
 bool Document::HasFileChanged() const
 {
     return !m_name.isEmpty() && QFileInfo::exists(m_name) && !StampOf(m_name).Is(m_stamp);
-}
-
-FileForm Document::Form() const
-{
-    if (m_savedForm)
-        return *m_savedForm;
-    const FileForm& form = m_contents->file.form;
-    return form.form == ReportCore::Form::Unknown ? FileForm{ReportCore::Form::Xml, false} : form;
 }
 
 Document::Stamp Document::StampOf(const QString& name)

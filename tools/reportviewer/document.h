@@ -9,8 +9,6 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-#include <optional>
-
 namespace ReportViewer {
 
 /// A report file: loaded in the background, followed through changes, and saved.
@@ -33,6 +31,10 @@ public:
 
     /// The report has been changed to this one: bytes, problems and outline follow in the background.
     void Follow(const REPORTGENERATOR::ReportBase& report);
+
+    /// The report is that of the file once more: so are bytes, problems and outline. After saving they are read in the
+    /// background.
+    void ShowFile();
     bool IsFollowing() const { return m_following.IsBusy(); }
 
     /// Saves the report. Returns why it could not be done, in words; nothing when it is done. Then the document is that
@@ -50,7 +52,7 @@ public:
     const QString& FileName() const { return m_name; }
 
     /// In which it is saved unless another one is asked for.
-    ReportCore::FileForm Form() const;
+    const ReportCore::FileForm& Form() const { return m_form; }
 
     /// Never null.
     const ContentsPointer& Shown() const { return m_contents; }
@@ -89,6 +91,8 @@ private:
     };
 
     static Stamp StampOf(const QString& name);
+    void ReadSaved();
+    void ShowContents(const ContentsPointer& contents);
     void Show(const QString& name, const ContentsPointer& contents, const Stamp& stamp);
 
     Background m_loading;
@@ -96,8 +100,13 @@ private:
     QString m_name;
     Stamp m_stamp;
     bool m_wasDamaged = false;
-    std::optional<ReportCore::FileForm> m_savedForm;
+    ReportCore::FileForm m_form;
     ContentsPointer m_contents;
+
+    /// What the file says; null after saving until it has been read.
+    ContentsPointer m_fileContents;
+    QByteArray m_savedBytes;
+    bool m_isReadingSaved = false;
 };
 
 } // namespace ReportViewer

@@ -1,6 +1,7 @@
 #include <reportviewer/mainwindow.h>
 
 #include <reportviewer/bytespane.h>
+#include <reportviewer/findbar.h>
 #include <reportviewer/folderpane.h>
 #include <reportviewer/forms.h>
 #include <reportviewer/mapview.h>
@@ -29,15 +30,8 @@ using REPORTGENERATOR::ReportModel;
 
 namespace {
 
-QString GeometryKey()
-{
-    return QStringLiteral("geometry");
-}
-
-QString StateKey()
-{
-    return QStringLiteral("state");
-}
+constexpr QLatin1String GEOMETRY("geometry");
+constexpr QLatin1String STATE("state");
 
 QStringList LocalFiles(const QMimeData& data)
 {
@@ -55,8 +49,8 @@ MainWindow::MainWindow(std::unique_ptr<Questions> questions, QWidget* parent)
     : QMainWindow(parent),
       m_questions(questions ? std::move(questions) : std::make_unique<QuestionDialogs>(this)),
       m_changes(m_model), m_tree(new TreePane(m_model)), m_notice(new NoticeBar), m_map(new MapView),
-      m_bytes(new BytesPane), m_problems(new ProblemPane), m_folder(new FolderPane),
-      m_status(new StatusLine(*statusBar())),
+      m_bytes(new BytesPane), m_finder(new FindBar(m_model, *m_tree, *m_bytes)), m_problems(new ProblemPane),
+      m_folder(new FolderPane), m_status(new StatusLine(*statusBar())),
       m_selection(new Selection(*m_tree, *m_map, *m_bytes, *m_problems, this)),
       m_saving(m_document, m_model, m_changes, *m_tree, *m_questions, *m_notice)
 {
@@ -68,12 +62,14 @@ MainWindow::MainWindow(std::unique_ptr<Questions> questions, QWidget* parent)
     ShowReport();
     ShowContents();
     const QSettings settings;
-    restoreGeometry(settings.value(GeometryKey()).toByteArray());
-    restoreState(settings.value(StateKey()).toByteArray());
+    restoreGeometry(settings.value(GEOMETRY).toByteArray());
+    restoreState(settings.value(STATE).toByteArray());
 }
 
 MainWindow::~MainWindow()
 {
+    // The changes are forgotten when there is nobody left to be told.
+    m_changes.Stack().disconnect(this);
     // It shows the model, which is gone before the other parts are.
     delete m_tree;
 }
@@ -85,6 +81,7 @@ void MainWindow::Arrange()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_notice);
     layout->addWidget(m_tree);
+    layout->addWidget(m_finder);
     setCentralWidget(middle);
     m_panes.Add(m_tree);
     AddDock("mapDock", tr("Map"), m_map, Qt::RightDockWidgetArea);
@@ -139,8 +136,11 @@ void MainWindow::Connect()
     connect(&m_model, &ReportModel::Refused, this, [this](const QModelIndex& index, const QString& text) {
         m_notice->Say(QStringLiteral("%1: %2").arg(m_model.PathOf(index), text));
     });
-    connect(&m_changes.Stack(), &QUndoStack::cleanChanged, this,
-            [this](bool isClean) { setWindowModified(!isClean); });
+    connect(&m_changes.Stack(), &QUndoStack::cleanChanged, this, [this](bool isClean) {
+        setWindowModified(!isClean);
+        if (isClean)
+            m_document.ShowFile();
+    });
     connect(m_map, &MapView::Hovered, m_status, &StatusLine::ShowCoordinates);
     connect(m_bytes, &BytesPane::PlaceChanged, m_status, &StatusLine::ShowPlace);
     connect(m_folder, &FolderPane::Chosen, this, qOverload<const QString&>(&MainWindow::Open));
@@ -244,6 +244,8 @@ void MainWindow::ShowContents()
     m_isAnotherReport = false;
     m_bytes->SetContents(contents);
     m_problems->SetContents(contents);
+    m_model.SetContents(contents);
+    m_tree->viewport()->update();
     m_selection->Renew();
     UpdateFileText();
     UpdateTitle();
@@ -278,8 +280,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     m_document.CancelLoading();
     QSettings settings;
-    settings.setValue(GeometryKey(), saveGeometry());
-    settings.setValue(StateKey(), saveState());
+    settings.setValue(GEOMETRY, saveGeometry());
+    settings.setValue(STATE, saveState());
     event->accept();
 }
 

@@ -3,12 +3,11 @@
 
 #include <reportviewer/changes.h>
 #include <reportviewer/document.h>
+#include <reportviewer/markedmodel.h>
 #include <reportviewer/panes.h>
 #include <reportviewer/questions.h>
 #include <reportviewer/recentfiles.h>
 #include <reportviewer/saving.h>
-
-#include <reportgenerator/models/reportmodel.h>
 
 #include <QtWidgets/QMainWindow>
 
@@ -19,6 +18,7 @@ class QDockWidget;
 namespace ReportViewer {
 
 class BytesPane;
+class FindBar;
 class FolderPane;
 class MapView;
 class NoticeBar;
@@ -68,6 +68,7 @@ public:
     ProblemPane& Problems() { return *m_problems; }
     FolderPane& Folder() { return *m_folder; }
     NoticeBar& Notice() { return *m_notice; }
+    FindBar& Finder() { return *m_finder; }
     const Panes& AllPanes() const { return m_panes; }
     const QVector<QDockWidget*>& Docks() const { return m_docks; }
 
@@ -90,13 +91,14 @@ private:
 
     std::unique_ptr<Questions> m_questions;
     Document m_document;
-    REPORTGENERATOR::ReportModel m_model;
+    MarkedModel m_model;
     Changes m_changes;
     RecentFiles m_recent;
     TreePane* m_tree;
     NoticeBar* m_notice;
     MapView* m_map;
     BytesPane* m_bytes;
+    FindBar* m_finder;
     ProblemPane* m_problems;
     FolderPane* m_folder;
     StatusLine* m_status;

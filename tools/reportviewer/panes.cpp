@@ -34,12 +34,10 @@ void Panes::GoOn(int direction) const
     }
 }
 
-void Panes::GoTo(const QWidget& focused) const
+const QWidget* Panes::Focused() const
 {
-    for (int i = 0; i < Count(); ++i) {
-        if (m_panes.at(i).focused == &focused)
-            GoTo(i);
-    }
+    const int current = Current();
+    return current < 0 ? nullptr : m_panes.at(current).focused;
 }
 
 QString Panes::TitleOf(int number) const

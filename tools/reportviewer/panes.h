@@ -21,8 +21,8 @@ public:
 
     void GoTo(int number) const;
 
-    /// To that which the keyboard goes to this widget in.
-    void GoTo(const QWidget& focused) const;
+    /// What takes the keyboard in the part that has it; null where none of them has it.
+    const QWidget* Focused() const;
 
     /// For people.
     QString TitleOf(int number) const;

@@ -1,7 +1,6 @@
 #include <reportviewer/problemmodel.h>
 
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QStyle>
+#include <reportviewer/problemlooks.h>
 
 namespace ReportViewer {
 
@@ -67,17 +66,14 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
     case BriefRole:
         return index.column() == PlaceColumn ? ReportCore::PlaceCode(At(index.row()).place) : TextOf(index);
     case Qt::ToolTipRole:
-        // What a file has may look like markup; a tool tip that is no markup isn't broken into lines.
-        return QStringLiteral("<p style=\"white-space: pre-wrap\">%1</p>")
-            .arg(ReportCore::ProblemLine(At(index.row())).toHtmlEscaped());
+        return ToolTipOf(TextFirst(At(index.row())));
     case Qt::AccessibleTextRole:
         if (index.column() == KindColumn)
             return (isDoubt ? tr("Warning: %1") : tr("Problem: %1")).arg(TextOf(index));
         return QVariant();
     case Qt::DecorationRole:
         if (index.column() == KindColumn)
-            return QApplication::style()->standardIcon(isDoubt ? QStyle::SP_MessageBoxWarning
-                                                               : QStyle::SP_MessageBoxCritical);
+            return IconOf(isDoubt);
         return QVariant();
     default:
         return QVariant();

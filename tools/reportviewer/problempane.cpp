@@ -1,8 +1,8 @@
 #include <reportviewer/problempane.h>
 
+#include <reportviewer/problemlooks.h>
 #include <reportviewer/problemmodel.h>
 
-#include <QtCore/QStringList>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
@@ -103,14 +103,8 @@ void ProblemPane::ChooseNext(int direction)
 
 QString ProblemPane::Summary() const
 {
-    const int problems = m_model->Problems();
-    const int doubts = m_model->Doubts();
-    QStringList parts;
-    if (problems > 0)
-        parts << (problems == 1 ? tr("1 problem") : tr("%1 problems").arg(problems));
-    if (doubts > 0)
-        parts << (doubts == 1 ? tr("1 warning") : tr("%1 warnings").arg(doubts));
-    return parts.isEmpty() ? tr("No problems") : parts.join(QStringLiteral(", "));
+    const QString text = CountText(m_model->Problems(), m_model->Doubts());
+    return text.isEmpty() ? tr("No problems") : text;
 }
 
 void ProblemPane::Choose(const QModelIndex& index)

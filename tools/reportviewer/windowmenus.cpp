@@ -1,6 +1,7 @@
 #include <reportviewer/windowmenus.h>
 
 #include <reportviewer/bytespane.h>
+#include <reportviewer/findbar.h>
 #include <reportviewer/folderpane.h>
 #include <reportviewer/mainwindow.h>
 #include <reportviewer/mapview.h>
@@ -97,7 +98,25 @@ void WindowMenus::MakeEditMenu()
     menu.addActions({undo, redo});
     menu.addSeparator();
     TreePane& tree = m_window.Tree();
+    Add(menu, tr("&Find..."), QKeySequence(QStringLiteral("Ctrl+F")), [this] { Find(); });
+    FindBar& finder = m_window.Finder();
+    Add(menu, tr("Find Ne&xt"), QKeySequence(Qt::Key_F3), [&finder] { finder.FindNext(1); });
+    Add(menu, tr("Find Pre&vious"), QKeySequence(QStringLiteral("Shift+F3")),
+        [&finder] { finder.FindNext(-1); });
+    menu.addSeparator();
     menu.addActions({tree.EditAction(), tree.AddAction(), tree.UnsetAction(), tree.CopyPathAction()});
+}
+
+/// In what has the keyboard: the names of files, the bytes, or else the fields.
+void WindowMenus::Find()
+{
+    const QWidget* const focused = m_window.AllPanes().Focused();
+    if (focused == &m_window.Folder())
+        m_window.Folder().Filter()->setFocus(Qt::ShortcutFocusReason);
+    else if (m_window.Finder().HasKeyboard())
+        m_window.Finder().Open();
+    else
+        m_window.Finder().Open(focused == &m_window.Bytes() ? FindBar::Where::Bytes : FindBar::Where::Fields);
 }
 
 void WindowMenus::MakeMapMenu()
@@ -125,10 +144,6 @@ void WindowMenus::MakeGoMenu()
         [&folder] { folder.ChooseNext(1); });
     Add(menu, tr("Previous Fi&le"), QKeySequence(QStringLiteral("Alt+Up")),
         [&folder] { folder.ChooseNext(-1); });
-    Add(menu, tr("Fil&ter Files"), QKeySequence(QStringLiteral("Ctrl+F")), [this] {
-        m_window.AllPanes().GoTo(m_window.Folder());
-        m_window.Folder().Filter()->setFocus(Qt::ShortcutFocusReason);
-    });
 }
 
 void WindowMenus::MakeViewMenu()

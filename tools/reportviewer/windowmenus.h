@@ -32,6 +32,7 @@ private:
     void MakeViewMenu();
     void MakeHelpMenu();
     void FillRecentMenu();
+    void Find();
     void ShowAbout();
 
     MainWindow& m_window;
