@@ -4,6 +4,8 @@
 //
 //     written.xml      COUNT objects as the library writes them without validation, below an element Objects
 //     valid.xml        COUNT objects as it writes them with validation
+//     spoilt.jsonl     a line of JSON for XML in which a child is missing, comes twice or earlier, or bears another name, and
+//                      whether the library reads that with validation; one for each class and child
 //     binary.jsonl     a line of JSON for each of COUNT objects in its binary forms, and for each golden vector of one:
 //                      its bytes, and what the library reads from them
 //
@@ -22,7 +24,10 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QtEndian>
 
 #include <cmath>
@@ -210,6 +215,75 @@ void WriteXml(int count, bool validate, const QString& path)
     output.Write("\n</Objects>\n");
 }
 
+// --- Spoilt XML
+
+/// A child on a line of its own, with its name.
+const QRegularExpression& ChildPattern()
+{
+    static const QRegularExpression pattern(QStringLiteral("^ +<(\\w+)>[^<]*</\\1>$"));
+    return pattern;
+}
+
+struct Spoiling
+{
+    const char* name;
+    void (*spoil)(QStringList& lines, int child, const QString& name);
+};
+
+constexpr Spoiling SPOILINGS[] = {
+    {"missing", [](QStringList& lines, int child, const QString&) { lines.removeAt(child); }},
+    {"twice", [](QStringList& lines, int child, const QString&) { lines.insert(child, lines.at(child)); }},
+    {"renamed", [](QStringList& lines, int child,
+                   const QString& name) { lines[child].replace(name, QStringLiteral("Extra")); }},
+    {"earlier",
+     [](QStringList& lines, int child, const QString&) {
+         const QString before = lines.at(child - 1);
+         if (ChildPattern().match(before).hasMatch() && before != lines.at(child))
+             lines.swapItemsAt(child - 1, child);
+     }},
+};
+
+/// Also false where nothing of the object's name is found.
+bool IsRead(const Specimen& specimen, const QString& xml)
+{
+    const std::unique_ptr<Specimen> fresh = specimen.New();
+    try {
+        return fresh->Object().SetXmlString(xml, true);
+    } catch (const RGException&) {
+        return false;
+    }
+}
+
+void WriteSpoilt(int count, const QString& path)
+{
+    Output output(path);
+    QSet<QString> done;
+    for (int number = 0; number < count; ++number) {
+        const std::unique_ptr<Specimen> specimen = Digest::Generated(number);
+        Name(*specimen);
+        const QStringList lines = QString::fromUtf8(XmlOf(*specimen, true)).split(QLatin1Char('\n'));
+        for (int i = 0; i < lines.size(); ++i) {
+            const QString child = ChildPattern().match(lines.at(i)).captured(1);
+            for (const Spoiling& spoiling : SPOILINGS) {
+                const QString name =
+                    QStringLiteral("%1:%2:%3")
+                        .arg(specimen->Object().GetObjectName(), child, QLatin1String(spoiling.name));
+                if (child.isEmpty() || done.contains(name))
+                    continue;
+                QStringList spoilt = lines;
+                spoiling.spoil(spoilt, i, child);
+                if (spoilt == lines)
+                    continue;
+                done.insert(name);
+                const QString xml = spoilt.join(QLatin1Char('\n'));
+                output.Write(QJsonObject{{QStringLiteral("name"), name},
+                                         {QStringLiteral("xml"), xml},
+                                         {QStringLiteral("read"), IsRead(*specimen, xml)}});
+            }
+        }
+    }
+}
+
 // --- Binary forms
 
 QByteArray BinaryFile(const QByteArray& representation)
@@ -308,6 +382,7 @@ int main(int argc, char** argv)
             throw std::runtime_error("can't make the folder");
         WriteXml(count, false, folder.filePath(QStringLiteral("written.xml")));
         WriteXml(count, true, folder.filePath(QStringLiteral("valid.xml")));
+        WriteSpoilt(count, folder.filePath(QStringLiteral("spoilt.jsonl")));
         WriteBinary(count, folder.filePath(QStringLiteral("binary.jsonl")));
     } catch (const std::exception& exception) {
         std::fprintf(stderr, "written_objects: %s\n", exception.what());
