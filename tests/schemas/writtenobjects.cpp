@@ -28,7 +28,6 @@
 #include <QtCore/QSet>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-#include <QtCore/QtEndian>
 
 #include <cmath>
 #include <cstdio>
@@ -52,15 +51,16 @@ using REPORTGENERATOR::ValueMinMax;
 
 // --- What an object holds
 
+constexpr int HEX = 16;
+constexpr int HEX_DIGITS = 16;
+
 QJsonValue Number(double number)
 {
     if (std::isnan(number))
         return QStringLiteral("nan");
     quint64 bits = 0;
     std::memcpy(&bits, &number, sizeof bits);
-    bits = qToBigEndian(bits);
-    return QString::fromLatin1(
-        QByteArray(reinterpret_cast<const char*>(&bits), static_cast<int>(sizeof bits)).toHex());
+    return QStringLiteral("%1").arg(bits, HEX_DIGITS, HEX, QLatin1Char('0'));
 }
 
 QJsonValue Text(const QString& text)
