@@ -8,21 +8,12 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <tuple>
 
 namespace ReportCore {
 
 using REPORTGENERATOR::IRGObject;
 
 namespace {
-
-bool StandsBefore(const Problem& left, const Problem& right)
-{
-    const auto key = [](const Problem& problem) {
-        return std::make_tuple(problem.place.line, problem.place.column, problem.place.offset);
-    };
-    return key(left) < key(right);
-}
 
 // --- When there is nothing to look for
 

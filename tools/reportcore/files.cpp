@@ -91,6 +91,14 @@ bool IsStandardStream(const QString& name)
     return name == QLatin1String("-");
 }
 
+bool IsSameFile(const QString& left, const QString& right)
+{
+    if (IsStandardStream(left) || IsStandardStream(right))
+        return false;
+    const QString path = QFileInfo(left).canonicalFilePath();
+    return !path.isEmpty() && path == QFileInfo(right).canonicalFilePath();
+}
+
 QByteArray ReadInput(const QString& name)
 {
     return ReadInput(name, nullptr);

@@ -41,6 +41,9 @@ enum class Terminals
 /// Whether a name on the command line, "-", stands for standard input or output.
 bool IsStandardStream(const QString& name);
 
+/// Whether two names lead to the same file. Standard streams are no files.
+bool IsSameFile(const QString& left, const QString& right);
+
 /// Everything that the file or standard input holds. Throws `UnusableFile` when it cannot be read or holds
 /// more than `Ceiling()` bytes.
 QByteArray ReadInput(const QString& name);

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <tuple>
 
 namespace ReportCore {
 
@@ -28,15 +27,6 @@ bool IsAboutAll(const Problem& problem)
 bool EndsReading(const Problem& problem)
 {
     return IsOneOf(problem, {"RGException", "BinaryParsingException"});
-}
-
-bool StandsBefore(const Problem& left, const Problem& right)
-{
-    const auto key = [](const Problem& problem) {
-        const FilePlace& place = problem.place;
-        return std::make_tuple(place.isUncompressed, place.line, place.column, place.offset);
-    };
-    return key(left) < key(right);
 }
 
 /// Whether the report has all that its file says, as far as its reading has told.

@@ -2,6 +2,8 @@
 
 #include <reportcore/texts.h>
 
+#include <tuple>
+
 namespace ReportCore {
 
 namespace {
@@ -28,6 +30,14 @@ QString OffsetText(const FilePlace& place)
 }
 
 } // namespace
+
+bool StandsBefore(const Problem& left, const Problem& right)
+{
+    const auto key = [](const Problem& problem) {
+        return std::make_tuple(problem.place.line, problem.place.column, problem.place.offset);
+    };
+    return key(left) < key(right);
+}
 
 QString PlaceCode(const FilePlace& place)
 {

@@ -41,6 +41,9 @@ struct Problem
 
 using Problems = std::vector<Problem>;
 
+/// The order of the places in a file.
+bool StandsBefore(const Problem& left, const Problem& right);
+
 // What the library passes over, but what no writer of a report would have written.
 
 /// Neither XML nor one of the binary forms.

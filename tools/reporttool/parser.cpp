@@ -198,6 +198,13 @@ void Parser::RequireOneValueEach() const
     }
 }
 
+bool Parser::Offers(const char* option) const
+{
+    return std::any_of(m_allOptions.begin(), m_allOptions.end(), [option](const Option& offered) {
+        return offered.names.contains(QLatin1String(option));
+    });
+}
+
 qint64 Parser::Ceiling() const
 {
     if (!Has("ceiling"))

@@ -110,6 +110,9 @@ public:
     void ParseOrThrow(const QStringList& arguments);
 
     bool AsksForHelp() const { return Has("help"); }
+
+    /// Whether there is such an option; only then may one ask for it.
+    bool Offers(const char* option) const;
     bool Has(const char* option) const { return isSet(QLatin1String(option)); }
     QString Value(const char* option) const { return value(QLatin1String(option)); }
     QStringList Values(const char* option) const { return values(QLatin1String(option)); }

@@ -105,6 +105,7 @@ void FromJson(const QJsonObject& json, ReportFile& file)
     QJsonObject fields = json;
     for (const char* key : FILE_KEYS)
         fields.remove(QLatin1String(key));
+    fields.remove(QLatin1String(REPORT_KEY));
     ReportCore::SetFromJson(file.report, ReportCore::ReportInfo(), fields);
 }
 

@@ -8,6 +8,9 @@
 
 namespace ReportTool {
 
+/// Of one of several reports in a document: its number there.
+constexpr char REPORT_KEY[] = "report";
+
 /// What a file holds. Every key is always there; what is not set is null.
 QJsonObject ToJson(const QString& name, const ReportCore::ReportFile& file,
                    ReportCore::JsonPoints points = ReportCore::JsonPoints::All);

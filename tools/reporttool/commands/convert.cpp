@@ -2,9 +2,9 @@
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
 #include <reporttool/formoptions.h>
-#include <reporttool/goodreport.h>
 #include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportchoice.h>
 #include <reporttool/reportoutput.h>
 #include <reporttool/showjson.h>
 
@@ -19,7 +19,9 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace ReportTool {
 
@@ -42,21 +44,24 @@ constexpr char DESCRIPTION[] =
     "  json        what 'show --json' writes; --from json reads it, and writes the form that it\n"
     "              tells of unless --to is given\n"
     "\n"
-    "A report in which 'check' finds a problem is not converted.\n"
+    "A report in which 'check' finds a problem is not converted. What its file holds beside the\n"
+    "report, and values that read as others, are dropped only with --discard. With --all-reports\n"
+    "OUT is a folder, and the reports of a document are counted there: lake-1.xml, lake-2.xml.\n"
     "\n"
-    "Exit codes: 0 OUT is written, 1 the report is invalid or does not fit into the form, 2 a\n"
-    "file cannot be read or written or the command line is wrong.";
+    "Exit codes: 0 OUT is written, 1 the report is invalid, does not fit into the form or something\n"
+    "would be discarded, 2 a file cannot be read or written or the command line is wrong.";
 
 struct Options
 {
     std::optional<Target> target;
     bool isFromJson = false;
+    ReportChoice choice;
     ReportCore::Terminals terminals = ReportCore::Terminals::Refused;
 };
 
 Options OptionsOf(const Parser& parser)
 {
-    const Options options = {TargetOf(parser), parser.Has("from"), TerminalsOf(parser)};
+    const Options options = {TargetOf(parser), parser.Has("from"), ChoiceOf(parser), TerminalsOf(parser)};
     if (options.isFromJson && parser.Value("from") != QLatin1String("json"))
         throw UsageError{QStringLiteral("--from is for json; other forms are recognised")};
     if (!options.target && !options.isFromJson)
@@ -64,8 +69,8 @@ Options OptionsOf(const Parser& parser)
     return options;
 }
 
-/// The report that JSON tells of, with the form that it had.
-ReportFile ReadJson(const QByteArray& bytes)
+/// The reports that JSON tells of, with the forms that they had.
+std::vector<ChosenReport> ReadJson(const QByteArray& bytes, const ReportChoice& choice)
 {
     QJsonParseError error;
     const QJsonDocument document = ReportCore::ParseJson(bytes, error);
@@ -73,34 +78,43 @@ ReportFile ReadJson(const QByteArray& bytes)
         throw ReportCore::JsonError{
             QStringLiteral("%1 at offset %2").arg(error.errorString()).arg(error.offset)};
     const QJsonArray array = document.isArray() ? document.array() : QJsonArray{document.object()};
-    if (array.size() != 1 || !array.at(0).isObject())
-        throw ReportCore::JsonError{QStringLiteral("one report is expected, not %1").arg(array.size())};
-    ReportFile file;
-    FromJson(array.at(0).toObject(), file);
-    return file;
+    const auto count = static_cast<int>(array.size());
+    if (choice.number > count)
+        throw ReportCore::JsonError{
+            QStringLiteral("there is no report %1, the last one is %2").arg(choice.number).arg(count)};
+    if (!choice.IsMade() && (count != 1 || !array.at(0).isObject()))
+        throw ReportCore::JsonError{QStringLiteral("one report is expected, not %1").arg(count)};
+    std::vector<ChosenReport> reports;
+    for (int number = 1; number <= count; ++number) {
+        if (choice.number != 0 && number != choice.number)
+            continue;
+        if (!array.at(number - 1).isObject())
+            throw ReportCore::JsonError{QStringLiteral("an object is expected for each report")};
+        reports.push_back({{}, number, count});
+        FromJson(array.at(number - 1).toObject(), reports.back().file);
+    }
+    return reports;
 }
 
-std::optional<ReportFile> Read(const QString& input, const Options& options, Console& console)
+GoodReports Read(const QString& input, const QString& output, const Options& options, Console& console)
 {
     if (!options.isFromJson)
-        return ReadGoodReport(input, console);
+        return ReadGoodReports(input, output, options.choice, console);
     try {
-        return ReadJson(ReportCore::ReadInput(input));
+        return {ReadJson(ReportCore::ReadInput(input), options.choice), true};
     } catch (const ReportCore::JsonError& error) {
         console.Complain(input, error.text);
     }
-    return std::nullopt;
+    return {};
 }
 
-int ConvertFile(const QString& input, const QString& output, const Options& options, Console& console)
+int WriteFile(const QString& input, const ReportFile& file, const QString& output, const Options& options,
+              Console& console)
 {
-    const std::optional<ReportFile> file = Read(input, options, console);
-    if (!file)
-        return EXIT_INVALID;
-    const Target target = options.target ? *options.target : Target{file->form};
+    const Target target = options.target ? *options.target : Target{file.form};
     if (!target.isJson)
-        return PutReport(file->report, target.form, target.level, output, options.terminals, console);
-    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, *file)}).toJson();
+        return PutReport(file.report, target.form, target.level, output, options.terminals, console);
+    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, file)}).toJson();
     const QString excess = ReportCore::FindExcess(json);
     if (!excess.isEmpty()) {
         console.Complain(output, excess);
@@ -110,10 +124,21 @@ int ConvertFile(const QString& input, const QString& output, const Options& opti
     return EXIT_GOOD;
 }
 
-/// The file that a report gets in a folder.
-QString FileIn(const QString& folder, const QString& input, const Target& target)
+int ConvertFile(const QString& input, const QString& output, const Options& options, Console& console)
 {
-    return QDir(folder).filePath(QFileInfo(input).completeBaseName() + SuffixOf(target));
+    const GoodReports good = Read(input, output, options, console);
+    return good.areAll ? WriteFile(input, good.reports.front().file, output, options, console) : EXIT_INVALID;
+}
+
+/// The file that a report gets in a folder; those of several in a document are counted.
+QString FileIn(const QString& folder, const QString& input, const Target& target, int number = 1,
+               int count = 1)
+{
+    QString name = QFileInfo(input).completeBaseName();
+    if (count > 1)
+        name += QStringLiteral("-%1").arg(number, static_cast<int>(QString::number(count).size()), 10,
+                                          QLatin1Char('0'));
+    return QDir(folder).filePath(name + SuffixOf(target));
 }
 
 /// The output of each input; no two may have the same.
@@ -134,6 +159,28 @@ QHash<QString, QString> OutputsOf(const QStringList& inputs, const QString& fold
     return outputs;
 }
 
+/// Each of the chosen reports becomes a file in the folder, but none that another input becomes.
+int ConvertReports(const QString& input, const QString& folder, const QHash<QString, QString>& outputs,
+                   const Options& options, Console& console)
+{
+    const QString whole = outputs.value(input);
+    const GoodReports good = Read(input, whole, options, console);
+    int exitCode = good.areAll ? EXIT_GOOD : EXIT_INVALID;
+    for (const ChosenReport& report : good.reports) {
+        const int count = options.choice.isAll ? report.count : 1;
+        const QString output = FileIn(folder, input, *options.target, report.number, count);
+        const QString other = count > 1 ? outputs.key(output) : QString();
+        if (!other.isEmpty() && other != input) {
+            console.Complain(input, QStringLiteral("report %1 and %2 would both become %3")
+                                        .arg(QString::number(report.number), other, output));
+            exitCode = EXIT_INVALID;
+            continue;
+        }
+        exitCode = std::max(exitCode, WriteFile(input, report.file, output, options, console));
+    }
+    return exitCode;
+}
+
 int ConvertInto(const QString& folder, const QStringList& inputs, const Options& options, Console& console)
 {
     if (!options.target)
@@ -145,7 +192,7 @@ int ConvertInto(const QString& folder, const QStringList& inputs, const Options&
         DoForEach(static_cast<int>(inputs.size()), console, [&](int number, Console& fileConsole) {
             const QString& input = inputs.at(number);
             try {
-                return ConvertFile(input, outputs.value(input), options, fileConsole);
+                return ConvertReports(input, folder, outputs, options, fileConsole);
             } catch (const UnusableFile& unusable) {
                 fileConsole.Complain(unusable.file, unusable.text);
                 return EXIT_UNUSABLE;
@@ -163,6 +210,9 @@ void Declare(Parser& parser)
     parser.AddOption("from", "The reports are JSON; other forms are recognised.", "json",
                      Candidates::OneOf({QStringLiteral("json")}));
     parser.AddFileOptions();
+    AddReportNumber(parser);
+    AddAllReports(parser);
+    AddDiscard(parser);
     AddForce(parser);
     parser.AddExample("convert lake.xml lake.bin --to compressed", "Write one report in another form.");
     parser.AddExample("convert -r reports packed --to file --level 9",
@@ -177,7 +227,7 @@ int Convert(const Parser& parser, Console& console)
         throw UsageError{QStringLiteral("convert takes IN and OUT")};
     const Options options = OptionsOf(parser);
     const QString output = files.takeLast();
-    if (namesMore || files.size() > 1 || output.endsWith(QLatin1Char('/')))
+    if (namesMore || files.size() > 1 || options.choice.isAll || output.endsWith(QLatin1Char('/')))
         return ConvertInto(output, parser.FilesAmong(files), options, console);
     return ConvertFile(files.first(), output, options, console);
 }

@@ -4,6 +4,7 @@
 #include <reporttool/formattable.h>
 #include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportchoice.h>
 #include <reporttool/reportoutput.h>
 
 #include <reportcore/exporting/formats.h>
@@ -62,11 +63,12 @@ constexpr char DESCRIPTION[] =
     "Pictures are drawn by the program reportpicture, which stands beside this one where it was built\n"
     "with Qt Gui and, for svg, Qt Svg.\n"
     "\n"
-    "Reports in which 'check' finds a problem are left out, with a word on each. Where no report is\n"
-    "left nothing is written.\n"
+    "Reports in which 'check' finds a problem are left out, with a word on each. So are, without\n"
+    "--discard, those whose files hold something beside them, or values that read as others. Where\n"
+    "no report is left nothing is written.\n"
     "\n"
-    "Exit codes: 0 all reports are written, 1 a report is invalid, 2 a file cannot be read or\n"
-    "written or the command line is wrong.";
+    "Exit codes: 0 all reports are written, 1 a report is invalid or something would be discarded, 2\n"
+    "a file cannot be read or written or the command line is wrong.";
 
 std::unique_ptr<Exporter> ExporterOf(const ExportFormat& format, PictureSize size)
 {
@@ -113,22 +115,26 @@ private:
     std::optional<OutputFile> m_output;
 };
 
-/// A piece of the file that all go to; none of a report that cannot be there.
-FileResult ExportFile(const QString& name, const Exporter& exporter, Console& console)
+using ExportPieces = std::vector<ExportPiece>;
+
+/// The pieces of a file's reports in the file that all go to; none of a report that cannot be there.
+FileResult ExportFile(const QString& name, const ReportChoice& choice, const Exporter& exporter,
+                      Console& console)
 {
-    QByteArray bytes;
-    QString error;
-    if (!console.Read(name, bytes, error))
+    ExportPieces pieces;
+    qint64 size = 0;
+    try {
+        const GoodReports good = ReadGoodReports(name, QString(), choice, console);
+        for (const ChosenReport& report : good.reports) {
+            pieces.push_back(exporter.Prepare(ReportCore::FeatureOf(name, report.file.report)));
+            const auto points = static_cast<qint64>(pieces.back().feature.outline.size());
+            size += pieces.back().text.size() + points * qint64(sizeof(ReportCore::Point));
+        }
+        return {good.areAll ? EXIT_GOOD : EXIT_INVALID, std::move(pieces), size};
+    } catch (const ReportCore::UnusableFile& unusable) {
+        console.Complain(unusable.file, unusable.text);
         return {EXIT_UNUSABLE};
-    const ReportFile file = ReportCore::ReadReport(bytes);
-    for (const ReportCore::Problem& problem : file.problems)
-        console.Complain(name, problem);
-    if (!file.IsGood())
-        return {EXIT_INVALID};
-    ExportPiece piece = exporter.Prepare(ReportCore::FeatureOf(name, file.report));
-    const auto points = static_cast<qint64>(piece.feature.outline.size());
-    const qint64 size = piece.text.size() + points * qint64(sizeof(ReportCore::Point));
-    return {EXIT_GOOD, std::move(piece), size};
+    }
 }
 
 int DimensionOf(const QString& text)
@@ -209,6 +215,9 @@ void Declare(Parser& parser)
     parser.AddOption("to", "Format to write.", "format", Candidates::OneOf(NamesOf(ExportFormats())));
     parser.AddOption("size", "Size of a picture in pixels, 1200x900 where it is missing.", "size");
     parser.AddOutput();
+    AddReportNumber(parser);
+    AddAllReports(parser);
+    AddDiscard(parser);
     AddForce(parser);
     parser.AddExample("export -r reports --to geojsonl -o reports.geojsonl",
                       "Write all reports of a folder for a map or a database.");
@@ -219,6 +228,7 @@ int Export(const Parser& parser, Console& console)
 {
     const ExportFormat& format = FormatOf(ExportFormats(), parser, "to");
     const PictureSize size = SizeOf(parser, format);
+    const ReportChoice choice = ChoiceOf(parser);
     const QStringList files = parser.Files();
     const bool isPainter = ReportCore::OwnPainters().png != nullptr;
     if (format.painter && !isPainter)
@@ -232,11 +242,12 @@ int Export(const Parser& parser, Console& console)
     const std::vector<int> exitCodes = DoForEach(
         count, console,
         [&](int number, Console& fileConsole) {
-            return ExportFile(files.at(number), collection.Format(), fileConsole);
+            return ExportFile(files.at(number), choice, collection.Format(), fileConsole);
         },
         [&collection](std::any& result) {
-            if (const auto* const piece = std::any_cast<ExportPiece>(&result))
-                collection.Add(*piece);
+            if (const auto* const pieces = std::any_cast<ExportPieces>(&result))
+                std::for_each(pieces->begin(), pieces->end(),
+                              [&collection](const ExportPiece& piece) { collection.Add(piece); });
         });
     // Part of the reports is none of what was asked for.
     if (static_cast<int>(exitCodes.size()) == count)

@@ -1,8 +1,8 @@
 #include <reporttool/commands/list.h>
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
-#include <reporttool/goodreport.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportchoice.h>
 #include <reporttool/reportoutput.h>
 
 #include <reportcore/differences.h>
@@ -22,10 +22,11 @@ namespace {
 constexpr char DESCRIPTION[] =
     "Lays one report after the other over BASE and writes the outcome to OUT, in the form of BASE:\n"
     "fields that a report has replace those that were there, coordinates are appended. What was\n"
-    "replaced (!) and added (+) is told on standard error, a line each.\n"
+    "replaced (!) and added (+) is told on standard error, a line each. What else the files hold, and\n"
+    "values that read as others, are dropped only with --discard.\n"
     "\n"
-    "Exit codes: 0 OUT is written, 1 a report is invalid, 2 a file cannot be read or written or\n"
-    "the command line is wrong.";
+    "Exit codes: 0 OUT is written, 1 a report is invalid or something would be discarded, 2 a file\n"
+    "cannot be read or written or the command line is wrong.";
 
 bool Merge(ReportBase& base, const ReportBase& other, const QString& file, Console& console)
 {
@@ -51,6 +52,7 @@ void Declare(Parser& parser)
     parser.AddArgument("BASE", "Report; - stands for standard input.", "BASE");
     parser.AddArgument("OTHER", "Reports to lay over it; - stands for standard input.", "OTHER...");
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    AddDiscard(parser);
     AddForce(parser);
     parser.AddExample("merge base.xml other.xml -o out.xml", "Lay a report over another one.");
 }
@@ -64,15 +66,19 @@ int RunMerge(const Parser& parser, Console& console)
         throw UsageError{QStringLiteral("-o is missing")};
     if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
-    auto base = ReadGoodReport(files.first(), console);
-    bool isMerged = base.has_value();
+    const QString output = parser.Value("o");
+    const ReportChoice choice = ChoiceOf(parser);
+    GoodReports base = ReadGoodReports(files.first(), output, choice, console);
+    bool isMerged = base.areAll;
     for (const QString& file : files.mid(1)) {
-        const auto other = ReadGoodReport(file, console);
-        isMerged = other && isMerged && Merge(base->report, other->report, file, console);
+        const GoodReports other = ReadGoodReports(file, output, choice, console);
+        isMerged = other.areAll && isMerged &&
+                   Merge(base.reports.front().file.report, other.reports.front().file.report, file, console);
     }
     if (!isMerged)
         return EXIT_INVALID;
-    return PutReport(base->report, base->form, -1, parser.Value("o"), TerminalsOf(parser), console);
+    const ReportCore::ReportFile& merged = base.reports.front().file;
+    return PutReport(merged.report, merged.form, -1, output, TerminalsOf(parser), console);
 }
 
 } // namespace

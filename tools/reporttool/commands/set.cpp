@@ -2,6 +2,7 @@
 #include <reporttool/console.h>
 #include <reporttool/exitcodes.h>
 #include <reporttool/parser.h>
+#include <reporttool/reportchoice.h>
 #include <reporttool/reportoutput.h>
 
 #include <reportcore/files.h>
@@ -31,10 +32,11 @@ constexpr char DESCRIPTION[] =
     "all values are set, then fields are unset; items keep their numbers until then.\n"
     "\n"
     "A report in which 'check' finds a problem is not changed, unless the problem is about a field\n"
-    "that is set or unset.\n"
+    "that is set or unset. What else the file holds, and values that read as others, are dropped\n"
+    "only with --discard.\n"
     "\n"
-    "Exit codes: 0 OUT is written, 1 the report is invalid or a value is refused, 2 a file cannot\n"
-    "be read or written or the command line is wrong.";
+    "Exit codes: 0 OUT is written, 1 the report is invalid, a value is refused or something would be\n"
+    "discarded, 2 a file cannot be read or written or the command line is wrong.";
 
 struct Assignment
 {
@@ -129,16 +131,20 @@ bool IsMended(const Problem& problem, const Request& request)
                        [&path](const FieldPath& unset) { return unset.IsAbove(path); });
 }
 
-bool IsUsable(const ReportFile& file, const Request& request, Console& console)
+bool IsUsable(ChosenReport& report, const Request& request, Console& console)
 {
     bool isUsable = true;
-    for (const Problem& problem : file.problems) {
+    for (const Problem& problem : report.file.problems) {
         if (IsMended(problem, request))
             continue;
         console.Complain(request.input, problem);
         isUsable = false;
     }
-    return isUsable;
+    ReportCore::Problems& losses = report.losses;
+    losses.erase(std::remove_if(losses.begin(), losses.end(),
+                                [&request](const Problem& loss) { return IsMended(loss, request); }),
+                 losses.end());
+    return isUsable && IsWhole(request.input, report, console);
 }
 
 /// What isn't set can be unset all the same; but whoever names an item means one that is there.
@@ -185,6 +191,8 @@ void Declare(Parser& parser)
     parser.AddRepeatedOption("unset", "Unset this field; may be given several times.", "path",
                              Candidates::FieldPaths());
     parser.AddOption("o", "File to write; - stands for standard output.", "out", Candidates::Files());
+    AddReportNumber(parser);
+    AddDiscard(parser);
     AddForce(parser);
     parser.AddExample("set lake.xml frequency.value=121.5e6 -o lake.xml", "Change a field.");
     parser.AddExample("set lake.xml --unset area.scriptId -o out.xml", "Take a field out.");
@@ -193,8 +201,12 @@ void Declare(Parser& parser)
 int Set(const Parser& parser, Console& console)
 {
     const Request request = RequestOf(parser);
-    ReportFile file = ReportCore::ReadReport(ReportCore::ReadInput(request.input));
-    if (!IsUsable(file, request, console) || !Change(file, request, console))
+    std::vector<ChosenReport> reports =
+        ReadForWriting(request.input, request.output, ChoiceOf(parser), console);
+    if (reports.empty() || !IsUsable(reports.front(), request, console))
+        return EXIT_INVALID;
+    ReportFile& file = reports.front().file;
+    if (!Change(file, request, console))
         return EXIT_INVALID;
     return PutReport(file.report, file.form, -1, request.output, TerminalsOf(parser), console);
 }

@@ -1,0 +1,220 @@
+#include <reportcore/reportdocument.h>
+
+#include <reportcore/doubts.h>
+#include <reportcore/form.h>
+#include <reportcore/losses.h>
+#include <reportcore/spots.h>
+
+#include <QtCore/QXmlStreamReader>
+
+#include <algorithm>
+#include <utility>
+
+namespace ReportCore {
+
+namespace {
+
+constexpr char NAMESPACES[] = "namespaces";
+
+/// Where the reports of a document stand.
+class ReportRanges
+{
+public:
+    struct Range
+    {
+        qint64 begin = 0;
+        qint64 end = 0;
+        QString before; ///< what of the document the report needs in front of it
+        QString behind;
+    };
+
+    ReportRanges(const QByteArray& bytes, const Spots& places)
+        : m_places(places), m_reader(ForXmlReader(bytes))
+    {
+    }
+
+    /// Empty where the document is not well-formed.
+    std::vector<Range> Find()
+    {
+        while (!m_reader.atEnd()) {
+            const auto token = m_reader.readNext();
+            if (token == QXmlStreamReader::StartElement)
+                Start();
+            else if (token == QXmlStreamReader::EndElement)
+                End();
+            else if (token == QXmlStreamReader::DTD)
+                m_documentType = m_reader.text().toString();
+        }
+        return m_reader.hasError() ? std::vector<Range>() : std::move(m_ranges);
+    }
+
+    const QString& RootName() const { return m_rootName; }
+
+private:
+    void Start()
+    {
+        if (m_rootName.isNull())
+            m_rootName = m_reader.name().toString();
+        if (m_inReport > 0) {
+            ++m_inReport;
+        } else if (m_reader.name() == REPORTGENERATOR::ReportBase::GetStaticObjectName()) {
+            m_inReport = 1;
+            const qint64 begin = m_places.StartOfTag(m_reader.characterOffset());
+            m_ranges.push_back({begin, begin, m_documentType + StartOfNamespaces(), EndOfNamespaces()});
+        } else {
+            m_namespaces.push_back(m_reader.namespaceDeclarations());
+        }
+    }
+
+    void End()
+    {
+        if (m_inReport == 0)
+            m_namespaces.pop_back();
+        else if (--m_inReport == 0)
+            m_ranges.back().end = m_reader.characterOffset();
+    }
+
+    bool HasNamespaces() const
+    {
+        return std::any_of(m_namespaces.begin(), m_namespaces.end(),
+                           [](const auto& declarations) { return !declarations.isEmpty(); });
+    }
+
+    /// An element for each that declares one, so that the inner ones hide the outer ones.
+    QString StartOfNamespaces() const
+    {
+        QString text;
+        for (const QXmlStreamNamespaceDeclarations& declarations : m_namespaces) {
+            text += QLatin1Char('<') + QLatin1String(NAMESPACES);
+            for (const QXmlStreamNamespaceDeclaration& declaration : declarations) {
+                const QString prefix = declaration.prefix().toString();
+                text += QStringLiteral(" xmlns%1=\"%2\"")
+                            .arg(prefix.isEmpty() ? QString() : QLatin1Char(':') + prefix,
+                                 declaration.namespaceUri().toString().toHtmlEscaped());
+            }
+            text += QLatin1Char('>');
+        }
+        return HasNamespaces() ? text : QString();
+    }
+
+    QString EndOfNamespaces() const
+    {
+        QString text;
+        for (std::size_t i = 0; i < m_namespaces.size(); ++i)
+            text += QStringLiteral("</%1>").arg(QLatin1String(NAMESPACES));
+        return HasNamespaces() ? text : QString();
+    }
+
+    const Spots& m_places;
+    QXmlStreamReader m_reader;
+    QString m_rootName;
+    QString m_documentType;
+    int m_inReport = 0; ///< elements that are open in a report, with its own
+    std::vector<QXmlStreamNamespaceDeclarations> m_namespaces;
+    std::vector<Range> m_ranges;
+};
+
+FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
+{
+    Spots places;
+    places.TakeText(bytes);
+    return places.PlaceOf(position);
+}
+
+bool IsAround(const Problem& loss)
+{
+    return loss.name == QLatin1String(SURROUNDING_ELEMENT);
+}
+
+bool IsBeside(const Problem& loss)
+{
+    return IsAround(loss) || loss.name == QLatin1String(SECOND_REPORT);
+}
+
+bool IsWithin(const Problem& loss)
+{
+    return !IsBeside(loss);
+}
+
+template <typename Test>
+Problems Without(const Test& test, Problems losses)
+{
+    losses.erase(std::remove_if(losses.begin(), losses.end(), test), losses.end());
+    return losses;
+}
+
+} // namespace
+
+ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
+{
+    if (Recognise(bytes).form != Form::Xml)
+        return;
+    Spots places;
+    places.TakeText(bytes);
+    ReportRanges ranges(bytes, places);
+    const std::vector<ReportRanges::Range> found = ranges.Find();
+    m_rootName = ranges.RootName();
+    if (found.size() < 2)
+        return;
+    const QString text = DecodeXml(bytes);
+    for (const ReportRanges::Range& range : found) {
+        const auto size = static_cast<int>(range.end - range.begin);
+        const QByteArray part =
+            (range.before + text.mid(static_cast<int>(range.begin), size) + range.behind).toUtf8();
+        m_parts.push_back({part, PlaceIn(part, range.before.size()), places.PlaceOf(range.begin)});
+    }
+}
+
+int ReportDocument::Count() const
+{
+    return std::max(1, static_cast<int>(m_parts.size()));
+}
+
+ReportFile ReportDocument::Read(int index) const
+{
+    if (!IsDivided())
+        return ReadReport(m_bytes);
+    const Part& part = m_parts.at(static_cast<std::size_t>(index));
+    ReportFile file = ReadReport(part.bytes);
+    file.size = m_bytes.size();
+    file.objectName = m_rootName;
+    file.problems = Moved(std::move(file.problems), part);
+    return file;
+}
+
+Problems ReportDocument::LossesOf(int index, const ReportFile& file) const
+{
+    if (!IsDivided())
+        return Without(&IsBeside, FindLosses(m_bytes, file));
+    const Part& part = m_parts.at(static_cast<std::size_t>(index));
+    return Moved(Without(&IsBeside, FindLosses(part.bytes, file)), part);
+}
+
+Problems ReportDocument::LossesBeside(int index) const
+{
+    const Problems all = FindLosses(m_bytes, ReadReport(m_bytes));
+    if (!IsDivided())
+        return Without(&IsWithin, all);
+    Problems losses = Without([](const Problem& loss) { return !IsAround(loss); }, all);
+    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+        if (static_cast<int>(i) != index)
+            losses.push_back(
+                {QLatin1String(SECOND_REPORT), QStringLiteral("another report"), m_parts[i].wholePlace});
+    }
+    std::stable_sort(losses.begin(), losses.end(), StandsBefore);
+    return losses;
+}
+
+Problems ReportDocument::Moved(Problems problems, const Part& part)
+{
+    for (Problem& problem : problems) {
+        FilePlace& place = problem.place;
+        if (place.line == part.place.line)
+            place.column += part.wholePlace.column - part.place.column;
+        if (place.line > 0)
+            place.line += part.wholePlace.line - part.place.line;
+    }
+    return problems;
+}
+
+} // namespace ReportCore
