@@ -324,14 +324,16 @@ TEST(Area, UnknownElementsAreSkippedByTheirLengthWhateverTheVersion)
     }
 }
 
-TEST(Area, VersionThatEndsWithinACharacterIsNoneAndReadingGoesOnBehindItsSize)
+TEST(Area, VersionThatEndsWithinACharacterIsNoneAndEndsTheReading)
 {
     for (const int size : {1, 0x8d, 0x7fffffff}) {
         SCOPED_TRACE(size);
         Area area = Lake();
         const Bytes elements = Element(Tag::AREA_VERSION, Int32(size)) + Name("New");
-        EXPECT_EQ(ReadElements(area, elements), 0);
-        EXPECT_TEXT(area.GetName(), "New");
+        EXPECT_RG_THROW(
+            ReadElements(area, elements), "BinaryParsingException",
+            "Area::SetBinary(...): Length error occurred during processing of binary representation");
+        EXPECT_FALSE(area.IsNameSet());
         EXPECT_TRUE(area.GetInitialVersionLoaded().isNull());
     }
 }

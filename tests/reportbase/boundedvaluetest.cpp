@@ -489,12 +489,16 @@ TYPED_TEST(BoundedValue, DeclaredLengthsOfKnownElementsOnlyCountAgainstTheBudget
     EXPECT_EQ(object.GetMin(), 2.0);
 }
 
-TYPED_TEST(BoundedValue, ANegativeLengthOfAnUnknownElementIsOnlyAddedToTheBudget)
+TYPED_TEST(BoundedValue, ANegativeLengthOfAnUnknownElementIsAnErrorAlsoWhenTheLengthsAddUp)
 {
     // 8 bytes for the head of the unknown element, less 16, and 16 for the value.
     TypeParam object;
-    EXPECT_EQ(ReadElements(object, 8, ElementOfLength(Tag::UNKNOWN, -16, Bytes()) + Value("1.00")), 0);
-    EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
+    EXPECT_RG_THROW(
+        ReadElements(object, 8, ElementOfLength(Tag::UNKNOWN, -16, Bytes()) + Value("1.00")),
+        "BinaryParsingException",
+        Named<TypeParam>(
+            "@::SetBinary(...): Length error occurred during processing of binary representation"));
+    EXPECT_FALSE(object.AnyData());
 }
 
 TYPED_TEST(BoundedValue, DamagedInputIsReportedByTheExceptionAloneAndNothingIsPrinted)

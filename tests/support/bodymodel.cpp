@@ -2,7 +2,6 @@
 
 #include "support/states.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -12,18 +11,20 @@ namespace {
 constexpr int BITS_OF_NUMBER = 32;
 constexpr int SIGN_BIT = 31;
 
-/// What a stream of version 12 does: a read beyond the end gives 0 or nothing, and ends at the end.
+/// What a stream of version 12 does: a read beyond the end gives 0 or nothing, and ends at the end. Its status
+/// becomes bad then, as by a text of an odd size and by skipping backwards.
 class ModelStream
 {
 public:
     explicit ModelStream(const QByteArray& bytes) : m_bytes(bytes.toStdString()) {}
 
     bool AtEnd() const { return m_position == m_bytes.size(); }
+    bool IsGood() const { return m_isGood; }
 
     std::uint32_t Unsigned()
     {
         if (Left() < 4) {
-            m_position = m_bytes.size();
+            End();
             return 0;
         }
         std::uint32_t number = 0;
@@ -41,8 +42,10 @@ public:
 
     bool Bool()
     {
-        if (AtEnd())
+        if (AtEnd()) {
+            End();
             return false;
+        }
         return m_bytes[m_position++] != 0;
     }
 
@@ -52,8 +55,10 @@ public:
     std::string Text()
     {
         const std::uint32_t size = Unsigned();
-        if (size != NULL_SIZE && size % 2 != 0)
+        if (size != NULL_SIZE && size % 2 != 0) {
+            m_isGood = false;
             return {};
+        }
         const std::string utf16 = Taken(size);
         std::string text;
         for (std::size_t i = 0; i + 1 < utf16.size(); i += 2)
@@ -63,9 +68,13 @@ public:
 
     void Skip(std::int64_t count)
     {
-        if (count > 0)
-            m_position +=
-                static_cast<std::size_t>(std::min<std::int64_t>(count, static_cast<std::int64_t>(Left())));
+        // The -1 with which a stream refuses looks to it like one byte back.
+        if (count < -1)
+            m_isGood = false;
+        else if (count > static_cast<std::int64_t>(Left()))
+            End();
+        else if (count > 0)
+            m_position += static_cast<std::size_t>(count);
     }
 
 private:
@@ -73,12 +82,18 @@ private:
 
     std::size_t Left() const { return m_bytes.size() - m_position; }
 
+    void End()
+    {
+        m_position = m_bytes.size();
+        m_isGood = false;
+    }
+
     std::string Taken(std::uint32_t size)
     {
         if (size == NULL_SIZE)
             return {};
         if (size > Left()) {
-            m_position = m_bytes.size();
+            End();
             return {};
         }
         const std::string taken = m_bytes.substr(m_position, size);
@@ -88,6 +103,7 @@ private:
 
     std::string m_bytes;
     std::size_t m_position = 0;
+    bool m_isGood = true;
 };
 
 double NumberOf(const std::string& utf8)
@@ -151,7 +167,7 @@ Prediction Predicted(Model model, const QByteArray& bytes)
     stream.Text();
     stream.Signed();
     std::int64_t remaining = stream.Signed();
-    while (remaining > 0 && !stream.AtEnd()) {
+    while (remaining > 0 && stream.IsGood() && !stream.AtEnd()) {
         const std::int64_t tag = stream.Signed();
         const std::int64_t length = stream.Signed();
         remaining -= 8 + length;

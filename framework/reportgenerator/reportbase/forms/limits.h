@@ -14,6 +14,9 @@ namespace limits {
 /// Room left to compressed blocks of a few bytes, for which the factor by which they can grow says little.
 constexpr qint64 INFLATION_SLACK = 64;
 
+/// Bytes that a device of unknown kind is believed to hold before it has given them.
+constexpr qint64 BYTES_ON_TRUST = 65536;
+
 /// A byte array of the reference platform holds less than this, its administration included.
 constexpr qint64 MAX_BYTE_ARRAY = std::numeric_limits<int>::max() - 32;
 

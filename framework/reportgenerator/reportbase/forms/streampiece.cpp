@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/forms/streampiece.h>
 
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/forms/taggedelements.h>
 
 namespace REPORTGENERATOR::streampiece {
 
@@ -13,11 +13,8 @@ QIODevice* PlainDevice(const QDataStream& stream)
     const bool isPlain = device && stream.status() == QDataStream::Ok &&
                          stream.byteOrder() == QDataStream::BigEndian &&
                          stream.version() >= QDataStream::Qt_4_0 && !device->isTransactionStarted();
-    if (!isPlain || device->isSequential() || device->isTextModeEnabled())
-        return nullptr;
     // Other devices may look at each single write.
-    const QIODevice& known = *device;
-    return typeid(known) == typeid(QBuffer) || typeid(known) == typeid(QFile) ? device : nullptr;
+    return isPlain && elements::IsKnownDevice(*device) && !device->isTextModeEnabled() ? device : nullptr;
 }
 
 } // namespace

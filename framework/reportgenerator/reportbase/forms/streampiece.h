@@ -3,11 +3,8 @@
 
 #include <reportgenerator/reportbase/forms/buffer.h>
 
-#include <QtCore/QBuffer>
 #include <QtCore/QDataStream>
-#include <QtCore/QFile>
-
-#include <typeinfo>
+#include <QtCore/QIODevice>
 
 /// Bytes that a caller's stream takes or gives in one piece, where nobody can tell this from the many small
 /// ones.
@@ -33,7 +30,8 @@ bool Read(QDataStream& stream, qint64 length, ReadBytes&& read)
     const char* const bytes = Peek(stream, length, room);
     if (!bytes || !read(bytes))
         return false;
-    stream.device()->seek(stream.device()->pos() + length);
+    if (stream.device()->skip(length) != length)
+        stream.setStatus(QDataStream::ReadPastEnd);
     return true;
 }
 

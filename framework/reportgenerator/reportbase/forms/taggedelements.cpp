@@ -2,11 +2,19 @@
 
 #include <reportgenerator/reportbase/forms/limits.h>
 
+#include <QtCore/QBuffer>
+#include <QtCore/QFile>
 #include <QtCore/QtEndian>
+
+#include <algorithm>
+#include <typeinfo>
 
 namespace REPORTGENERATOR::elements {
 
 namespace {
+
+/// What a stream says to a number of bytes that it doesn't skip.
+constexpr int REFUSED = -1;
 
 void ReadToEnd(QDataStream& stream)
 {
@@ -33,15 +41,21 @@ qint64 ReadLength(QDataStream& stream, quint32 characterSize)
     return length;
 }
 
-/// A pipe or a socket doesn't know what is left, so that lengths can't be compared with it. The stream's own
-/// reading makes room step by step and is taken there.
+/// A pipe or a socket doesn't know what is left.
 bool IsSequential(const QDataStream& stream)
 {
     return stream.device() != nullptr && stream.device()->isSequential();
 }
 
+/// Whether room can be made for what the stream says is left: lengths can't be compared with the word of a
+/// device that doesn't know or may say anything. The stream's own reading makes room step by step.
+bool MayMakeRoom(const QDataStream& stream)
+{
+    return stream.device() == nullptr || IsKnownDevice(*stream.device());
+}
+
 /// Waits for so many bytes, at most a word, and leaves them there.
-bool ComesOfPipe(const QDataStream& stream, qint64 count)
+bool Comes(const QDataStream& stream, qint64 count)
 {
     char bytes[wire::WORD_SIZE] = {};
     return stream.device()->peek(bytes, count) == count;
@@ -53,6 +67,15 @@ Value ReadByStream(QDataStream& stream)
     Value value;
     stream >> value;
     return value;
+}
+
+/// A NUL ends the text.
+QString TextOfLatin1(const QByteArray& bytes)
+{
+    if (bytes.isNull())
+        return QString();
+    const auto length = qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()));
+    return QString::fromLatin1(bytes.constData(), static_cast<int>(length));
 }
 
 bool IsForeignByteOrder(const QDataStream& stream)
@@ -79,30 +102,50 @@ void LengthField::Close()
     device->seek(end);
 }
 
+bool IsKnownDevice(const QIODevice& device)
+{
+    return !device.isSequential() && (typeid(device) == typeid(QBuffer) || typeid(device) == typeid(QFile));
+}
+
 qint64 BytesLeft(const QDataStream& stream)
 {
     return stream.device() ? stream.device()->bytesAvailable() : 0;
 }
 
+qint64 BytesToMakeRoomFor(const QDataStream& stream)
+{
+    const qint64 left = BytesLeft(stream);
+    return MayMakeRoom(stream) ? left : std::min(left, limits::BYTES_ON_TRUST);
+}
+
 bool AtEnd(const QDataStream& stream)
 {
-    return IsSequential(stream) ? !ComesOfPipe(stream, 1) : stream.atEnd();
+    return IsSequential(stream) ? !Comes(stream, 1) : stream.atEnd();
 }
 
-bool HasWord(const QDataStream& stream)
+bool CanGoOn(const QDataStream& stream)
 {
-    return IsSequential(stream) ? ComesOfPipe(stream, wire::WORD_SIZE) : BytesLeft(stream) >= wire::WORD_SIZE;
+    return stream.status() == QDataStream::Ok && !AtEnd(stream);
 }
 
-bool IsBarren(const QDataStream& stream)
+bool HasByte(const QDataStream& stream)
 {
-    char byte = 0;
-    return !IsSequential(stream) && !stream.atEnd() && stream.device()->peek(&byte, 1) < 1;
+    return stream.status() == QDataStream::Ok && stream.device() && Comes(stream, 1);
+}
+
+bool TakeWord(QDataStream& stream, qint32& word)
+{
+    const bool isThere =
+        IsSequential(stream) ? Comes(stream, wire::WORD_SIZE) : BytesLeft(stream) >= wire::WORD_SIZE;
+    if (stream.status() != QDataStream::Ok || !isThere)
+        return false;
+    stream >> word;
+    return stream.status() == QDataStream::Ok;
 }
 
 QByteArray ReadBytes(QDataStream& stream)
 {
-    if (IsSequential(stream))
+    if (!MayMakeRoom(stream))
         return ReadByStream<QByteArray>(stream);
     const qint64 length = ReadLength(stream, 1);
     if (length < 0)
@@ -114,7 +157,9 @@ QByteArray ReadBytes(QDataStream& stream)
 
 QString ReadText(QDataStream& stream)
 {
-    if (IsSequential(stream))
+    if (stream.version() == QDataStream::Qt_1_0)
+        return TextOfLatin1(ReadBytes(stream));
+    if (!MayMakeRoom(stream))
         return ReadByStream<QString>(stream);
     const qint64 length = ReadLength(stream, sizeof(QChar));
     if (length < 0)
@@ -144,8 +189,12 @@ QString TextOfUtf8(const char* bytes, qint64 size)
 
 int Skip(QDataStream& stream, qint32 length)
 {
-    // A stream refuses a negative length too, but not without printing.
-    return length < 0 ? -1 : static_cast<int>(stream.skipRawData(length));
+    if (length >= 0)
+        return static_cast<int>(stream.skipRawData(length));
+    // What a stream does, but for the line that it prints. It takes the -1 of a refusal for as many bytes.
+    if (stream.device() && length != REFUSED)
+        stream.setStatus(QDataStream::ReadPastEnd);
+    return REFUSED;
 }
 
 } // namespace REPORTGENERATOR::elements

@@ -27,22 +27,31 @@ private:
     qint64 m_start = 0;
 };
 
-// Reading. Nothing here makes room for more than the stream still holds; of a sequential device, which cannot
-// tell, room is made as the bytes arrive.
+/// Whether the device is one of Qt's own, random-access, and so does what their pages say.
+bool IsKnownDevice(const QIODevice& device);
+
+// Reading. Nothing here makes room for more than the stream still holds; of a device that cannot tell, or may
+// say anything, room is made as the bytes arrive.
 
 /// Bytes that the stream can still give, of a sequential device those that have arrived.
 qint64 BytesLeft(const QDataStream& stream);
+
+/// How many of them may have room made for at once.
+qint64 BytesToMakeRoomFor(const QDataStream& stream);
 
 /// Whether the stream has nothing more to give. Unlike its own `atEnd` this waits for what a pipe has not
 /// handed over yet.
 bool AtEnd(const QDataStream& stream);
 
-/// Whether the stream still gives a tag or a length; waits like `AtEnd`.
-bool HasWord(const QDataStream& stream);
+/// Whether a walk may read on: the stream is good and has more to give. What a bad one gives is not asked
+/// for: within a transaction that would be nothing, without ever coming to an end.
+bool CanGoOn(const QDataStream& stream);
 
-/// Whether the stream gives nothing though it doesn't call that its end: its device is not open for reading,
-/// or fails. Whatever is read from it is 0.
-bool IsBarren(const QDataStream& stream);
+/// The same of a stream whose device may be closed for reading, or fail, without calling that its end.
+bool HasByte(const QDataStream& stream);
+
+/// Reads a tag or a length if the stream still gives one; waits like `AtEnd`.
+bool TakeWord(QDataStream& stream, qint32& word);
 
 /// A serialised byte array; null, with the stream at its end, when its length is more than what is left.
 QByteArray ReadBytes(QDataStream& stream);
@@ -56,25 +65,26 @@ QString ReadUtf8(QDataStream& stream);
 /// The text that bytes hold in UTF-8. A NUL ends it, and it is never null.
 QString TextOfUtf8(const char* bytes, qint64 size);
 
-/// Skips `length` bytes and returns how many were skipped, -1 for a negative length.
+/// Skips `length` bytes and returns how many were skipped. A negative length is refused as
+/// `QDataStream::skipRawData` does it: the result is -1, and the status is `ReadPastEnd` unless the length is -1.
 int Skip(QDataStream& stream, qint32 length);
 
 /// Walks the elements of a body of `length` bytes and hands each tag to `readPayload`, which reads the
 /// payload and returns true, or returns false for a tag that it doesn't know. The declared lengths count
 /// against the body's length whatever `readPayload` reads; the walk ends when they have used it up or the
-/// stream is at its end. Returns whether they came out exactly.
+/// stream is at its end or no longer good. Returns whether they came out exactly.
 template <class ReadPayload>
 bool WalkBody(QDataStream& stream, qint32 length, ReadPayload&& readPayload)
 {
     qint64 remaining = length;
-    while (remaining > 0 && !AtEnd(stream)) {
+    while (remaining > 0 && CanGoOn(stream)) {
         qint32 tag = 0;
         qint32 payloadLength = 0;
         stream >> tag >> payloadLength;
+        // What is cut off counts as 0, which a device that fails would give for ever.
+        if (stream.status() != QDataStream::Ok && !AtEnd(stream))
+            return false;
         remaining -= 2 * wire::WORD_SIZE + payloadLength;
-        // The rest would be tags and lengths of 0, however many.
-        if (stream.status() != QDataStream::Ok && tag == 0 && payloadLength == 0 && IsBarren(stream))
-            return remaining % (2 * wire::WORD_SIZE) == 0;
         if (!readPayload(tag, payloadLength))
             Skip(stream, payloadLength);
     }

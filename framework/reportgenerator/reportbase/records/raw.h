@@ -199,11 +199,12 @@ void ReadRowRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>&
 {
     qint32 count = 0;
     stream >> count;
-    ReserveItems(object, row, count, elements::BytesLeft(stream) / RawSize<typename Item::RecordData>());
+    ReserveItems(object, row, count,
+                 elements::BytesToMakeRoomFor(stream) / RawSize<typename Item::RecordData>());
     bool isLast = false;
     for (qint32 i = ReadItemsAtOnce(object, stream, row, count); i < count && !isLast; ++i) {
         // The first one that is missing is offered like the others: it reads as an empty one.
-        isLast = elements::AtEnd(stream);
+        isLast = !elements::HasByte(stream);
         ReadItem(object, row, [&](Item& item) { item.SetVersionSpecificBinaryWithoutValidation(stream); });
     }
 }

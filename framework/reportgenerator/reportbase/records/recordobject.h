@@ -147,7 +147,7 @@ void RecordObject<Data, Holder>::SetBinary(QDataStream& stream, int length)
 {
     ReapplySettings();
     InitData();
-    RecordObject::Reset();
+    this->Reset();
     const DirectRoad* const road = ObjectAccess::RoadOf(*this);
     if (road && streampiece::Read(stream, length,
                                   [&](const char* body) { return road->readBody(*this, body, length); }))

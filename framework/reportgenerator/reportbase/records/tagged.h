@@ -173,12 +173,11 @@ bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*le
         return false;
     qint32 count = 0;
     stream >> count;
-    ReserveItems(object, row, count, elements::BytesLeft(stream) / ShortestBody(row));
+    ReserveItems(object, row, count, elements::BytesToMakeRoomFor(stream) / ShortestBody(row));
     for (qint32 i = 0; i < count; ++i) {
-        if (!elements::HasWord(stream))
-            reporting::ThrowLengthError(object);
         qint32 length = 0;
-        stream >> length;
+        if (!elements::TakeWord(stream, length))
+            reporting::ThrowLengthError(object);
         ReadItem(object, row, [&](Item& item) { item.SetBinary(stream, length); });
     }
     return true;
