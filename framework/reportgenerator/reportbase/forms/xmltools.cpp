@@ -3,8 +3,6 @@
 #include <reportgenerator/reportbase/forms/buffer.h>
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 
-#include <QtCore/QXmlStreamReader>
-
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #    include <QtCore/QRegExp>
 #else
@@ -118,17 +116,22 @@ QString VersionAttribute(const QXmlStreamReader& reader)
     return reader.attributes().value(wire::VERSION_ATTRIBUTE.Latin1()).toString();
 }
 
+bool ReadNext(QXmlStreamReader& reader)
+{
+    return !reader.atEnd() && reader.readNext() != QXmlStreamReader::Invalid;
+}
+
 void ReadToName(QXmlStreamReader& reader, const QString& name)
 {
-    while (!reader.atEnd() && reader.name() != name)
-        reader.readNext();
+    while (reader.name() != name && ReadNext(reader)) {
+    }
 }
 
 void SkipElement(QXmlStreamReader& reader)
 {
     const QString name = reader.name().toString();
-    reader.readNext();
-    ReadToName(reader, name);
+    if (ReadNext(reader))
+        ReadToName(reader, name);
 }
 
 } // namespace REPORTGENERATOR::xmltools

@@ -25,9 +25,9 @@ namespace {
 /// A reader asks the file for so many bytes at a time.
 constexpr qint64 READER_BLOCK = 8192;
 
-/// Reads the rest of a file past Qt's reader, which would leave it at its end too. Otherwise the file stays
-/// where it is. Returns whether it was read.
-bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
+/// Reads the rest of a file past Qt's reader, which would leave it at its end too. Returns whether it was read.
+/// Otherwise the file stays where it is; one that doesn't go back leaves what it held to `reader`.
+bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file, QXmlStreamReader& reader)
 {
     if (file.isSequential() || !file.isReadable() || file.isTransactionStarted())
         return false;
@@ -39,7 +39,10 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file)
     const bool endsWithElement = xml.endsWith('>') || (xml.endsWith(">\n") && xml.size() % READER_BLOCK != 1);
     if (endsWithElement && file.error() == QFileDevice::NoError && road.readXmlBytes(object, xml))
         return true;
-    file.seek(start);
+    if (!file.seek(start)) {
+        reader.clear();
+        reader.addData(xml);
+    }
     return false;
 }
 
@@ -58,7 +61,7 @@ template <class Take>
 void WalkText(QXmlStreamReader& reader, Take&& take)
 {
     take(reader.text());
-    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::EndElement) {
+    while (xmltools::ReadNext(reader) && !reader.isEndElement()) {
         if (reader.isCharacters())
             take(reader.text());
     }
@@ -104,13 +107,7 @@ bool IRGObject::MergeRGObject(const IRGObject& other)
 
 void IRGObject::ProcessXml(QXmlStreamReader& reader)
 {
-    while (!reader.atEnd()) {
-        const auto token = reader.readNext();
-        if (token == QXmlStreamReader::EndElement)
-            break;
-        if (token == QXmlStreamReader::StartElement)
-            ProcessXmlStartElement(reader);
-    }
+    xmltools::ForEachChild(reader, [&] { ProcessXmlStartElement(reader); });
     ReportXmlError(reader);
 }
 
@@ -143,10 +140,10 @@ bool IRGObject::LoadXml(QFile* file)
         return proxy->LoadXml(file);
     }
     Trace(LogLevel::INFO, messages::LoadingXmlFile(GetObjectName(), file->fileName()));
-    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
-    if (road && ReadDirectly(*road, *this, *file))
-        return true;
     QXmlStreamReader reader(file);
+    const DirectRoad* const road = ObjectAccess::RoadOf(*this);
+    if (road && ReadDirectly(*road, *this, *file, reader))
+        return true;
     return ReadElement(reader);
 }
 
@@ -195,8 +192,8 @@ void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, bool& va
 
 bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const
 {
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == name)
+    while (xmltools::ReadNext(reader)) {
+        if (reader.isStartElement() && reader.name() == name)
             return true;
     }
     ReportXmlError(reader);
@@ -206,8 +203,8 @@ bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) cons
 bool IRGObject::StartsWith(const QString& xml, const QString& name) const
 {
     QXmlStreamReader reader(xml);
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement)
+    while (xmltools::ReadNext(reader)) {
+        if (reader.isStartElement())
             return reader.name() == name;
     }
     ReportXmlError(reader);
