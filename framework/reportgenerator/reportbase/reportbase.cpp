@@ -3,6 +3,8 @@
 #include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
 #include <reportgenerator/reportbase/records/recordobject.h>
 
+#include <utility>
+
 namespace REPORTGENERATOR {
 
 template const ObjectIdentity& ClassIdentity<ReportBaseData>();
@@ -11,6 +13,12 @@ template class RecordObject<ReportBaseData, SharedRecord<ReportBaseData>>;
 namespace {
 
 using Rows = Description<ReportBaseData>;
+
+void ReadChild(ReportBase& report, QXmlStreamReader& reader)
+{
+    if (!ReadXmlChild(report, reader))
+        xmltools::SkipElement(reader);
+}
 
 } // namespace
 
@@ -151,16 +159,25 @@ bool ReportBase::IsValidArea(const Area& /*area*/) const
 void ReportBase::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
-    // Once for all children: an area passes its settings on to what it reads.
-    ReapplySettings();
-    IRGObject::ProcessXml(reader);
+    if (!ObjectAccess::RoadOf(*this)) {
+        IRGObject::ProcessXml(reader);
+        return;
+    }
+    // Once for all children, since nobody comes between them: an area passes its settings on to what it reads.
+    bool isFirst = true;
+    xmltools::ForEachChild(reader, [&] {
+        if (std::exchange(isFirst, false))
+            ReapplySettings();
+        ReadChild(*this, reader);
+    });
+    ObjectAccess::ReportXmlError(*this, reader);
 }
 
 void ReportBase::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
+    ReapplySettings();
     InitData();
-    if (!ReadXmlChild(*this, reader))
-        xmltools::SkipElement(reader);
+    ReadChild(*this, reader);
 }
 
 } // namespace REPORTGENERATOR

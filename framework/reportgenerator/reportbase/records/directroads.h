@@ -134,7 +134,8 @@ private:
         if (ObjectAccess::Validates(object) && !AreRowsGood(data, Description<Data>::ROWS))
             return false;
         object.Reset();
-        Adopt(object, data);
+        // An element without children passes nothing on; the check does.
+        Adopt(object, data, data.flags != 0 || ObjectAccess::Validates(object));
         return true;
     }
 
@@ -154,15 +155,16 @@ private:
         if (!ReadRecord(ByteRange{body, body + size}, data))
             return false;
         object.Reset();
-        Adopt(object, data);
+        Adopt(object, data, true);
         return true;
     }
 
-    static void Adopt(IRGObject& object, Data& data)
+    static void Adopt(IRGObject& object, Data& data, bool passesSettings)
     {
         RecordAccess::Init(From(object));
         AdoptRecord(RecordAccess::Make(From(object)), data);
-        PassSettings(object);
+        if (passesSettings)
+            PassSettings(object);
     }
 };
 
