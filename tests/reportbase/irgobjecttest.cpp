@@ -179,6 +179,24 @@ TEST(IRGObject, IdTellsTheClassAndNeverTheInstance)
     EXPECT_EQ(Frequency().GetObjectId(), Frequency().GetObjectId());
 }
 
+TEST(IRGObject, ANameHandedOutBeforeTheFirstRenamingKeepsTheOldTextAndLaterOnesFollow)
+{
+    PlainObject object;
+    const QString& before = object.GetObjectName();
+    object.SetObjectName(Text("First"));
+    EXPECT_TEXT(before, "AnyType");
+    const QString& later = object.GetObjectName();
+    object.SetObjectName(Text("Second"));
+    EXPECT_TEXT(later, "Second");
+    EXPECT_TEXT(before, "AnyType");
+
+    REPORTGENERATOR::Double number;
+    const QString& nameOfNumber = number.GetName();
+    number.SetName(Text("Length"));
+    EXPECT_TEXT(nameOfNumber, "AnyType");
+    EXPECT_TEXT(number.GetName(), "Length");
+}
+
 TEST(IRGObject, GettersOfTextsReferToTheObjectsOwn)
 {
     const PlainObject object;

@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -54,6 +55,24 @@ constexpr qint32 LEAST = std::numeric_limits<qint32>::min();
 } // namespace
 
 // --- Tagged form ------------------------------------------------------------------------------------------
+
+TEST(ReportBase, ReadBackIsUnequalWhereNumbersHaveMoreDecimalsThanTheForm)
+{
+    ReportBase kept;
+    kept.GetFrequency().SetValue(121500000.25);
+    ReportBase rounded;
+    rounded.GetFrequency().SetValue(121500000.125);
+    ReportBase read;
+    QByteArray bytes = kept.GetBinaryRepresentationAsQByteArray();
+    EXPECT_TRUE(read.SetBinaryRepresentation(bytes));
+    EXPECT_TRUE(read == kept);
+    bytes = rounded.GetBinaryRepresentationAsQByteArray();
+    EXPECT_TRUE(read.SetBinaryRepresentation(bytes));
+    EXPECT_FALSE(read == rounded);
+    EXPECT_EQ(read.GetFrequency().GetValue(), 121500000.13);
+    EXPECT_TRUE(read.SetXmlString(rounded.GetXmlString(), true));
+    EXPECT_FALSE(read == rounded);
+}
 
 TEST(ReportBase, BodyHoldsTheCarriedMembersInTheirOrder)
 {
