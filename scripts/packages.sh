@@ -79,7 +79,7 @@ package_deb() {
 # Builds for one version of Qt as Debian builds its own packages, optimised as this project measures itself.
 build_for_debian() {
     local qt="$1" time="$2" bill="$3" flags linker_flags
-    flags="$(DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP='-g -O2' dpkg-buildflags --get CXXFLAGS)"
+    flags="$(DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP=-O2 dpkg-buildflags --get CXXFLAGS)"
     flags+=" $(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get CPPFLAGS)"
     linker_flags="$(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get LDFLAGS)"
     run cmake -S . -B "build/packages/qt$qt" -G Ninja -DCMAKE_BUILD_TYPE=Release \
@@ -99,6 +99,9 @@ pack_debian() {
     rm -rf "build/packages/qt$qt/packed"
     run cpack --config "build/packages/qt$qt/CPackConfig.cmake" -B "build/packages/qt$qt/packed" "${words[@]}"
     local package
+    for package in "build/packages/qt$qt/packed"/*.ddeb; do
+        [[ ! -f $package ]] || mv "$package" "${package%.ddeb}.deb"
+    done
     for package in "build/packages/qt$qt/packed"/*.deb; do
         finish_debian "$package"
     done

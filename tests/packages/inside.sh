@@ -51,6 +51,19 @@ expect_file() {
     [[ -f $1 ]] || fail "there is no $1"
 }
 
+# Packages with debug information tell it for the very files that the other packages hold.
+expect_debug_information() {
+    local file id
+    for file in "$@"; do
+        id="$(readelf --notes "$file" | sed -n 's/.*Build ID: //p')"
+        [[ -n $id ]] || fail "$file has no build ID"
+        expect_file "/usr/lib/debug/.build-id/${id:0:2}/${id:2}.debug"
+        readelf --debug-dump=info "/usr/lib/debug/.build-id/${id:0:2}/${id:2}.debug" >/tmp/debug-info
+        [[ -s /tmp/debug-info ]] || fail "no debug information for $file"
+        ! grep -q '/packages/qt' /tmp/debug-info || fail "the debug information of $file names a place of building"
+    done
+}
+
 # Headers, names to link with and descriptions: what only those need who build programs.
 expect_no_development_files() {
     if find /usr -path '/usr/include/*.h' -o -name '*.so' \( -name 'libQt*' -o -name 'libreportbase*' -o -name 'libreportmodels*' -o \
@@ -169,6 +182,17 @@ test_development() {
     snapshot >/tmp/before
     apt_get install --yes --no-install-recommends libreportbase-dev libreportbase-qt6-dev libreportbase-doc reporttool \
         reporttool-qt6
+    for suffix in "" -qt6; do
+        expect_file "/usr/share/gdb/auto-load/usr/lib/$(gcc -print-multiarch)/libreportbase$suffix.so.$version-gdb.py"
+    done
+
+    say "debug information"
+    apt_get install --yes --no-install-recommends "$qt5_library-dbgsym" "$qt6_library-dbgsym" "$qt5_models-dbgsym" \
+        "$qt6_models-dbgsym" reporttool-dbgsym reporttool-qt6-dbgsym
+    expect_debug_information "/usr/lib/$(gcc -print-multiarch)"/lib{reportbase,reportmodels,wendbase}{,-qt6}.so."$version" \
+        /usr/bin/reporttool /usr/bin/reporttool-qt6
+    apt_get purge --yes '*-dbgsym'
+
     for qt in 5 6; do
         package=ReportGenerator suffix=""
         if ((qt == 6)); then

@@ -1,0 +1,240 @@
+"""How gdb prints the objects of libreportbase: every field by its name, unset ones as such.
+
+gdb loads this file with the library, see docs/install.md. `print /r` shows the members themselves.
+"""
+
+import gdb
+import gdb.printing
+import gdb.types
+
+NAMESPACE = "REPORTGENERATOR::"
+
+UNSET = "unset"
+NOT_INITIALIZED = "not initialized"
+UNREADABLE = "unreadable"
+
+# --- What the records of the classes hold: field, member, bit of the flag byte
+
+BOUNDED_VALUE = (("Value", "value", 0), ("Min", "min", 1), ("Max", "max", 2))
+
+RECORDS = {
+    "Coordinate": (("Longitude", "longitude", 0), ("Latitude", "latitude", 1)),
+    "Frequency": BOUNDED_VALUE + (("Use", "use", 3),),
+    "IFBandwidth": BOUNDED_VALUE,
+    "Area": (("Name", "name", 0), ("ScriptID", "scriptID", 2), ("Coordinates", "coordinates", 1)),
+    "ReportBase": (("Frequency", "frequency", 0), ("IFBandwidth", "bandwidth", 1), ("Area", "area", 2)),
+}
+
+# --- What the plainer classes hold: field, member. A value of its type says that a field is unset.
+
+PLAIN = {
+    "Double": (("Value", "m_value"), ("Minimum", "m_minimum"), ("Maximum", "m_maximum"), ("Default", "m_default"),
+               ("Unit", "m_unit")),
+    "MinMax": (("Min", "m_min"), ("Max", "m_max")),
+    "ValueMinMax": (("Name", "m_name"), ("Value", "m_value"), ("Min", "m_min"), ("Max", "m_max")),
+    "FrequencyRangeOld": (("StartFrequency", "m_startFrequency"), ("StopFrequency", "m_stopFrequency")),
+    "FrequencyInformation": (("Frequency", "m_frequency"), ("FrequencyRange", "m_range")),
+    "FrequencyListValue": (("Frequency", "m_frequency"), ("TimeStamp", "m_timeStamp")),
+    "Ellipse": (("MinRadius", "m_minRadius"), ("MaxRadius", "m_maxRadius"), ("Rotation", "m_rotation")),
+    "ChannelSpacing": (("Visual", "m_visual"), ("SameDistance", "m_sameDistance"), ("Values", "m_values")),
+    "ScanParameter": (("FrequencyRange", "m_range"), ("StepFrequency", "m_stepFrequency"),
+                      ("DwellTime", "m_dwellTime"), ("HoldTime", "m_holdTime")),
+    "MeasurementTime": (("Mode", "m_mode"), ("Time", "m_time")),
+}
+
+INVALID_DOUBLE = -111111.11
+INVALID_MODE = -1
+
+EXCEPTION = (("Name", "m_errorName"), ("Text", "m_errorText"))
+
+EXCEPTIONS = ("ReportException", "RGException", "OutOfRangeException", "InvalidXmlException",
+              "ConversionErrorException", "IncompleteDefinitionException", "InterfaceNotSupportedException",
+              "InterfaceAlreadyRegisteredException", "BinaryParsingException")
+
+# --- Layouts, each in one place
+
+
+def only_number(value):
+    """The number or pointer that a class holds as the only thing, such as the standard library's atomics."""
+    while value.type.strip_typedefs().code == gdb.TYPE_CODE_STRUCT:
+        value = value[next(field for field in value.type.strip_typedefs().fields() if hasattr(field, "bitpos"))]
+    return value
+
+
+def record_of(thing):
+    """The record of an object, None while there is none."""
+    holder = thing["m_record"]
+    data = holder["m_data"]
+    if "SharedRecord<" in holder.type.strip_typedefs().name:
+        pointer = only_number(data)
+        return pointer.dereference() if int(pointer) else None
+    return data if int(only_number(data["isMade"])) else None
+
+
+def items_of(item_list):
+    """The vector of the items of a record."""
+    return item_list["m_items"]
+
+
+def elements_of(container):
+    """The number of elements in one of Qt's containers, and a function that gives the one at an index."""
+    element = gdb.types.get_basic_type(container.type).template_argument(0).pointer()
+    data = container["d"]
+    if data.type.strip_typedefs().code == gdb.TYPE_CODE_STRUCT:  # Qt 6
+        first, count = data["ptr"].cast(element), int(data["size"])
+    elif gdb.types.has_field(data.type.target(), "array"):  # Qt 5's QList of what is too large to stand in it
+        nodes, begin = data["array"], int(data["begin"])
+        return int(data["end"]) - begin, lambda index: nodes[begin + index].cast(element).dereference()
+    else:
+        first, count = after(data, "offset").cast(element), int(data["size"])
+    return count, lambda index: (first + index).dereference()
+
+
+def text_of(string):
+    """Address and number of a QString's characters."""
+    data = string["d"]
+    if data.type.strip_typedefs().code == gdb.TYPE_CODE_STRUCT:
+        return data["ptr"], int(data["size"])  # Qt 6
+    return after(data, "offset"), int(data["size"])
+
+
+def after(data, offset):
+    """The address that stands so many bytes after the beginning of Qt 5's array data."""
+    return data.cast(gdb.lookup_type("char").pointer()) + int(data[offset])
+
+
+# --- Printing
+
+
+def shown(value):
+    """A field's value as gdb can show it."""
+    kind = gdb.types.get_basic_type(value.type)
+    if kind.name == "QString":
+        characters, length = text_of(value)
+        units = characters.cast(gdb.lookup_type("unsigned short").pointer())
+        is_big_endian = "big endian" in gdb.execute("show endian", to_string=True)
+        return units.lazy_string("UTF-16BE" if is_big_endian else "UTF-16LE", length)
+    if kind.tag == "QVector<double>" or kind.tag == "QList<double>":
+        count, at = elements_of(value)
+        limit = gdb.parameter("print elements") or count
+        numbers = [str(at(index)) for index in range(min(count, limit))]
+        return "{%s%s}" % (", ".join(numbers), "..." if count > limit else "")
+    return value
+
+
+def is_plain_unset(value, invalid):
+    kind = gdb.types.get_basic_type(value.type)
+    if kind.name == "QString":
+        return text_of(value)[1] == 0
+    if kind.code == gdb.TYPE_CODE_ENUM:
+        return int(value.cast(gdb.lookup_type("int"))) == INVALID_MODE
+    return kind.code == gdb.TYPE_CODE_FLT and float(value) == invalid
+
+
+def fields(rows, read):
+    """The children of a printer; what can't be read doesn't hide the others."""
+    for row in rows:
+        try:
+            value = read(row)
+        except gdb.error:
+            value = UNREADABLE
+        yield row[0], value
+
+
+class RecordPrinter:
+    def __init__(self, thing, rows):
+        self._rows = rows
+        self._state = None
+        try:
+            self._record = record_of(thing)
+            if self._record is None:
+                self._state = NOT_INITIALIZED
+            else:
+                self._flags = int(self._record["flags"])
+        except gdb.error:
+            self._record = None
+            self._state = UNREADABLE
+
+    def to_string(self):
+        return self._state
+
+    def children(self):
+        return fields(self._rows if self._record is not None else (), self._read)
+
+    def _read(self, row):
+        _, member, bit = row
+        return shown(self._record[member]) if self._flags & (1 << bit) else UNSET
+
+
+class PlainPrinter:
+    def __init__(self, thing, rows):
+        self._thing = thing
+        self._rows = rows
+
+    def to_string(self):
+        return None
+
+    def children(self):
+        return fields(self._rows, self._read)
+
+    def _read(self, row):
+        value = self._thing[row[1]]
+        # A Double says itself which number is none.
+        own = gdb.types.has_field(self._thing.type, "m_defaultInvalidValue")
+        invalid = float(self._thing["m_defaultInvalidValue"]) if own else INVALID_DOUBLE
+        return UNSET if is_plain_unset(value, invalid) else shown(value)
+
+
+class ContainerPrinter:
+    """As many elements as `set print elements` says, and their number."""
+
+    def __init__(self, container):
+        try:
+            self._count, self._at = elements_of(container)
+        except gdb.error:
+            self._count = None
+
+    def to_string(self):
+        if self._count is None or self._count < 0:
+            return UNREADABLE
+        return "1 item" if self._count == 1 else "%d items" % self._count
+
+    def children(self):
+        for index in range(self._count or 0):
+            yield "[%d]" % index, self._at(index)
+
+    def display_hint(self):
+        return "array"
+
+
+class Printers(gdb.printing.PrettyPrinter):
+    """Chooses the printer of a value by the name of its class."""
+
+    def __init__(self):
+        super().__init__("reportbase")
+
+    def __call__(self, value):
+        kind = gdb.types.get_basic_type(value.type)
+        name = kind.tag or ""
+        if value.type.strip_typedefs().code in (gdb.TYPE_CODE_REF, gdb.TYPE_CODE_RVALUE_REF):
+            value = value.referenced_value()
+        if name.startswith(NAMESPACE + "ObjectList<"):
+            return ContainerPrinter(items_of(value))
+        if name.startswith(("QVector<", "QList<")) and self._is_ours(kind.template_argument(0)):
+            return ContainerPrinter(value)
+        own_name = name[len(NAMESPACE):] if name.startswith(NAMESPACE) else ""
+        if own_name in RECORDS:
+            return RecordPrinter(value, RECORDS[own_name])
+        if own_name in PLAIN:
+            return PlainPrinter(value, PLAIN[own_name])
+        if name in EXCEPTIONS:
+            return PlainPrinter(value, EXCEPTION)
+        return None
+
+    @staticmethod
+    def _is_ours(kind):
+        name = kind.strip_typedefs().tag or ""
+        return name.startswith(NAMESPACE) and name[len(NAMESPACE):] in {**RECORDS, **PLAIN}
+
+
+gdb.printing.register_pretty_printer(gdb.current_objfile(), Printers(), replace=True)
