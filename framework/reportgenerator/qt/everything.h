@@ -5,6 +5,7 @@
 
 #include <reportgenerator/qt/aswritten.h>
 #include <reportgenerator/qt/datastream.h>
+#include <reportgenerator/qt/difference.h>
 #include <reportgenerator/qt/files.h>
 #include <reportgenerator/qt/hash.h>
 #include <reportgenerator/qt/metatypes.h>

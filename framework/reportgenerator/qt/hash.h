@@ -68,6 +68,7 @@ HashValue HashOfMember(HashValue seed, bool isSet, const Member& member);
 
 // --- Objects of a report: the fields that are set
 
+/// Longitude and latitude, as far as they are set.
 inline HashValue qHash(const Coordinate& object, HashValue seed = 0)
 {
     // Asking for a number makes the record, which the comparison doesn't either.
@@ -77,12 +78,14 @@ inline HashValue qHash(const Coordinate& object, HashValue seed = 0)
                                object.IsLatitudeSet() ? object.GetLatitude() : 0.0);
 }
 
+/// Value, bounds and use, as far as they are set.
 inline HashValue qHash(const Frequency& object, HashValue seed = 0)
 {
     seed = detail::HashOfBoundedValue(object, seed);
     return detail::HashOfField(seed, object.IsUseSet(), object.GetUse() ? 1.0 : 0.0);
 }
 
+/// Value and bounds, as far as they are set.
 inline HashValue qHash(const IFBandwidth& object, HashValue seed = 0)
 {
     return detail::HashOfBoundedValue(object, seed);
@@ -115,23 +118,26 @@ HashValue detail::HashOfMember(HashValue seed, bool isSet, const Member& member)
 
 // --- Objects of a task: what their comparisons look at
 
-/// Without the name.
+/// Numbers and unit, without the name.
 inline HashValue qHash(const Double& object, HashValue seed = 0)
 {
     return detail::HashOf(seed, object.GetMinimum(), object.GetMaximum(), object.GetDefault(),
                           object.GetValue(), object.GetUnit());
 }
 
+/// Name, value and bounds.
 inline HashValue qHash(const ValueMinMax& object, HashValue seed = 0)
 {
     return detail::HashOf(seed, object.GetName(), object.GetValue(), object.GetMin(), object.GetMax());
 }
 
+/// Both ends.
 inline HashValue qHash(const FrequencyRangeOld& object, HashValue seed = 0)
 {
     return detail::HashOf(seed, object.GetStartFrequency(), object.GetStopFrequency());
 }
 
+/// Frequency, bounds and range.
 inline HashValue qHash(const FrequencyInformation& object, HashValue seed = 0)
 {
     seed = detail::HashOf(seed, object.GetFrequency(), object.GetFrequencyMin(), object.GetFrequencyMax());
@@ -144,11 +150,13 @@ inline HashValue qHash(const FrequencyListValue& object, HashValue seed = 0)
     return detail::HashOf(seed, object.GetFrequency());
 }
 
+/// Both radii and the rotation.
 inline HashValue qHash(const Ellipse& object, HashValue seed = 0)
 {
     return detail::HashOf(seed, object.GetMinRadius(), object.GetMaxRadius(), object.GetRotation());
 }
 
+/// Display text, whether the distance is the same, and the spacings.
 inline HashValue qHash(const ChannelSpacing& object, HashValue seed = 0)
 {
     seed = detail::HashOf(seed, object.GetVisual(), object.IsSameDistance() ? 1 : 0);
@@ -175,77 +183,90 @@ struct StandardHash
 } // namespace detail
 } // namespace REPORTGENERATOR
 
-// The same hashes for the containers of the standard library.
+// The same hashes, without a seed, for the containers of the standard library.
 
+/// As `qHash` of `Area`.
 template <>
 struct std::hash<REPORTGENERATOR::Area> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Area>
 {
 };
 
+/// As `qHash` of `ChannelSpacing`.
 template <>
 struct std::hash<REPORTGENERATOR::ChannelSpacing>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ChannelSpacing>
 {
 };
 
+/// As `qHash` of `Coordinate`.
 template <>
 struct std::hash<REPORTGENERATOR::Coordinate>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Coordinate>
 {
 };
 
+/// As `qHash` of `Double`.
 template <>
 struct std::hash<REPORTGENERATOR::Double> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Double>
 {
 };
 
+/// As `qHash` of `Ellipse`.
 template <>
 struct std::hash<REPORTGENERATOR::Ellipse> : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Ellipse>
 {
 };
 
+/// As `qHash` of `Frequency`.
 template <>
 struct std::hash<REPORTGENERATOR::Frequency>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::Frequency>
 {
 };
 
+/// As `qHash` of `FrequencyInformation`.
 template <>
 struct std::hash<REPORTGENERATOR::FrequencyInformation>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyInformation>
 {
 };
 
+/// As `qHash` of `FrequencyListValue`.
 template <>
 struct std::hash<REPORTGENERATOR::FrequencyListValue>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyListValue>
 {
 };
 
+/// As `qHash` of `FrequencyRangeOld`.
 template <>
 struct std::hash<REPORTGENERATOR::FrequencyRangeOld>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::FrequencyRangeOld>
 {
 };
 
+/// As `qHash` of `IFBandwidth`.
 template <>
 struct std::hash<REPORTGENERATOR::IFBandwidth>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::IFBandwidth>
 {
 };
 
+/// As `qHash` of `MeasurementTime`.
 template <>
 struct std::hash<REPORTGENERATOR::MeasurementTime>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::MeasurementTime>
 {
 };
 
+/// As `qHash` of `ReportBase`.
 template <>
 struct std::hash<REPORTGENERATOR::ReportBase>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ReportBase>
 {
 };
 
+/// As `qHash` of `ValueMinMax`.
 template <>
 struct std::hash<REPORTGENERATOR::ValueMinMax>
     : REPORTGENERATOR::detail::StandardHash<REPORTGENERATOR::ValueMinMax>

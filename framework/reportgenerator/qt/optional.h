@@ -49,6 +49,8 @@ std::optional<double> OptionalValue(const BoundedValue<Data>& object)
 {
     return object.IsValueSet() ? std::optional<double>(object.GetValue()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 template <class Data>
 void SetOptionalValue(BoundedValue<Data>& object, const std::optional<double>& value)
 {
@@ -64,6 +66,8 @@ std::optional<double> OptionalMin(const BoundedValue<Data>& object)
 {
     return object.IsMinSet() ? std::optional<double>(object.GetMin()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 template <class Data>
 void SetOptionalMin(BoundedValue<Data>& object, const std::optional<double>& value)
 {
@@ -79,6 +83,8 @@ std::optional<double> OptionalMax(const BoundedValue<Data>& object)
 {
     return object.IsMaxSet() ? std::optional<double>(object.GetMax()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 template <class Data>
 void SetOptionalMax(BoundedValue<Data>& object, const std::optional<double>& value)
 {
@@ -93,6 +99,8 @@ inline std::optional<bool> OptionalUse(const Frequency& object)
 {
     return object.IsUseSet() ? std::optional<bool>(object.GetUse()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalUse(Frequency& object, const std::optional<bool>& value)
 {
     if (value)
@@ -106,6 +114,8 @@ inline std::optional<double> OptionalLongitude(const Coordinate& object)
 {
     return object.IsLongitudeSet() ? std::optional<double>(object.GetLongitude()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalLongitude(Coordinate& object, const std::optional<double>& value)
 {
     if (value)
@@ -119,6 +129,8 @@ inline std::optional<double> OptionalLatitude(const Coordinate& object)
 {
     return object.IsLatitudeSet() ? std::optional<double>(object.GetLatitude()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalLatitude(Coordinate& object, const std::optional<double>& value)
 {
     if (value)
@@ -132,6 +144,8 @@ inline std::optional<QString> OptionalName(const Area& object)
 {
     return object.IsNameSet() ? std::optional<QString>(object.GetName()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalName(Area& object, const std::optional<QString>& value)
 {
     if (value)
@@ -145,6 +159,8 @@ inline std::optional<QString> OptionalScriptID(const Area& object)
 {
     return object.IsScriptIDSet() ? std::optional<QString>(object.GetScriptID()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalScriptID(Area& object, const std::optional<QString>& value)
 {
     if (value)
@@ -158,6 +174,8 @@ inline std::optional<Frequency> OptionalFrequency(const ReportBase& object)
 {
     return object.IsFrequencySet() ? std::optional<Frequency>(object.GetFrequency()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalFrequency(ReportBase& object, const std::optional<Frequency>& value)
 {
     if (value)
@@ -171,6 +189,8 @@ inline std::optional<IFBandwidth> OptionalIFBandwidth(const ReportBase& object)
 {
     return object.IsIFBandwidthSet() ? std::optional<IFBandwidth>(object.GetIFBandwidth()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalIFBandwidth(ReportBase& object, const std::optional<IFBandwidth>& value)
 {
     if (value)
@@ -184,6 +204,8 @@ inline std::optional<Area> OptionalArea(const ReportBase& object)
 {
     return object.IsAreaSet() ? std::optional<Area>(object.GetArea()) : std::nullopt;
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalArea(ReportBase& object, const std::optional<Area>& value)
 {
     if (value)
@@ -199,6 +221,8 @@ inline std::optional<double> OptionalValue(const Double& object)
 {
     return detail::OptionalNumberOf(object, object.GetValue());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalValue(Double& object, const std::optional<double>& value)
 {
     object.SetValue(value.value_or(object.GetDefaultInvalidValue()));
@@ -209,6 +233,8 @@ inline std::optional<double> OptionalMinimum(const Double& object)
 {
     return detail::OptionalNumberOf(object, object.GetMinimum());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMinimum(Double& object, const std::optional<double>& value)
 {
     object.SetMinimum(value.value_or(object.GetDefaultInvalidValue()));
@@ -219,6 +245,8 @@ inline std::optional<double> OptionalMaximum(const Double& object)
 {
     return detail::OptionalNumberOf(object, object.GetMaximum());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMaximum(Double& object, const std::optional<double>& value)
 {
     object.SetMaximum(value.value_or(object.GetDefaultInvalidValue()));
@@ -229,6 +257,8 @@ inline std::optional<double> OptionalDefault(const Double& object)
 {
     return detail::OptionalNumberOf(object, object.GetDefault());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalDefault(Double& object, const std::optional<double>& value)
 {
     object.SetDefault(value.value_or(object.GetDefaultInvalidValue()));
@@ -239,6 +269,8 @@ inline std::optional<QString> OptionalUnit(const Double& object)
 {
     return object.GetUnit().isEmpty() ? std::nullopt : std::optional<QString>(object.GetUnit());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalUnit(Double& object, const std::optional<QString>& value)
 {
     object.SetUnit(value.value_or(QString()));
@@ -249,6 +281,8 @@ inline std::optional<double> OptionalValue(const ValueMinMax& object)
 {
     return detail::OptionalNumberOf(object, object.GetValue());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalValue(ValueMinMax& object, const std::optional<double>& value)
 {
     object.SetValue(detail::NumberOr(object, value));
@@ -259,6 +293,8 @@ inline std::optional<double> OptionalMin(const ValueMinMax& object)
 {
     return detail::OptionalNumberOf(object, object.GetMin());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMin(ValueMinMax& object, const std::optional<double>& value)
 {
     object.SetMin(detail::NumberOr(object, value));
@@ -269,6 +305,8 @@ inline std::optional<double> OptionalMax(const ValueMinMax& object)
 {
     return detail::OptionalNumberOf(object, object.GetMax());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMax(ValueMinMax& object, const std::optional<double>& value)
 {
     object.SetMax(detail::NumberOr(object, value));
@@ -279,6 +317,8 @@ inline std::optional<double> OptionalFrequency(const FrequencyHolder& object)
 {
     return detail::OptionalNumberOf(object, object.GetFrequency());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalFrequency(FrequencyHolder& object, const std::optional<double>& value)
 {
     object.SetFrequency(detail::NumberOr(object, value));
@@ -289,6 +329,8 @@ inline std::optional<double> OptionalFrequencyMin(const FrequencyHolder& object)
 {
     return detail::OptionalNumberOf(object, object.GetFrequencyMin());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalFrequencyMin(FrequencyHolder& object, const std::optional<double>& value)
 {
     object.SetFrequencyMin(detail::NumberOr(object, value));
@@ -299,6 +341,8 @@ inline std::optional<double> OptionalFrequencyMax(const FrequencyHolder& object)
 {
     return detail::OptionalNumberOf(object, object.GetFrequencyMax());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalFrequencyMax(FrequencyHolder& object, const std::optional<double>& value)
 {
     object.SetFrequencyMax(detail::NumberOr(object, value));
@@ -315,6 +359,8 @@ inline std::optional<double> OptionalStartFrequency(const FrequencyRangeOld& obj
 {
     return detail::OptionalNumberOf(object, object.GetStartFrequency());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalStartFrequency(FrequencyRangeOld& object, const std::optional<double>& value)
 {
     object.SetStartFrequency(detail::NumberOr(object, value));
@@ -325,6 +371,8 @@ inline std::optional<double> OptionalStopFrequency(const FrequencyRangeOld& obje
 {
     return detail::OptionalNumberOf(object, object.GetStopFrequency());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalStopFrequency(FrequencyRangeOld& object, const std::optional<double>& value)
 {
     object.SetStopFrequency(detail::NumberOr(object, value));
@@ -335,6 +383,8 @@ inline std::optional<double> OptionalMinRadius(const Ellipse& object)
 {
     return detail::OptionalNumberOf(object, object.GetMinRadius());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMinRadius(Ellipse& object, const std::optional<double>& value)
 {
     object.SetMinRadius(detail::NumberOr(object, value));
@@ -345,6 +395,8 @@ inline std::optional<double> OptionalMaxRadius(const Ellipse& object)
 {
     return detail::OptionalNumberOf(object, object.GetMaxRadius());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalMaxRadius(Ellipse& object, const std::optional<double>& value)
 {
     object.SetMaxRadius(detail::NumberOr(object, value));
@@ -355,6 +407,8 @@ inline std::optional<double> OptionalRotation(const Ellipse& object)
 {
     return detail::OptionalNumberOf(object, object.GetRotation());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalRotation(Ellipse& object, const std::optional<double>& value)
 {
     object.SetRotation(detail::NumberOr(object, value));
@@ -365,6 +419,8 @@ inline std::optional<double> OptionalStepFrequency(const ScanParameter& object)
 {
     return detail::OptionalNumberOf(object, object.GetStepFrequency());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalStepFrequency(ScanParameter& object, const std::optional<double>& value)
 {
     object.SetStepFrequency(detail::NumberOr(object, value));
@@ -375,6 +431,8 @@ inline std::optional<double> OptionalDwellTime(const ScanParameter& object)
 {
     return detail::OptionalNumberOf(object, object.GetDwellTime());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalDwellTime(ScanParameter& object, const std::optional<double>& value)
 {
     object.SetDwellTime(detail::NumberOr(object, value));
@@ -385,6 +443,8 @@ inline std::optional<double> OptionalHoldTime(const ScanParameter& object)
 {
     return detail::OptionalNumberOf(object, object.GetHoldTime());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalHoldTime(ScanParameter& object, const std::optional<double>& value)
 {
     object.SetHoldTime(detail::NumberOr(object, value));
@@ -401,6 +461,8 @@ inline std::optional<QString> OptionalVisual(const ChannelSpacing& object)
 {
     return object.GetVisual().isEmpty() ? std::nullopt : std::optional<QString>(object.GetVisual());
 }
+
+/// Sets it, or unsets it for nothing.
 inline void SetOptionalVisual(ChannelSpacing& object, const std::optional<QString>& value)
 {
     object.SetVisual(value.value_or(QString()));

@@ -69,8 +69,9 @@ inline const QVector<Coordinate>& Points(const ReportBase& report)
     return report.IsAreaSet() ? report.GetArea().GetCoordinate() : NONE;
 }
 
-// The list of an object that is about to go.
+/// Not to be called: the list of an object that is about to go.
 const QVector<Coordinate>& Points(const Area&& area) = delete;
+/// Not to be called: the list of an object that is about to go.
 const QVector<Coordinate>& Points(const ReportBase&& report) = delete;
 
 } // namespace REPORTGENERATOR

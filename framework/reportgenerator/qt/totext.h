@@ -178,11 +178,13 @@ QString EnumerationText(Enumeration value, bool isValid, const QString& name, co
 
 // --- Enumerations: the name of a number, or the enumeration's own name with the number in brackets
 
+/// The name of a kind, or `ObjectTypes(-1)`.
 inline QString ToText(ObjectTypes type)
 {
     return detail::EnumerationText(type, IsValidObjectTypes(type), ObjectTypesToName(type), "ObjectTypes");
 }
 
+/// `ERROR`, `WARNING`, `INFO`, or `LogLevel(3)`.
 inline QString ToText(LogLevel level)
 {
     const char* const names[] = {"ERROR", "WARNING", "INFO"};
@@ -192,6 +194,7 @@ inline QString ToText(LogLevel level)
                                    "LogLevel");
 }
 
+/// `Continuous`, `Periodic`, or `MeasurementModeType(-1)`.
 inline QString ToText(MeasurementTime::MeasurementModeType mode)
 {
     const bool isValid = mode == MeasurementTime::Continuous || mode == MeasurementTime::Periodic;
@@ -200,24 +203,28 @@ inline QString ToText(MeasurementTime::MeasurementModeType mode)
     return detail::EnumerationText(mode, isValid, name, "MeasurementModeType");
 }
 
+/// The name of a task type, or `TaskTypeValue(-1)`.
 inline QString ToText(TaskType::TaskTypeValue type)
 {
     return detail::EnumerationText(type, TaskType::IsValidTaskType(type), TaskType::TaskTypeToName(type),
                                    "TaskTypeValue");
 }
 
+/// The display name of a measurement type, or `MeasurementTypeValue(-1)`.
 inline QString ToText(MeasurementType::MeasurementTypeValue type)
 {
     return detail::EnumerationText(type, MeasurementType::IsValidMeasurementType(type),
                                    MeasurementType::MeasurementTypeToName(type), "MeasurementTypeValue");
 }
 
+/// The display name of a sub-sensor, or `SubSensorTypeValue(-1)`.
 inline QString ToText(MeasurementType::SubSensorTypeValue type)
 {
     return detail::EnumerationText(type, MeasurementType::IsValidSubSensorType(type),
                                    MeasurementType::SubSensorTypeToName(type), "SubSensorTypeValue");
 }
 
+/// The full name of a resource type, or `ResourceTypeValue(-1)`.
 inline QString ToText(ResourceType::ResourceTypeValue type)
 {
     return detail::EnumerationText(type, ResourceType::IsValidResourceType(type),
@@ -245,6 +252,7 @@ inline QString ToText(const Frequency& object)
     return line.Take();
 }
 
+/// `IFBandwidth(value: 8333.33)`.
 inline QString ToText(const IFBandwidth& object)
 {
     detail::FieldLine line("IFBandwidth");
@@ -292,6 +300,7 @@ inline QString ToText(const ReportBase& object)
 
 // --- Objects of a task
 
+/// `MinMax(min: 1, max: 2)`.
 inline QString ToText(const MinMax& object)
 {
     detail::FieldLine line("MinMax");
@@ -300,6 +309,7 @@ inline QString ToText(const MinMax& object)
     return line.Take();
 }
 
+/// `Double(name: "DwellTime", value: 0.25, unit: "s")`.
 inline QString ToText(const Double& object)
 {
     detail::FieldLine line("Double");
@@ -313,6 +323,7 @@ inline QString ToText(const Double& object)
     return line.Take();
 }
 
+/// `ValueMinMax(name: "Frequency", value: 2, min: 1)`.
 inline QString ToText(const ValueMinMax& object)
 {
     detail::FieldLine line("ValueMinMax");
@@ -324,6 +335,7 @@ inline QString ToText(const ValueMinMax& object)
     return line.Take();
 }
 
+/// `FrequencyRangeOld(start: 87.5, stop: 108)`.
 inline QString ToText(const FrequencyRangeOld& object)
 {
     detail::FieldLine line("FrequencyRangeOld");
@@ -332,6 +344,7 @@ inline QString ToText(const FrequencyRangeOld& object)
     return line.Take();
 }
 
+/// `FrequencyInformation(frequency: 121.5)`, or with a `FrequencyRangeOld(...)`.
 inline QString ToText(const FrequencyInformation& object)
 {
     detail::FieldLine line("FrequencyInformation");
@@ -341,6 +354,7 @@ inline QString ToText(const FrequencyInformation& object)
     return line.Take();
 }
 
+/// `FrequencyListValue(frequency: 2, time: 2014-07-03T08:05:09.120Z)`, the time in UTC.
 inline QString ToText(const FrequencyListValue& object)
 {
     detail::FieldLine line("FrequencyListValue");
@@ -350,6 +364,7 @@ inline QString ToText(const FrequencyListValue& object)
     return line.Take();
 }
 
+/// `Ellipse(minRadius: 100, maxRadius: 250.5, rotation: 30)`.
 inline QString ToText(const Ellipse& object)
 {
     detail::FieldLine line("Ellipse");
@@ -359,6 +374,7 @@ inline QString ToText(const Ellipse& object)
     return line.Take();
 }
 
+/// `ChannelSpacing(sameDistance: true, values: 1 [8.25])`, with three spacings at most when there are more than four.
 inline QString ToText(const ChannelSpacing& object)
 {
     detail::FieldLine line("ChannelSpacing");
@@ -372,6 +388,7 @@ inline QString ToText(const ChannelSpacing& object)
     return line.Take();
 }
 
+/// `ScanParameter(FrequencyRangeOld(start: 118, stop: 137), step: 12.5)`.
 inline QString ToText(const ScanParameter& object)
 {
     detail::FieldLine line("ScanParameter");
@@ -383,6 +400,7 @@ inline QString ToText(const ScanParameter& object)
     return line.Take();
 }
 
+/// `MeasurementTime(mode: Periodic, Double(name: "MeasurementTime", value: 2.5))`.
 inline QString ToText(const MeasurementTime& object)
 {
     detail::FieldLine line("MeasurementTime");
