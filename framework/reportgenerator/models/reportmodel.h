@@ -128,6 +128,7 @@ public:
 
     // What views ask
 
+    /// As views ask every model; a list has its items below it, and a member object its fields.
     QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& index) const override;
     using QObject::parent;

@@ -50,9 +50,7 @@ inline std::ostream& operator<<(std::ostream& stream, const IRGObject& object)
     return detail::Print(stream, ToText(object));
 }
 
-// The four functions for a type: to print it with qDebug() and to a standard stream, in UTF-8; and as QCOMPARE shows
-// it, which takes no base of the type.
-
+/// The functions that print values of a type with qDebug(), and to a standard stream in UTF-8.
 #define REPORTGENERATOR_QT_PRINTED(Type)                                                                     \
     inline QDebug operator<<(QDebug debug, const Type& value)                                                \
     {                                                                                                        \
@@ -63,6 +61,7 @@ inline std::ostream& operator<<(std::ostream& stream, const IRGObject& object)
         return REPORTGENERATOR::detail::Print(stream, REPORTGENERATOR::ToText(value));                       \
     }
 
+/// The function by which QCOMPARE shows values of a type, which takes no base of the type.
 #define REPORTGENERATOR_QT_COMPARED(Type)                                                                    \
     inline char* toString(const Type& value)                                                                 \
     {                                                                                                        \

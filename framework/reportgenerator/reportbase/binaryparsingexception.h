@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT BinaryParsingException : public RGException
 public:
     /// Name "BinaryParsingException", text as given.
     explicit BinaryParsingException(const QString& text);
+
+    /// Copies name and text.
     BinaryParsingException(const BinaryParsingException& other);
     BinaryParsingException& operator=(const BinaryParsingException& other);
     ~BinaryParsingException() override;

@@ -57,6 +57,7 @@ public:
     bool IsValidMax(const double& max) const;
     double GetDefaultMax() const;
 
+    /// As `ReadValuesFromXml`.
     void ProcessXml(QXmlStreamReader& reader) override;
 
     /// Reads the element that the reader stands on. The value counts as set afterwards, whatever the text; a
@@ -65,8 +66,13 @@ public:
     void ReadValuesFromXml(QXmlStreamReader& reader);
 
 protected:
+    /// Nothing set.
     BoundedValue();
+
+    /// Copies kind, record and validate flag.
     BoundedValue(const BoundedValue& other);
+
+    /// Takes the record over, and nothing else.
     BoundedValue& operator=(const BoundedValue& other);
     ~BoundedValue() override;
 

@@ -24,6 +24,8 @@ class REPORTBASE_EXPORT ChannelSpacing : public IRGObject
 public:
     /// Nothing set.
     ChannelSpacing();
+
+    /// Copies everything, base included.
     ChannelSpacing(const ChannelSpacing& other);
     ChannelSpacing& operator=(const ChannelSpacing& other);
     ~ChannelSpacing() override;

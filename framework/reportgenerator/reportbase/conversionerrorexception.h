@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT ConversionErrorException : public RGException
 public:
     /// Name "ConversionErrorException", text as given.
     explicit ConversionErrorException(const QString& text);
+
+    /// Copies name and text.
     ConversionErrorException(const ConversionErrorException& other);
     ConversionErrorException& operator=(const ConversionErrorException& other);
     ~ConversionErrorException() override;

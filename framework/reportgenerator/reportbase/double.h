@@ -26,6 +26,8 @@ class REPORTBASE_EXPORT Double : public IRGObject
 public:
     /// Nothing set, object name "AnyType".
     Double();
+
+    /// Copies everything, base included.
     Double(const Double& other);
     Double& operator=(const Double& other);
     ~Double() override;

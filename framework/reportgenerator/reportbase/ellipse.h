@@ -22,6 +22,8 @@ class REPORTBASE_EXPORT Ellipse : public IRGObject
 public:
     /// Nothing set.
     Ellipse();
+
+    /// Copies everything, base included.
     Ellipse(const Ellipse& other);
     Ellipse& operator=(const Ellipse& other);
     ~Ellipse() override;

@@ -32,7 +32,10 @@ public:
     void SetFrequencyMinMax(const MinMax& bounds);
 
 protected:
+    /// Nothing set.
     explicit FrequencyHolder(const ObjectIdentity& identity);
+
+    /// Copies everything, base included.
     FrequencyHolder(const FrequencyHolder& other);
     FrequencyHolder& operator=(const FrequencyHolder& other);
     ~FrequencyHolder() override;
@@ -40,6 +43,7 @@ protected:
     /// "Frequency", the name of the frequency's element.
     static QString FrequencyName();
 
+    /// The frequency and its bounds.
     ValueMinMax m_frequency;
 };
 

@@ -22,6 +22,8 @@ class REPORTBASE_EXPORT FrequencyInformation : public FrequencyHolder
 public:
     /// Nothing set.
     FrequencyInformation();
+
+    /// Copies everything, base included.
     FrequencyInformation(const FrequencyInformation& other);
     FrequencyInformation& operator=(const FrequencyInformation& other);
     ~FrequencyInformation() override;

@@ -21,6 +21,8 @@ class REPORTBASE_EXPORT FrequencyListValue : public FrequencyHolder
 public:
     /// Nothing set.
     FrequencyListValue();
+
+    /// Copies everything, base included.
     FrequencyListValue(const FrequencyListValue& other);
     FrequencyListValue& operator=(const FrequencyListValue& other);
     ~FrequencyListValue() override;

@@ -21,6 +21,8 @@ class REPORTBASE_EXPORT FrequencyRangeOld : public IRGObject
 public:
     /// Nothing set.
     FrequencyRangeOld();
+
+    /// Copies everything, base included.
     FrequencyRangeOld(const FrequencyRangeOld& other);
     FrequencyRangeOld& operator=(const FrequencyRangeOld& other);
     ~FrequencyRangeOld() override;

@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT IncompleteDefinitionException : public RGException
 public:
     /// Name "IncompleteDefinitionException", text as given.
     explicit IncompleteDefinitionException(const QString& text);
+
+    /// Copies name and text.
     IncompleteDefinitionException(const IncompleteDefinitionException& other);
     IncompleteDefinitionException& operator=(const IncompleteDefinitionException& other);
     ~IncompleteDefinitionException() override;

@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT InterfaceAlreadyRegisteredException : public RGException
 public:
     /// Name "InterfaceAlreadyRegisteredException", text as given.
     explicit InterfaceAlreadyRegisteredException(const QString& text);
+
+    /// Copies name and text.
     InterfaceAlreadyRegisteredException(const InterfaceAlreadyRegisteredException& other);
     InterfaceAlreadyRegisteredException& operator=(const InterfaceAlreadyRegisteredException& other);
     ~InterfaceAlreadyRegisteredException() override;

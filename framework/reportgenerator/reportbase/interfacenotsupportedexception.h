@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT InterfaceNotSupportedException : public RGException
 public:
     /// Name "InterfaceNotSupportedException", text as given.
     explicit InterfaceNotSupportedException(const QString& text);
+
+    /// Copies name and text.
     InterfaceNotSupportedException(const InterfaceNotSupportedException& other);
     InterfaceNotSupportedException& operator=(const InterfaceNotSupportedException& other);
     ~InterfaceNotSupportedException() override;

@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT InvalidXmlException : public RGException
 public:
     /// Name "InvalidXmlException", text as given.
     explicit InvalidXmlException(const QString& text);
+
+    /// Copies name and text.
     InvalidXmlException(const InvalidXmlException& other);
     InvalidXmlException& operator=(const InvalidXmlException& other);
     ~InvalidXmlException() override;

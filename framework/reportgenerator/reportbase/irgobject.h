@@ -170,7 +170,10 @@ public:
     /// the result is true. Throws what writing `other` and reading its XML throw.
     virtual bool MergeRGObject(const IRGObject& other);
 
+    /// The kind, whose number `SetObjectType` has stored.
     virtual ObjectTypes GetObjectType() const;
+
+    /// The name, which is also the XML element name and the prefix of the object's log lines.
     virtual const QString& GetObjectName() const;
 
     /// Reads the children of the element that the reader stands on, up to its end element. Throws
@@ -241,6 +244,7 @@ protected:
     /// number has no name.
     virtual void SetObjectType(ObjectTypes type);
 
+    /// Replaces the name; kind and id stay.
     virtual void SetObjectName(const QString& name);
 
     /// Reads the child element that the reader stands on, up to its end element. The base does nothing.

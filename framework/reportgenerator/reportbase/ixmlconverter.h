@@ -23,7 +23,10 @@ class IRGObject;
 class REPORTBASE_EXPORT IXmlConverter
 {
 public:
+    /// Holds nothing.
     IXmlConverter();
+
+    /// Copies nothing, since there is nothing.
     IXmlConverter(const IXmlConverter& other);
     IXmlConverter& operator=(const IXmlConverter& other);
     ~IXmlConverter();
@@ -34,11 +37,10 @@ public:
     /// Fills `to`, the older object, from `from`. Returns whether that was possible; this body returns false.
     virtual bool Downgrade(const IRGObject* from, IRGObject* to);
 
-    // Gives memory back without telling its size: who deletes a converter as an IXmlConverter doesn't know
-    // it. Each way in which the global operators make an object has its counterpart. They are inlined, so
-    // that the program that took the memory gives it back itself. A class with another base that brings such
-    // operators says by "using" which ones it means.
-
+    /// Gives memory back without telling its size: who deletes a converter as an IXmlConverter doesn't know
+    /// it. Each way in which the global operators make an object has its counterpart. They are inlined, so
+    /// that the program that took the memory gives it back itself. A class with another base that brings such
+    /// operators says by "using" which ones it means.
     // NOLINTNEXTLINE(misc-new-delete-overloads): the global operators make them
     static Q_ALWAYS_INLINE void operator delete(void* memory) noexcept { ::operator delete(memory); }
     static Q_ALWAYS_INLINE void operator delete(void* memory, std::align_val_t alignment) noexcept

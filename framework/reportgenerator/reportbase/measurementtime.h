@@ -29,6 +29,8 @@ public:
 
     /// No mode and no time.
     MeasurementTime();
+
+    /// Copies everything, base included.
     MeasurementTime(const MeasurementTime& other);
     MeasurementTime& operator=(const MeasurementTime& other);
     ~MeasurementTime() override;

@@ -9,6 +9,8 @@ class REPORTBASE_EXPORT OutOfRangeException : public RGException
 public:
     /// Name "OutOfRangeException", text as given.
     explicit OutOfRangeException(const QString& text);
+
+    /// Copies name and text.
     OutOfRangeException(const OutOfRangeException& other);
     OutOfRangeException& operator=(const OutOfRangeException& other);
     ~OutOfRangeException() override;

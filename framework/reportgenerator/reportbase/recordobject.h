@@ -18,6 +18,7 @@ template <class Data, class Holder>
 class RecordObject : public IRGObject
 {
 public:
+    /// What the record consists of.
     using RecordData = Data;
 
     /// The number that identifies the class.
@@ -76,6 +77,7 @@ public:
     static const long long id;
 
 protected:
+    /// Nothing set.
     RecordObject();
 
     /// Copies kind, record and validate flag.
@@ -91,6 +93,7 @@ protected:
     /// Gives all fields their first values; what is set stays set.
     void ConstNoClearReset() const;
 
+    /// Where the record stands.
     mutable Holder m_record;
 
 private:

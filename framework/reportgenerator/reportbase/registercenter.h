@@ -18,6 +18,8 @@ class REPORTBASE_EXPORT RegisterCenter
 public:
     /// No object, id -1.
     RegisterCenter();
+
+    /// Copies the id, and the pointer to the same object.
     RegisterCenter(const RegisterCenter& other);
     RegisterCenter& operator=(const RegisterCenter& other);
 

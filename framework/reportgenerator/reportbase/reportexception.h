@@ -13,6 +13,8 @@ class REPORTBASE_EXPORT ReportException
 public:
     /// Name "ReportException", text "unknown error".
     ReportException();
+
+    /// Copies name and text.
     ReportException(const ReportException& other);
     ReportException& operator=(const ReportException& other);
     virtual ~ReportException();

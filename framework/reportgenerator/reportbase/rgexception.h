@@ -12,6 +12,8 @@ class REPORTBASE_EXPORT RGException : public ReportException
 public:
     /// Name "RGException", text as given.
     explicit RGException(const QString& text);
+
+    /// Copies name and text.
     RGException(const RGException& other);
     RGException& operator=(const RGException& other);
     ~RGException() override;

@@ -23,6 +23,8 @@ class REPORTBASE_EXPORT ScanParameter : public IRGObject
 public:
     /// Nothing set.
     ScanParameter();
+
+    /// Copies everything, base included.
     ScanParameter(const ScanParameter& other);
     ScanParameter& operator=(const ScanParameter& other);
     ~ScanParameter() override;

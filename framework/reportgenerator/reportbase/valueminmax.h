@@ -27,6 +27,8 @@ public:
 
     /// Only the value set, and no name.
     explicit ValueMinMax(double value);
+
+    /// Copies everything, base included.
     ValueMinMax(const ValueMinMax& other);
     ValueMinMax& operator=(const ValueMinMax& other);
     ~ValueMinMax() override;
