@@ -74,6 +74,23 @@ QString Declared(const QString& encoding)
 constexpr char TOLD[] =
     "3:14: NotANumber: value is no number and reads as 0 (ifBandwidth.value = \"\u00FC\")";
 
+/// Two lines, then the bytes, in the encoding with this name or with the mark in front.
+QByteArray OnTheThirdLine(const QByteArray& begin, const QByteArray& bytes)
+{
+    return begin + "<ReportBase>\n<!-- ok -->\n<Area><Name>Z" + bytes + "rich</Name></Area></ReportBase>";
+}
+
+TEST(Encodings, ThePlaceOfAWrongByteIsThatByte)
+{
+    const QString told = QStringLiteral("3:14: RGException: Encountered incorrectly encoded content.");
+    EXPECT_EQ(ToldOf(OnTheThirdLine({}, "\xfc")), told);
+    EXPECT_EQ(ToldOf(OnTheThirdLine("\xef\xbb\xbf", "\xfc")), told);
+    EXPECT_EQ(ToldOf(OnTheThirdLine("<?xml version='1.0' encoding='utf-8'?>", "\xed\xa0\x80")), told);
+    // What stands for such bytes may stand there by itself, and characters may take several units.
+    EXPECT_EQ(ToldOf(OnTheThirdLine({}, "\xef\xbf\xbd\xf0\x9f\x98\x80\xfc")),
+              QStringLiteral("3:16: RGException: Encountered incorrectly encoded content."));
+}
+
 TEST(Encodings, PlacesAreThoseOfCharactersWithoutMarkAndDeclaration)
 {
     for (const Units& units : ALL_UNITS) {

@@ -117,7 +117,8 @@ TEST(Places, WrongLengthIsToldWithTheFieldWhoseItIs)
     EXPECT_TEXT(ProblemsOf(Plain(Support::ElementOfLength(Tag::REPORT_FREQUENCY, 1000,
                                                           Element(Tag::FREQUENCY_VALUE, ByteArray("1.00"))))),
                 "0x3a: BinaryParsingException: Frequency::SetBinary(...): Length error occurred during "
-                "processing of binary representation (frequency)");
+                "processing of binary representation (frequency)\n"
+                "0x3a: LengthMismatch: length of frequency: 1000 claimed, 16 left (frequency)");
 }
 
 TEST(Places, GoodReportsAreReadAtOnceAndPieceByPieceAlike)

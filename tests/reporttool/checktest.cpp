@@ -276,7 +276,8 @@ TEST(ToolCheck, ClaimsOfTwoGigabytesAreNotBelieved)
     ExpectProblems(
         Support::RepresentationOfLength(u"ReportBase", 0x7FFFFFFF, Bytes()).Data(),
         {"0x32: BinaryParsingException: ReportBase::SetBinary(...): Length error occurred during processing "
-         "of binary representation"});
+         "of binary representation",
+         "0x32: LengthMismatch: length of elements: 2147483647 claimed, 0 left"});
     ExpectProblems(Plain(Element(Tag::REPORT_FREQUENCY,
                                  ElementOfLength(Tag::FREQUENCY_VALUE, 8,
                                                  Support::Int32(0x7FFFFFFF) + Support::Raw("1.00")))),

@@ -143,7 +143,8 @@ TEST(ToolConvert, InvalidReportLeavesTheOldFile)
     ExpectRefusal(
         FullPlain().left(100), "file",
         QStringLiteral("reporttool: in:0x32: BinaryParsingException: Frequency::SetBinary(...): Length error "
-                       "occurred during processing of binary representation\n"));
+                       "occurred during processing of binary representation\n"
+                       "reporttool: in:0x32: LengthMismatch: length of elements: 286 claimed, 46 left\n"));
 }
 
 TEST(ToolConvert, TextThatAFormCannotHoldLeavesTheOldFile)

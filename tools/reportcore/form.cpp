@@ -120,6 +120,33 @@ QString Decode(const QByteArray& bytes, const QByteArray& encoding)
 #endif
 }
 
+/// How many bytes a character takes.
+qint64 SizeOf(uint character, qint64 unitSize)
+{
+    constexpr uint FIRST_OF_TWO = 0x80;
+    constexpr uint FIRST_OF_THREE = 0x800;
+    constexpr uint FIRST_OF_FOUR = 0x10000;
+    if (unitSize == 4)
+        return unitSize;
+    if (unitSize == 2)
+        return character < FIRST_OF_FOUR ? 2 : 4;
+    if (character < FIRST_OF_THREE)
+        return character < FIRST_OF_TWO ? 1 : 2;
+    return character < FIRST_OF_FOUR ? 3 : 4;
+}
+
+/// The character that stands for what is none, as it is written by somebody who means it.
+QByteArray WrittenReplacement(const Encoding& encoding)
+{
+    if (encoding.unitSize == 1)
+        return QByteArrayLiteral("\xEF\xBF\xBD");
+    QByteArray unit(static_cast<int>(encoding.unitSize), '\0');
+    const int low = static_cast<int>(encoding.lowestByte);
+    unit[low] = '\xFD';
+    unit[low == 0 ? 1 : low - 1] = '\xFF';
+    return unit;
+}
+
 } // namespace
 
 QLatin1String WordFor(const FileForm& form)
@@ -166,6 +193,30 @@ QString DecodeXml(const QByteArray& bytes)
     if (text.startsWith(BYTE_ORDER_MARK))
         text.remove(0, 1);
     return text;
+}
+
+qint64 FindUndecodable(const QByteArray& bytes)
+{
+    constexpr QChar REPLACEMENT(QChar::ReplacementCharacter);
+    const QString text = DecodeXml(bytes);
+    const auto* const found = FindEncoding(ByteRange(bytes));
+    if (!found || (found->unitSize == 1 && DeclaredEncoding(bytes).toUpper() != "UTF-8"))
+        return text.indexOf(REPLACEMENT);
+    const QByteArray written = WrittenReplacement(*found);
+    qint64 offset = bytes.startsWith(MarkOf(*found)) ? found->markSize : 0;
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const uint character =
+            isPair ? QChar::surrogateToUcs4(text.at(i), text.at(i + 1)) : text.at(i).unicode();
+        const bool isNone =
+            text.at(i) == REPLACEMENT && bytes.mid(static_cast<int>(offset), written.size()) != written;
+        if (isNone || (text.at(i).isSurrogate() && !isPair))
+            return i;
+        offset += SizeOf(character, found->unitSize);
+        i += isPair ? 1 : 0;
+    }
+    return -1;
 }
 
 } // namespace ReportCore

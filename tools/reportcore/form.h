@@ -41,6 +41,10 @@ QByteArray ForXmlReader(const QByteArray& bytes);
 /// The text of XML in whichever encoding, without byte order mark.
 QString DecodeXml(const QByteArray& bytes);
 
+/// Where bytes stand that are no character in the encoding of the XML, in its text; -1 when there are none. Of encodings
+/// that aren't of Unicode, only bytes that they know to be none.
+qint64 FindUndecodable(const QByteArray& bytes);
+
 } // namespace ReportCore
 
 #endif

@@ -63,6 +63,7 @@ void LoseRest(const FilePlace& end, Problems& losses)
 void AddProblems(const QByteArray& bytes, const ReportFile& file, Problems& losses)
 {
     const bool isXml = file.form.form == Form::Xml;
+    const bool isBrokenOff = std::any_of(file.problems.begin(), file.problems.end(), EndsReading);
     for (const Problem& problem : file.problems) {
         if (EndsReading(problem))
             LoseRest(isXml ? problem.place : EndOf(bytes, file), losses);
@@ -70,7 +71,7 @@ void AddProblems(const QByteArray& bytes, const ReportFile& file, Problems& loss
             losses.push_back({problem.name,
                               QStringLiteral("what stands from %1 on").arg(PlaceText(problem.place)),
                               problem.place});
-        else if (IsOneOf(problem, {LENGTH_MISMATCH, TRAILING_DATA}))
+        else if (IsOneOf(problem, {TRAILING_DATA}) || (IsOneOf(problem, {LENGTH_MISMATCH}) && !isBrokenOff))
             losses.push_back(problem);
     }
 }
@@ -79,7 +80,11 @@ void AddProblems(const QByteArray& bytes, const ReportFile& file, Problems& loss
 
 Problems FindLosses(const QByteArray& bytes, const ReportFile& file)
 {
-    const auto all = std::find_if(file.problems.begin(), file.problems.end(), IsAboutAll);
+    // Where reading broke off before the first element there is no report either.
+    const auto all =
+        std::find_if(file.problems.begin(), file.problems.end(), [&file](const Problem& problem) {
+            return IsAboutAll(problem) || (EndsReading(problem) && file.objectName.isEmpty());
+        });
     if (all != file.problems.end()) {
         Problem whole = *all;
         whole.text = QStringLiteral("the whole file: ") + all->text;

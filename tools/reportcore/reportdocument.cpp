@@ -114,6 +114,17 @@ private:
     std::vector<Range> m_ranges;
 };
 
+/// UTF-8 has no half of a surrogate pair; texts may.
+QByteArray Encoded(const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    if (QString::fromUtf8(bytes.constData(), bytes.size()) == text)
+        return bytes;
+    const QString marked = QChar(QChar::ByteOrderMark) + text;
+    return QByteArray(reinterpret_cast<const char*>(marked.utf16()),
+                      static_cast<int>(marked.size() * qint64(sizeof(QChar))));
+}
+
 FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
 {
     Spots places;
@@ -160,7 +171,7 @@ ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
     for (const ReportRanges::Range& range : found) {
         const auto size = static_cast<int>(range.end - range.begin);
         const QByteArray part =
-            (range.before + text.mid(static_cast<int>(range.begin), size) + range.behind).toUtf8();
+            Encoded(range.before + text.mid(static_cast<int>(range.begin), size) + range.behind);
         m_parts.push_back({part, PlaceIn(part, range.before.size()), places.PlaceOf(range.begin)});
     }
 }

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 namespace ReportCore {
@@ -164,9 +165,13 @@ void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file)
     if (walk.IsCompressed())
         faults.BeginUncompressed();
     walk.Body();
-    // The library counts lengths only as far as it needs them; other readers may go by them.
-    if (ReadBodyWithPlaces(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file))
-        file.problems.insert(file.problems.end(), faults.Found().begin() + behindFrame, faults.Found().end());
+    const Problems ofBody(faults.Found().begin() + behindFrame, faults.Found().end());
+    // The library counts lengths only as far as it needs them; other readers may go by them. Where it breaks off, the
+    // claim that doesn't come out is the reason.
+    const bool isRead = ReadBodyWithPlaces(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file);
+    std::copy_if(
+        ofBody.begin(), ofBody.end(), std::back_inserter(file.problems),
+        [isRead](const Problem& fault) { return isRead || fault.name == QLatin1String(LENGTH_MISMATCH); });
 }
 
 } // namespace ReportCore

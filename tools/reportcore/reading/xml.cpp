@@ -17,6 +17,9 @@ using REPORTGENERATOR::ReportBase;
 
 namespace {
 
+/// In the words of Qt's reader.
+constexpr char WRONG_ENCODING[] = "Encountered incorrectly encoded content.";
+
 /// The library's own way to the report's element, which it leaves to derived classes.
 class XmlReport : public ReportBase
 {
@@ -64,6 +67,19 @@ XmlReading ReadElement(XmlReport& report, QXmlStreamReader& reader, QString& roo
     return reading;
 }
 
+/// The reader decodes more than it reads, and notices at once what is wrong with any of it. Such a problem is about the
+/// bytes that are.
+void FindWrongEncoding(const QByteArray& bytes, const Spots& places, Problems& problems)
+{
+    for (Problem& problem : problems) {
+        if (problem.text != QLatin1String(WRONG_ENCODING))
+            continue;
+        const qint64 position = FindUndecodable(bytes);
+        if (position >= 0)
+            problem.place = places.PlaceOf(position);
+    }
+}
+
 } // namespace
 
 void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
@@ -101,6 +117,7 @@ void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
     if (!reading.trailing.isNull())
         file.problems.push_back(
             {QLatin1String(TRAILING_DATA), reading.trailing, telling.Places().PlaceOf(reading.trailingAt)});
+    FindWrongEncoding(bytes, telling.Places(), file.problems);
 }
 
 } // namespace ReportCore
