@@ -80,7 +80,7 @@ TEST(Document, IsEmptyAtFirst)
     const Document document;
     EXPECT_TEXT(document.FileName(), "");
     EXPECT_TRUE(document.Shown()->bytes.isEmpty());
-    EXPECT_FALSE(document.WasDamaged());
+    EXPECT_TRUE(document.Losses(REPORTGENERATOR::ReportBase()).empty());
     EXPECT_EQ(document.Form().form, Form::Xml);
 }
 

@@ -122,6 +122,13 @@ TEST_F(ViewerFinding, FieldsAreFoundByTheirValuesAndPaths)
     Look("coordinate[2].longitude");
     EXPECT_TEXT(Current(), "area.coordinate[2].longitude");
     EXPECT_TEXT(Outcome(), "");
+    // What all of an area have in their paths is found with the area alone.
+    Look("Area.co");
+    EXPECT_TEXT(Current(), "area.coordinate");
+    m_viewer.Press(Qt::Key_Return);
+    EXPECT_TEXT(Current(), "area.coordinate");
+    Look("coordinate[2].lon");
+    EXPECT_TEXT(Current(), "area.coordinate[2].longitude");
     Look("nowhere");
     EXPECT_TEXT(Current(), "area.coordinate[2].longitude");
     EXPECT_TEXT(Outcome(), "Not found");

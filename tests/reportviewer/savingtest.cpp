@@ -123,56 +123,6 @@ TEST_F(ViewerSaving, WhatSomebodyElseHasWrittenIsReplacedOnlyIfThePersonWantsIt)
     EXPECT_TRUE(m_scratch.Read("report.xml").contains("<Name>changed</Name>"));
 }
 
-TEST_F(ViewerSaving, ADamagedFileIsReplacedOnlyIfThePersonWantsIt)
-{
-    const QByteArray damaged = ToolTest::FullPlain() + "more";
-    const QString name = m_scratch.Write("damaged", damaged);
-    m_viewer.Open(name);
-    EXPECT_FALSE(m_viewer.window.Save());
-    EXPECT_EQ(m_scratch.Read("damaged"), damaged);
-    EXPECT_EQ(m_viewer.answers->asked, QStringList{QStringLiteral("replace WhatIsDamaged ") + name});
-    m_viewer.answers->mayReplace = true;
-    EXPECT_TRUE(m_viewer.window.Save());
-    EXPECT_EQ(m_scratch.Read("damaged"), ToolTest::FullPlain());
-}
-
-TEST_F(ViewerSaving, WhatAReportDoesNotHoldIsReplacedOnlyIfThePersonWantsIt)
-{
-    constexpr char FREQUENCY[] = "<Frequency>3.00</Frequency>";
-    const struct
-    {
-        const char* what;
-        QByteArray bytes;
-    } files[] = {
-        {"element", "<ReportBase><Frequency>3.00</Frequency><Colour>red</Colour></ReportBase>"},
-        {"element in a value", "<ReportBase><Frequency>3.00<Colour/></Frequency></ReportBase>"},
-        {"misspelt element", "<ReportBase><Frequenzy>3.00</Frequenzy></ReportBase>"},
-        {"attribute", "<ReportBase><Frequency Colour=\"red\">3.00</Frequency></ReportBase>"},
-        {"attribute of a value",
-         "<ReportBase><Area Version=\"1.0\"><Name Colour=\"red\">a</Name></Area></ReportBase>"},
-        {"text", "<ReportBase>red<Frequency>3.00</Frequency></ReportBase>"},
-        {"divided text", "<ReportBase><Area Version=\"1.0\"><Name>a<!-- -->b</Name></Area></ReportBase>"},
-        {"element around", QByteArray("<All><ReportBase>") + FREQUENCY + "</ReportBase></All>"},
-        {"second report", QByteArray("<All><ReportBase>") + FREQUENCY + "</ReportBase><ReportBase/></All>"},
-        {"no number", "<ReportBase><IFBandwidth>abc</IFBandwidth></ReportBase>"},
-        {"element that comes twice", QByteArray("<ReportBase>") + FREQUENCY + FREQUENCY + "</ReportBase>"},
-        {"binary element",
-         ToolTest::Plain(ToolTest::NamedArea("a") + Support::Element(4711, Support::ByteArray("red")))},
-        {"binary element in an area",
-         ToolTest::Plain(Support::AreaElement(Support::Version(u"1.0") + Support::Name("a") +
-                                              Support::Element(4711, Support::ByteArray("red"))))},
-    };
-    for (const auto& file : files) {
-        SCOPED_TRACE(file.what);
-        const QString name = m_scratch.Write("more", file.bytes);
-        m_viewer.Open(name);
-        m_viewer.answers->asked.clear();
-        EXPECT_FALSE(m_viewer.window.Save());
-        EXPECT_EQ(m_viewer.answers->asked, QStringList{QStringLiteral("replace WhatIsDamaged ") + name});
-        EXPECT_EQ(m_scratch.Read("more"), file.bytes);
-    }
-}
-
 TEST_F(ViewerSaving, WhatNoReportHoldsIsReplacedWithoutAQuestion)
 {
     m_viewer.Open(m_scratch.Write(
@@ -182,7 +132,7 @@ TEST_F(ViewerSaving, WhatNoReportHoldsIsReplacedWithoutAQuestion)
     EXPECT_TRUE(m_viewer.answers->asked.isEmpty())
         << m_viewer.answers->asked.join(QLatin1Char('\n')).toStdString();
     // Once it is saved, all of it has been read.
-    m_viewer.answers->mayReplace = true;
+    m_viewer.answers->mayLose = true;
     m_viewer.Open(m_scratch.Write("more.xml", "<ReportBase><Colour>red</Colour></ReportBase>"));
     EXPECT_TRUE(m_viewer.window.Save());
     m_viewer.answers->asked.clear();
@@ -194,7 +144,8 @@ TEST_F(ViewerSaving, WhatIsInvalidIsNotSaved)
 {
     EXPECT_TRUE(m_viewer.window.Model().Unset(m_viewer.At("area.name")));
     EXPECT_FALSE(m_viewer.window.Save());
-    EXPECT_TEXT(m_viewer.Notice(), "Not saved: OutOfRangeException: Area: Please set Name properly.");
+    EXPECT_TEXT(m_viewer.Notice(),
+                "Not saved: OutOfRangeException: Area: Please set Name properly. (area.name = \"\")");
     EXPECT_EQ(m_scratch.Read("report.xml"), ToolTest::FullXml());
     EXPECT_TRUE(IsModified());
 }

@@ -46,10 +46,16 @@ Questions::Changes Answers::AskAboutChanges(const QString& name)
 
 bool Answers::MayReplace(const QString& name, Loss loss)
 {
-    const char* const losses[] = {"OtherFile", "ChangedFile", "WhatIsDamaged"};
+    const char* const losses[] = {"OtherFile", "ChangedFile"};
     Ask(QStringLiteral("replace %1 %2").arg(QLatin1String(losses[static_cast<int>(loss)]), name));
     m_hasRefused = !mayReplace;
     return mayReplace;
+}
+
+bool Answers::MayLose(const QString& name, const QStringList& what)
+{
+    Ask(QStringLiteral("lose %1: %2").arg(name, what.join(QStringLiteral("; "))));
+    return mayLose;
 }
 
 QString Answers::AskForFile(const QString& /*folder*/)

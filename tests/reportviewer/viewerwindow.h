@@ -24,12 +24,14 @@ using ReportViewer::Questions;
 /// Lets events be handled until it is so; false when it isn't for so long that it never will be.
 bool WaitFor(const std::function<bool()>& isSo);
 
-/// What a person answers, and what he was asked: "changes NAME", "replace OtherFile NAME", "target NAME".
+/// What a person answers, and what he was asked: "changes NAME", "replace OtherFile NAME", "lose NAME: ELEMENT; VALUE",
+/// "target NAME".
 class Answers : public Questions
 {
 public:
     Changes changes = Changes::Cancel;
     bool mayReplace = false;
+    bool mayLose = false;
     QString file;
     QString folder;
     std::optional<Target> target;
@@ -43,6 +45,7 @@ public:
 
     Changes AskAboutChanges(const QString& name) override;
     bool MayReplace(const QString& name, Loss loss) override;
+    bool MayLose(const QString& name, const QStringList& what) override;
     QString AskForFile(const QString& folder) override;
     QString AskForFolder(const QString& folder) override;
     std::optional<Target> AskForTarget(const Target& proposal) override;

@@ -1,8 +1,9 @@
 #include <reportviewer/contents.h>
 
-#include <reportviewer/unread.h>
+#include <reportviewer/losing.h>
 
 #include <reportcore/doubts.h>
+#include <reportcore/losses.h>
 #include <reportcore/reportwriting.h>
 #include <reportcore/walk.h>
 #include <reportcore/xmlwalk.h>
@@ -58,17 +59,14 @@ void MapText(Contents& contents, const ReadingSteps& steps)
 void MapBytes(Contents& contents, const ReadingSteps& steps)
 {
     bool isInBody = false;
-    bool isBehindRoot = false;
     MappingSteps reached(steps, contents.bytes.size());
-    ReportCore::Walk walk(
-        contents.bytes, contents.file.form.isBinaryFile, [&](const ReportCore::WireField& field) {
-            const qint64 begin = field.bytes.Offset();
-            reached.Reach(begin);
-            contents.hasUnread = contents.hasUnread || (isBehindRoot && IsUnreadElement(field));
-            isBehindRoot = isInBody;
-            if (isInBody && !field.bytes.IsEmpty())
-                contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
-        });
+    ReportCore::Walk walk(contents.bytes, contents.file.form.isBinaryFile,
+                          [&](const ReportCore::WireField& field) {
+                              const qint64 begin = field.bytes.Offset();
+                              reached.Reach(begin);
+                              if (isInBody && !field.bytes.IsEmpty())
+                                  contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
+                          });
     walk.Frame();
     isInBody = true;
     if (walk.IsCompressed()) {
@@ -85,13 +83,16 @@ void MarkProblems(Contents& contents)
         contents.marks.Take(problem, false);
     for (const ReportCore::Problem& doubt : contents.doubts)
         contents.marks.Take(doubt, true);
+    for (const ReportCore::Problem& loss : contents.listedLosses)
+        contents.marks.Take(loss, true);
 }
 
-/// All but the report, which is there already.
+/// All but the report, which is there already, and what is lost of its file.
 void Complete(Contents& contents, const ReadingSteps& steps)
 {
     steps(QStringLiteral("Looking for doubts"), DOUBTING);
     contents.doubts = ReportCore::FindDoubts(contents.bytes, contents.file, ReportCore::Look::Thorough);
+    contents.listedLosses = LossesToList(contents.losses, contents.file.problems, contents.doubts);
     MarkProblems(contents);
     steps(QStringLiteral("Finding the fields"), MAPPING);
     if (contents.IsText())
@@ -111,19 +112,23 @@ ContentsPointer ReadContents(const QByteArray& bytes, const ReadingSteps& steps)
     contents->bytes = bytes;
     steps(QStringLiteral("Reading the report"), READING);
     contents->file = ReportCore::ReadReport(bytes);
+    contents->losses = ReportCore::FindLosses(bytes, contents->file);
     Complete(*contents, steps);
-    contents->hasUnread =
-        contents->hasUnread || TellOfUnread(contents->doubts) || (contents->IsText() && HasUnreadXml(bytes));
     return contents;
 }
 
 ContentsPointer DraftContents(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form,
-                              const ReadingSteps& steps)
+                              const ContentsPointer& file, const ReadingSteps& steps)
 {
     const auto contents = std::make_shared<Contents>();
     steps(QStringLiteral("Checking the report"), READING);
     contents->bytes = ReportCore::WriteUnchecked(report, form, -1);
     contents->file = ReportCore::CheckReport(report, contents->bytes);
+    if (file)
+        contents->losses = LossesLeft(*file, report);
+    // They stand in other bytes.
+    for (ReportCore::Problem& loss : contents->losses)
+        loss.place = {};
     Complete(*contents, steps);
     return contents;
 }

@@ -27,7 +27,14 @@ struct Contents
     /// What can be read but is hardly meant.
     ReportCore::Problems doubts;
 
-    /// Of all of these.
+    /// What of a file would be lost if the report were saved in its place. As long as it isn't saved, that is known of the
+    /// changed report, too.
+    ReportCore::Problems losses;
+
+    /// Those that no problem and no doubt tells of, in words of their own.
+    ReportCore::Problems listedLosses;
+
+    /// Of all that is listed.
     ProblemMarks marks;
 
     /// Of XML.
@@ -39,9 +46,6 @@ struct Contents
 
     /// Of the text, of what was unpacked, or of the bytes.
     FieldMap fields;
-
-    /// Of a file that was read: whether it says more than its report does, as far as no problem tells of it.
-    bool hasUnread = false;
 
     Outline outline;
 
@@ -57,10 +61,10 @@ using ReadingSteps = std::function<void(const QString& step, int percent)>;
 /// Reads a report and whatever there is to be said about its bytes.
 ContentsPointer ReadContents(const QByteArray& bytes, const ReadingSteps& steps);
 
-/// The same of a report as its file would be, whether it is good or not. Throws `RGException` where the form has no way
-/// to say it.
+/// The same of a changed report as its file would be, whether it is good or not. `file` is what it comes from; null where
+/// nothing of that is lost. Throws `RGException` where the form has no way to say the report.
 ContentsPointer DraftContents(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form,
-                              const ReadingSteps& steps);
+                              const ContentsPointer& file, const ReadingSteps& steps);
 
 } // namespace ReportViewer
 

@@ -1,11 +1,16 @@
 #include <reportviewer/document.h>
 
+#include <reportviewer/losing.h>
+
 #include <reportcore/files.h>
 #include <reportcore/reportwriting.h>
+
+#include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
+#include <optional>
 
 namespace ReportViewer {
 
@@ -34,6 +39,27 @@ QByteArray ReadFile(const QString& name, const Background::Steps& steps)
 ContentsPointer EmptyContents()
 {
     return std::make_shared<Contents>();
+}
+
+/// What the check of the library has refused, with the field that it is about.
+std::optional<ReportCore::Problem> CauseOf(const ReportCore::NotWritten& refused, const ReportBase& report,
+                                           const FileForm& form)
+{
+    ReportCore::Problems problems;
+    try {
+        const ReportBase copy(report);
+        problems = ReportCore::CheckReport(copy, ReportCore::WriteUnchecked(copy, form, -1)).problems;
+    } catch (const ReportException&) {
+        return std::nullopt;
+    }
+    const auto found =
+        std::find_if(problems.begin(), problems.end(), [&](const ReportCore::Problem& problem) {
+            return !problem.path.isEmpty() &&
+                   refused.text == QStringLiteral("%1: %2").arg(problem.name, problem.text);
+        });
+    if (found == problems.end())
+        return std::nullopt;
+    return *found;
 }
 
 /// In which a report is written that comes from a file in this one.
@@ -93,7 +119,6 @@ void Document::Show(const QString& name, const ContentsPointer& contents, const 
     m_fileContents = contents;
     m_savedBytes.clear();
     m_stamp = stamp;
-    m_wasDamaged = !name.isEmpty() && (!contents->file.IsGood() || contents->hasUnread);
     m_form = FormToWrite(contents->file.form);
     Q_EMIT Opened();
     Q_EMIT ContentsChanged();
@@ -103,9 +128,9 @@ void Document::Follow(const ReportBase& report)
 {
     m_isReadingSaved = false;
     m_following.Start(
-        [this, form = m_form,
+        [this, form = m_form, file = m_fileContents,
          copy = ReportBase(report)](const Background::Steps& steps) -> Background::Outcome {
-            const ContentsPointer contents = DraftContents(copy, form, steps);
+            const ContentsPointer contents = DraftContents(copy, form, file, steps);
             return [this, contents] { ShowContents(contents); };
         },
         [this](const QString& text) {
@@ -153,21 +178,34 @@ void Document::ReadSaved()
     Q_EMIT FollowingProgressed(0);
 }
 
-QString Document::Save(const ReportBase& report, const QString& name, const FileForm& form)
+Document::Draft Document::Write(const ReportBase& report, const FileForm& form)
 {
-    QByteArray bytes;
     try {
-        bytes = ReportCore::WriteWhole(ReportBase(report), form, -1);
-        ReportCore::WriteOutput(name, bytes);
+        return {ReportCore::WriteWhole(ReportBase(report), form, -1), QString(), QString()};
     } catch (const ReportCore::NotWritten& refused) {
-        return refused.text;
+        const std::optional<ReportCore::Problem> cause = CauseOf(refused, report, form);
+        if (!cause)
+            return {QByteArray(), refused.text, QString()};
+        return {QByteArray(), QStringLiteral("%1 (%2)").arg(refused.text, ReportCore::FieldText(*cause)),
+                cause->path};
+    }
+}
+
+ReportCore::Problems Document::Losses(const ReportBase& report) const
+{
+    return m_fileContents ? LossesLeft(*m_fileContents, report) : ReportCore::Problems();
+}
+
+QString Document::Save(const QByteArray& bytes, const QString& name, const FileForm& form)
+{
+    try {
+        ReportCore::WriteOutput(name, bytes);
     } catch (const UnusableFile& unusable) {
         return QStringLiteral("%1: %2").arg(unusable.file, unusable.text);
     }
     m_loading.Cancel();
     m_name = name;
     m_stamp = StampOf(name);
-    m_wasDamaged = false;
     m_form = form;
     m_fileContents.reset();
     m_savedBytes = bytes;

@@ -37,16 +37,29 @@ public:
     void ShowFile();
     bool IsFollowing() const { return m_following.IsBusy(); }
 
-    /// Saves the report. Returns why it could not be done, in words; nothing when it is done. Then the document is that
-    /// of the file.
-    QString Save(const REPORTGENERATOR::ReportBase& report, const QString& name,
-                 const ReportCore::FileForm& form);
+    /// A report as it is written to a file.
+    struct Draft
+    {
+        QByteArray bytes;
+
+        /// Why there are none, in words; empty otherwise.
+        QString refusal;
+
+        /// Of the field that is to blame; empty where it isn't known.
+        QString path;
+    };
+
+    static Draft Write(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form);
+
+    /// Saves what was written. Returns why it could not be done, in words; nothing when it is done. Then the document is
+    /// that of the file.
+    QString Save(const QByteArray& bytes, const QString& name, const ReportCore::FileForm& form);
 
     /// Whether there is a file, and it is another one than was loaded or saved last.
     bool HasFileChanged() const;
 
-    /// Whether the report lacks something of the file that was loaded, or may lack it since the file has problems.
-    bool WasDamaged() const { return m_wasDamaged; }
+    /// What of the file that was loaded is lost when this report is saved.
+    ReportCore::Problems Losses(const REPORTGENERATOR::ReportBase& report) const;
 
     /// Empty for a report that has no file yet.
     const QString& FileName() const { return m_name; }
@@ -99,7 +112,6 @@ private:
     Background m_following;
     QString m_name;
     Stamp m_stamp;
-    bool m_wasDamaged = false;
     ReportCore::FileForm m_form;
     ContentsPointer m_contents;
 

@@ -1,5 +1,7 @@
 #include <reportviewer/finding.h>
 
+#include <reportviewer/paths.h>
+
 #include <reportgenerator/models/reportmodel.h>
 
 #include <algorithm>
@@ -51,7 +53,10 @@ bool HasText(const QModelIndex& row, const QString& wanted)
                                                          .toString()
                                                          .contains(wanted, Qt::CaseInsensitive))
         return true;
-    return row.data(ReportModel::PathRole).toString().endsWith(wanted, Qt::CaseInsensitive);
+    // What holds the field has been found by its own path.
+    const QString path = row.data(ReportModel::PathRole).toString();
+    const auto found = path.lastIndexOf(wanted, -1, Qt::CaseInsensitive);
+    return found >= 0 && found + wanted.size() > HolderPath(path).size();
 }
 
 // --- Bytes
@@ -108,10 +113,12 @@ std::optional<Span> FindInText(const QString& text, const QString& wanted, qint6
     if (wanted.isEmpty())
         return std::nullopt;
     const auto place = static_cast<int>(from);
-    const auto isBackwards = direction < 0;
-    auto found = isBackwards
-                     ? text.left(place + wanted.size() - 1).lastIndexOf(wanted, -1, Qt::CaseInsensitive)
-                     : text.indexOf(wanted, place + 1, Qt::CaseInsensitive);
+    const bool isBackwards = direction < 0;
+    qint64 found = -1;
+    if (!isBackwards)
+        found = text.indexOf(wanted, place + 1, Qt::CaseInsensitive);
+    else if (place > 0)
+        found = text.lastIndexOf(wanted, place - 1, Qt::CaseInsensitive);
     if (found < 0)
         found = isBackwards ? text.lastIndexOf(wanted, -1, Qt::CaseInsensitive)
                             : text.indexOf(wanted, 0, Qt::CaseInsensitive);

@@ -18,7 +18,7 @@ namespace ReportViewer {
 // Where a text comes next, or before for a negative direction, whatever the case of its letters. What is looked through
 // goes on at its other end, so that nothing is found only where the text doesn't come at all.
 
-/// A field by its name, by its value or by the end of its path. `from` is not looked at before all others.
+/// A field by its name, by its value or by its path. `from` is not looked at before all others.
 QModelIndex FindField(const REPORTGENERATOR::ReportModel& model, const QString& wanted,
                       const QModelIndex& from, int direction);
 

@@ -2,6 +2,8 @@
 
 #include <reportcore/reportfields.h>
 
+#include <algorithm>
+
 namespace ReportViewer {
 
 using ReportCore::FieldPath;
@@ -15,6 +17,12 @@ FieldPath ParsedPath(const QString& text)
     } catch (const ReportCore::PathError&) {
         return FieldPath();
     }
+}
+
+QString HolderPath(const QString& path)
+{
+    const auto end = std::max(path.lastIndexOf(QLatin1Char('.')), path.lastIndexOf(QLatin1Char('[')));
+    return end < 0 ? QString() : path.left(end);
 }
 
 } // namespace ReportViewer

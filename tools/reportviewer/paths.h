@@ -10,6 +10,10 @@ namespace ReportViewer {
 /// The path that a text stands for; the report itself where it stands for none.
 ReportCore::FieldPath ParsedPath(const QString& text);
 
+/// The path of what holds a field: "area.coordinate" holds "area.coordinate[17]", which holds its latitude. Empty for what
+/// only the report holds.
+QString HolderPath(const QString& path);
+
 } // namespace ReportViewer
 
 #endif

@@ -43,13 +43,15 @@ QString TextFirst(const ReportCore::Problem& problem)
     return lines.join(QLatin1Char('\n'));
 }
 
-QString CountText(int problems, int warnings)
+QString CountText(int problems, int warnings, int losses)
 {
     QStringList parts;
     if (problems > 0)
         parts << (problems == 1 ? Tr("1 problem") : Tr("%1 problems").arg(problems));
     if (warnings > 0)
         parts << (warnings == 1 ? Tr("1 warning") : Tr("%1 warnings").arg(warnings));
+    if (losses > 0)
+        parts << (losses == 1 ? Tr("1 loss") : Tr("%1 losses").arg(losses));
     return parts.join(QStringLiteral(", "));
 }
 

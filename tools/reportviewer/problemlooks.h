@@ -19,8 +19,8 @@ QColor ColourOf(bool isWarning);
 /// What is wrong, then in which field and where.
 QString TextFirst(const ReportCore::Problem& problem);
 
-/// "2 problems, 1 warning"; empty when there are none.
-QString CountText(int problems, int warnings);
+/// "2 problems, 1 warning, 3 losses"; empty when there are none.
+QString CountText(int problems, int warnings, int losses = 0);
 
 /// Text for a tool tip, as it is: what a file has may look like markup, and what is no markup isn't broken into lines.
 QString ToolTipOf(const QString& text);

@@ -1,10 +1,9 @@
 #include <reportviewer/problemmarks.h>
 
+#include <reportviewer/paths.h>
 #include <reportviewer/problemlooks.h>
 
 #include <QtCore/QCoreApplication>
-
-#include <algorithm>
 
 namespace ReportViewer {
 
@@ -12,13 +11,6 @@ namespace {
 
 /// Of a field.
 constexpr int MOST_TEXTS = 5;
-
-/// The path of what holds a field: "area.coordinate" holds "area.coordinate[17]", which holds its latitude.
-QString HolderOf(const QString& path)
-{
-    const auto end = std::max(path.lastIndexOf(QLatin1Char('.')), path.lastIndexOf(QLatin1Char('[')));
-    return end < 0 ? QString() : path.left(end);
-}
 
 } // namespace
 
@@ -42,7 +34,7 @@ void ProblemMarks::Take(const ReportCore::Problem& problem, bool isWarning)
     ++(isWarning ? mark.warnings : mark.problems);
     if (mark.texts.size() < MOST_TEXTS)
         mark.texts << TextFirst(problem);
-    for (QString path = HolderOf(problem.path); !path.isEmpty(); path = HolderOf(path)) {
+    for (QString path = HolderPath(problem.path); !path.isEmpty(); path = HolderPath(path)) {
         Mark& above = m_marks[path];
         ++(isWarning ? above.warningsBelow : above.problemsBelow);
     }

@@ -18,21 +18,30 @@ void ProblemModel::SetContents(const ContentsPointer& contents)
     endResetModel();
 }
 
-bool ProblemModel::IsDoubt(int row) const
-{
-    return row >= Problems();
-}
-
+/// Problems, doubts, losses.
 const Problem& ProblemModel::At(int row) const
 {
-    const auto index = static_cast<std::size_t>(row);
-    const auto problems = m_contents->file.problems.size();
-    return index < problems ? m_contents->file.problems[index] : m_contents->doubts[index - problems];
+    auto index = static_cast<std::size_t>(row);
+    for (const ReportCore::Problems* const part : {&m_contents->file.problems, &m_contents->doubts}) {
+        if (index < part->size())
+            return (*part)[index];
+        index -= part->size();
+    }
+    return m_contents->listedLosses[index];
+}
+
+/// With its name, for whom icons say nothing.
+QString ProblemModel::KindOf(int row) const
+{
+    const QString kind = row < Problems()              ? tr("Problem: %1")
+                         : row < Problems() + Doubts() ? tr("Warning: %1")
+                                                       : tr("Loss: %1");
+    return kind.arg(At(row).name);
 }
 
 int ProblemModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : Problems() + Doubts();
+    return parent.isValid() ? 0 : Problems() + Doubts() + Losses();
 }
 
 int ProblemModel::columnCount(const QModelIndex& parent) const
@@ -59,7 +68,6 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return QVariant();
-    const bool isDoubt = IsDoubt(index.row());
     switch (role) {
     case Qt::DisplayRole:
         return TextOf(index);
@@ -68,13 +76,9 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return ToolTipOf(TextFirst(At(index.row())));
     case Qt::AccessibleTextRole:
-        if (index.column() == KindColumn)
-            return (isDoubt ? tr("Warning: %1") : tr("Problem: %1")).arg(TextOf(index));
-        return QVariant();
+        return index.column() == KindColumn ? QVariant(KindOf(index.row())) : QVariant();
     case Qt::DecorationRole:
-        if (index.column() == KindColumn)
-            return IconOf(isDoubt);
-        return QVariant();
+        return index.column() == KindColumn ? QVariant(IconOf(index.row() >= Problems())) : QVariant();
     default:
         return QVariant();
     }

@@ -7,7 +7,7 @@
 
 namespace ReportViewer {
 
-/// The problems and doubts of a report, as a table.
+/// The problems and doubts of a report, and what of its file is lost by saving, as a table.
 class ProblemModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -30,9 +30,9 @@ public:
     void SetContents(const ContentsPointer& contents);
 
     const ReportCore::Problem& At(int row) const;
-    bool IsDoubt(int row) const;
     int Problems() const { return static_cast<int>(m_contents->file.problems.size()); }
     int Doubts() const { return static_cast<int>(m_contents->doubts.size()); }
+    int Losses() const { return static_cast<int>(m_contents->listedLosses.size()); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -41,6 +41,7 @@ public:
 
 private:
     QString TextOf(const QModelIndex& index) const;
+    QString KindOf(int row) const;
 
     ContentsPointer m_contents;
 };

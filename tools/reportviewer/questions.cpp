@@ -19,15 +19,9 @@ QString Tr(const char* text)
 
 QString TextOf(Questions::Loss loss)
 {
-    switch (loss) {
-    case Questions::Loss::OtherFile:
-        return Tr("%1 is there already. Replace it?");
-    case Questions::Loss::ChangedFile:
-        return Tr("Another program has changed %1 since it was opened. Replace it?");
-    case Questions::Loss::WhatIsDamaged:
-        break;
-    }
-    return Tr("Not all that %1 says may have been read. Replace it by what has been?");
+    return loss == Questions::Loss::OtherFile
+               ? Tr("%1 is there already. Replace it?")
+               : Tr("Another program has changed %1 since it was opened. Replace it?");
 }
 
 /// Shows a question as it stands: names of files may look like markup.
@@ -60,6 +54,17 @@ Questions::Changes QuestionDialogs::AskAboutChanges(const QString& name)
 bool QuestionDialogs::MayReplace(const QString& name, Loss loss)
 {
     return Ask(m_window, QMessageBox::Question, Tr("Save"), TextOf(loss).arg(name),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool QuestionDialogs::MayLose(const QString& name, const QStringList& what)
+{
+    constexpr int MOST_LINES = 10;
+    QStringList lines = what.mid(0, MOST_LINES);
+    if (what.size() > MOST_LINES)
+        lines << Tr("and %1 more").arg(what.size() - MOST_LINES);
+    const QString text = Tr("The report has not all that %1 says. Saving loses:\n\n%2\n\nSave it?");
+    return Ask(m_window, QMessageBox::Warning, Tr("Save"), text.arg(name, lines.join(QLatin1Char('\n'))),
                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 

@@ -4,6 +4,7 @@
 #include <reportcore/form.h>
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <optional>
 
@@ -37,13 +38,15 @@ public:
     /// What gets lost when a file is replaced.
     enum class Loss
     {
-        OtherFile,     ///< all of a file that isn't the one that is shown
-        ChangedFile,   ///< what somebody else has written to it since it was opened
-        WhatIsDamaged, ///< what of it could not be read, or isn't part of the report
+        OtherFile,   ///< all of a file that isn't the one that is shown
+        ChangedFile, ///< what somebody else has written to it since it was opened
     };
 
     /// Whether to write the file all the same.
     virtual bool MayReplace(const QString& name, Loss loss) = 0;
+
+    /// Whether to save although this is lost of what the file said.
+    virtual bool MayLose(const QString& name, const QStringList& what) = 0;
 
     // Nothing, or an empty name, when the user has changed his mind
 
@@ -60,6 +63,7 @@ public:
 
     Changes AskAboutChanges(const QString& name) override;
     bool MayReplace(const QString& name, Loss loss) override;
+    bool MayLose(const QString& name, const QStringList& what) override;
     QString AskForFile(const QString& folder) override;
     QString AskForFolder(const QString& folder) override;
     std::optional<Target> AskForTarget(const Target& proposal) override;

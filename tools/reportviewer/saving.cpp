@@ -8,6 +8,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStringList>
 
 namespace ReportViewer {
 
@@ -33,7 +34,7 @@ bool Saving::Save()
     if (m_document.FileName().isEmpty())
         return SaveAs();
     const Questions::Target target = {m_document.FileName(), m_document.Form()};
-    return MayWrite(target.name) && Write(target);
+    return WriteDraft(target.form) && MayReplace(target.name) && MayLose() && Save(target);
 }
 
 bool Saving::SaveAs()
@@ -44,8 +45,10 @@ bool Saving::SaveAs()
     if (proposal.name.isEmpty())
         proposal.name = QStringLiteral("report.") + ReportCore::WordFor(proposal.form);
     while (const auto target = m_questions.AskForTarget(proposal)) {
-        if (MayWrite(target->name))
-            return Write(*target);
+        if (!WriteDraft(target->form))
+            return false;
+        if (MayReplace(target->name))
+            return MayLose() && Save(*target);
         proposal = *target;
     }
     return false;
@@ -68,28 +71,52 @@ bool Saving::MayLeave()
     }
 }
 
-bool Saving::MayWrite(const QString& name) const
+/// What a check refuses is said before anything is asked.
+bool Saving::WriteDraft(const ReportCore::FileForm& form)
+{
+    const Document::Draft draft = Document::Write(m_model.Report(), form);
+    m_draft = draft.bytes;
+    if (draft.refusal.isEmpty())
+        return true;
+    Refuse(draft.refusal);
+    if (!draft.path.isEmpty())
+        m_tree.setCurrentIndex(m_model.IndexOf(draft.path, REPORTGENERATOR::ReportModel::ValueColumn));
+    return false;
+}
+
+bool Saving::MayReplace(const QString& name) const
 {
     const QFileInfo info(name);
     if (!info.exists())
         return true;
     if (m_document.FileName().isEmpty() || info != QFileInfo(m_document.FileName()))
         return m_questions.MayReplace(name, Loss::OtherFile);
-    if (m_document.HasFileChanged() && !m_questions.MayReplace(name, Loss::ChangedFile))
-        return false;
-    return !m_document.WasDamaged() || m_questions.MayReplace(name, Loss::WhatIsDamaged);
+    return !m_document.HasFileChanged() || m_questions.MayReplace(name, Loss::ChangedFile);
 }
 
-bool Saving::Write(const Questions::Target& target)
+bool Saving::MayLose() const
 {
-    const QString failure = m_document.Save(m_model.Report(), target.name, target.form);
+    QStringList losses;
+    for (const ReportCore::Problem& loss : m_document.Losses(m_model.Report()))
+        losses << loss.text;
+    return losses.isEmpty() || m_questions.MayLose(m_document.FileName(), losses);
+}
+
+bool Saving::Save(const Questions::Target& target)
+{
+    const QString failure = m_document.Save(m_draft, target.name, target.form);
     if (!failure.isEmpty()) {
-        m_notice.Say(QCoreApplication::translate("ReportViewer::Saving", "Not saved: %1").arg(failure));
+        Refuse(failure);
         return false;
     }
     m_changes.Stack().setClean();
     m_notice.Clear();
     return true;
+}
+
+void Saving::Refuse(const QString& why)
+{
+    m_notice.Say(QCoreApplication::translate("ReportViewer::Saving", "Not saved: %1").arg(why));
 }
 
 } // namespace ReportViewer

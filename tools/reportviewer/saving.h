@@ -3,6 +3,7 @@
 
 #include <reportviewer/questions.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 namespace REPORTGENERATOR {
@@ -39,8 +40,11 @@ public:
 
 private:
     bool Begin();
-    bool MayWrite(const QString& name) const;
-    bool Write(const Questions::Target& target);
+    bool WriteDraft(const ReportCore::FileForm& form);
+    bool MayReplace(const QString& name) const;
+    bool MayLose() const;
+    bool Save(const Questions::Target& target);
+    void Refuse(const QString& why);
 
     Document& m_document;
     const REPORTGENERATOR::ReportModel& m_model;
@@ -48,6 +52,7 @@ private:
     TreePane& m_tree;
     Questions& m_questions;
     NoticeBar& m_notice;
+    QByteArray m_draft;
 };
 
 } // namespace ReportViewer
