@@ -6,16 +6,25 @@ set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 # --- Programs
 
-# reporttool looks for reportpicture beside itself. Who needs no window gets by without the libraries of windows.
-set(componentOf_reporttool tools)
-set(componentOf_reportpicture tools)
-set(componentOf_reportviewer viewer)
 foreach(program IN ITEMS reporttool reportpicture reportviewer)
     if(TARGET ${program})
         file(RELATIVE_PATH binToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
         set_target_properties(${program} PROPERTIES
             OUTPUT_NAME ${program}${REPORTGENERATOR_FILE_SUFFIX}
             INSTALL_RPATH "$ORIGIN/${binToLib}")
+    endif()
+endforeach()
+
+if(NOT REPORTGENERATOR_INSTALL)
+    return()
+endif()
+
+# reporttool looks for reportpicture beside itself. Who needs no window gets by without the libraries of windows.
+set(componentOf_reporttool tools)
+set(componentOf_reportpicture tools)
+set(componentOf_reportviewer viewer)
+foreach(program IN ITEMS reporttool reportpicture reportviewer)
+    if(TARGET ${program})
         install(TARGETS ${program}
             RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
             COMPONENT ${componentOf_${program}})
@@ -79,10 +88,16 @@ endif()
 
 # --- CMake package
 
+# What a program may ask for besides the library. The programs may be installed or not, which the package sees itself.
+set(REPORTGENERATOR_COMPONENTS reportbase qt)
+if(TARGET reportmodels)
+    list(APPEND REPORTGENERATOR_COMPONENTS models)
+endif()
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/ReportGeneratorConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/${REPORTGENERATOR_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${packageDir}"
+    PATH_VARS CMAKE_INSTALL_BINDIR
     NO_SET_AND_CHECK_MACRO
     NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 

@@ -114,6 +114,9 @@ function(reportgenerator_add_library target)
         reportgenerator_limit_exports(${target} ${interfaceVersion})
     endif()
 
+    if(NOT REPORTGENERATOR_INSTALL)
+        return()
+    endif()
     file(RELATIVE_PATH headerDir "${PROJECT_SOURCE_DIR}/framework" "${CMAKE_CURRENT_SOURCE_DIR}")
     install(TARGETS ${target}
         EXPORT ${REPORTGENERATOR_PACKAGE}Targets

@@ -99,21 +99,21 @@ pack_debian() {
     rm -rf "build/packages/qt$qt/packed"
     run cpack --config "build/packages/qt$qt/CPackConfig.cmake" -B "build/packages/qt$qt/packed" "${words[@]}"
     local package
-    for package in "build/packages/qt$qt/packed"/*.ddeb; do
-        [[ ! -f $package ]] || mv "$package" "${package%.ddeb}.deb"
-    done
-    for package in "build/packages/qt$qt/packed"/*.deb; do
+    for package in "build/packages/qt$qt/packed"/*.*deb; do
         finish_debian "$package"
     done
 }
 
 # Packs a package once more, with what cpack doesn't know: which packages of several architectures go together, and that
-# dpkg renews the cache of libraries itself, once for all that it installs. No file is younger than the sources.
+# dpkg renews the cache of libraries itself, once for all that it installs. Debug information is packed as Debian packs it.
+# No file is younger than the sources.
 finish_debian() {
-    local package="$1" folder="${1%.deb}" architectures=foreign
+    local package="$1" folder="${1%.*}" architectures=foreign
     dpkg-deb --raw-extract "$package" "$folder"
-    [[ $package != */lib*_"$(dpkg --print-architecture)".deb ]] || architectures=same
-    sed -i "/^Architecture: /a Multi-Arch: $architectures" "$folder/DEBIAN/control"
+    [[ $package != */lib*_"$(dpkg --print-architecture)".*deb ]] || architectures=same
+    sed -i "/^Architecture: /a Multi-Arch: $architectures
+        /^Package-Type: /d" "$folder/DEBIAN/control"
+    find "$folder" -name '*.debug' -exec chmod 0644 {} +
     rm -f "$folder"/DEBIAN/{postinst,postrm}
     if [[ -f $folder/DEBIAN/shlibs ]]; then
         printf 'activate-noawait ldconfig\n' >"$folder/DEBIAN/triggers"

@@ -1,13 +1,46 @@
 # Another project, whose own libraries are static ones, takes the sources in. It gets the target under its installed
-# name, which is a shared library, and neither the tests nor the programs nor the pages.
+# name, which is a shared library, and neither the tests nor the programs nor, unless it asks, what installs them. What
+# the parent has said itself stays as it is.
 
 include("${SETTINGS}")
 
 set(project "${SCRATCH}/subproject")
+file(REMOVE_RECURSE "${project}")
 file(WRITE "${project}/CMakeLists.txt" "
 cmake_minimum_required(VERSION 3.22)
 project(Parent LANGUAGES CXX)
-add_subdirectory([==[${SOURCE_DIR}]==] reportgenerator)
+enable_testing()
+
+get_cmake_property(names CACHE_VARIABLES)
+foreach(name IN LISTS names)
+    get_property(before_\${name} CACHE \${name} PROPERTY VALUE)
+endforeach()
+if(FETCH)
+    include(FetchContent)
+    FetchContent_Declare(reportgenerator SOURCE_DIR [==[${SOURCE_DIR}]==])
+    FetchContent_MakeAvailable(reportgenerator)
+else()
+    add_subdirectory([==[${SOURCE_DIR}]==] reportgenerator)
+endif()
+foreach(name IN LISTS names)
+    get_property(after CACHE \${name} PROPERTY VALUE)
+    if(NOT after STREQUAL before_\${name})
+        message(FATAL_ERROR \"\${name} was \${before_\${name}} and is \${after}\")
+    endif()
+endforeach()
+# What is new bears a name of the project, or comes from CMake itself and from Qt.
+get_cmake_property(newNames CACHE_VARIABLES)
+list(REMOVE_ITEM newNames \${names})
+list(FILTER newNames EXCLUDE REGEX \"^(REPORTGENERATOR_|ReportGenerator_|FETCHCONTENT_|CMAKE_(INSTALL|PROJECT)_|_GNUInstallDirs_|Qt|QT_)\")
+if(newNames)
+    message(FATAL_ERROR \"in the parent's cache: \${newNames}\")
+endif()
+foreach(name IN ITEMS COMPILE_OPTIONS COMPILE_DEFINITIONS INCLUDE_DIRECTORIES LINK_OPTIONS)
+    get_property(value DIRECTORY PROPERTY \${name})
+    if(value)
+        message(FATAL_ERROR \"\${name} of the parent: \${value}\")
+    endif()
+endforeach()
 if(NOT TARGET ReportGenerator::reportbase)
     message(FATAL_ERROR \"no target ReportGenerator::reportbase\")
 endif()
@@ -32,13 +65,34 @@ run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" ${CONFIGURE_ARGUMEN
 if(NOT RUN_OUTPUT MATCHES "reportbase is a shared library whatever BUILD_SHARED_LIBS says")
     message(FATAL_ERROR "not told that the library is a shared one")
 endif()
-file(GLOB_RECURSE installScripts "${project}/build/cmake_install.cmake")
-foreach(installScript IN LISTS installScripts)
-    file(READ "${installScript}" text)
-    if(text MATCHES "README\\.md")
-        message(FATAL_ERROR "${installScript} installs pages")
-    endif()
-endforeach()
+
+# --- What it installs
+
+# install_rules(<variable>): all that would be run.
+function(install_rules variable)
+    file(GLOB_RECURSE installScripts "${project}/build/cmake_install.cmake")
+    set(rules "")
+    foreach(installScript IN LISTS installScripts)
+        file(STRINGS "${installScript}" lines REGEX "file\\(INSTALL")
+        list(APPEND rules ${lines})
+    endforeach()
+    set(${variable} "${rules}" PARENT_SCOPE)
+endfunction()
+
+install_rules(rules)
+if(rules)
+    message(FATAL_ERROR "installed unasked: ${rules}")
+endif()
+run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/build" -DREPORTGENERATOR_INSTALL=ON)
+install_rules(rules)
+if(NOT rules MATCHES "libreportbase|reportbase.dll" OR rules MATCHES "README\\.md")
+    message(FATAL_ERROR "not the library without its pages: ${rules}")
+endif()
+
+# --- The same by FetchContent
+
+run("${CMAKE_COMMAND}" -S "${project}" -B "${project}/fetched" ${CONFIGURE_ARGUMENTS} -DBUILD_SHARED_LIBS=OFF
+    "-DREPORTGENERATOR_QT_MAJOR=${QT_MAJOR}" -DFETCH=ON)
 
 # --- Sources and an installed library in one project
 

@@ -12,6 +12,7 @@ NAMESPACE = "REPORTGENERATOR::"
 UNSET = "unset"
 NOT_INITIALIZED = "not initialized"
 UNREADABLE = "unreadable"
+NO_LAYOUT = "no debug information of libreportbase"
 
 # --- What the records of the classes hold: field, member, bit of the flag byte
 
@@ -144,16 +145,21 @@ def fields(rows, read):
 class RecordPrinter:
     def __init__(self, thing, rows):
         self._rows = rows
+        self._record = None
         self._state = None
         try:
-            self._record = record_of(thing)
-            if self._record is None:
+            record = record_of(thing)
+            if record is None:
                 self._state = NOT_INITIALIZED
+            elif not record.type.fields():
+                self._state = NO_LAYOUT
             else:
-                self._flags = int(self._record["flags"])
-        except gdb.error:
-            self._record = None
+                self._flags = int(record["flags"])
+                self._record = record
+        except gdb.MemoryError:
             self._state = UNREADABLE
+        except gdb.error:
+            self._state = NO_LAYOUT
 
     def to_string(self):
         return self._state
