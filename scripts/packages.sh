@@ -113,12 +113,22 @@ finish_debian() {
     [[ $package != */lib*_"$(dpkg --print-architecture)".*deb ]] || architectures=same
     sed -i "/^Architecture: /a Multi-Arch: $architectures
         /^Package-Type: /d" "$folder/DEBIAN/control"
-    find "$folder" -name '*.debug' -exec chmod 0644 {} +
+    [[ $package != *-dbgsym_* ]] || finish_debug_information "$folder"
     rm -f "$folder"/DEBIAN/{postinst,postrm}
     if [[ -f $folder/DEBIAN/shlibs ]]; then
         printf 'activate-noawait ldconfig\n' >"$folder/DEBIAN/triggers"
     fi
     SOURCE_DATE_EPOCH="$(packaging_time)" dpkg-deb --root-owner-group -Zxz --build "$folder" "$deb_folder" >/dev/null
+}
+
+# The list of sums names files where they were made, and the documentation is that of the package with the programs.
+finish_debug_information() {
+    local folder="$1" name
+    name="$(sed -n 's/^Package: //p' "$folder/DEBIAN/control")"
+    sed -i 's|  .*/usr/lib/debug/|  usr/lib/debug/|' "$folder/DEBIAN/md5sums"
+    find "$folder" -name '*.debug' -exec chmod 0644 {} +
+    mkdir -p "$folder/usr/share/doc"
+    ln -s "${name%-dbgsym}" "$folder/usr/share/doc/$name"
 }
 
 # Has lintian look at the packages. What it finds stands with reasons in a list, and nothing else stands there.
