@@ -171,14 +171,14 @@ TEST_F(ViewerLosing, WhatTheReportCannotHoldIsListed)
     EXPECT_TEXT(m_viewer.Problems(), "1 loss");
     EXPECT_EQ(Listed(ProblemModel::KindColumn), QStringList{QStringLiteral("UnknownElement")});
     EXPECT_EQ(Listed(ProblemModel::TextColumn),
-              QStringList{QStringLiteral("Lost by saving: element 'Colour'")});
+              QStringList{QStringLiteral("element 'Colour' (lost by saving)")});
     EXPECT_EQ(Listed(ProblemModel::PlaceColumn), QStringList{QStringLiteral("line 1, column 40")});
     Open("<All>" + Report(FREQUENCY) + "</All>");
     EXPECT_EQ(Listed(ProblemModel::TextColumn),
-              QStringList{QStringLiteral("Lost by saving: element 'All' around the report")});
+              QStringList{QStringLiteral("element 'All' around the report (lost by saving)")});
     Open(Report("<Area Version=\"1.0\"><Name>a\r\nb</Name></Area>"));
     EXPECT_TRUE(Listed(ProblemModel::TextColumn)
-                    .contains(QStringLiteral("Lost by saving: carriage returns in area.name")));
+                    .contains(QStringLiteral("carriage returns in area.name (lost by saving)")));
 }
 
 TEST_F(ViewerLosing, WhatIsToldAlreadyIsListedOnce)
@@ -197,7 +197,7 @@ TEST_F(ViewerLosing, WhatIsLostStaysListedUntilItIsSaved)
     Open(ToolTest::Plain(Support::FrequencyElement("5") + ToolTest::NamedArea("Lake")).left(0x4b + 60));
     EXPECT_TRUE(m_viewer.Set("frequency.value", "6"));
     m_viewer.Settle();
-    const QString loss = QStringLiteral("Lost by saving: the area from offset 0x4b on");
+    const QString loss = QStringLiteral("the area from offset 0x4b on (lost by saving)");
     EXPECT_EQ(Listed(ProblemModel::TextColumn), QStringList{loss});
     // It stands in the file and not in the bytes that are shown.
     EXPECT_EQ(Listed(ProblemModel::PlaceColumn), QStringList{QString()});
@@ -217,7 +217,7 @@ TEST_F(ViewerLosing, AValueThatIsSetIsLostNoMore)
     EXPECT_TRUE(m_viewer.Set("frequency.value", "6.02"));
     m_viewer.Settle();
     EXPECT_EQ(Listed(ProblemModel::TextColumn),
-              QStringList{QStringLiteral("Lost by saving: frequency.min \"1,5\" becomes 0")});
+              QStringList{QStringLiteral("frequency.min \"1,5\" becomes 0 (lost by saving)")});
     EXPECT_TRUE(m_viewer.window.Model().Unset(m_viewer.At("frequency.min")));
     m_viewer.Settle();
     EXPECT_TEXT(m_viewer.Problems(), "No problems");
@@ -236,7 +236,7 @@ TEST_F(ViewerLosing, AnItemThatTakesTheNumberOfAnotherIsNoCure)
     m_viewer.Settle();
     EXPECT_TRUE(
         Listed(ProblemModel::TextColumn)
-            .contains(QStringLiteral("Lost by saving: area.coordinate[2].latitude \"6,02\" becomes 0")));
+            .contains(QStringLiteral("area.coordinate[2].latitude \"6,02\" becomes 0 (lost by saving)")));
 }
 
 } // namespace

@@ -91,14 +91,14 @@ TEST(QuestionDialogs, WhatIsLostIsNamedLineByLine)
     bool mayLose = true;
     Asked asked = Answer(QMessageBox::No, [&] { mayLose = dialogs.MayLose(QStringLiteral("a.xml"), what); });
     EXPECT_TEXT(asked.text, "The report has not all that a.xml says. Saving loses:\n\n"
-                            "element '<b>'\n%1 %2\n\nSave it?");
+                            "- element '<b>'\n- %1 %2\n\nSave it?");
     EXPECT_EQ(asked.format, Qt::PlainText);
     EXPECT_EQ(asked.usual, QMessageBox::No);
     EXPECT_FALSE(mayLose);
     for (int i = 3; i <= 12; ++i)
         what << QString::number(i);
     asked = Answer(QMessageBox::Yes, [&] { mayLose = dialogs.MayLose(QStringLiteral("a.xml"), what); });
-    EXPECT_TRUE(asked.text.endsWith(QLatin1String("\n9\n10\nand 2 more\n\nSave it?")))
+    EXPECT_TRUE(asked.text.endsWith(QLatin1String("\n- 9\n- 10\nand 2 more\n\nSave it?")))
         << asked.text.toStdString();
     EXPECT_TRUE(mayLose);
 }

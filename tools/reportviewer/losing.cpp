@@ -68,7 +68,7 @@ Problems LossesToList(const Problems& losses, const Problems& problems, const Pr
             continue;
         listed.push_back(loss);
         listed.back().text =
-            QCoreApplication::translate("ReportViewer::Losing", "Lost by saving: %1").arg(loss.text);
+            QCoreApplication::translate("ReportViewer::Losing", "%1 (lost by saving)").arg(loss.text);
     }
     return listed;
 }

@@ -60,7 +60,9 @@ bool QuestionDialogs::MayReplace(const QString& name, Loss loss)
 bool QuestionDialogs::MayLose(const QString& name, const QStringList& what)
 {
     constexpr int MOST_LINES = 10;
-    QStringList lines = what.mid(0, MOST_LINES);
+    QStringList lines;
+    for (const QString& each : what.mid(0, MOST_LINES))
+        lines << QStringLiteral("- ") + each;
     if (what.size() > MOST_LINES)
         lines << Tr("and %1 more").arg(what.size() - MOST_LINES);
     const QString text = Tr("The report has not all that %1 says. Saving loses:\n\n%2\n\nSave it?");
