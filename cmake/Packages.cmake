@@ -5,6 +5,7 @@
 
 set(REPORTGENERATOR_PACKAGE_MAINTAINER "" CACHE STRING "Who maintains the packages: Name <address>")
 set(REPORTGENERATOR_PACKAGE_DATE "" CACHE STRING "Date of the packages' changelog, as mails have it")
+set(REPORTGENERATOR_REFERENCE "" CACHE PATH "Folder with the reference, as reference/make.py makes it")
 set(REPORTGENERATOR_BILL_OF_MATERIALS "${PROJECT_BINARY_DIR}/reportgenerator.spdx.json" CACHE FILEPATH
     "What the packages consist of, taken into the documentation if it is there")
 if(NOT TARGET reportmodels)
@@ -35,6 +36,7 @@ set(packageOf_types "reporttool-types")
 set(packageOf_viewer "reportviewer${REPORTGENERATOR_FILE_SUFFIX}")
 set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
+set(packageOf_reference "reportgenerator-doc")
 
 set(components runtime models development tools)
 if(TARGET reportviewer)
@@ -42,7 +44,7 @@ if(TARGET reportviewer)
 endif()
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
-    list(APPEND components types headers documentation)
+    list(APPEND components types headers documentation reference)
     set(qtPackage qtbase5-dev)
 endif()
 
@@ -70,6 +72,19 @@ if(documentation IN_LIST components)
         DESTINATION "${CMAKE_INSTALL_DOCDIR}"
         COMPONENT documentation
         OPTIONAL)
+endif()
+
+# The site and the file for Qt's help, which reference/make.py has made.
+if(reference IN_LIST components)
+    if(NOT EXISTS "${REPORTGENERATOR_REFERENCE}/html/index.html")
+        message(FATAL_ERROR "Debian packages need REPORTGENERATOR_REFERENCE, a folder with html and reportgenerator.qch")
+    endif()
+    install(DIRECTORY "${REPORTGENERATOR_REFERENCE}/html"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${packageOf_reference}"
+        COMPONENT reference)
+    install(FILES "${REPORTGENERATOR_REFERENCE}/reportgenerator.qch"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/qt5/doc"
+        COMPONENT reference)
 endif()
 
 # --- The packages
@@ -148,7 +163,7 @@ string(CONCAT CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${packageOf_runtime} (= ${PROJECT_VERSION}), ${packageOf_models} (= ${PROJECT_VERSION}), "
     "${packageOf_headers} (= ${PROJECT_VERSION}), "
     "${qtPackage} (>= ${REPORTGENERATOR_QT_MINIMUM})")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "${packageOf_documentation}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "${packageOf_documentation}, ${packageOf_reference}")
 
 if(headers IN_LIST components)
     reportgenerator_package(types utils "types of files and schemas for reports of radio monitoring"
@@ -162,6 +177,10 @@ if(headers IN_LIST components)
     reportgenerator_package(documentation doc "report data model of radio monitoring - documentation"
         "This package holds the pages on library, forms and program, the examples, and\nthe bill of materials.")
     set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+
+    reportgenerator_package(reference doc "report data model of radio monitoring - reference"
+        "This package holds the reference of classes and pages as a site to be read\noffline, and as a file for Qt Assistant and Qt Creator.")
+    set(CPACK_DEBIAN_REFERENCE_PACKAGE_ARCHITECTURE all)
 endif()
 
 include(CPack)

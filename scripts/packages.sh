@@ -51,6 +51,7 @@ package_deb() {
     local bill="$deb_folder/reportgenerator-$version.spdx.json"
     rm -rf "$deb_folder"
     mkdir -p "$deb_folder"
+    make_reference
     local qt
     for qt in 5 6; do
         build_for_debian "$qt" "$time" "$root/$bill"
@@ -87,7 +88,7 @@ build_for_debian() {
         -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_DOCDIR=share/doc/libreportbase-doc -DCMAKE_SKIP_INSTALL_RPATH=ON \
         -DREPORTGENERATOR_QT_MAJOR="$qt" -DREPORTGENERATOR_WERROR=ON -DREPORTGENERATOR_BUILD_TESTS=OFF \
         -DREPORTGENERATOR_BUILD_EXAMPLES=OFF -DREPORTGENERATOR_DEBIAN_PACKAGES=ON \
-        "-DREPORTGENERATOR_BILL_OF_MATERIALS=$bill" "-DREPORTGENERATOR_PACKAGE_MAINTAINER=$(packager)" \
+        "-DREPORTGENERATOR_REFERENCE=$root/$reference_folder" "-DREPORTGENERATOR_BILL_OF_MATERIALS=$bill" "-DREPORTGENERATOR_PACKAGE_MAINTAINER=$(packager)" \
         "-DREPORTGENERATOR_PACKAGE_DATE=$(LC_ALL=C date --utc --rfc-email --date="@$time")"
     run cmake --build "build/packages/qt$qt" --parallel "$jobs"
 }

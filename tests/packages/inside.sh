@@ -120,7 +120,7 @@ try_viewer() {
 test_runtime() {
     local package
     for package in "$qt5_library" "$qt5_models" reporttool reportviewer "$qt6_library" "$qt6_models" reporttool-qt6 \
-        reportviewer-qt6 reporttool-types libreportbase-headers libreportbase-doc; do
+        reportviewer-qt6 reporttool-types libreportbase-headers libreportbase-doc reportgenerator-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
@@ -143,6 +143,12 @@ test_runtime() {
             libreportbase-doc)
                 expect_file /usr/share/doc/libreportbase-doc/README.md
                 expect_file "/usr/share/doc/libreportbase-doc/reportgenerator-$version.spdx.json"
+                ;;
+            reportgenerator-doc)
+                expect_file /usr/share/doc/reportgenerator-doc/html/index.html
+                expect_file /usr/share/doc/reportgenerator-doc/html/classREPORTGENERATOR_1_1ReportBase.html
+                expect_file /usr/share/doc/reportgenerator-doc/html/page_using.html
+                expect_file /usr/share/qt5/doc/reportgenerator.qch
                 ;;
         esac
         [[ $package == libreportbase-headers ]] || expect_no_development_files "$package"
