@@ -165,5 +165,5 @@ if(PROJECT_IS_TOP_LEVEL)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" "${PROJECT_SOURCE_DIR}/examples"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}"
         COMPONENT documentation
-        PATTERN "CMakeLists.txt" EXCLUDE)
+        PATTERN "examples/CMakeLists.txt" EXCLUDE)
 endif()
