@@ -31,7 +31,7 @@ def public_headers():
 
 
 def chapters():
-    """The pages below the titles that the side tree has them under; those that nobody has named come last."""
+    """The pages below the titles that the side tree has them under; those that nobody has named end the first one."""
     found = sorted(path.stem for path in (ROOT / "docs").glob("*.md"))
     result = {}
     for line in (HERE / "order.txt").read_text("utf-8").splitlines():
@@ -42,7 +42,7 @@ def chapters():
                 sys.exit(f"reference/order.txt: there is no docs/{line}.md")
             found.remove(line)
             names.append(line)
-    names += found
+    next(iter(result.values())).extend(found)
     return result
 
 
@@ -211,13 +211,15 @@ def outside_code(text, change):
 
 
 def class_links():
-    """The names of the classes, and what leads to each."""
+    """The names of classes and of the namespaces inside the library's, and what leads to each."""
     links = {}
     for path in public_headers():
         text = path.read_text("utf-8")
         space = re.search(r"^namespace (\w+)", text, re.M)
-        for name in re.findall(r"^class \w+_EXPORT (\w+)\b[^;]*$", text, re.M):
+        for name in re.findall(r"^class (?:\w+_EXPORT )?(\w+)\b[^;]*$", text, re.M):
             links[name] = f"{space[1]}::{name}" if space else name
+        for outer, name in re.findall(r"^namespace (\w+)::(\w+) \{", text, re.M):
+            links[name] = f"{outer}::{name}"
     return links
 
 
@@ -253,7 +255,7 @@ class Page:
         return self.text_line(line)
 
     def code(self, text):
-        name = text.strip("`")
+        name = text.strip("`").removesuffix("<Data>")
         return f'<tt>@ref {self.classes[name]} "{name}"</tt>' if name in self.classes else text
 
     def text_line(self, line):
@@ -270,9 +272,10 @@ class Page:
 
 
 def first_paragraph(path):
-    """What a page begins with below its title and pictures."""
+    """What a page begins with below its title and pictures, unless it leads to something."""
     paragraphs = re.split(r"\n\n+", path.read_text("utf-8"))
-    return next(text for text in paragraphs if not text.startswith(("#", "!")))
+    first = next(text for text in paragraphs if not text.startswith(("#", "!")))
+    return "" if first.startswith("```") or first.endswith(":") else first
 
 
 def prepare_pages(folder):
@@ -408,7 +411,7 @@ def main():
     output = options.output.resolve()
     for folder in ("input", "html", "help"):
         shutil.rmtree(output / folder, ignore_errors=True)
-    inputs = prepare_pages(output / "input/pages")
+    inputs = prepare_pages(output / "input/pages") + [HERE / "namespaces.h"]
     shown = write_diagrams(output / "input/diagrams")
     for path in public_headers():
         target = output / "input" / path.relative_to(ROOT)

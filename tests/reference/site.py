@@ -45,8 +45,10 @@ def main():
     expect("classREPORTGENERATOR_1_1Frequency.html", "GetValue", 'class="fragment"')
     expect("classREPORTGENERATOR_1_1ReportModel.html", "Refused")
     expect("aswritten_8h.html", "EqualAsWritten")
+    expect("namespaceREPORTGENERATOR.html", "EqualAsWritten", "AnyType", "LoadReport", "IsSafeToInject")
     # Pages lead to pages and to classes; a page that nobody has named is there too.
-    expect("page_classes.html", 'href="classREPORTGENERATOR_1_1Area.html"')
+    expect("page_classes.html", 'href="classREPORTGENERATOR_1_1Area.html"',
+           'href="namespaceREPORTGENERATOR_1_1TaskType.html"')
     expect("page_schemas.html", 'href="page_binary.html"')
     for page in (make.ROOT / "docs").glob("*.md"):
         expect(f"{make.label(page.stem, '')}.html", "</html>")

@@ -94,6 +94,8 @@ public:
     /// ("Area: Tried to append not completely defined or invalid item Coordinate."). When not validating it
     /// is appended and the same logged as a WARNING.
     void AppendCoordinate(const Coordinate& item);
+
+    /// Whether the list counts as set, which an empty one may. `ResetCoordinate` unsets it.
     bool IsCoordinateSet() const;
     void ResetCoordinate();
 
