@@ -20,9 +20,9 @@ TEST(ToolCommandLine, HelpNamesTheCommandsAndTheExitCodes)
     const ToolRun run = RunTool({"--help"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Errors(), "");
-    for (const char* part : {"show FILE...", "convert IN... OUT --to F", "check FILE...", "diff A B",
-                             "grep CONDITION FILE...", "set FILE PATH=VALUE...", "merge BASE OTHER...",
-                             "settings FRAGMENT --dry-run", "Exit codes", "--version"})
+    for (const char* part : {"show FILE...", "list FILE...", "convert IN... OUT --to F", "check FILE...",
+                             "diff A B", "grep CONDITION FILE...", "set FILE... PATH=VALUE...",
+                             "merge BASE OTHER...", "settings FRAGMENT --dry-run", "Exit codes", "--version"})
         EXPECT_TRUE(run.output.contains(part)) << part;
 }
 
@@ -40,9 +40,12 @@ TEST(ToolCommandLine, EveryCommandHasItsOwnHelp)
                       {"check",
                        {"check FILE...", "--json", "--quiet", "--strict", "--no-warnings", "--recursive",
                         "--pattern <pattern>", "--files-from <list>", "--null", "Exit codes"}},
-                      {"diff", {"diff A B", "--json", "Exit codes"}},
+                      {"list", {"list FILE...", "--json", "--csv", "--recursive", "Exit codes"}},
+                      {"diff", {"diff A B", "--json", "--recursive", "Exit codes"}},
                       {"grep", {"grep CONDITION FILE...", "contains", "--recursive", "Exit codes"}},
-                      {"set", {"set FILE PATH=VALUE...", "--unset <path>", "-o <out>", "Exit codes"}},
+                      {"set",
+                       {"set FILE... PATH=VALUE...", "--unset <path>", "-o <out>", "--in-place", "--dry-run",
+                        "--recursive", "Exit codes"}},
                       {"merge", {"merge BASE OTHER...", "-o <out>", "Exit codes"}},
                       {"settings", {"settings FRAGMENT", "--dry-run", "Exit codes"}}};
     for (const auto& row : rows) {

@@ -41,7 +41,7 @@ TEST(ToolConvertMany, EachReportGetsAFileOfItsName)
     const ToolRun run = RunIn(scratch, {"convert", "a.xml", "b.c.bin", "to", "--to", "plain"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TEXT(run.Output(), "");
-    EXPECT_TEXT(run.Errors(), "");
+    EXPECT_TEXT(run.Errors(), "2 files: 2 written, 0 refused, 0 unusable\n");
     EXPECT_EQ(scratch.Read("to/a.plain"), FullPlain());
     EXPECT_EQ(scratch.Read("to/b.c.plain"), FullPlain());
     EXPECT_EQ(QDir(scratch.Path("to")).entryList(QDir::Files).size(), 2);
@@ -78,7 +78,8 @@ TEST(ToolConvertMany, WhatCannotBeConvertedDoesNotKeepTheOthersBack)
     const ToolRun run = RunIn(scratch, {"convert", "missing", "bad", "a.xml", "to", "--to", "plain"});
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_TEXT(run.Errors(), "reporttool: missing: no such file\n"
-                              "reporttool: bad: UnknownForm: not a report in any known form\n");
+                              "reporttool: bad: UnknownForm: not a report in any known form\n"
+                              "3 files: 1 written, 1 refused, 1 unusable\n");
     EXPECT_EQ(scratch.Read("to/a.plain"), FullPlain());
     EXPECT_EQ(RunIn(scratch, {"convert", "bad", "a.xml", "to", "--to", "plain"}).exitCode, 1);
 }

@@ -34,6 +34,11 @@ _@FUNCTION@_offer()
         words=${words//\[1\]/[$number]}
     fi
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "${word#[\'\"]}")
+    if [[ $kind == assignments && ${#COMPREPLY[@]} -eq 0 ]]; then
+        # It may be one more of the files in front of them.
+        _@FUNCTION@_offer files "$word"
+        return
+    fi
     if [[ ${#COMPREPLY[@]} -eq 1 && ${COMPREPLY[0]} == *= ]]; then
         compopt -o nospace 2>/dev/null
     fi

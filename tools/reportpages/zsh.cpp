@@ -27,7 +27,9 @@ _@FUNCTION@_fields()
     if [[ ${(Q)PREFIX} =~ '\[([0-9]+)\]' ]]; then
         fields=("${(@)fields//\[1\]/[$match[1]]}")
     fi
-    compadd -S '' -a fields
+    compadd -S '' -a fields && return
+    # It may be one more of the files in front of them.
+    [[ $1 == assignments ]] && _files
 }
 
 _@FUNCTION@()
@@ -107,13 +109,17 @@ QString CaseOf(const ReportTool::Command& command, const QString& function)
     const Parser parser(command);
     QStringList specs = OptionSpecs(parser, function);
     const std::vector<Parser::Argument>& arguments = parser.AllArguments();
+    // Of several that may come several times the last one stands for the others; those behind it are not told apart from it.
+    std::size_t lastRepeated = 0;
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        lastRepeated = arguments[i].isRepeated ? i + 1 : lastRepeated;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
-        // Where one may come several times, those behind it are not told apart from it.
-        const QString place = arguments[i].isRepeated ? QStringLiteral("*") : QString::number(i + 1);
+        const bool isLast = i + 1 == lastRepeated;
+        const QString place = isLast ? QStringLiteral("*") : QString::number(i + 1);
         specs << Quoted(
             QStringLiteral("%1:%2:%3")
                 .arg(place, Described(arguments[i].name), ActionOf(arguments[i].candidates, function)));
-        if (arguments[i].isRepeated)
+        if (isLast)
             break;
     }
     return QStringLiteral("                %1)\n"

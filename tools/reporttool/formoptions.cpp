@@ -87,9 +87,14 @@ std::optional<Target> TargetOf(const Parser& parser)
     return Target{WithLevel(form, parser.Has("level")), LevelOf(parser), isJson};
 }
 
+QString NameOf(const Target& target)
+{
+    return target.isJson ? QLatin1String(JSON) : ReportCore::WordFor(target.form);
+}
+
 QString SuffixOf(const Target& target)
 {
-    return QLatin1Char('.') + (target.isJson ? QLatin1String(JSON) : ReportCore::WordFor(target.form));
+    return QLatin1Char('.') + NameOf(target);
 }
 
 } // namespace ReportTool

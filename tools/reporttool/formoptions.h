@@ -27,6 +27,9 @@ void AddFormOptions(Parser& parser);
 /// What they ask for; nothing where --to is missing. Throws `UsageError`.
 std::optional<Target> TargetOf(const Parser& parser);
 
+/// "xml", "compressed", "json".
+QString NameOf(const Target& target);
+
 /// The end of the names of files in this form.
 QString SuffixOf(const Target& target);
 

@@ -5,8 +5,11 @@
 #include <reporttool/interruption.h>
 #include <reporttool/progress.h>
 
+#include <reportcore/files.h>
+
 #include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
+#include <QtCore/QStringList>
 
 #include <algorithm>
 #include <chrono>
@@ -258,11 +261,38 @@ std::vector<int> DoForEach(int count, Console& console, const ResultWork& work, 
     return exitCodes;
 }
 
+ResultWork Complaining(ResultWork work)
+{
+    return [work = std::move(work)](int number, Console& console) {
+        try {
+            return work(number, console);
+        } catch (const ReportCore::UnusableFile& unusable) {
+            console.Complain(unusable.file, unusable.text);
+            return FileResult{EXIT_UNUSABLE};
+        }
+    };
+}
+
 int ExitCodeOf(const std::vector<int>& exitCodes, int count)
 {
     if (static_cast<int>(exitCodes.size()) < count)
         return EXIT_UNUSABLE;
     return exitCodes.empty() ? EXIT_GOOD : *std::max_element(exitCodes.begin(), exitCodes.end());
+}
+
+qint64 CountOf(const std::vector<int>& exitCodes, int exitCode)
+{
+    return static_cast<qint64>(std::count(exitCodes.begin(), exitCodes.end(), exitCode));
+}
+
+void Summarise(const std::vector<int>& exitCodes, std::initializer_list<Share> shares, Console& console)
+{
+    QStringList parts;
+    for (const Share& share : shares)
+        parts << QString::number(share.count) + QLatin1Char(' ') + QLatin1String(share.what);
+    console.Output().Flush();
+    console.ErrorLine(
+        QStringLiteral("%1 files: %2").arg(exitCodes.size()).arg(parts.join(QLatin1String(", "))));
 }
 
 } // namespace ReportTool

@@ -5,6 +5,7 @@
 
 #include <any>
 #include <functional>
+#include <initializer_list>
 #include <vector>
 
 namespace ReportTool {
@@ -37,8 +38,24 @@ std::vector<int> DoForEach(int count, Console& console, const FileWork& work);
 /// more than fit into memory.
 std::vector<int> DoForEach(int count, Console& console, const ResultWork& work, const TakeResult& take);
 
+/// The work, for files that don't keep others back: one that cannot be read or written is complained about.
+ResultWork Complaining(ResultWork work);
+
 /// The greatest of the exit codes; that of a file that cannot be read if there are fewer than there are files.
 int ExitCodeOf(const std::vector<int>& exitCodes, int count);
+
+/// How many files have come to this exit code.
+qint64 CountOf(const std::vector<int>& exitCodes, int exitCode);
+
+/// What has become of a part of the files, and of how many.
+struct Share
+{
+    const char* what;
+    qint64 count;
+};
+
+/// Sums the files up in a line to the errors: "4 files: 3 good, 1 invalid, 0 unreadable".
+void Summarise(const std::vector<int>& exitCodes, std::initializer_list<Share> shares, Console& console);
 
 } // namespace ReportTool
 

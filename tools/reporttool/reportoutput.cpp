@@ -11,18 +11,36 @@ namespace ReportTool {
 
 using ReportCore::Terminals;
 
+std::optional<QByteArray> BytesOf(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form,
+                                  int level, const QString& file, Console& console)
+{
+    try {
+        return ReportCore::WriteWhole(report, form, level);
+    } catch (const ReportCore::NotWritten& refused) {
+        console.Complain(file, refused.text);
+    }
+    return std::nullopt;
+}
+
+void PutBytes(const QByteArray& bytes, const ReportCore::FileForm& form, const QString& file,
+              Terminals terminals)
+{
+    ReportCore::WriteOutput(file, bytes, form.IsBinary() ? terminals : Terminals::Taken);
+}
+
 int PutReport(const REPORTGENERATOR::ReportBase& report, const ReportCore::FileForm& form, int level,
               const QString& file, Terminals terminals, Console& console)
 {
-    QByteArray bytes;
-    try {
-        bytes = ReportCore::WriteWhole(report, form, level);
-    } catch (const ReportCore::NotWritten& refused) {
-        console.Complain(file, refused.text);
+    const std::optional<QByteArray> bytes = BytesOf(report, form, level, file, console);
+    if (!bytes)
         return EXIT_INVALID;
-    }
-    ReportCore::WriteOutput(file, bytes, form.IsBinary() ? terminals : Terminals::Taken);
+    PutBytes(*bytes, form, file, terminals);
     return EXIT_GOOD;
+}
+
+void AddDryRun(Parser& parser)
+{
+    parser.AddSwitch("dry-run", "Write nothing, but tell what would change.");
 }
 
 void AddForce(Parser& parser)

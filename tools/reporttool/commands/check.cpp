@@ -10,8 +10,6 @@
 
 #include <QtCore/QJsonDocument>
 
-#include <algorithm>
-
 namespace ReportTool {
 
 using ReportCore::Look;
@@ -87,19 +85,6 @@ int CheckFile(const QString& name, const Options& options, Console& console)
     return problems.empty() ? EXIT_GOOD : EXIT_INVALID;
 }
 
-void Summarise(const std::vector<int>& exitCodes, Console& console)
-{
-    const auto count = [&exitCodes](int exitCode) {
-        return static_cast<qint64>(std::count(exitCodes.begin(), exitCodes.end(), exitCode));
-    };
-    console.Output().Flush();
-    console.ErrorLine(QStringLiteral("%1 files: %2 good, %3 invalid, %4 unreadable")
-                          .arg(exitCodes.size())
-                          .arg(count(EXIT_GOOD))
-                          .arg(count(EXIT_INVALID))
-                          .arg(count(EXIT_UNUSABLE)));
-}
-
 void Declare(Parser& parser)
 {
     parser.SetDescription(DESCRIPTION);
@@ -127,7 +112,11 @@ int Check(const Parser& parser, Console& console)
             return CheckFile(names.at(number), options, toConsole);
         });
     if (names.size() > 1 && !options.isQuiet)
-        Summarise(exitCodes, console);
+        Summarise(exitCodes,
+                  {{"good", CountOf(exitCodes, EXIT_GOOD)},
+                   {"invalid", CountOf(exitCodes, EXIT_INVALID)},
+                   {"unreadable", CountOf(exitCodes, EXIT_UNUSABLE)}},
+                  console);
     return ExitCodeOf(exitCodes, static_cast<int>(names.size()));
 }
 

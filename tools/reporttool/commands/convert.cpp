@@ -3,6 +3,7 @@
 #include <reporttool/exitcodes.h>
 #include <reporttool/formoptions.h>
 #include <reporttool/manyfiles.h>
+#include <reporttool/outputfolder.h>
 #include <reporttool/parser.h>
 #include <reporttool/reportchoice.h>
 #include <reporttool/reportoutput.h>
@@ -12,6 +13,7 @@
 #include <reportcore/jsonreading.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportwriting.h>
+#include <reportcore/texts.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -25,6 +27,7 @@
 
 namespace ReportTool {
 
+using ReportCore::Printable;
 using ReportCore::ReportFile;
 using ReportCore::UnusableFile;
 
@@ -57,11 +60,13 @@ struct Options
     bool isFromJson = false;
     ReportChoice choice;
     ReportCore::Terminals terminals = ReportCore::Terminals::Refused;
+    bool isDryRun = false;
 };
 
 Options OptionsOf(const Parser& parser)
 {
-    const Options options = {TargetOf(parser), parser.Has("from"), ChoiceOf(parser), TerminalsOf(parser)};
+    const Options options = {TargetOf(parser), parser.Has("from"), ChoiceOf(parser), TerminalsOf(parser),
+                             parser.Has("dry-run")};
     if (options.isFromJson && parser.Value("from") != QLatin1String("json"))
         throw UsageError{QStringLiteral("--from is for json; other forms are recognised")};
     if (!options.target && !options.isFromJson)
@@ -108,19 +113,44 @@ GoodReports Read(const QString& input, const QString& output, const Options& opt
     return {};
 }
 
+std::optional<QByteArray> JsonOf(const QString& input, const ReportFile& file, const QString& output,
+                                 Console& console)
+{
+    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, file)}).toJson();
+    const QString excess = ReportCore::FindExcess(json);
+    if (excess.isEmpty())
+        return json;
+    console.Complain(output, excess);
+    return std::nullopt;
+}
+
+/// Whether there is such a file, with these bytes or others.
+QString SignOf(const QString& output, const QByteArray& bytes)
+{
+    if (ReportCore::IsStandardStream(output) || !QFileInfo::exists(output))
+        return QStringLiteral("+");
+    try {
+        const bool isSame = QFileInfo(output).isFile() && ReportCore::ReadInput(output) == bytes;
+        return isSame ? QStringLiteral("=") : QStringLiteral("!");
+    } catch (const UnusableFile&) {
+        return QStringLiteral("!");
+    }
+}
+
 int WriteFile(const QString& input, const ReportFile& file, const QString& output, const Options& options,
               Console& console)
 {
     const Target target = options.target ? *options.target : Target{file.form};
-    if (!target.isJson)
-        return PutReport(file.report, target.form, target.level, output, options.terminals, console);
-    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, file)}).toJson();
-    const QString excess = ReportCore::FindExcess(json);
-    if (!excess.isEmpty()) {
-        console.Complain(output, excess);
+    const auto bytes = target.isJson ? JsonOf(input, file, output, console)
+                                     : BytesOf(file.report, target.form, target.level, output, console);
+    if (!bytes)
         return EXIT_INVALID;
-    }
-    ReportCore::WriteOutput(output, json);
+    if (!options.isDryRun)
+        PutBytes(*bytes, target.form, output, options.terminals);
+    else
+        console.Output().Line(
+            QStringLiteral("%1 %2: %3, from %4")
+                .arg(SignOf(output, *bytes), Printable(output), NameOf(target), Printable(input)));
     return EXIT_GOOD;
 }
 
@@ -130,33 +160,14 @@ int ConvertFile(const QString& input, const QString& output, const Options& opti
     return good.areAll ? WriteFile(input, good.reports.front().file, output, options, console) : EXIT_INVALID;
 }
 
-/// The file that a report gets in a folder; those of several in a document are counted.
-QString FileIn(const QString& folder, const QString& input, const Target& target, int number = 1,
-               int count = 1)
+/// The name that a report gets in a folder; those of several in a document are counted.
+QString NameIn(const QString& input, const Target& target, int number = 1, int count = 1)
 {
     QString name = QFileInfo(input).completeBaseName();
     if (count > 1)
         name += QStringLiteral("-%1").arg(number, static_cast<int>(QString::number(count).size()), 10,
                                           QLatin1Char('0'));
-    return QDir(folder).filePath(name + SuffixOf(target));
-}
-
-/// The output of each input; no two may have the same.
-QHash<QString, QString> OutputsOf(const QStringList& inputs, const QString& folder, const Target& target)
-{
-    QHash<QString, QString> outputs;
-    QHash<QString, QString> sources;
-    for (const QString& input : inputs) {
-        if (ReportCore::IsStandardStream(input))
-            throw UsageError{QStringLiteral("standard input has no name for a file in a folder")};
-        const QString output = FileIn(folder, input, target);
-        if (sources.contains(output))
-            throw UsageError{
-                QStringLiteral("%1 and %2 would both become %3").arg(sources.value(output), input, output)};
-        sources.insert(output, input);
-        outputs.insert(input, output);
-    }
-    return outputs;
+    return name + SuffixOf(target);
 }
 
 /// Each of the chosen reports becomes a file in the folder, but none that another input becomes.
@@ -168,7 +179,7 @@ int ConvertReports(const QString& input, const QString& folder, const QHash<QStr
     int exitCode = good.areAll ? EXIT_GOOD : EXIT_INVALID;
     for (const ChosenReport& report : good.reports) {
         const int count = options.choice.isAll ? report.count : 1;
-        const QString output = FileIn(folder, input, *options.target, report.number, count);
+        const QString output = QDir(folder).filePath(NameIn(input, *options.target, report.number, count));
         const QString other = count > 1 ? outputs.key(output) : QString();
         if (!other.isEmpty() && other != input) {
             console.Complain(input, QStringLiteral("report %1 and %2 would both become %3")
@@ -185,19 +196,19 @@ int ConvertInto(const QString& folder, const QStringList& inputs, const Options&
 {
     if (!options.target)
         throw UsageError{QStringLiteral("--to is missing")};
-    if (!QFileInfo(folder).isDir())
-        throw UnusableFile{folder, QStringLiteral("no such folder")};
-    const QHash<QString, QString> outputs = OutputsOf(inputs, folder, *options.target);
+    const QHash<QString, QString> outputs =
+        OutputsIn(folder, inputs, [&](const QString& input) { return NameIn(input, *options.target); });
+    const auto work = [&](int number, Console& fileConsole) {
+        return FileResult{ConvertReports(inputs.at(number), folder, outputs, options, fileConsole)};
+    };
     const std::vector<int> exitCodes =
-        DoForEach(static_cast<int>(inputs.size()), console, [&](int number, Console& fileConsole) {
-            const QString& input = inputs.at(number);
-            try {
-                return ConvertReports(input, folder, outputs, options, fileConsole);
-            } catch (const UnusableFile& unusable) {
-                fileConsole.Complain(unusable.file, unusable.text);
-                return EXIT_UNUSABLE;
-            }
-        });
+        DoForEach(static_cast<int>(inputs.size()), console, Complaining(work), [](std::any& /*result*/) {});
+    if (inputs.size() > 1)
+        Summarise(exitCodes,
+                  {{options.isDryRun ? "would be written" : "written", CountOf(exitCodes, EXIT_GOOD)},
+                   {"refused", CountOf(exitCodes, EXIT_INVALID)},
+                   {"unusable", CountOf(exitCodes, EXIT_UNUSABLE)}},
+                  console);
     return ExitCodeOf(exitCodes, static_cast<int>(inputs.size()));
 }
 
@@ -213,6 +224,7 @@ void Declare(Parser& parser)
     AddReportNumber(parser);
     AddAllReports(parser);
     AddDiscard(parser);
+    AddDryRun(parser);
     AddForce(parser);
     parser.AddExample("convert lake.xml lake.bin --to compressed", "Write one report in another form.");
     parser.AddExample("convert -r reports packed --to file --level 9",
