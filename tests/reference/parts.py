@@ -5,6 +5,7 @@
 """
 
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -53,6 +54,23 @@ class Headers(unittest.TestCase):
     def test_indented_lines_are_code(self):
         self.assertEqual(make.mark_code("/// Text.\n///\n///     int x;\n///\n///     int y;\n///\n/// Text.\n"),
                          "/// Text.\n///\n/// @code{.cpp}\n/// int x;\n///\n/// int y;\n/// @endcode\n///\n/// Text.\n")
+
+
+class Diagram(unittest.TestCase):
+    def test_what_a_class_holds_by_value_is_in_the_diagram(self):
+        edges = set(re.findall(r"(\w+) -> (\w+)", (REFERENCE / "holding.dot").read_text("utf-8")))
+        classes = make.class_links()
+        held = set()
+        for path in make.public_headers():
+            text = path.read_text("utf-8")
+            for name, body in re.findall(r"^class \w+_EXPORT (\w+)\b[^;{]*\n\{\n(.*?)^\};", text, re.M | re.S):
+                held |= {(name, kind) for kind in re.findall(r"^    (\w+) m_\w+;", body, re.M) if kind in classes}
+        # The diagram has the classes that people use in place of their base.
+        for base, derived in ("FrequencyHolder", "FrequencyInformation"), ("FrequencyHolder", "FrequencyListValue"):
+            held |= {(derived, kind) for name, kind in held if name == base}
+        held = {edge for edge in held if edge[0] != "FrequencyHolder"}
+        self.assertIn(("ScanParameter", "FrequencyRangeOld"), held)
+        self.assertLessEqual(held, edges)
 
 
 class Pages(unittest.TestCase):
