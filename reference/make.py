@@ -411,7 +411,8 @@ def main():
     output = options.output.resolve()
     for folder in ("input", "html", "help"):
         shutil.rmtree(output / folder, ignore_errors=True)
-    inputs = prepare_pages(output / "input/pages") + [HERE / "namespaces.h"]
+    inputs = prepare_pages(output / "input/pages")
+    inputs.append(shutil.copy(HERE / "namespaces.h", output / "input/pages"))
     shown = write_diagrams(output / "input/diagrams")
     for path in public_headers():
         target = output / "input" / path.relative_to(ROOT)

@@ -52,6 +52,10 @@ def main():
     expect("page_schemas.html", 'href="page_binary.html"')
     for page in (make.ROOT / "docs").glob("*.md"):
         expect(f"{make.label(page.stem, '')}.html", "</html>")
+    # It is the same wherever it is made.
+    for path in (SCRATCH / "html").rglob("*"):
+        if path.is_file() and str(make.ROOT).encode() in path.read_bytes():
+            fail(f"{path.name} holds the place of the sources")
     found = "".join(path.read_text("utf-8") for path in (SCRATCH / "html/search").glob("all_*.js"))
     for link in ("classREPORTGENERATOR_1_1Coordinate.html", "page_using.html"):
         if link not in found:
