@@ -7,7 +7,10 @@
 #include <wendbase/errorhandler.h>
 #include <wendbase/qtrace.h>
 
+#include <QtCore/QVector>
+
 #include <algorithm>
+#include <utility>
 
 // Known here only, so that a program can declare them itself.
 Q_DECLARE_METATYPE(REPORTGENERATOR::IRGObject*)
@@ -22,6 +25,67 @@ constexpr const char* TRACE_SOURCE = "framework/reportgenerator/reportbase/setti
 constexpr int TRACE_LINE = 110;
 constexpr unsigned int TRACE_FLAG = 0x20;
 
+/// A distribution that is going on: registered objects and receivers of signals are called, who may unregister
+/// any of them or delete the notifier. What they take away lives on until the outermost distribution of the
+/// notifier has returned from its calls.
+class Distribution
+{
+public:
+    explicit Distribution(const SettingsNotifier& notifier)
+        : m_notifier(&notifier), m_outermost(OutermostOf(notifier)), m_around(current)
+    {
+        current = this;
+    }
+    ~Distribution()
+    {
+        current = m_around;
+        qDeleteAll(m_removed);
+    }
+    Distribution(const Distribution& other) = delete;
+    Distribution& operator=(const Distribution& other) = delete;
+
+    bool IsNotifierAlive() const { return m_notifier != nullptr; }
+
+    /// Deletes the center, at once unless the notifier is distributing.
+    static void Delete(const SettingsNotifier& notifier, RegisterCenter* center)
+    {
+        Distribution* const outermost = OutermostOf(notifier);
+        if (outermost)
+            outermost->m_removed.append(center);
+        else
+            delete center;
+    }
+
+    /// The notifier is not used any more.
+    static void Leave(const SettingsNotifier& notifier)
+    {
+        for (Distribution* distribution = current; distribution; distribution = distribution->m_around) {
+            if (distribution->m_notifier == &notifier)
+                distribution->m_notifier = nullptr;
+        }
+    }
+
+private:
+    /// The distribution of the notifier around all others of it; null when there is none.
+    static Distribution* OutermostOf(const SettingsNotifier& notifier)
+    {
+        Distribution* distribution = current;
+        while (distribution && distribution->m_notifier != &notifier)
+            distribution = distribution->m_around;
+        return distribution && distribution->m_outermost ? distribution->m_outermost : distribution;
+    }
+
+    /// Of the thread, in which its notifiers live.
+    static thread_local Distribution* current;
+
+    const SettingsNotifier* m_notifier;
+    Distribution* m_outermost; ///< null for the outermost one itself
+    Distribution* m_around;
+    QVector<RegisterCenter*> m_removed;
+};
+
+thread_local Distribution* Distribution::current = nullptr;
+
 } // namespace
 
 SettingsNotifier::SettingsNotifier()
@@ -32,7 +96,9 @@ SettingsNotifier::SettingsNotifier()
 
 SettingsNotifier::~SettingsNotifier()
 {
-    qDeleteAll(m_centers);
+    for (RegisterCenter* const center : std::as_const(m_centers))
+        Distribution::Delete(*this, center);
+    Distribution::Leave(*this);
 }
 
 void SettingsNotifier::NotifyOnChanged(RegisterCenter* center)
@@ -46,7 +112,8 @@ void SettingsNotifier::NotifyOnChanged(RegisterCenter* center)
 
 void SettingsNotifier::UnRegister(long long id)
 {
-    delete m_centers.take(id);
+    if (RegisterCenter* const center = m_centers.take(id))
+        Distribution::Delete(*this, center);
 }
 
 RegisterCenter* SettingsNotifier::GetCenter(long long id) const
@@ -62,22 +129,25 @@ RegisterCenter* SettingsNotifier::GetCenter(ObjectTypes type) const
 void SettingsNotifier::SetSettings(const QString& xml, bool checkRoot)
 {
     const QString fragment = CheckXmlSyntax(xml) ? xml : AddDummyRoot(xml);
-    // A receiver of a signal may register further centers; they take part from the next settings on. It may
-    // also unregister some, which are gone at once.
+    // Whoever is called may register further centers; they take part from the next settings on. He may also
+    // unregister some, which are left out at once.
     const QMap<long long, RegisterCenter*> centers = m_centers;
+    const Distribution distribution(*this);
     bool accepted = false;
     for (auto entry = centers.cbegin(); entry != centers.cend(); ++entry) {
         RegisterCenter* center = entry.value();
-        const auto isRegistered = [&] { return GetCenter(entry.key()) == center; };
+        const auto isRegistered = [&] {
+            return distribution.IsNotifierAlive() && GetCenter(entry.key()) == center;
+        };
         IRGObject* object = isRegistered() ? center->GetInterface() : nullptr;
         if (!object)
             continue;
         try {
             object->Reset();
-            if (!object->SetXmlString(fragment, checkRoot))
+            if (!isRegistered() || !object->SetXmlString(fragment, checkRoot))
                 continue;
             accepted = true;
-            if (!object->HasData())
+            if (!isRegistered() || !object->HasData() || !isRegistered())
                 continue;
             Q_EMIT SettingsChanged(object);
             if (isRegistered())
