@@ -438,6 +438,20 @@ TEST(SettingsNotifier, MalformedFragmentIsTracedForEachObjectThatIsMetInIt)
     EXPECT_EQ(traces.entries.size(), 1);
 }
 
+TEST(SettingsNotifier, FragmentOfTooManyAttributesIsTraced)
+{
+    const Traces traces(0x20);
+    SettingsNotifier notifier;
+    Register(notifier, new Ellipse);
+    QString fragment = Text("<Ellipse><Axis");
+    for (int i = 0; i <= 256; ++i)
+        fragment += Text(" a%1=''").arg(i);
+    ExpectInvalid(notifier, fragment + Text("/></Ellipse>"));
+    ASSERT_EQ(traces.entries.size(), 1);
+    EXPECT_TRUE(
+        traces.entries.at(0).contains(Text("An element has more than 256 attributes or namespaces.")));
+}
+
 TEST(SettingsNotifier, XmlDeclarationMakesTheFragmentUnreadable)
 {
     Traces traces(0x20);

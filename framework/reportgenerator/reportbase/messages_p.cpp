@@ -48,6 +48,15 @@ QString UnsuitableXml(const QString& objectName)
     return QStringLiteral("Unsuitable XML for %1!").arg(objectName);
 }
 
+QString TooMuchMarkup(MarkupScanner::Excess excess)
+{
+    return excess == MarkupScanner::Excess::Declared
+               ? QStringLiteral("The document type declares more than %1 attributes.")
+                     .arg(limits::MAX_DECLARED_ATTRIBUTES)
+               : QStringLiteral("An element has more than %1 attributes or namespaces.")
+                     .arg(limits::MAX_ATTRIBUTES);
+}
+
 QString UnknownTag(const QString& tag, const QString& objectName)
 {
     return QStringLiteral("Unknown Tag '%1' in '%2'.").arg(tag, objectName);

@@ -1,6 +1,7 @@
 #ifndef REPORTGENERATOR_MESSAGES_P_H
 #define REPORTGENERATOR_MESSAGES_P_H
 
+#include <reportgenerator/reportbase/forms/markupscanner.h>
 #include <reportgenerator/reportbase/forms/name.h>
 #include <reportgenerator/reportbase/logger.h>
 
@@ -24,6 +25,7 @@ QString NameAndText(const ReportException& exception);
 
 QString CantOpenForReading(const QString& path);
 QString UnsuitableXml(const QString& objectName);
+QString TooMuchMarkup(MarkupScanner::Excess excess);
 QString UnknownTag(const QString& tag, const QString& objectName);
 QString GetBinaryNotImplemented(int objectType);
 QString SetBinaryNotImplemented(int objectType);

@@ -1,6 +1,7 @@
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
 #include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/scannedxml.h>
 #include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
@@ -23,10 +24,10 @@ class VersionConverterProxy::Search
 {
 public:
     Search(VersionConverterProxy& proxy, QFile* file)
-        : rootClass(proxy.m_rootClass), version(proxy.m_version), m_proxy(proxy), m_file(file)
+        : rootClass(proxy.m_rootClass), version(proxy.m_version), m_proxy(proxy), m_file(file),
+          m_scanned(*file), m_reader(&m_scanned)
     {
         file->QIODevice::reset();
-        m_reader.setDevice(file);
     }
     ~Search()
     {
@@ -71,6 +72,7 @@ private:
 
     VersionConverterProxy& m_proxy;
     QPointer<QFile> m_file;
+    scannedxml::ScannedDevice m_scanned;
     QXmlStreamReader m_reader;
     QString m_name;
     std::optional<qint64> m_position;

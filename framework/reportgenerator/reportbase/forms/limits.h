@@ -20,6 +20,13 @@ constexpr qint64 BYTES_ON_TRUST = 65536;
 /// A byte array of the reference platform holds less than this, its administration included.
 constexpr qint64 MAX_BYTE_ARRAY = std::numeric_limits<int>::max() - 32;
 
+/// Attributes of a tag, and namespaces in scope. The library writes five attributes at most.
+constexpr int MAX_ATTRIBUTES = 256;
+
+/// Attributes that a document type declares, each of which a reader gives to every element of a name. The
+/// library writes no document type.
+constexpr int MAX_DECLARED_ATTRIBUTES = 64;
+
 } // namespace limits
 } // namespace REPORTGENERATOR
 

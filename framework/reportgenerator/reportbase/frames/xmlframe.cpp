@@ -3,6 +3,7 @@
 #include <reportgenerator/reportbase/irgobject.h>
 
 #include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/forms/scannedxml.h>
 #include <reportgenerator/reportbase/forms/values.h>
 #include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/frames/elementtext.h>
@@ -26,8 +27,8 @@ namespace {
 constexpr qint64 READER_BLOCK = 8192;
 
 /// Reads the rest of a file past Qt's reader, which would leave it at its end too. Returns whether it was read.
-/// Otherwise the file stays where it is; one that doesn't go back leaves what it held to `reader`.
-bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file, QXmlStreamReader& reader)
+/// Otherwise the file stays where it is; of one that doesn't go back `scanned` gives what it held.
+bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file, scannedxml::ScannedDevice& scanned)
 {
     if (file.isSequential() || !file.isReadable() || file.isTransactionStarted())
         return false;
@@ -39,10 +40,8 @@ bool ReadDirectly(const DirectRoad& road, IRGObject& object, QFile& file, QXmlSt
     const bool endsWithElement = xml.endsWith('>') || (xml.endsWith(">\n") && xml.size() % READER_BLOCK != 1);
     if (endsWithElement && file.error() == QFileDevice::NoError && road.readXmlBytes(object, xml))
         return true;
-    if (!file.seek(start)) {
-        reader.clear();
-        reader.addData(xml);
-    }
+    if (!file.seek(start))
+        scanned.GiveInstead(xml);
     return false;
 }
 
@@ -78,6 +77,8 @@ bool IRGObject::SetXmlString(const QString& xml, bool checkRoot)
     if (xml.isEmpty() || !xmltools::MayContainElement(xml, GetObjectName()))
         return false;
     Reset();
+    if (const auto excess = scannedxml::ExcessIn(xml); excess != MarkupScanner::Excess::None)
+        reporting::Throw(*this, RGException(messages::TooMuchMarkup(excess)));
     if (checkRoot && !StartsWith(xml, GetObjectName()))
         reporting::Throw(*this, RGException(messages::UnsuitableXml(GetObjectName())));
     QXmlStreamReader reader(xml);
@@ -140,10 +141,11 @@ bool IRGObject::LoadXml(QFile* file)
         return proxy->LoadXml(file);
     }
     Trace(LogLevel::INFO, messages::LoadingXmlFile(GetObjectName(), file->fileName()));
-    QXmlStreamReader reader(file);
+    scannedxml::ScannedDevice scanned(*file);
     const DirectRoad* const road = ObjectAccess::RoadOf(*this);
-    if (road && ReadDirectly(*road, *this, *file, reader))
+    if (road && ReadDirectly(*road, *this, *file, scanned))
         return true;
+    QXmlStreamReader reader(&scanned);
     return ReadElement(reader);
 }
 
@@ -224,6 +226,8 @@ bool IRGObject::ReadElement(QXmlStreamReader& reader)
 
 void IRGObject::ReportXmlError(const QXmlStreamReader& reader) const
 {
+    if (const auto excess = scannedxml::ExcessOn(reader); excess != MarkupScanner::Excess::None)
+        reporting::Throw(*this, RGException(messages::TooMuchMarkup(excess)));
     if (reader.hasError())
         reporting::Throw(*this, RGException(reader.errorString()));
 }
