@@ -56,6 +56,9 @@ struct Request
     ReportCore::Terminals terminals = ReportCore::Terminals::Refused;
 
     QString OutputOf(const QString& input) const { return isInPlace ? input : outputs.value(input, output); }
+
+    /// A single file that is written is written in any case.
+    bool AsksForDifferences() const { return isInPlace || isDryRun || inputs.size() > 1; }
 };
 
 // --- What is asked for
@@ -172,7 +175,9 @@ FileResult SetFile(const QString& input, const Request& request, Console& consol
     ReportBase& after = report.file.report;
     if (!request.changes.MakeIn(after, input, console))
         return {EXIT_INVALID};
-    const Differences differences = ReportCore::FindDifferences(before, after, ReportCore::ReportInfo());
+    const Differences differences = request.AsksForDifferences()
+                                        ? ReportCore::FindDifferences(before, after, ReportCore::ReportInfo())
+                                        : Differences();
     const bool isChanged = !StaysAsItIs(report, differences, request);
     if (!isChanged && request.isInPlace)
         return {EXIT_GOOD, false};
