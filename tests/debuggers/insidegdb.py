@@ -49,13 +49,19 @@ def test_printing():
 # --- What Visual Studio is told to show
 
 
+# What the atomics of Visual Studio's library hold, and those of the one at hand.
+ATOMICS = {"m_isMade._Storage._Value": "m_isMade._M_base._M_i", "m_data._Storage._Value": "m_data._M_b._M_p"}
+
+
 def within(thing, expression):
     """The expression of an object's members as one of the object."""
+    for theirs, ours in ATOMICS.items():
+        expression = expression.replace(theirs, ours)
     return re.sub(r"(?<![\w.>])m_\w+", lambda match: "(%s).%s" % (thing, match[0]), expression)
 
 
 def type_of(words):
-    return gdb.execute("whatis " + words, to_string=True).rstrip()
+    return gdb.execute("ptype " + words, to_string=True).rstrip()
 
 
 def has_type(thing, expression):
@@ -103,9 +109,14 @@ def look_at_object(kind, thing):
     expect("text of " + thing, chosen_text(thing, kind) == "not initialized", is_without_record)
 
 
+def fits(thing, element):
+    return has_type(thing, element.get("Condition").split()[0]) and is_chosen(thing, element)
+
+
 def look_at_list(kind, thing, count, first):
-    """Of what is for one version of Qt each, one fits."""
-    texts = [re.findall(r"{([^}]+)}", element.text)[0] for element in kind.findall(tag("DisplayString"))]
+    """Of what is for one version of Qt each, and for items of one's own or shared ones, one fits."""
+    texts = [re.findall(r"{([^}]+)}", element.text)[0] for element in kind.findall(tag("DisplayString"))
+             if fits(thing, element)]
     sizes = [text for text in texts if has_type(thing, text)]
     expect("texts of " + thing, len(sizes), 1)
     expect("size in the text of " + thing, int(gdb.parse_and_eval(within(thing, sizes[0]))), count)
@@ -114,7 +125,7 @@ def look_at_list(kind, thing, count, first):
     for array in kind.iter(tag("ArrayItems")):
         size = array.find(tag("Size")).text
         pointer = array.find(tag("ValuePointer")).text.replace("$T1", NAMESPACE + "Coordinate")
-        if has_type(thing, size) and has_type(thing, pointer):
+        if fits(thing, array) and has_type(thing, size) and has_type(thing, pointer):
             fitting.append((int(gdb.parse_and_eval(within(thing, size))), printed("*" + within(thing, pointer))))
     expect("arrays of " + thing, fitting, [(count, first)])
 
@@ -132,8 +143,9 @@ def test_natvis():
     for name in things:
         for thing in things[name]:
             look_at_object(types[NAMESPACE + name], thing)
-    look_at_list(types[NAMESPACE + "ObjectList<*>"], "lake.m_record.m_data.d->coordinates", 3,
-                 "{Longitude = 9.5, Latitude = 47.5}")
+    for area in ("lake", "copy.GetArea()"):
+        look_at_list(types[NAMESPACE + "ObjectList<*>"], area + ".m_record.m_data._M_b._M_p->coordinates", 3,
+                     "{Longitude = 9.5, Latitude = 47.5}")
 
 
 # --- All of it

@@ -14,6 +14,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -65,6 +66,53 @@ TEST(CopiedArea, OutlivesItsSourceWithItsOwnSettings)
     EXPECT_EQ(First(copy).GetLatitude(), 2.0);
 }
 
+/// The logger may belong to another thread.
+TEST(CopiedArea, HoldsNoLoggerOfItsSource)
+{
+    const std::pair<const char*, std::function<void(Area&)>> ways[] = {
+        {"destroyed", [](Area&) {}},
+        {"reset", [](Area& area) { area.Reset(); }},
+        {"assigned", [](Area& area) { area = Pair(); }},
+        {"given others", [](Area& area) { area.SetCoordinate({At(5.0, 6.0)}); }},
+        {"appended to", [](Area& area) { area.AppendCoordinate(At(5.0, 6.0)); }},
+        {"handed out", [](Area& area) { area.GetCoordinate()[0].SetLongitude(9.0); }},
+        {"read",
+         [](Area& area) {
+             area.SetXmlString(QStringLiteral("<Area Version=\"1.0\"><Name>M</Name></Area>"), true);
+         }},
+    };
+    for (const auto& [name, leave] : ways) {
+        SCOPED_TRACE(name);
+        auto logger = Support::NewLogger();
+        const std::weak_ptr<REPORTGENERATOR::ListLogger> left = logger;
+        std::optional<ReportBase> source = ReportBase();
+        source->SetArea(Pair());
+        source->SetValidate(false);
+        source->SetLogger(logger);
+        const ReportBase copy(*source);
+        const Area area(std::as_const(*source).GetArea());
+        logger.reset();
+        leave(source->GetArea());
+        source.reset();
+        EXPECT_TRUE(left.expired());
+        EXPECT_EQ(First(area).GetLongitude(), 1.0);
+        EXPECT_FALSE(First(area).GetValidate());
+        EXPECT_EQ(First(copy.GetArea()).GetLongitude(), 1.0);
+    }
+}
+
+TEST(CopiedArea, AssignedMembersHaveNoLoggerOfTheirSource)
+{
+    ReportBase source;
+    source.SetArea(Pair());
+    source.SetLogger(Support::NewLogger());
+    ReportBase assigned;
+    assigned = source;
+    EXPECT_EQ(std::as_const(source).GetArea().GetLogger(), source.GetLogger());
+    EXPECT_EQ(std::as_const(assigned).GetArea().GetLogger(), nullptr);
+    EXPECT_EQ(First(std::as_const(assigned).GetArea()).GetLogger(), nullptr);
+}
+
 TEST(CopiedArea, KeepsWhatItsSourceLoses)
 {
     Area source = Pair();
@@ -112,6 +160,7 @@ TEST(CopiedArea, PassesWhatItWasToldBeforeAnybodyLooked)
 TEST(CopiedArea, DoesNotSeeWhatIsDoneThroughAHeldCoordinate)
 {
     Area source = Pair();
+    source.SetLogger(Support::NewLogger());
     Coordinate& held = source.GetCoordinate()[0];
     Area copy(source);
     held.SetLongitude(9.0);

@@ -31,6 +31,18 @@ bool g_counting = false;
 qint64 g_held = 0;
 qint64 g_peak = 0;
 
+/// How many allocations are left up to the one that fails, none when there is no such one.
+int g_untilFailure = 0;
+bool g_hasFailed = false;
+
+[[maybe_unused]] bool MustFail()
+{
+    if (g_untilFailure == 0 || --g_untilFailure > 0)
+        return false;
+    g_hasFailed = true;
+    return true;
+}
+
 [[maybe_unused]] void Count(qint64 bytes)
 {
     if (!g_counting)
@@ -52,6 +64,8 @@ void __libc_free(void* block);
 
 __attribute__((visibility("default"))) void* malloc(std::size_t size)
 {
+    if (MustFail())
+        return nullptr;
     void* block = __libc_malloc(size);
     Count(static_cast<qint64>(malloc_usable_size(block)));
     return block;
@@ -59,6 +73,8 @@ __attribute__((visibility("default"))) void* malloc(std::size_t size)
 
 __attribute__((visibility("default"))) void* calloc(std::size_t count, std::size_t size)
 {
+    if (MustFail())
+        return nullptr;
     void* block = __libc_calloc(count, size);
     Count(static_cast<qint64>(malloc_usable_size(block)));
     return block;
@@ -67,6 +83,8 @@ __attribute__((visibility("default"))) void* calloc(std::size_t count, std::size
 /// A block that has to move exists twice meanwhile.
 __attribute__((visibility("default"))) void* realloc(void* block, std::size_t size)
 {
+    if (MustFail())
+        return nullptr;
     const auto before = static_cast<qint64>(malloc_usable_size(block));
     void* moved = __libc_realloc(block, size);
     if (moved == nullptr && size != 0)
@@ -135,6 +153,31 @@ qint64 Allocations::Held() const
 bool Allocations::AreCounted()
 {
 #if defined(TESTS_WATCH_SANITIZER) || defined(TESTS_REPLACE_ALLOCATOR)
+    return true;
+#else
+    return false;
+#endif
+}
+
+FailingAllocation::FailingAllocation(int number)
+{
+    g_hasFailed = false;
+    g_untilFailure = number;
+}
+
+FailingAllocation::~FailingAllocation()
+{
+    g_untilFailure = 0;
+}
+
+bool FailingAllocation::HasFailed() const
+{
+    return g_hasFailed;
+}
+
+bool FailingAllocation::IsPossible()
+{
+#if defined(TESTS_REPLACE_ALLOCATOR)
     return true;
 #else
     return false;

@@ -32,6 +32,26 @@ public:
     static bool AreCounted();
 };
 
+/// Lets one allocation fail: the `number`-th from now on, counted from 1.
+///
+///     FailingAllocation failing(3);
+///     EXPECT_THROW(object.Check(), std::bad_alloc);
+///
+/// One at a time, in one thread.
+class FailingAllocation
+{
+public:
+    explicit FailingAllocation(int number);
+    ~FailingAllocation();
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+
+    bool HasFailed() const;
+
+    /// Whether this platform's allocator can be made to fail.
+    static bool IsPossible();
+};
+
 } // namespace Support
 
 #endif

@@ -125,7 +125,7 @@ QString Area::GetDefaultName() const
 const QVector<Coordinate>& Area::GetCoordinate() const
 {
     InitData();
-    return m_record.Own().coordinates.HandOut();
+    return m_record.Get()->coordinates.HandOut();
 }
 
 QVector<Coordinate>& Area::GetCoordinate()
@@ -242,7 +242,7 @@ void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
 /// Applied for each child that is read: within one reading only the new coordinates are looked at.
 void Area::SettleCoordinates() const
 {
-    ObjectList<Coordinate>& coordinates = m_record.Own().coordinates;
+    const ObjectList<Coordinate>& coordinates = m_record.Get()->coordinates;
     coordinates.PassSettings(*this, m_settled ? m_settled->CountOf(coordinates.Values()) : 0);
     if (m_settled)
         m_settled->Remember(coordinates.Values());

@@ -36,7 +36,7 @@ extern template class REPORTBASE_EXPORT RecordObject<AreaData, SharedRecord<Area
 /// counts as an empty one, which is refused when validating; otherwise it is the last one, and the stream's
 /// status is `ReadPastEnd`.
 ///
-/// Copies are values. One thread at a time.
+/// Copies are values. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::Area area;
 ///     area.SetName(QStringLiteral("Lake region"));

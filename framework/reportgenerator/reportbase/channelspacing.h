@@ -13,7 +13,7 @@ namespace REPORTGENERATOR {
 ///
 /// Its XML element is named "ChannelSpacing", with the child elements "Visual" when not empty,
 /// "Samedistance", and one "Value" per spacing with two decimals. There is no binary form. Set means not
-/// empty; the unit is the client's. A copy is complete, base included. One thread at a time.
+/// empty; the unit is the client's. A copy is complete and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::ChannelSpacing raster;
 ///     raster.SetSameDistance(true);

@@ -26,7 +26,7 @@ extern template class REPORTBASE_EXPORT RecordObject<CoordinateData, OwnRecord<C
 /// not validating. The raw form has 17 bytes: a byte with a bit for each field that is set (longitude,
 /// latitude, from bit 0), longitude, latitude.
 ///
-/// Copies are values. One thread at a time.
+/// Copies are values. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::Coordinate point;
 ///     point.SetLongitude(9.5);

@@ -13,8 +13,8 @@ namespace REPORTGENERATOR {
 /// "Minimum", "Maximum", "Default" and "Unit" and the child element "DoubleValue"; all numbers are written in
 /// fixed notation with six decimals. There is no binary form.
 ///
-/// What stands for "not set" is decided by the object: see `SetDefaultInvalidValue`. A copy is complete, base
-/// included. One thread at a time.
+/// What stands for "not set" is decided by the object: see `SetDefaultInvalidValue`. A copy is complete and
+/// shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::Double dwell;
 ///     dwell.SetName(QStringLiteral("DwellTime"));

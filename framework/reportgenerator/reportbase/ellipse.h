@@ -10,7 +10,7 @@ namespace REPORTGENERATOR {
 /// Its XML element is named "Ellipse", with the child elements "MinRadius", "MaxRadius" and "Rotation", all
 /// with two decimals. There is no binary form. -111111.11 stands for "not set"; any other number, NaN
 /// included, may be stored. The units are the client's; no relation between the values is enforced. A copy is
-/// complete, base included. One thread at a time.
+/// complete and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::Ellipse ellipse;
 ///     ellipse.SetMinRadius(100.0);

@@ -17,7 +17,7 @@ extern template class REPORTBASE_EXPORT BoundedValue<FrequencyData>;
 /// One frequency of a report: a value with optional bounds and a switch that says whether it is to be used.
 ///
 /// A leaf object, held by value in `ReportBase`. Its element is named "Frequency"; see `BoundedValue` for its
-/// forms. Copies are values. One thread at a time.
+/// forms. Copies are values. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::Frequency frequency;
 ///     frequency.SetValue(121500000.0);

@@ -11,8 +11,8 @@ namespace REPORTGENERATOR {
 ///
 /// Its XML element is named "FrequencyInformation" and holds the element of the one that has data,
 /// "Frequency" (see `ValueMinMax`) or "FrequencyRange" (see `FrequencyRangeOld`). There is no binary form.
-/// The validate flag and the logger are not passed on to the range. A copy is complete, base included. One
-/// thread at a time.
+/// The validate flag and the logger are not passed on to the range. A copy is complete and shares the logger.
+/// Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::FrequencyInformation where;
 ///     where.SetFrequency(121500000.0);

@@ -10,8 +10,8 @@ namespace REPORTGENERATOR {
 /// One entry of a list of frequencies: a frequency with optional bounds and an optional time stamp.
 ///
 /// Its XML element is named "Value" and holds the element "Frequency" (see `ValueMinMax`) and, when there is
-/// a time stamp, "TimeStamp" in UTC (see `Converters::ToString`). There is no binary form. A copy is
-/// complete, base included. One thread at a time.
+/// a time stamp, "TimeStamp" in UTC (see `Converters::ToString`). There is no binary form. A copy is complete
+/// and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::FrequencyListValue entry;
 ///     entry.SetFrequency(121500000.0);

@@ -10,7 +10,7 @@ namespace REPORTGENERATOR {
 /// The range of `FrequencyInformation` and of `ScanParameter`. Its XML element is named "FrequencyRange",
 /// with the child elements "StartFrequency" and "StopFrequency", both with two decimals. There is no binary
 /// form. -111111.11 stands for "not set"; any other number, NaN included, may be stored. The unit is the
-/// client's. A copy is complete, base included. One thread at a time.
+/// client's. A copy is complete and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::FrequencyRangeOld band;
 ///     band.SetStartFrequency(87500000.0);

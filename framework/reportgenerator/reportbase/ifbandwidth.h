@@ -16,7 +16,7 @@ extern template class REPORTBASE_EXPORT BoundedValue<IFBandwidthData>;
 /// The bandwidth of a report's intermediate frequency: a value with optional bounds.
 ///
 /// A leaf object, held by value in `ReportBase`. Its element is named "IFBandwidth"; see `BoundedValue` for
-/// its forms. Copies are values. One thread at a time.
+/// its forms. Copies are values. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::IFBandwidth bandwidth;
 ///     bandwidth.SetValue(8333.33);

@@ -16,23 +16,27 @@ const QString IRGObject::EMPTY_VERSION;
 
 IRGObject::IRGObject() : IRGObject(AnyType) {}
 
-IRGObject::IRGObject(ObjectTypes type) : m_identity(&NamelessIdentity())
+// An object that delegates is destroyed when its constructor throws, with the identity that it has got.
+
+IRGObject::IRGObject(ObjectTypes type) : IRGObject(NamelessIdentity())
 {
     IRGObject::SetObjectType(type);
 }
 
 IRGObject::IRGObject(const ObjectIdentity& identity) : m_identity(&identity) {}
 
-IRGObject::IRGObject(const IRGObject& other)
-    : m_identity(other.m_identity->isOwn ? new ObjectIdentity(*other.m_identity) : other.m_identity),
-      m_settings(ObjectSettings::CopyOf(other.m_settings))
+IRGObject::IRGObject(const IRGObject& other) : IRGObject(NamelessIdentity())
 {
+    IRGObject::operator=(other);
 }
 
 IRGObject& IRGObject::operator=(const IRGObject& other)
 {
     if (this == &other)
         return *this;
+    // A copy counts among those who hold logger and converter.
+    const ObjectSettings settings = SettingsSlot(other.m_settings).Get();
+    ObjectSettings copied(settings.Validates(), settings.GetLogger(), settings.GetConverter());
     if (m_identity->isOwn || other.m_identity->isOwn) {
         ObjectIdentity& own = OwnIdentity();
         own = *other.m_identity;
@@ -40,7 +44,7 @@ IRGObject& IRGObject::operator=(const IRGObject& other)
     } else {
         m_identity = other.m_identity;
     }
-    ReplaceSettings(ObjectSettings::CopyOf(other.m_settings));
+    SettingsSlot(m_settings).Set(std::move(copied));
     return *this;
 }
 
@@ -48,7 +52,7 @@ IRGObject::~IRGObject()
 {
     if (m_identity->isOwn)
         delete m_identity;
-    ObjectSettings::Release(m_settings);
+    SettingsSlot(m_settings).Set(ObjectSettings());
 }
 
 void IRGObject::Check(bool /*logOnly*/) const
@@ -138,9 +142,9 @@ const QString& IRGObject::GetObjectName() const
 
 void IRGObject::SetValidate(bool validate) const
 {
-    if (validate != ObjectAccess::Validates(*this))
-        ReplaceSettings(ObjectSettings::Of(validate, ObjectSettings::LoggerOf(m_settings),
-                                           ObjectSettings::ConverterOf(m_settings)));
+    const SettingsSlot slot(m_settings);
+    if (validate != slot.Validates())
+        slot.Replace([validate](const ObjectSettings& settings) { return settings.WithValidate(validate); });
 }
 
 bool IRGObject::GetValidate() const
@@ -150,9 +154,11 @@ bool IRGObject::GetValidate() const
 
 void IRGObject::SetLogger(std::shared_ptr<Logger> logger) const
 {
-    if (logger != ObjectSettings::LoggerOf(m_settings))
-        ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), std::move(logger),
-                                           ObjectSettings::ConverterOf(m_settings)));
+    if (logger == GetLogger())
+        return;
+    SettingsSlot(m_settings).Replace([&logger](const ObjectSettings& settings) {
+        return ObjectSettings(settings.Validates(), logger, settings.GetConverter());
+    });
 }
 
 void IRGObject::ResetLogger() const
@@ -193,14 +199,15 @@ long long IRGObject::GetObjectId() const
 
 std::shared_ptr<Logger> IRGObject::GetLogger() const
 {
-    return ObjectSettings::LoggerOf(m_settings);
+    return SettingsSlot(m_settings).Get().GetLogger();
 }
 
 void IRGObject::InjectVersionConverter(std::shared_ptr<VersionConverterProxy> converter)
 {
     TraceProgress(converter ? messages::InjectingVersionConverter : messages::RemovingVersionConverter);
-    ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this), ObjectSettings::LoggerOf(m_settings),
-                                       std::move(converter)));
+    SettingsSlot(m_settings).Replace([&converter](const ObjectSettings& settings) {
+        return ObjectSettings(settings.Validates(), settings.GetLogger(), converter);
+    });
 }
 
 QString IRGObject::GetXmlTagName(ObjectTypes type)
@@ -212,20 +219,20 @@ QString IRGObject::GetXmlTagName(ObjectTypes type)
 
 void IRGObject::Trace(LogLevel level, const QString& text) const
 {
-    if (const auto logger = ObjectSettings::LoggerOf(m_settings))
+    if (const auto logger = GetLogger())
         logger->Trace(level, text, false);
 }
 
 void IRGObject::Trace(LogLevel level, const RGException& exception) const
 {
-    if (const auto logger = ObjectSettings::LoggerOf(m_settings))
+    if (const auto logger = GetLogger())
         logger->Trace(level, exception, false);
 }
 
 void IRGObject::TraceOrThrow(LogLevel level, RGException& exception, bool fatal,
                              bool throwWithoutLogger) const
 {
-    if (ObjectSettings::LoggerOf(m_settings) ? fatal : throwWithoutLogger)
+    if (GetLogger() ? fatal : throwWithoutLogger)
         reporting::Throw(*this, exception, level);
     Trace(level, exception);
 }
@@ -258,7 +265,7 @@ bool IRGObject::PrepareToWrite() const
 /// Spares the text when nobody listens.
 void IRGObject::TraceProgress(QString (*message)(const QString& objectName)) const
 {
-    if (ObjectSettings::LoggerOf(m_settings))
+    if (GetLogger())
         Trace(LogLevel::INFO, message(GetObjectName()));
 }
 
@@ -272,25 +279,6 @@ ObjectIdentity& IRGObject::OwnIdentity()
     }
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): one's own is not made as a constant
     return const_cast<ObjectIdentity&>(*m_identity);
-}
-
-/// Validate flag and logger; the version converter stays.
-void IRGObject::PassSettingsTo(const IRGObject& other) const
-{
-    if (ObjectSettings::ConverterOf(m_settings) || ObjectSettings::ConverterOf(other.m_settings)) {
-        other.ReplaceSettings(ObjectSettings::Of(ObjectAccess::Validates(*this),
-                                                 ObjectSettings::LoggerOf(m_settings),
-                                                 ObjectSettings::ConverterOf(other.m_settings)));
-        return;
-    }
-    ObjectSettings::Retain(m_settings);
-    other.ReplaceSettings(m_settings);
-}
-
-/// Takes settings over that have been retained.
-void IRGObject::ReplaceSettings(const ObjectSettings* settings) const
-{
-    ObjectSettings::Release(std::exchange(m_settings, settings));
 }
 
 } // namespace REPORTGENERATOR

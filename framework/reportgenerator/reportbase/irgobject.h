@@ -8,6 +8,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 
 class QDataStream;
@@ -21,7 +23,6 @@ namespace REPORTGENERATOR {
 
 class VersionConverterProxy;
 struct ObjectIdentity;
-struct ObjectSettings;
 
 /// Base of every object of a report or of a monitoring task.
 ///
@@ -39,9 +40,13 @@ struct ObjectSettings;
 /// has been read from XML or from a binary file, and throws when it is incomplete; with the flag off it is
 /// written and kept as it stands. Reading a representation and merging check nothing afterwards.
 ///
-/// Errors are `RGException`s, reported by `TraceOrThrow`. An object is used by one thread at a time: its
-/// const operations may create or copy the data that it shares with its copies. Objects that share neither
-/// logger nor version converter may be used by different threads.
+/// Errors are `RGException`s, reported by `TraceOrThrow`.
+///
+/// Threads may use an object as they use a container of Qt's: several may call const operations of one object
+/// and copy it at the same time; who changes it has to be alone with it. `SetValidate`, `SetLogger` and
+/// `ResetLogger` change it, although they are const, but when they give what is there already. Copies are
+/// independent of each other, wherever they go. Loggers and version converters are called by the thread that
+/// uses the object and go by their own rules; so does what a derived class adds.
 class REPORTBASE_EXPORT IRGObject
 {
 public:
@@ -51,7 +56,8 @@ public:
     /// An object of the given kind (see `SetObjectType`), validating, without logger and version converter.
     explicit IRGObject(ObjectTypes type);
 
-    /// Copies everything; logger and version converter are shared with `other`.
+    /// Copies everything; logger and version converter are shared with `other`. (Objects with a record take
+    /// neither over.)
     IRGObject(const IRGObject& other);
     IRGObject& operator=(const IRGObject& other);
 
@@ -326,11 +332,11 @@ private:
     friend struct ObjectAccess;
 
     ObjectIdentity& OwnIdentity();
-    void PassSettingsTo(const IRGObject& other) const;
-    void ReplaceSettings(const ObjectSettings* settings) const;
 
     const ObjectIdentity* m_identity;
-    mutable const ObjectSettings* m_settings = nullptr;
+
+    /// Validate flag, logger and version converter.
+    mutable std::atomic<std::uintptr_t> m_settings{0};
 };
 
 } // namespace REPORTGENERATOR

@@ -11,8 +11,8 @@ namespace REPORTGENERATOR {
 ///
 /// Its XML element is named "MeasurementTime" and holds the element of the time, of the same name (see
 /// `Double`), and the child element "MeasurementMode". There is no binary form. The names of the modes can be
-/// replaced. The validate flag and the logger are not passed on to the time. A copy is complete, base
-/// included. One thread at a time.
+/// replaced. The validate flag and the logger are not passed on to the time. A copy is complete and shares
+/// the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::MeasurementTime time;
 ///     time.SetMeasurementMode(REPORTGENERATOR::MeasurementTime::Periodic);

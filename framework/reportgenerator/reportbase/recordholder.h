@@ -1,9 +1,34 @@
 #ifndef REPORTGENERATOR_RECORDHOLDER_H
 #define REPORTGENERATOR_RECORDHOLDER_H
 
-#include <QtCore/QSharedDataPointer>
+#include <QtCore/QtGlobal>
+
+#include <atomic>
+#include <memory>
+#include <utility>
 
 namespace REPORTGENERATOR {
+
+/// Whether a record that stands in its object has been made, which threads may do at the same time.
+class MadeFlag
+{
+public:
+    MadeFlag() = default;
+    MadeFlag(const MadeFlag& other) : m_isMade(other.IsMade()) {}
+    MadeFlag& operator=(const MadeFlag& other)
+    {
+        m_isMade.store(other.IsMade(), std::memory_order_relaxed);
+        return *this;
+    }
+    ~MadeFlag() = default;
+
+    /// Nothing else has to be seen with it: a record that is made holds what it held before.
+    bool IsMade() const { return m_isMade.load(std::memory_order_relaxed); }
+    void Make() { m_isMade.store(true, std::memory_order_relaxed); }
+
+private:
+    std::atomic<bool> m_isMade{false};
+};
 
 /// What a record begins with.
 struct Record
@@ -12,9 +37,11 @@ struct Record
     /// back as it stands: bits that belong to no field are kept and mean nothing.
     quint8 flags = 0;
 
-    /// Whether a record that stands in its object has been made.
-    bool isMade = false;
+    /// Of a record that stands in its object.
+    MadeFlag made;
 };
+
+// Making a record is all that const operations do to it. Several threads may do so at the same time.
 
 /// A record of a few numbers, which stands in its object.
 template <class Data>
@@ -22,25 +49,61 @@ class OwnRecord
 {
 public:
     /// Null until the record is made.
-    const Data* Get() const { return m_data.isMade ? &m_data : nullptr; }
+    const Data* Get() const { return m_data.made.IsMade() ? &m_data : nullptr; }
     Data& Own() { return m_data; }
-    void Make() { m_data.isMade = true; }
+
+    /// `prepare` is for members, which there are none of.
+    template <class Prepare>
+    void Make(Prepare&& /*prepare*/)
+    {
+        if (!m_data.made.IsMade())
+            m_data.made.Make();
+    }
 
 private:
     Data m_data;
 };
 
-/// A record that copies share until one of them takes it private.
+/// A record that stands apart from its object. It belongs to this object alone: what copies share is within.
 template <class Data>
 class SharedRecord
 {
 public:
-    const Data* Get() const { return m_data.constData(); }
-    Data& Own() { return *m_data; }
-    void Make() { m_data = new Data; }
+    SharedRecord() = default;
+    SharedRecord(const SharedRecord& other) : m_data(other.NewCopy()) {}
+    SharedRecord& operator=(const SharedRecord& other)
+    {
+        if (this != &other)
+            delete m_data.exchange(other.NewCopy(), std::memory_order_acq_rel);
+        return *this;
+    }
+    ~SharedRecord() { delete m_data.load(std::memory_order_acquire); }
+
+    /// Null until the record is made.
+    const Data* Get() const { return m_data.load(std::memory_order_acquire); }
+    Data& Own() { return *m_data.load(std::memory_order_acquire); }
+
+    /// `prepare` is given the record before anybody else sees it.
+    template <class Prepare>
+    void Make(Prepare&& prepare)
+    {
+        if (Get())
+            return;
+        auto made = std::make_unique<Data>();
+        prepare(*made);
+        Data* none = nullptr;
+        if (m_data.compare_exchange_strong(none, made.get(), std::memory_order_acq_rel))
+            made.release();
+    }
 
 private:
-    QSharedDataPointer<Data> m_data;
+    Data* NewCopy() const
+    {
+        const Data* data = Get();
+        return data ? new Data(*data) : nullptr;
+    }
+
+    std::atomic<Data*> m_data{nullptr};
 };
 
 } // namespace REPORTGENERATOR

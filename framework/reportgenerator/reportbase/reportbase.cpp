@@ -54,7 +54,7 @@ bool ReportBase::HasData() const
 const Frequency& ReportBase::GetFrequency() const
 {
     InitData();
-    return m_record.Own().frequency;
+    return m_record.Get()->frequency;
 }
 
 Frequency& ReportBase::GetFrequency()
@@ -89,7 +89,7 @@ bool ReportBase::IsValidFrequency(const Frequency& /*frequency*/) const
 const IFBandwidth& ReportBase::GetIFBandwidth() const
 {
     InitData();
-    return m_record.Own().bandwidth;
+    return m_record.Get()->bandwidth;
 }
 
 IFBandwidth& ReportBase::GetIFBandwidth()
@@ -124,7 +124,7 @@ bool ReportBase::IsValidIFBandwidth(const IFBandwidth& /*bandwidth*/) const
 const Area& ReportBase::GetArea() const
 {
     InitData();
-    return m_record.Own().area;
+    return m_record.Get()->area;
 }
 
 Area& ReportBase::GetArea()

@@ -23,7 +23,7 @@ extern template class REPORTBASE_EXPORT RecordObject<ReportBaseData, SharedRecor
 /// form is a byte with a bit for each member that the report carries (in this order, from bit 0) and the raw
 /// forms of these members.
 ///
-/// Copies are values. One thread at a time.
+/// Copies are values. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::ReportBase report;
 ///     report.GetFrequency().SetValue(121500000.0);

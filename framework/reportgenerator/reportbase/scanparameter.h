@@ -11,7 +11,7 @@ namespace REPORTGENERATOR {
 /// of the range, and the child elements "FrequencyStep" and, when set, "DwellTime" and "HoldTime", all with
 /// two decimals. There is no binary form. -111111.11 stands for "not set"; any other number, NaN included,
 /// may be stored. The units are the client's. The validate flag and the logger are not passed on to the
-/// range. A copy is complete, base included. One thread at a time.
+/// range. A copy is complete and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::ScanParameter scan;
 ///     scan.GetFrequencyRange().SetStartFrequency(118000000.0);

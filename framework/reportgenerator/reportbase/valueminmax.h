@@ -14,7 +14,7 @@ namespace REPORTGENERATOR {
 /// "Min" and "Max" and the value as text, all with two decimals. It is read by `ReadValuesFromXml` alone: the
 /// object's own loading looks for an element of the object name and reads nothing from it. There is no binary
 /// form. -111111.11 stands for "not set"; any other number, NaN included, may be stored. The unit is that of
-/// the holder. A copy is complete, base included. One thread at a time.
+/// the holder. A copy is complete and shares the logger. Threads: see `IRGObject`.
 ///
 ///     REPORTGENERATOR::ValueMinMax value(121500000.0);
 ///     value.SetName(QStringLiteral("Frequency"));

@@ -69,12 +69,13 @@ def record_of(thing):
     if "SharedRecord<" in holder.type.strip_typedefs().name:
         pointer = only_number(data)
         return pointer.dereference() if int(pointer) else None
-    return data if int(only_number(data["isMade"])) else None
+    return data if int(only_number(data["made"])) else None
 
 
 def items_of(item_list):
-    """The vector of the items of a record."""
-    return item_list["m_items"]
+    """The vector of the items of a record; a copy shares its source's until somebody looks at them."""
+    items = item_list["m_items"]
+    return items if elements_of(items)[0] else item_list["m_source"]
 
 
 def elements_of(container):

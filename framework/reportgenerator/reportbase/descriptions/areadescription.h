@@ -7,7 +7,7 @@
 
 namespace REPORTGENERATOR {
 
-struct AreaData : QSharedData, Record
+struct AreaData : Record
 {
     QString initialVersionLoaded;
     QString name;

@@ -8,7 +8,7 @@
 
 namespace REPORTGENERATOR {
 
-struct ReportBaseData : QSharedData, Record
+struct ReportBaseData : Record
 {
     Frequency frequency;
     IFBandwidth bandwidth;

@@ -27,27 +27,35 @@ struct ObjectAccess
     }
 
     /// The flag itself, where no derived class can have another answer.
-    static bool Validates(const IRGObject& object)
-    {
-        return !object.m_settings || object.m_settings->validate;
-    }
+    static bool Validates(const IRGObject& object) { return SettingsOf(object).Validates(); }
 
-    /// Whether both have the same validate flag and logger because they point at the same ones.
-    static bool ShareSettings(const IRGObject& left, const IRGObject& right)
-    {
-        return left.m_settings == right.m_settings;
-    }
+    static SettingsSlot SettingsOf(const IRGObject& object) { return SettingsSlot(object.m_settings); }
 
     /// Gives the object the validate flag and the logger of another one.
     static void PassSettings(const IRGObject& from, const IRGObject& to)
     {
-        if (!ShareSettings(from, to))
-            from.PassSettingsTo(to);
+        if (!SettingsOf(to).HoldsSameAs(SettingsOf(from)))
+            PassSettings(SettingsOf(from).Get(), to);
+    }
+
+    /// The same of settings that are held. The object's version converter stays.
+    static void PassSettings(const ObjectSettings& settings, const IRGObject& to)
+    {
+        const SettingsSlot slot = SettingsOf(to);
+        if (slot.Holds(settings))
+            return;
+        if (!settings.HasConverter() && !slot.HasConverter()) {
+            slot.Set(settings);
+            return;
+        }
+        slot.Replace([&settings](const ObjectSettings& before) {
+            return ObjectSettings(settings.Validates(), settings.GetLogger(), before.GetConverter());
+        });
     }
 
     static std::shared_ptr<VersionConverterProxy> ConverterOf(const IRGObject& object)
     {
-        return ObjectSettings::ConverterOf(object.m_settings);
+        return SettingsOf(object).Get().GetConverter();
     }
 
     static QString TextOf(const IRGObject& object, QXmlStreamReader& reader)
@@ -64,7 +72,9 @@ struct ObjectAccess
     /// Takes logger and converter away.
     static void KeepValidateOnly(const IRGObject& object)
     {
-        object.ReplaceSettings(ObjectSettings::Of(Validates(object), nullptr, nullptr));
+        const SettingsSlot slot = SettingsOf(object);
+        if (slot.HasLoggerOrConverter())
+            slot.Set(ObjectSettings(slot.Validates(), nullptr, nullptr));
     }
 };
 

@@ -96,6 +96,7 @@ struct DirectRoadOf
 
 private:
     static const T& From(const IRGObject& object) { return static_cast<const T&>(object); }
+    static T& From(IRGObject& object) { return static_cast<T&>(object); }
 
     static void PassSettings(const IRGObject& object) { PassSettingsToMembers(From(object)); }
 

@@ -6,161 +6,323 @@
 #include <QtCore/QVector>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
-#include <optional>
 
 namespace REPORTGENERATOR {
 
 /// The items of one record.
 ///
 /// A copy has items of its own, as copying each would give them, but shares those of its source until
-/// somebody looks at either list: until then settings that are passed on are only noted. A list that has been
-/// handed to a caller is copied at once, since its items can be changed behind its back.
+/// somebody looks at them. Of shared items only the values count; which settings those of the copy have is
+/// noted meanwhile. So a list is shared only when all its items have records and the same validate flag, and
+/// when no caller has been handed it, who may change single items. A source that leaves items to its copies
+/// takes their loggers away.
+///
+/// Several threads may call const operations at the same time. These change only what stands in one atomic
+/// word each: settings, marks, and whether a copy has got items of its own.
 template <class Item>
 class ObjectList
 {
 public:
     ObjectList() = default;
     ObjectList(const ObjectList& other)
-        : m_items(other.m_items), m_isCopy(!other.m_items.isEmpty()), m_notedValidate(other.m_notedValidate)
     {
-        if (other.m_isHandedOut)
-            Own();
+        const QVector<Item>& items = other.Values();
+        if (items.isEmpty())
+            return;
+        if (other.IsMarked(HANDED_OUT) || !other.AreAlike()) {
+            m_items = items;
+            m_items.detach();
+            return;
+        }
+        other.SetMark(COPIED);
+        m_source = items;
+        Noted().Set(ObjectSettings(other.DoItemsValidate(), nullptr, nullptr));
     }
     ObjectList& operator=(const ObjectList& other) = delete;
-    ~ObjectList() = default;
+    ~ObjectList() { Leave(); }
 
     /// For those who look at the items' values, not at their settings.
-    const QVector<Item>& Values() const { return m_items; }
+    const QVector<Item>& Values() const { return IsOwn() ? m_items : m_source; }
+
+    /// The items with the settings that they should have.
+    const QVector<Item>& Items() const
+    {
+        if (!IsOwn())
+            BecomeOwn();
+        return m_items;
+    }
+
+    /// For a caller, who may keep the reference and what it refers to.
+    const QVector<Item>& HandOut() const
+    {
+        const QVector<Item>& items = Items();
+        SetMark(HANDED_OUT | HAS_LOGGERS);
+        return items;
+    }
 
     /// For a caller, who may keep the reference and change what it refers to. A vector of a caller's that
     /// shares the items goes on sharing them.
     QVector<Item>& HandOut()
     {
-        if (!m_isHandedOut)
+        if (!IsMarked(HANDED_OUT) || IsMarked(COPIED))
             Own();
-        m_isHandedOut = true;
+        SetMark(HANDED_OUT | HAS_LOGGERS);
         return m_items;
     }
 
-    /// The items, shared with nobody, with the settings that they should have. Those that a caller's vector
-    /// shares lose their logger by being copied.
+    void Reserve(int count) { Own().reserve(count); }
+
+    void Append(const Item& item)
+    {
+        if (IsOwn() && m_items.isDetached()) {
+            Own().append(item);
+            return;
+        }
+        // It may be one of those that are left now.
+        const Item appended(item);
+        Own().append(appended);
+    }
+
+    /// The items, to put others behind them, shared with nobody. Those that a caller's vector shares lose
+    /// their logger by being copied.
     QVector<Item>& Own()
     {
-        if (m_isCopy)
-            BecomeOwn();
-        else if (!m_items.isEmpty() && !m_items.isDetached())
+        Items();
+        Drop(m_source);
+        Unmark(ALIKE | NOT_ALIKE);
+        if (!m_items.isEmpty() && !IsSole(m_items))
             Separate();
+        Unmark(COPIED);
         return m_items;
     }
 
     /// Replaces the items by copies of others.
     void Assign(const QVector<Item>& items)
     {
-        ForgetCopy();
-        m_items = items;
-        m_items.detach();
+        QVector<Item> copies = items;
+        copies.detach();
+        Adopt(copies);
     }
 
     /// Replaces the items by others that nobody shares.
     void Adopt(QVector<Item>& items)
     {
-        ForgetCopy();
+        Leave();
         m_items.swap(items);
     }
 
     void Clear()
     {
-        ForgetCopy();
+        Leave();
         m_items.clear();
     }
 
-    void PassValidate(bool validate, int first = 0)
+    // Settings are passed on to the items from `first` on, in their place, also to those that a caller's vector
+    // shares. Only `isChange`, which is for operations of one thread, leaves such a vector as it is.
+
+    void PassValidate(bool validate, bool isChange = false, int first = 0) const
     {
-        if (m_isCopy)
-            m_notedValidate = validate;
-        else
-            Pass([validate](const Item& item) { return item.GetValidate() == validate; },
-                 [validate](const Item& item) { item.SetValidate(validate); }, first);
+        if (Note([validate](const ObjectSettings& noted) { return noted.WithValidate(validate); }))
+            return;
+        Pass([validate](const Item& item) { return item.GetValidate() == validate; },
+             [validate](const Item& item) { item.SetValidate(validate); }, isChange, first);
     }
 
-    void PassLogger(const std::shared_ptr<Logger>& logger, int first = 0)
+    void PassLogger(const std::shared_ptr<Logger>& logger, bool isChange = false, int first = 0) const
     {
-        if (m_isCopy)
-            m_notedLogger = logger;
-        else
-            Pass([&logger](const Item& item) { return item.GetLogger() == logger; },
-                 [&logger](const Item& item) { item.SetLogger(logger); }, first);
+        if (Note([&logger](const ObjectSettings& noted) {
+                return ObjectSettings(noted.Validates(), logger, nullptr);
+            }))
+            return;
+        Pass([&logger](const Item& item) { return item.GetLogger() == logger; },
+             [&logger](const Item& item) { item.SetLogger(logger); }, isChange, first);
     }
 
-    /// Gives the items from `first` on the validate flag and the logger of their holder.
-    void PassSettings(const IRGObject& holder, int first = 0)
+    /// Validate flag and logger of the holder.
+    void PassSettings(const IRGObject& holder, int first = 0) const
     {
         // A derived class may have settings of its own.
-        if (m_isCopy || !ObjectAccess::RoadOf(holder)) {
-            PassValidate(holder.GetValidate(), first);
-            PassLogger(holder.GetLogger(), first);
+        if (!ObjectAccess::RoadOf(holder)) {
+            PassValidate(holder.GetValidate(), false, first);
+            PassLogger(holder.GetLogger(), false, first);
             return;
         }
-        Pass([&holder](const Item& item) { return ObjectAccess::ShareSettings(holder, item); },
-             [&holder](const Item& item) { ObjectAccess::PassSettings(holder, item); }, first);
+        const SettingsSlot slot = ObjectAccess::SettingsOf(holder);
+        const auto hasAlready = [slot](const Item& item) {
+            return ObjectAccess::SettingsOf(item).HoldsSameAs(slot);
+        };
+        if (IsOwn() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
+                    : Noted().HoldsSameAs(slot))
+            return;
+        const ObjectSettings held = slot.Get();
+        const ObjectSettings settings =
+            held.HasConverter() ? ObjectSettings(held.Validates(), held.GetLogger(), nullptr) : held;
+        if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
+            Pass(
+                hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,
+                first);
     }
 
 private:
-    /// Detaches and walks the list only when there is something to pass on.
-    template <class HasAlready, class Give>
-    void Pass(HasAlready&& hasAlready, Give&& give, int first)
+    enum Mark : quint8
     {
-        const QVector<Item>& items = m_isHandedOut ? Own() : m_items;
-        const auto begin = items.cbegin() + first;
-        if (std::all_of(begin, items.cend(), hasAlready))
-            return;
-        const QVector<Item>& own = Own();
-        std::for_each(own.cbegin() + first, own.cend(), give);
+        HANDED_OUT = 1,  ///< to a caller, who may have kept a reference
+        COPIED = 2,      ///< there may be copies that share the items
+        HAS_LOGGERS = 4, ///< items may have one
+        ALIKE = 8,       ///< all items have records and the same validate flag
+        NOT_ALIKE = 16,
+        TAKING = 32 ///< somebody is about to make the items of the source a copy's own
+    };
+
+    bool IsMarked(int mark) const { return (m_marks.load(std::memory_order_relaxed) & mark) != 0; }
+
+    /// Returns whether it was marked so.
+    bool SetMark(int mark) const
+    {
+        const auto isMarked = [mark](int marks) { return (marks & mark) == mark; };
+        return isMarked(m_marks.load(std::memory_order_relaxed)) ||
+               isMarked(m_marks.fetch_or(static_cast<quint8>(mark)));
     }
 
-    void BecomeOwn()
+    void Unmark(int mark) const
     {
-        m_isCopy = false;
-        if (m_items.isDetached())
-            std::for_each(m_items.cbegin(), m_items.cend(), ObjectAccess::KeepValidateOnly);
-        else
-            m_items.detach();
-        if (const auto validate = std::exchange(m_notedValidate, std::nullopt))
-            PassValidate(*validate);
-        if (const auto logger = std::exchange(m_notedLogger, std::nullopt))
-            PassLogger(*logger);
+        if (IsMarked(mark))
+            m_marks.fetch_and(static_cast<quint8>(~mark));
     }
 
-    /// Copies the items for whom else shares them. Only copies that nobody has looked at know nothing of
-    /// settings.
-    void Separate()
+    SettingsSlot Noted() const { return SettingsSlot(m_noted); }
+    bool IsOwn() const { return Noted().IsNone(); }
+
+    /// Whether no copy or caller shares the items.
+    bool IsSole(const QVector<Item>& items) const
     {
-        if (m_isHandedOut) {
-            m_items.detach();
-            return;
+        if (!items.isDetached())
+            return false;
+        // What others did with the items before they left them comes before what is done now.
+        if (IsMarked(COPIED) || !m_source.isEmpty()) {
+            const QVector<Item> together = items;
         }
+        return true;
+    }
+
+    bool AreAlike() const
+    {
+        if (!IsOwn() || IsMarked(ALIKE))
+            return true;
+        if (IsMarked(NOT_ALIKE))
+            return false;
+        const bool validates = ObjectAccess::Validates(m_items.constFirst());
+        const bool areAlike = std::all_of(m_items.cbegin(), m_items.cend(), [validates](const Item& item) {
+            return item.IsInitialized() && ObjectAccess::Validates(item) == validates;
+        });
+        SetMark(areAlike ? ALIKE : NOT_ALIKE);
+        return areAlike;
+    }
+
+    /// Of items that are alike.
+    bool DoItemsValidate() const
+    {
+        const ObjectSettings noted = Noted().Get();
+        return noted.IsNone() ? ObjectAccess::Validates(m_items.constFirst()) : noted.Validates();
+    }
+
+    /// Changes what is noted of shared items. Returns false when a copy has items of its own.
+    template <class Change>
+    bool Note(Change&& change) const
+    {
+        while (true) {
+            const ObjectSettings before = Noted().Get();
+            if (before.IsNone())
+                return false;
+            const ObjectSettings after = change(before);
+            if (Noted().Holds(after) || Noted().SetIfStill(before, after, [] {}))
+                return true;
+        }
+    }
+
+    /// Walks the list only when there is something to pass on.
+    template <class HasAlready, class Give>
+    void Pass(HasAlready&& hasAlready, Give&& give, bool isChange, int first) const
+    {
+        if (std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready))
+            return;
+        SetMark(HAS_LOGGERS);
+        Unmark(NOT_ALIKE);
+        if (isChange && IsMarked(HANDED_OUT) && !m_items.isDetached())
+            Separate();
+        std::for_each(m_items.cbegin() + first, m_items.cend(), give);
+    }
+
+    /// Gives a copy items of its own, complete before others see them.
+    void BecomeOwn() const
+    {
+        // Only one may give those of a source that has gone other settings.
+        const bool takes = IsSole(m_source) && !SetMark(TAKING);
+        QVector<Item> items = m_source;
+        if (!takes)
+            items.detach();
+        while (true) {
+            const ObjectSettings noted = Noted().Get();
+            if (noted.IsNone())
+                break;
+            std::for_each(items.cbegin(), items.cend(),
+                          [&noted](const Item& item) { ObjectAccess::PassSettings(noted, item); });
+            SetMark(HAS_LOGGERS);
+            if (Noted().SetIfStill(noted, ObjectSettings::None(), [&] { m_items.swap(items); }))
+                return;
+        }
+        if (takes)
+            TakeLoggers(items);
+    }
+
+    /// Copies the items for whom else shares them.
+    void Separate() const
+    {
         QVector<Item> items = m_items;
         items.detach();
-        for (int i = 0; i < items.size(); ++i)
-            ObjectAccess::PassSettings(m_items.at(i), items.at(i));
+        if (IsMarked(COPIED)) {
+            for (int i = 0; i < items.size(); ++i)
+                ObjectAccess::PassSettings(m_items.at(i), items.at(i));
+            TakeLoggers(m_items);
+        }
         m_items.swap(items);
     }
 
-    void ForgetCopy()
+    /// Leaves the items to those who share them.
+    void Leave()
     {
-        m_isCopy = false;
-        m_notedValidate.reset();
-        m_notedLogger.reset();
+        Drop(m_source);
+        if (!IsOwn())
+            Noted().Set(ObjectSettings::None());
+        if (!IsSole(m_items)) {
+            if (IsMarked(COPIED))
+                TakeLoggers(m_items);
+            Drop(m_items);
+        }
+        Unmark(COPIED | HAS_LOGGERS | ALIKE | NOT_ALIKE | TAKING);
     }
 
-    QVector<Item> m_items;
-    bool m_isHandedOut = false;
+    void TakeLoggers(const QVector<Item>& items) const
+    {
+        if (IsMarked(HAS_LOGGERS))
+            std::for_each(items.cbegin(), items.cend(), ObjectAccess::KeepValidateOnly);
+    }
 
-    // Of a copy that nobody has looked at: that it is one, and what it has been told since.
-    bool m_isCopy = false;
-    std::optional<bool> m_notedValidate;
-    std::optional<std::shared_ptr<Logger>> m_notedLogger;
+    static void Drop(QVector<Item>& items)
+    {
+        if (!items.isEmpty())
+            items = QVector<Item>();
+    }
+
+    // The items; of a copy that has none of its own yet, those of its source.
+    mutable QVector<Item> m_items;
+    QVector<Item> m_source;
+
+    /// The settings of the items that a copy doesn't have yet; none when the items are one's own.
+    mutable SettingsSlot::Word m_noted{SettingsSlot::NONE};
+    mutable std::atomic<quint8> m_marks{0};
 };
 
 template <class Item>

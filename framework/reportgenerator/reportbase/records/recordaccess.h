@@ -38,20 +38,19 @@ struct RecordAccess
 
     /// The record for writing, made if there is none.
     template <class Data, class Holder>
-    static Data& Make(const RecordObject<Data, Holder>& object)
+    static Data& Make(RecordObject<Data, Holder>& object)
     {
-        if (!object.m_record.Get())
-            object.m_record.Make();
+        object.m_record.Make([](Data& /*data*/) {});
         return object.m_record.Own();
     }
 
-    /// The record for operations of its members and items, which may change these: shared with nobody, nor
-    /// are the items.
+    /// The record for const operations of its members and items, which speak through their own loggers: the
+    /// items are nobody else's.
     template <class Data, class Holder>
-    static Data& MakePrivate(const RecordObject<Data, Holder>& object)
+    static const Data& WithOwnItems(const RecordObject<Data, Holder>& object)
     {
-        Data& data = Make(object);
-        ForEachField(Description<Data>::ROWS, [&data](const auto& row) { MakeRowPrivate(data, row); });
+        const Data& data = *object.m_record.Get();
+        ForEachField(Description<Data>::ROWS, [&data](const auto& row) { MakeItemsOwn(data, row); });
         return data;
     }
 

@@ -40,16 +40,13 @@ RecordObject<Data, Holder>::RecordObject(const RecordObject& other)
         IRGObject::SetObjectName(GetStaticObjectName());
         SetObjectId(id);
     }
-    if (m_record.Get())
-        m_record.Own();
     RecordObject::SetValidate(other.GetValidate());
 }
 
 template <class Data, class Holder>
 RecordObject<Data, Holder>& RecordObject<Data, Holder>::operator=(const RecordObject& other)
 {
-    if (this != &other)
-        m_record = other.m_record;
+    m_record = other.m_record;
     return *this;
 }
 
@@ -99,7 +96,7 @@ void RecordObject<Data, Holder>::Check(bool logOnly) const
     InitData();
     if (AreRowsGood(*m_record.Get(), Description<Data>::ROWS))
         return;
-    const Data& data = RecordAccess::MakePrivate(*this);
+    const Data& data = RecordAccess::WithOwnItems(*this);
     ForEachField(Description<Data>::ROWS, [&](const auto& row) { CheckRow(*this, data, row, logOnly); });
 }
 
@@ -122,7 +119,7 @@ void RecordObject<Data, Holder>::GetXml(QXmlStreamWriter& writer) const
     if (ObjectAccess::RoadOf(*this) && IsPlain(static_cast<const Object&>(*this), true))
         write(XmlWriterSink(writer), *m_record.Get());
     else
-        write(CarefulXml(writer), RecordAccess::MakePrivate(*this));
+        write(CarefulXml(writer), RecordAccess::WithOwnItems(*this));
 }
 
 template <class Data, class Holder>
@@ -138,7 +135,7 @@ bool RecordObject<Data, Holder>::GetBinary(QDataStream& stream, int tag, bool wi
         return true;
     }
     StreamElements sink(stream);
-    WriteRecordBody(sink, tag, withTag, RecordAccess::MakePrivate(*this), Description<Data>::ROWS);
+    WriteRecordBody(sink, tag, withTag, RecordAccess::WithOwnItems(*this), Description<Data>::ROWS);
     return true;
 }
 
@@ -159,21 +156,19 @@ void RecordObject<Data, Holder>::SetBinary(QDataStream& stream, int length)
     });
     if (!cameOut)
         reporting::ThrowLengthError(*this);
-    GiveToMembers(*this, [this](auto& member) { SettleItems(member, *this); });
+    GiveToMembers(*this, [this](const auto& member) { SettleItems(member, *this); });
 }
 
 template <class Data, class Holder>
 void RecordObject<Data, Holder>::SetValidate(bool validate) const
 {
-    IRGObject::SetValidate(validate);
-    GiveToMembers(*this, [validate](auto& member) { PassValidateTo(member, validate); });
+    PassValidateTo(*this, validate, validate != ObjectAccess::Validates(*this));
 }
 
 template <class Data, class Holder>
 void RecordObject<Data, Holder>::SetLogger(std::shared_ptr<Logger> logger) const
 {
-    IRGObject::SetLogger(logger);
-    GiveToMembers(*this, [&logger](auto& member) { PassLoggerTo(member, logger); });
+    PassLoggerTo(*this, logger, logger != GetLogger());
 }
 
 template <class Data, class Holder>
@@ -185,7 +180,7 @@ template <class Data, class Holder>
 void RecordObject<Data, Holder>::GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const
 {
     InitData();
-    const Data& data = RecordAccess::MakePrivate(*this);
+    const Data& data = RecordAccess::WithOwnItems(*this);
     stream << data.flags;
     ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { WriteRowRaw(stream, data, row); });
 }
@@ -203,7 +198,10 @@ void RecordObject<Data, Holder>::InitData() const
 {
     if (IsInitialized())
         return;
-    m_record.Make();
+    // Members have the settings before another thread can see them.
+    m_record.Make([this](const Data& data) {
+        GiveToRows(data, [this](const auto& member) { PassSettingsTo(member, *this); });
+    });
     ReapplySettings();
 }
 
@@ -215,8 +213,7 @@ bool IsRecordEqual(const Object& left, const Object& right)
         return true;
     RecordAccess::Init(left);
     RecordAccess::Init(right);
-    // Comparing members may make their records, which must not show in a third object that shares this one's.
-    return AreRecordsEqual(RecordAccess::Make(left), RecordAccess::Make(right), RecordAccess::RowsOf(left));
+    return AreRecordsEqual(*RecordAccess::Get(left), *RecordAccess::Get(right), RecordAccess::RowsOf(left));
 }
 
 template <class Data, class Holder>

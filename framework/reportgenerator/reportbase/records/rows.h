@@ -125,17 +125,17 @@ void RestoreRow(Data& /*data*/, const FormatVersion<Data>& /*row*/)
 {
 }
 
-// Privacy
+// Items of one's own
 
 template <class Data, class Row>
-void MakeRowPrivate(Data& /*data*/, const Row& /*row*/)
+void MakeItemsOwn(const Data& /*data*/, const Row& /*row*/)
 {
 }
 
 template <class Data, class Item>
-void MakeRowPrivate(Data& data, const ItemList<Data, Item>& row)
+void MakeItemsOwn(const Data& data, const ItemList<Data, Item>& row)
 {
-    row.In(data).Own();
+    row.In(data).Items();
 }
 
 // Comparison

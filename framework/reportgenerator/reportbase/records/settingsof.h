@@ -9,57 +9,71 @@ namespace REPORTGENERATOR {
 // Which rows have settings of their own, and how these are passed on to them.
 
 template <class Data, class Row, class Give>
-void GiveToRow(Data& /*data*/, const Row& /*row*/, Give&& /*give*/)
+void GiveToRow(const Data& /*data*/, const Row& /*row*/, Give&& /*give*/)
 {
 }
 
 template <class Data, class Object, class Give>
-void GiveToRow(Data& data, const Member<Data, Object>& row, Give&& give)
+void GiveToRow(const Data& data, const Member<Data, Object>& row, Give&& give)
 {
     give(row.In(data));
 }
 
 template <class Data, class Item, class Give>
-void GiveToRow(Data& data, const ItemList<Data, Item>& row, Give&& give)
+void GiveToRow(const Data& data, const ItemList<Data, Item>& row, Give&& give)
 {
     give(row.In(data));
 }
 
-/// Calls `give` with each member and each list of items; there are none without a record.
+/// Calls `give` with each member and each list of items of a record.
+template <class Data, class Give>
+void GiveToRows(const Data& data, Give&& give)
+{
+    ForEachField(Description<Data>::ROWS, [&](const auto& row) { GiveToRow(data, row, give); });
+}
+
+/// The same of an object; there are none without a record.
 template <class Object, class Give>
 void GiveToMembers(const Object& object, Give&& give)
 {
-    if (!RecordAccess::Get(object))
-        return;
-    auto& data = RecordAccess::Make(object);
-    ForEachField(RecordAccess::RowsOf(object), [&](const auto& row) { GiveToRow(data, row, give); });
+    if (const auto* data = RecordAccess::Get(object))
+        GiveToRows(*data, give);
+}
+
+// `isChange`: the object gets something that it doesn't have yet.
+
+template <class Item>
+void PassValidateTo(const ObjectList<Item>& items, bool validate, bool isChange)
+{
+    items.PassValidate(validate, isChange);
+}
+
+template <class Data, class Holder>
+void PassValidateTo(const RecordObject<Data, Holder>& object, bool validate, bool isChange)
+{
+    object.IRGObject::SetValidate(validate);
+    GiveToMembers(object,
+                  [validate, isChange](const auto& member) { PassValidateTo(member, validate, isChange); });
 }
 
 template <class Item>
-void PassValidateTo(ObjectList<Item>& items, bool validate)
+void PassLoggerTo(const ObjectList<Item>& items, const std::shared_ptr<Logger>& logger, bool isChange)
 {
-    items.PassValidate(validate);
+    items.PassLogger(logger, isChange);
 }
 
-inline void PassValidateTo(const IRGObject& member, bool validate)
+template <class Data, class Holder>
+void PassLoggerTo(const RecordObject<Data, Holder>& object, const std::shared_ptr<Logger>& logger,
+                  bool isChange)
 {
-    member.SetValidate(validate);
-}
-
-template <class Item>
-void PassLoggerTo(ObjectList<Item>& items, const std::shared_ptr<Logger>& logger)
-{
-    items.PassLogger(logger);
-}
-
-inline void PassLoggerTo(const IRGObject& member, const std::shared_ptr<Logger>& logger)
-{
-    member.SetLogger(logger);
+    object.IRGObject::SetLogger(logger);
+    GiveToMembers(object,
+                  [&logger, isChange](const auto& member) { PassLoggerTo(member, logger, isChange); });
 }
 
 /// Items that have been read get their holder's settings; members see to theirs themselves.
 template <class Item>
-void SettleItems(ObjectList<Item>& items, const IRGObject& holder)
+void SettleItems(const ObjectList<Item>& items, const IRGObject& holder)
 {
     items.PassSettings(holder);
 }
@@ -70,13 +84,13 @@ template <class Object>
 void PassSettingsToMembers(const Object& object);
 
 template <class Item>
-void PassSettingsTo(ObjectList<Item>& items, const IRGObject& holder)
+void PassSettingsTo(const ObjectList<Item>& items, const IRGObject& holder)
 {
     items.PassSettings(holder);
 }
 
 template <class Object>
-void PassSettingsTo(Object& member, const IRGObject& holder)
+void PassSettingsTo(const Object& member, const IRGObject& holder)
 {
     ObjectAccess::PassSettings(holder, member);
     PassSettingsToMembers(member);
@@ -86,7 +100,7 @@ void PassSettingsTo(Object& member, const IRGObject& holder)
 template <class Object>
 void PassSettingsToMembers(const Object& object)
 {
-    GiveToMembers(object, [&object](auto& member) { PassSettingsTo(member, object); });
+    GiveToMembers(object, [&object](const auto& member) { PassSettingsTo(member, object); });
 }
 
 } // namespace REPORTGENERATOR

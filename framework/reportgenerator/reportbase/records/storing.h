@@ -69,7 +69,7 @@ void AppendItem(Object& object, const ItemList<Data, Item>& row, const Item& ite
     const bool isComplete = item.HasData();
     if (isComplete || !object.GetValidate()) {
         Data& data = RecordAccess::Make(object);
-        row.In(data).Own().append(item);
+        row.In(data).Append(item);
         SetFlag(data, row.setBy);
     }
     if (!isComplete) {
@@ -115,7 +115,7 @@ void ReserveItems(Object& object, const ItemList<Data, Item>& row, qint32 count,
 {
     ObjectList<Item>& items = row.In(RecordAccess::Make(object));
     if (items.Values().isEmpty() && count > 0)
-        items.Own().reserve(static_cast<int>(std::min<qint64>(count, possible)));
+        items.Reserve(static_cast<int>(std::min<qint64>(count, possible)));
 }
 
 } // namespace REPORTGENERATOR
