@@ -97,6 +97,23 @@ TEST_F(ToolPicture, SvgHoldsTheReplacementForWhatXmlCannotHold)
         << texts.join(QLatin1Char('|')).toStdString();
 }
 
+TEST_F(ToolPicture, SvgHoldsTheReplacementForHalfASurrogatePair)
+{
+    // In UTF-16, where a damaged text may have one.
+    QByteArray bytes = "\xFE\xFF";
+    for (const char byte :
+         QByteArray("<ReportBase><Area Version=\"1.0\"><Name>?a</Name><Coordinate><Longitude>9"
+                    "</Longitude><Latitude>47</Latitude></Coordinate></Area></ReportBase>")) {
+        bytes += byte == '?' ? '\xDC' : '\0';
+        bytes += byte == '?' ? '\0' : byte;
+    }
+    m_scratch.Write("odd", bytes);
+    const ToolRun run = Run({"export", "odd", "--to", "svg"});
+    EXPECT_EQ(run.exitCode, 0);
+    const QStringList texts = TextsOf(run.output);
+    EXPECT_TRUE(texts.contains(QString::fromUtf8("\uFFFDa"))) << texts.join(QLatin1Char('|')).toStdString();
+}
+
 TEST_F(ToolPicture, LegendOfManyReportsEndsWithTheirNumber)
 {
     // Of 200 pixels 70 are for the legend: three rows of 20.

@@ -63,6 +63,8 @@ protected:
         EXPECT_BYTES(m_terminal.Shown(), QByteArray());
     }
 
+    void Write(const char* name, const QByteArray& bytes) const { m_scratch.Write(name, bytes); }
+
     void ExpectShown(Arguments arguments, const QByteArray& bytes)
     {
         const QByteArray before = m_terminal.Shown();
@@ -173,6 +175,13 @@ INSTANTIATE_TEST_SUITE_P(Commands, ToolProgress,
                              name.remove(QLatin1Char('-'));
                              return name.toStdString();
                          });
+
+TEST_F(ToolTerminal, NamesThatGrepFindsAreShownWithoutControlCharacters)
+{
+    Write("a\x1b[31m", FullPlain());
+    Write("b", FullPlain());
+    ExpectShown({"grep", "frequency set", "a\x1b[31m", "b"}, "a\\u001b[31m\nb\n");
+}
 
 } // namespace
 

@@ -1,5 +1,8 @@
 #include <reportcore/filenames.h>
 
+#include <reportcore/texts.h>
+
+#include <QtCore/QFile>
 #include <QtCore/QtGlobal>
 
 #if defined(Q_OS_UNIX) && QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -7,8 +10,6 @@
 #endif
 
 #ifdef REPORTCORE_HAS_CODECS
-#    include <QtCore/QByteArray>
-#    include <QtCore/QString>
 #    include <QtCore/QTextCodec>
 
 #    include <algorithm>
@@ -98,6 +99,48 @@ void KeepOddFileNames()
 #else
 
 void KeepOddFileNames() {}
+
+#endif
+
+QByteArray FileNameInLine(const QString& name)
+{
+    QString visible;
+    int begin = 0;
+    for (int i = 0; i < name.size(); ++i) {
+        // A half of a pair stands for a byte, or is refused by whoever encodes it.
+        const bool isHalf = name.at(i).isLowSurrogate() && (i == 0 || !name.at(i - 1).isHighSurrogate());
+        if (!isHalf)
+            continue;
+        visible += Printable(name.mid(begin, i - begin)) + name.at(i);
+        begin = i + 1;
+    }
+    return FileNameBytes(visible + Printable(name.mid(begin)));
+}
+
+#ifdef Q_OS_WIN
+
+QByteArray FileNameBytes(const QString& name)
+{
+    return ToUtf8(name);
+}
+
+QString FileNameOf(const QByteArray& bytes)
+{
+    const QString name = QString::fromUtf8(bytes);
+    return name.toUtf8() == bytes ? name : QFile::decodeName(bytes);
+}
+
+#else
+
+QByteArray FileNameBytes(const QString& name)
+{
+    return QFile::encodeName(name);
+}
+
+QString FileNameOf(const QByteArray& bytes)
+{
+    return QFile::decodeName(bytes);
+}
 
 #endif
 

@@ -123,7 +123,12 @@ QString FindLoss(const ReportBase& written, const QByteArray& bytes)
     const ReportFile file = ReadReport(bytes);
     if (!file.IsGood())
         return QStringLiteral("the report: ") + file.problems.front().text;
-    return FindLossOf(written, file.report, ReportInfo());
+    return FindLossBetween(written, file.report);
+}
+
+QString FindLossBetween(const ReportBase& written, const ReportBase& read)
+{
+    return FindLossOf(written, read, ReportInfo());
 }
 
 } // namespace ReportCore

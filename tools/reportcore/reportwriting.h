@@ -35,6 +35,9 @@ QString FindExcess(const QByteArray& bytes);
 /// as every form rounds them; but not every text fits into every form.
 QString FindLoss(const REPORTGENERATOR::ReportBase& written, const QByteArray& bytes);
 
+/// The same of one that has been read back already.
+QString FindLossBetween(const REPORTGENERATOR::ReportBase& written, const REPORTGENERATOR::ReportBase& read);
+
 } // namespace ReportCore
 
 #endif

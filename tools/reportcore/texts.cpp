@@ -76,4 +76,22 @@ QString FractionText(double number)
     return isWhole ? text + QStringLiteral(".0") : text;
 }
 
+QString WellFormed(QString text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        if (!text.at(i).isSurrogate())
+            continue;
+        if (text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
+            ++i;
+        else
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+QByteArray ToUtf8(const QString& text)
+{
+    return WellFormed(text).toUtf8();
+}
+
 } // namespace ReportCore

@@ -1,6 +1,7 @@
 #ifndef REPORTCORE_TEXTS_H
 #define REPORTCORE_TEXTS_H
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 namespace ReportCore {
@@ -17,6 +18,12 @@ QString NumberText(double number);
 
 /// The same with a fraction always, "100.0", so that who guesses a type from it comes to the same one each time.
 QString FractionText(double number);
+
+/// The text with U+FFFD for each half of a surrogate pair that has lost the other one: UTF-8 has no bytes for it.
+QString WellFormed(QString text);
+
+/// In UTF-8 that every reader takes.
+QByteArray ToUtf8(const QString& text);
 
 } // namespace ReportCore
 

@@ -9,6 +9,23 @@ namespace ReportTool {
 using ReportCore::Printable;
 using ReportCore::Problem;
 
+namespace {
+
+// What stands behind the name of a file in a line.
+
+QString Behind(const QString& text)
+{
+    return QStringLiteral(": ") + Printable(text);
+}
+
+QString Behind(const Problem& problem)
+{
+    const QString separator = problem.place.IsKnown() ? QStringLiteral(":") : QStringLiteral(": ");
+    return separator + ReportCore::ProblemLine(problem);
+}
+
+} // namespace
+
 void Console::Complain(const QString& text)
 {
     // What came before stands before it on a terminal, too.
@@ -24,6 +41,18 @@ void Console::Complain(const QString& file, const QString& text)
 void Console::Complain(const QString& file, const Problem& problem)
 {
     Complain(FileLine(file, problem));
+}
+
+void Console::Tell(const QString& file, const QString& text)
+{
+    m_output.FileNameInLine(file);
+    m_output.Line(Behind(text));
+}
+
+void Console::Tell(const QString& file, const Problem& problem)
+{
+    m_output.FileNameInLine(file);
+    m_output.Line(Behind(problem));
 }
 
 void Console::ErrorLine(const QString& text)
@@ -45,13 +74,12 @@ bool Console::Read(const QString& name, QByteArray& bytes, QString& error)
 
 QString FileLine(const QString& file, const QString& text)
 {
-    return QStringLiteral("%1: %2").arg(Printable(file), Printable(text));
+    return Printable(file) + Behind(text);
 }
 
 QString FileLine(const QString& file, const Problem& problem)
 {
-    const QString separator = problem.place.IsKnown() ? QStringLiteral(":") : QStringLiteral(": ");
-    return Printable(file) + separator + ReportCore::ProblemLine(problem);
+    return Printable(file) + Behind(problem);
 }
 
 } // namespace ReportTool

@@ -26,6 +26,10 @@ public:
     void Complain(const QString& file, const QString& text);
     void Complain(const QString& file, const ReportCore::Problem& problem);
 
+    /// What there is to say of a file, in a line of the output.
+    void Tell(const QString& file, const QString& text);
+    void Tell(const QString& file, const ReportCore::Problem& problem);
+
     /// A line to the errors as it stands.
     void ErrorLine(const QString& text);
 

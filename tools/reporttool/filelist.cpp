@@ -2,10 +2,10 @@
 
 #include <reporttool/namepattern.h>
 
+#include <reportcore/filenames.h>
 #include <reportcore/files.h>
 
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -72,7 +72,7 @@ QStringList NamesIn(const QByteArray& list, bool hasNuls)
         if (!hasNuls && name.endsWith('\r'))
             name.chop(1);
         if (!name.isEmpty())
-            names << QFile::decodeName(name);
+            names << ReportCore::FileNameOf(name);
     }
     return names;
 }

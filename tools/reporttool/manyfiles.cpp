@@ -48,15 +48,15 @@ struct Outcome
     qint64 Size() const { return result.size + output.size() + errors.size(); }
 };
 
-Outcome OutcomeOf(int number, const ResultWork& work)
+Outcome OutcomeOf(int number, const ResultWork& work, Console& whole)
 {
     Outcome outcome;
     QBuffer output(&outcome.output);
     QBuffer errors(&outcome.errors);
     output.open(QIODevice::WriteOnly);
     errors.open(QIODevice::WriteOnly);
-    TextOutput outputText(output, QString());
-    TextOutput errorText(errors, QString());
+    TextOutput outputText(output, whole.Output());
+    TextOutput errorText(errors, whole.Errors());
     Console console(outputText, errorText);
     try {
         outcome.result = work(number, console);
@@ -73,7 +73,8 @@ Outcome OutcomeOf(int number, const ResultWork& work)
 class Crew
 {
 public:
-    Crew(int count, const ResultWork& work) : m_count(count), m_work(work)
+    Crew(int count, const ResultWork& work, Console& console)
+        : m_count(count), m_work(work), m_console(console)
     {
         const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
         const int threads = std::min(processors, count);
@@ -174,7 +175,7 @@ private:
     {
         const int index = Begin();
         if (index >= 0)
-            Keep(index, OutcomeOf(index, m_work));
+            Keep(index, OutcomeOf(index, m_work, m_console));
         return index >= 0;
     }
 
@@ -186,6 +187,7 @@ private:
 
     const int m_count;
     const ResultWork& m_work;
+    Console& m_console; ///< only asked who looks at it
     std::vector<std::thread> m_threads;
     std::mutex m_mutex;
     std::condition_variable m_hasOutcomes;
@@ -221,7 +223,7 @@ std::vector<int> DoForMany(int count, Console& console, const ResultWork& work, 
     Progress progress(console.Errors(), count);
     const Interruption interruption;
     {
-        Crew crew(count, work);
+        Crew crew(count, work, console);
         while (static_cast<int>(exitCodes.size()) < count && !crew.IsAtEnd()) {
             for (Outcome& outcome : crew.Next()) {
                 Tell(outcome, take, progress, console);

@@ -107,6 +107,13 @@ void Parser::AddFiles()
     AddFileOptions();
 }
 
+void Parser::AddFilesToName()
+{
+    AddArgument("FILE", "Reports; - stands for standard input.", "FILE...");
+    m_namesFiles = true;
+    AddLists("Behind each name that is printed stands a NUL, not a line break, and so in the list.");
+}
+
 void Parser::AddFolderOptions()
 {
     AddSwitch(QStringList{QStringLiteral("r"), QStringLiteral("recursive")},
@@ -116,11 +123,15 @@ void Parser::AddFolderOptions()
 
 void Parser::AddFileOptions()
 {
+    AddLists("In the list a NUL stands behind each name, not a line break.");
+}
+
+void Parser::AddLists(const char* descriptionOfNuls)
+{
     AddFolderOptions();
     AddOption("files-from", "Take the files whose names stand in this file, one a line; - is standard input.",
               "list", Candidates::Files());
-    AddSwitch(QStringList{QStringLiteral("0"), QStringLiteral("null")},
-              "In the list a NUL stands behind each name, not a line break.");
+    AddSwitch(QStringList{QStringLiteral("0"), QStringLiteral("null")}, descriptionOfNuls);
 }
 
 QString Parser::HelpText() const
@@ -228,7 +239,7 @@ QString Parser::Pattern() const
 QStringList Parser::FilesAmong(const QStringList& arguments) const
 {
     const QString pattern = Pattern();
-    if (isSet(QStringLiteral("null")) && !Has("files-from"))
+    if (HasNuls() && !m_namesFiles && !Has("files-from"))
         throw UsageError{QStringLiteral("-0 is for --files-from")};
     if (arguments.isEmpty() && !Has("files-from"))
         throw UsageError{QStringLiteral("no file is given")};
@@ -240,7 +251,7 @@ QStringList Parser::FilesAmong(const QStringList& arguments) const
         throw UsageError{QStringLiteral("standard input can be read only once")};
     QStringList files = arguments;
     if (Has("files-from"))
-        files << NamesInList(list, isSet(QStringLiteral("null")));
+        files << NamesInList(list, HasNuls());
     if (std::count_if(files.begin(), files.end(), ReportCore::IsStandardStream) > 1 ||
         (ReportCore::IsStandardStream(list) && files.contains(QStringLiteral("-"))))
         throw UsageError{QStringLiteral("standard input can be read only once")};

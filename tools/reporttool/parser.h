@@ -91,6 +91,12 @@ public:
     /// FILE..., several reports, and the options that name more of them.
     void AddFiles();
 
+    /// The same for a command that prints names of files: a NUL stands behind these, too, where one is asked for.
+    void AddFilesToName();
+
+    /// -0: whether a NUL stands behind each name.
+    bool HasNuls() const { return isSet(QStringLiteral("null")); }
+
     /// These options alone.
     void AddFileOptions();
 
@@ -141,6 +147,7 @@ public:
 
 private:
     void Add(const QCommandLineOption& option, const Candidates& candidates);
+    void AddLists(const char* descriptionOfNuls);
     QString HintAtUnknownOption() const;
     QString FileAmongOptions() const;
     QString NearestOption() const;
@@ -150,6 +157,7 @@ private:
     std::vector<Argument> m_allArguments;
     std::vector<Option> m_allOptions;
     std::vector<Example> m_examples;
+    bool m_namesFiles = false;
 };
 
 } // namespace ReportTool

@@ -1,6 +1,7 @@
 #include <reporttool/showjson.h>
 
 #include <reportcore/jsonreading.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfields.h>
 
 namespace ReportTool {
@@ -63,7 +64,7 @@ QJsonObject Unknown(const QString& name)
     QJsonObject json;
     for (const char* key : FILE_KEYS)
         json.insert(QLatin1String(key), Json());
-    json[QStringLiteral("file")] = name;
+    ReportCore::InsertFileName(json, QStringLiteral("file"), name);
     for (const auto& field : ReportCore::ReportInfo().All())
         json.insert(field->Key(), Json());
     return json;
@@ -106,6 +107,7 @@ void FromJson(const QJsonObject& json, ReportFile& file)
     for (const char* key : FILE_KEYS)
         fields.remove(QLatin1String(key));
     fields.remove(QLatin1String(REPORT_KEY));
+    fields.remove(QLatin1String("file") + QLatin1String(ReportCore::BASE64_SUFFIX));
     ReportCore::SetFromJson(file.report, ReportCore::ReportInfo(), fields);
 }
 

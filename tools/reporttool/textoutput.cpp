@@ -1,7 +1,9 @@
 #include <reporttool/textoutput.h>
 
+#include <reportcore/filenames.h>
 #include <reportcore/files.h>
 #include <reportcore/platform.h>
+#include <reportcore/texts.h>
 
 #include <QtCore/QFileDevice>
 
@@ -13,7 +15,16 @@ constexpr int PENDING_BYTES = 64 * 1024;
 
 } // namespace
 
-TextOutput::TextOutput(QIODevice& device, const QString& name) : m_device(device), m_name(name) {}
+TextOutput::TextOutput(QIODevice& device, const QString& name)
+    : m_device(device), m_name(name),
+      m_isTerminal(qobject_cast<const QFileDevice*>(&device) != nullptr && ReportCore::IsTerminal(device))
+{
+}
+
+TextOutput::TextOutput(QIODevice& device, const TextOutput& other)
+    : m_device(device), m_name(other.m_name), m_isTerminal(other.m_isTerminal)
+{
+}
 
 void TextOutput::Line(const QString& text)
 {
@@ -23,7 +34,23 @@ void TextOutput::Line(const QString& text)
 
 void TextOutput::Text(const QString& text)
 {
-    Bytes(text.toUtf8());
+    Bytes(ReportCore::ToUtf8(text));
+}
+
+void TextOutput::FileName(const QString& file)
+{
+    if (IsTerminal())
+        Text(ReportCore::Printable(file));
+    else
+        Bytes(ReportCore::FileNameBytes(file));
+}
+
+void TextOutput::FileNameInLine(const QString& file)
+{
+    if (IsTerminal())
+        Text(ReportCore::Printable(file));
+    else
+        Bytes(ReportCore::FileNameInLine(file));
 }
 
 void TextOutput::Bytes(const QByteArray& bytes)
@@ -31,11 +58,6 @@ void TextOutput::Bytes(const QByteArray& bytes)
     m_pending += bytes;
     if (m_pending.size() >= PENDING_BYTES)
         Flush();
-}
-
-bool TextOutput::IsTerminal() const
-{
-    return qobject_cast<const QFileDevice*>(&m_device) != nullptr && ReportCore::IsTerminal(m_device);
 }
 
 void TextOutput::Flush()

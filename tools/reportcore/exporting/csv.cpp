@@ -21,10 +21,10 @@ QByteArray HeaderLine(const QStringList& further)
 /// The values, without what stands behind them.
 QByteArray Values(const Feature& feature)
 {
-    QStringList cells{CsvFile(feature.file)};
+    QStringList cells;
     for (const QVariant& value : feature.values)
         cells << CsvCell(value);
-    return CsvCells(cells);
+    return CsvCells(feature.file, cells);
 }
 
 class Csv : public Exporter

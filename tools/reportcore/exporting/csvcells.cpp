@@ -1,6 +1,7 @@
 #include <reportcore/exporting/csvcells.h>
 
 #include <reportcore/exporting/feature.h>
+#include <reportcore/filenames.h>
 #include <reportcore/texts.h>
 
 #include <algorithm>
@@ -23,24 +24,14 @@ QString CsvCell(const QVariant& value)
     return QLatin1Char('"') + quoted + QLatin1Char('"');
 }
 
-QString CsvFile(const QString& file)
-{
-    QString text;
-    for (auto i = file.cbegin(); i != file.cend(); ++i) {
-        if (i->isHighSurrogate() && i + 1 != file.cend() && (i + 1)->isLowSurrogate()) {
-            text += *i;
-            ++i;
-            text += *i;
-        } else {
-            text += i->isSurrogate() ? Printable(*i) : QString(*i);
-        }
-    }
-    return CsvCell(text);
-}
-
 QByteArray CsvCells(const QStringList& cells)
 {
-    return cells.join(QLatin1Char(',')).toUtf8();
+    return ToUtf8(cells.join(QLatin1Char(',')));
+}
+
+QByteArray CsvCells(const QString& file, const QStringList& cells)
+{
+    return FileNameBytes(CsvCell(file)) + ',' + CsvCells(cells);
 }
 
 } // namespace ReportCore

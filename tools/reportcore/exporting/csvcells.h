@@ -8,17 +8,17 @@
 
 namespace ReportCore {
 
-// CSV as RFC 4180 has it, in UTF-8.
+// CSV as RFC 4180 has it, in UTF-8, but for names of files that are none.
 
 /// Empty for what isn't set; an empty text stands in quotes. A number of a field has a fraction, so that readers who guess
 /// types come to the same ones each time.
 QString CsvCell(const QVariant& value);
 
-/// The name of a file. What stands for a byte of it that is no UTF-8 has no bytes of its own and becomes its escape.
-QString CsvFile(const QString& file);
-
 /// A line without its end.
 QByteArray CsvCells(const QStringList& cells);
+
+/// The same with the name of a file in front, in its own bytes: programs find it by them.
+QByteArray CsvCells(const QString& file, const QStringList& cells);
 
 constexpr char CSV_LINE_END[] = "\r\n";
 

@@ -1,5 +1,6 @@
 #include <reportcore/exporting/formats.h>
 
+#include <reportcore/jsonwriting.h>
 #include <reportcore/texts.h>
 
 #include <QtCore/QJsonArray>
@@ -71,7 +72,7 @@ QByteArray GeometryJson(const Geometry& geometry)
 
 QByteArray TextJson(const QString& text)
 {
-    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    const QByteArray array = JsonBytes(QJsonDocument(QJsonArray{text}), QJsonDocument::Compact);
     return array.mid(1, array.size() - 2);
 }
 
@@ -98,7 +99,10 @@ QByteArray ValueJson(const QVariant& value)
 
 QByteArray PropertiesJson(const Feature& feature)
 {
-    QByteArray json = "{\"file\":" + TextJson(feature.file);
+    QJsonObject name;
+    InsertFileName(name, QStringLiteral("file"), feature.file);
+    QByteArray json = JsonBytes(QJsonDocument(name), QJsonDocument::Compact);
+    json.chop(1);
     for (std::size_t i = 0; i < feature.values.size(); ++i)
         json += ",\"" + PropertyTypes()[i].name.toUtf8() + "\":" + ValueJson(feature.values[i]);
     return json + '}';

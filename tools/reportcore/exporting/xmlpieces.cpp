@@ -1,5 +1,7 @@
 #include <reportcore/exporting/xmlpieces.h>
 
+#include <reportcore/texts.h>
+
 namespace ReportCore {
 
 namespace {
@@ -36,16 +38,14 @@ QByteArray XmlPieces::Take()
     return piece;
 }
 
-QString XmlText(QString text)
+QString XmlText(const QString& text)
 {
-    for (QString::size_type i = 0; i < text.size(); ++i) {
-        const QChar character = text.at(i);
-        if (character.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
-            ++i;
-        else if (character.isSurrogate() || !IsWritable(character))
-            text[i] = QChar::ReplacementCharacter;
+    QString writable = WellFormed(text);
+    for (QChar& character : writable) {
+        if (!IsWritable(character))
+            character = QChar::ReplacementCharacter;
     }
-    return text;
+    return writable;
 }
 
 } // namespace ReportCore

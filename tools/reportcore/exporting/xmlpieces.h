@@ -26,7 +26,7 @@ private:
 };
 
 /// The text with U+FFFD for each character that XML has no way to write.
-QString XmlText(QString text);
+QString XmlText(const QString& text);
 
 } // namespace ReportCore
 

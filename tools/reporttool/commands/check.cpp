@@ -5,6 +5,7 @@
 #include <reporttool/parser.h>
 
 #include <reportcore/doubts.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportjson.h>
 
@@ -43,9 +44,9 @@ struct Options
 /// One line for programs. All keys are always there.
 void JsonLine(const QString& name, QJsonObject json, const QJsonValue& error, Console& console)
 {
-    json.insert(QStringLiteral("file"), name);
+    ReportCore::InsertFileName(json, QStringLiteral("file"), name);
     json.insert(QStringLiteral("error"), error);
-    console.Output().Bytes(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
+    console.Output().Bytes(ReportCore::JsonBytes(QJsonDocument(json), QJsonDocument::Compact) + '\n');
 }
 
 /// The same keys without a problem.
@@ -76,7 +77,7 @@ int CheckFile(const QString& name, const Options& options, Console& console)
         if (options.asJson)
             JsonLine(name, ReportCore::ProblemToJson(problem), QJsonValue(), console);
         else if (!options.isQuiet)
-            console.Output().Line(FileLine(name, problem));
+            console.Tell(name, problem);
     }
     if (!options.isStrict && !options.isQuiet && options.hasWarnings) {
         for (const Problem& doubt : ReportCore::FindDoubts(bytes, file, Look::Quick))

@@ -11,6 +11,7 @@
 
 #include <reportcore/files.h>
 #include <reportcore/jsonreading.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportwriting.h>
 #include <reportcore/texts.h>
@@ -113,14 +114,24 @@ GoodReports Read(const QString& input, const QString& output, const Options& opt
     return {};
 }
 
+/// Why the JSON of a report is not written; empty where it is.
+QString HindranceIn(const QByteArray& json, const ReportFile& file)
+{
+    const QString excess = ReportCore::FindExcess(json);
+    if (!excess.isEmpty())
+        return excess;
+    const QString loss = ReportCore::FindLossBetween(file.report, ReadJson(json, {}).front().file.report);
+    return loss.isEmpty() ? QString() : QStringLiteral("this form would not keep ") + loss;
+}
+
 std::optional<QByteArray> JsonOf(const QString& input, const ReportFile& file, const QString& output,
                                  Console& console)
 {
-    const QByteArray json = QJsonDocument(QJsonArray{ToJson(input, file)}).toJson();
-    const QString excess = ReportCore::FindExcess(json);
-    if (excess.isEmpty())
+    const QByteArray json = ReportCore::JsonBytes(QJsonDocument(QJsonArray{ToJson(input, file)}));
+    const QString hindrance = HindranceIn(json, file);
+    if (hindrance.isEmpty())
         return json;
-    console.Complain(output, excess);
+    console.Complain(output, hindrance);
     return std::nullopt;
 }
 

@@ -8,6 +8,7 @@
 
 #include <reportcore/differences.h>
 #include <reportcore/files.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/texts.h>
 
@@ -74,11 +75,11 @@ QJsonArray ToJson(const Differences& differences)
 
 void WriteJson(const QStringList& files, const Differences& differences, Console& console)
 {
-    const QJsonObject whole = {{QStringLiteral("a"), files.at(0)},
-                               {QStringLiteral("b"), files.at(1)},
-                               {QStringLiteral("same"), differences.empty()},
-                               {QStringLiteral("differences"), ToJson(differences)}};
-    console.Output().Bytes(QJsonDocument(whole).toJson());
+    QJsonObject whole = {{QStringLiteral("same"), differences.empty()},
+                         {QStringLiteral("differences"), ToJson(differences)}};
+    ReportCore::InsertFileName(whole, QStringLiteral("a"), files.at(0));
+    ReportCore::InsertFileName(whole, QStringLiteral("b"), files.at(1));
+    console.Output().Bytes(ReportCore::JsonBytes(QJsonDocument(whole)));
 }
 
 Differences DifferencesOf(const ReportCore::ReportFile& left, const ReportCore::ReportFile& right)
@@ -142,32 +143,41 @@ Comparison Compare(const FilePair& pair, Console& console)
     return {differences.empty() ? EXIT_GOOD : EXIT_INVALID, differences};
 }
 
-QJsonValue NameOrNull(const QString& name)
+void InsertNameOrNull(QJsonObject& json, const QString& key, const QString& name)
 {
-    return name.isEmpty() ? QJsonValue() : QJsonValue(name);
+    if (name.isEmpty())
+        json.insert(key, QJsonValue());
+    else
+        ReportCore::InsertFileName(json, key, name);
 }
 
 /// One line for programs.
 void JsonLine(const FilePair& pair, const Comparison& comparison, Console& console)
 {
     const bool isKnown = comparison.exitCode != EXIT_UNUSABLE;
-    const QJsonObject json = {
-        {QStringLiteral("file"), pair.name},
-        {QStringLiteral("a"), NameOrNull(pair.left)},
-        {QStringLiteral("b"), NameOrNull(pair.right)},
+    QJsonObject json = {
         {QStringLiteral("same"), isKnown ? QJsonValue(comparison.exitCode == EXIT_GOOD) : QJsonValue()},
         {QStringLiteral("differences"), isKnown ? QJsonValue(ToJson(comparison.differences)) : QJsonValue()}};
-    console.Output().Bytes(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
+    ReportCore::InsertFileName(json, QStringLiteral("file"), pair.name);
+    InsertNameOrNull(json, QStringLiteral("a"), pair.left);
+    InsertNameOrNull(json, QStringLiteral("b"), pair.right);
+    console.Output().Bytes(ReportCore::JsonBytes(QJsonDocument(json), QJsonDocument::Compact) + '\n');
+}
+
+void TellAlone(const FilePair& pair, TextOutput& output)
+{
+    output.Bytes(pair.right.isEmpty() ? "- " : "+ ");
+    output.FileNameInLine(pair.name);
+    output.Bytes("\n");
 }
 
 void Lines(const FilePair& pair, const Comparison& comparison, Console& console)
 {
     const bool isAlone = pair.left.isEmpty() || pair.right.isEmpty();
     if (isAlone && comparison.exitCode == EXIT_INVALID)
-        console.Output().Line((pair.right.isEmpty() ? QStringLiteral("- ") : QStringLiteral("+ ")) +
-                              ReportCore::Printable(pair.name));
+        TellAlone(pair, console.Output());
     for (const Difference& difference : comparison.differences)
-        console.Output().Line(FileLine(pair.name, ReportCore::DifferenceLine(difference)));
+        console.Tell(pair.name, ReportCore::DifferenceLine(difference));
 }
 
 int DiffFolders(const std::vector<FilePair>& pairs, bool asJson, Console& console)

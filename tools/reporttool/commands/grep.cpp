@@ -7,7 +7,6 @@
 #include <reportcore/condition.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/texts.h>
 
 #include <algorithm>
 
@@ -44,7 +43,7 @@ Condition ConditionOf(const QString& text)
     }
 }
 
-int Look(const QString& name, const Condition& condition, Console& console)
+int Look(const QString& name, const Condition& condition, bool hasNuls, Console& console)
 {
     QByteArray bytes;
     QString error;
@@ -53,7 +52,8 @@ int Look(const QString& name, const Condition& condition, Console& console)
     const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
     if (file.form.form == ReportCore::Form::Unknown || !condition.IsTrueOf(file.report))
         return EXIT_INVALID;
-    console.Output().Line(ReportCore::Printable(name));
+    console.Output().FileName(name);
+    console.Output().Bytes(hasNuls ? QByteArray(1, '\0') : QByteArrayLiteral("\n"));
     return EXIT_GOOD;
 }
 
@@ -61,8 +61,10 @@ void Declare(Parser& parser)
 {
     parser.SetDescription(DESCRIPTION);
     parser.AddArgument("CONDITION", "What the reports are to fulfil.", "CONDITION", Candidates::FieldPaths());
-    parser.AddFiles();
+    parser.AddFilesToName();
     parser.AddExample("grep 'frequency.value in 118e6..137e6' -r reports", "Find the reports of a band.");
+    parser.AddExample("grep -0 'frequency set' -r reports | xargs -0 ls -l",
+                      "Hand what is found to another program, whatever its name.");
     parser.AddExample("grep 'area contains 9.5,47.6' -r reports", "Find the reports of a place.");
 }
 
@@ -73,9 +75,10 @@ int Grep(const Parser& parser, Console& console)
         throw UsageError{QStringLiteral("no condition is given")};
     const Condition condition = ConditionOf(files.takeFirst());
     const QStringList names = parser.FilesAmong(files);
+    const bool hasNuls = parser.HasNuls();
     const std::vector<int> exitCodes =
         DoForEach(static_cast<int>(names.size()), console, [&](int number, Console& fileConsole) {
-            return Look(names.at(number), condition, fileConsole);
+            return Look(names.at(number), condition, hasNuls, fileConsole);
         });
     const int greatest = ExitCodeOf(exitCodes, static_cast<int>(names.size()));
     if (greatest == EXIT_UNUSABLE)

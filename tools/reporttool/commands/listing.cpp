@@ -6,6 +6,7 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/exporting/csvcells.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportjson.h>
@@ -137,23 +138,23 @@ QByteArray CsvHeader()
 
 QByteArray CsvOf(const Entry& entry)
 {
-    QStringList cells = {ReportCore::CsvFile(entry.file)};
+    QStringList cells;
     for (const QVariant& value :
          {entry.error, entry.form, entry.frequency, entry.points, entry.problems, entry.area})
         cells << ReportCore::CsvCell(value);
-    return ReportCore::CsvCells(cells) + ReportCore::CSV_LINE_END;
+    return ReportCore::CsvCells(entry.file, cells) + ReportCore::CSV_LINE_END;
 }
 
 QByteArray JsonOf(const Entry& entry)
 {
-    const QJsonObject json = {{QStringLiteral("file"), entry.file},
-                              {QStringLiteral("error"), ReportCore::ValueToJson(entry.error)},
-                              {QStringLiteral("form"), ReportCore::ValueToJson(entry.form)},
-                              {QStringLiteral("frequency_value"), ReportCore::ValueToJson(entry.frequency)},
-                              {QStringLiteral("points"), QJsonValue::fromVariant(entry.points)},
-                              {QStringLiteral("problems"), QJsonValue::fromVariant(entry.problems)},
-                              {QStringLiteral("area_name"), ReportCore::ValueToJson(entry.area)}};
-    return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
+    QJsonObject json = {{QStringLiteral("error"), ReportCore::ValueToJson(entry.error)},
+                        {QStringLiteral("form"), ReportCore::ValueToJson(entry.form)},
+                        {QStringLiteral("frequency_value"), ReportCore::ValueToJson(entry.frequency)},
+                        {QStringLiteral("points"), QJsonValue::fromVariant(entry.points)},
+                        {QStringLiteral("problems"), QJsonValue::fromVariant(entry.problems)},
+                        {QStringLiteral("area_name"), ReportCore::ValueToJson(entry.area)}};
+    ReportCore::InsertFileName(json, QStringLiteral("file"), entry.file);
+    return ReportCore::JsonBytes(QJsonDocument(json), QJsonDocument::Compact) + '\n';
 }
 
 // --- The command

@@ -6,6 +6,7 @@
 
 #include <reportcore/files.h>
 #include <reportcore/form.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/texts.h>
 
 #include <QtCore/QJsonArray>
@@ -96,11 +97,11 @@ void WriteJson(const QString& file, const Outcomes& outcomes, Console& console)
         json.insert(QStringLiteral("path"), part->path);
         left.append(json);
     }
-    const QJsonObject whole = {{QStringLiteral("file"), file},
-                               {QStringLiteral("taken"), taken},
-                               {QStringLiteral("refused"), refused},
-                               {QStringLiteral("left"), left}};
-    console.Output().Bytes(QJsonDocument(whole).toJson());
+    QJsonObject whole = {{QStringLiteral("taken"), taken},
+                         {QStringLiteral("refused"), refused},
+                         {QStringLiteral("left"), left}};
+    ReportCore::InsertFileName(whole, QStringLiteral("file"), file);
+    console.Output().Bytes(ReportCore::JsonBytes(QJsonDocument(whole)));
 }
 
 int DryRun(const QString& file, bool asJson, Console& console)

@@ -10,6 +10,7 @@
 #include <reporttool/showtext.h>
 
 #include <reportcore/areapoints.h>
+#include <reportcore/jsonwriting.h>
 #include <reportcore/reportfile.h>
 
 #include <QtCore/QJsonArray>
@@ -130,7 +131,7 @@ int ShowItem(const QString& name, const Options& options, Console& console)
         items = ItemsOf(name, bytes, options, exitCode, console);
     else
         items = {ToJson(name, error)};
-    const QByteArray array = QJsonDocument(items).toJson();
+    const QByteArray array = ReportCore::JsonBytes(QJsonDocument(items));
     constexpr int BEGIN = 2; // "[\n"
     constexpr int END = 3;   // "\n]\n"
     console.Output().Bytes(array.mid(BEGIN, array.size() - BEGIN - END));
