@@ -194,7 +194,7 @@ FileResult SetFile(const QString& input, const Request& request, Console& consol
         PutBytes(*bytes, report.file.form, output, request.terminals);
     else
         for (const QString& line : ReportCore::DifferenceLines(differences))
-            console.Output().Line(FileLine(input, line));
+            console.Tell(input, line);
     return {EXIT_GOOD, isChanged};
 }
 
