@@ -314,21 +314,28 @@ def version():
     return re.search(r"^ *VERSION ([0-9.]+)$", (ROOT / "CMakeLists.txt").read_text("utf-8"), re.M)[1]
 
 
+def setting(value):
+    """A value as doxygen reads it: paths may have blanks."""
+    if isinstance(value, list):
+        return " ".join(setting(one) for one in value)
+    return f'"{value}"' if isinstance(value, pathlib.Path) else value
+
+
 def run_doxygen(output, inputs, settings):
     settings = {
         "PROJECT_NUMBER": version(),
         "OUTPUT_DIRECTORY": output,
-        "INPUT": " ".join(f'"{path}"' for path in inputs),
+        "INPUT": inputs,
         "STRIP_FROM_PATH": output / "input",
         "STRIP_FROM_INC_PATH": output / "input/framework",
-        "DOTFILE_DIRS": f"{HERE} {output / 'input/diagrams'}",
+        "DOTFILE_DIRS": [HERE, output / "input/diagrams"],
         "IMAGE_PATH": ROOT / "docs",
         "EXAMPLE_PATH": ROOT / "examples",
         "LAYOUT_FILE": HERE / "layout.xml",
         "HTML_EXTRA_STYLESHEET": HERE / "style.css",
         **settings,
     }
-    lines = [f"@INCLUDE = {HERE / 'Doxyfile'}"] + [f"{key} = {value}" for key, value in settings.items()]
+    lines = [f"{key} = {setting(value)}" for key, value in {"@INCLUDE": HERE / "Doxyfile", **settings}.items()]
     doxyfile = output / "Doxyfile"
     doxyfile.write_text("\n".join(lines) + "\n", "utf-8")
     done = subprocess.run(["doxygen", doxyfile], cwd=output, stdout=subprocess.DEVNULL, check=False)
@@ -412,7 +419,7 @@ def main():
     for folder in ("input", "html", "help"):
         shutil.rmtree(output / folder, ignore_errors=True)
     inputs = prepare_pages(output / "input/pages")
-    inputs.append(shutil.copy(HERE / "namespaces.h", output / "input/pages"))
+    inputs.append(shutil.copy(HERE / "namespaces.h", output / "input/pages/namespaces.h"))
     shown = write_diagrams(output / "input/diagrams")
     for path in public_headers():
         target = output / "input" / path.relative_to(ROOT)
