@@ -311,7 +311,8 @@ TEST_P(ToolConvertFailure, FileThatCannotBeWrittenKeepsNoOtherFromIt)
     EXPECT_TRUE(QDir(m_scratch.Folder()).mkpath(QStringLiteral("into/a.json")));
     const ToolRun run = Run("");
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_TEXT(run.Errors(), "reporttool: into/a.json: is a directory\n");
+    EXPECT_TEXT(run.Errors(), "reporttool: into/a.json: is a directory\n"
+                              "2 files: 1 written, 0 refused, 1 unusable\n");
     EXPECT_FALSE(m_scratch.Read("into/b.json").isEmpty());
 }
 
@@ -322,7 +323,8 @@ TEST_P(ToolConvertFailure, FullDiskIsToldOfEachFile)
         QStringLiteral("trap '' XFSZ; ulimit -f 0; exec \"$0\" %1").arg(QLatin1String(GetParam().arguments)));
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_TEXT(run.Errors(), "reporttool: into/a.json: File too large\n"
-                              "reporttool: into/b.json: File too large\n");
+                              "reporttool: into/b.json: File too large\n"
+                              "2 files: 0 written, 0 refused, 2 unusable\n");
     EXPECT_TRUE(QDir(m_scratch.Path("into")).isEmpty());
 }
 
