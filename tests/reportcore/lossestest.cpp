@@ -2,6 +2,8 @@
 
 #include "reporttool/samples.h"
 
+#include "support/choices.h"
+#include "support/composedinput.h"
 #include "support/expect.h"
 #include "support/recordelements.h"
 
@@ -198,4 +200,29 @@ TEST(Losses, BytesBehindTheEndAreLost)
 {
     EXPECT_TEXT(LossesOf(Plain(FrequencyElement("5")) + "1234567"),
                 "0x4b TrailingData: 7 bytes behind the end");
+}
+
+TEST(Losses, AreTheSameHoweverTheReportWasRead)
+{
+    int plain = 0;
+    for (quint64 seed = 1; seed <= 2000; ++seed) {
+        Support::Choices choices(seed);
+        QByteArray bytes;
+        if (seed % 2 == 0)
+            bytes = Support::ComposeXml(Support::Kind::Report, choices).toUtf8();
+        else
+            bytes = Support::ComposeRepresentation(Support::Kind::Report, false, choices);
+        if (seed % 3 == 0)
+            bytes = Support::Mutated(bytes, choices);
+        ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
+        if (!file.hasPlainText)
+            continue;
+        ++plain;
+        const auto quick = ReportCore::FindLosses(bytes, file);
+        file.hasPlainText = false;
+        const auto thorough = ReportCore::FindLosses(bytes, file);
+        ASSERT_EQ(quick.size(), thorough.size())
+            << seed << ": " << thorough.front().text.toStdString() << " in " << bytes.toStdString();
+    }
+    EXPECT_GT(plain, 100);
 }

@@ -112,7 +112,8 @@ private:
         case FieldKind::Version:
             return !field.Empties(text.Utf16());
         default:
-            return IsAscii(text) || text.Utf8().toUtf8() == text.Bytes();
+            // Behind a NUL nothing is read.
+            return IsAscii(text) || (!text.Bytes().contains('\0') && text.Utf8().toUtf8() == text.Bytes());
         }
     }
 
