@@ -29,13 +29,47 @@ bool EndsReading(const Problem& problem)
     return IsOneOf(problem, {"RGException", "BinaryParsingException"});
 }
 
+using Index = decltype(QByteArray().size());
+
+bool IsXmlBlank(char character)
+{
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
+/// Whether blanks stand between two tags, and are not all that an element holds.
+bool AreBetweenTags(const QByteArray& bytes, Index begin, Index end)
+{
+    if (begin == 0 || end == bytes.size())
+        return true;
+    if (bytes.at(begin - 1) != '>' || bytes.at(end) != '<')
+        return false;
+    const Index tag = bytes.lastIndexOf('<', begin - 1);
+    return bytes.mid(end, 2) != "</" || bytes.mid(tag, 2) == "</";
+}
+
+/// Whether carriage returns do nothing but end lines between tags, as far as a quick look shows it.
+bool HasLineEndsOnly(const QByteArray& bytes)
+{
+    for (Index begin = bytes.indexOf('\r'); begin >= 0; begin = bytes.indexOf('\r', begin)) {
+        Index end = begin;
+        while (end < bytes.size() && IsXmlBlank(bytes.at(end)))
+            ++end;
+        while (begin > 0 && IsXmlBlank(bytes.at(begin - 1)))
+            --begin;
+        if (!AreBetweenTags(bytes, begin, end))
+            return false;
+        begin = end;
+    }
+    return true;
+}
+
 /// Whether the report has all that its file says, as far as its reading has told.
 bool IsWhole(const QByteArray& bytes, const ReportFile& file)
 {
     if (!file.hasPlainText)
         return false;
     return file.form.IsBinary() ||
-           (file.objectName == REPORTGENERATOR::ReportBase::GetStaticObjectName() && !bytes.contains('\r'));
+           (file.objectName == REPORTGENERATOR::ReportBase::GetStaticObjectName() && HasLineEndsOnly(bytes));
 }
 
 /// Where the bytes end that hold the fields.
