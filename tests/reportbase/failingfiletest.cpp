@@ -37,7 +37,7 @@ enum class Fault : int
 class FailingFile : private TemporaryFolder, public QFile
 {
 public:
-    FailingFile(const QByteArray& content, int good, Fault fault)
+    FailingFile(const QByteArray& content, qint64 good, Fault fault)
         : QFile(TemporaryFolder::Write("failing", content)), m_good(good), m_fault(fault)
     {
         EXPECT_TRUE(open(QIODevice::ReadOnly));

@@ -98,7 +98,7 @@ void ExpectReadsItsOwn(int version)
     body.setVersion(version);
     body.skipRawData(8);
     Object ofBody;
-    EXPECT_NO_RG_THROW(ofBody.SetBinary(body, bytes.size() - 8));
+    EXPECT_NO_RG_THROW(ofBody.SetBinary(body, static_cast<int>(bytes.size()) - 8));
     EXPECT_TRUE(ofBody == object);
     EXPECT_EQ(body.status(), QDataStream::Ok);
 }
@@ -142,7 +142,7 @@ void ExpectNameOfFirstVersion(const Bytes& name, const QString& expected)
     QBuffer buffer;
     buffer.setData(bytes);
     ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
-    Support::Sequential pipe(bytes, bytes.size());
+    Support::Sequential pipe(bytes, static_cast<int>(bytes.size()));
     ASSERT_TRUE(pipe.open(QIODevice::ReadOnly));
     for (QIODevice* const device : {static_cast<QIODevice*>(&buffer), static_cast<QIODevice*>(&pipe)}) {
         QDataStream stream(device);
