@@ -1,0 +1,221 @@
+#include "decoding.h"
+
+#include "batches.h"
+#include "directreading.h"
+#include "fileinput.h"
+#include "rowbuilder.h"
+#include "streaminput.h"
+
+#include <reportcore/doubts.h>
+#include <reportcore/files.h>
+#include <reportcore/reportdocument.h>
+#include <reportcore/reportfile.h>
+
+#include <QtCore/QByteArray>
+
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+namespace ReportColumns {
+
+using ReportCore::Problem;
+using ReportCore::ReportFile;
+using REPORTGENERATOR::RecordAccess;
+using REPORTGENERATOR::ReportBaseData;
+
+namespace {
+
+/// Batches that are decoded before the first of them is handed on, for each thread.
+constexpr std::size_t BATCHES_AHEAD = 2;
+
+constexpr char FILE_COLUMN[] = "file";
+constexpr char COLUMN[] = "the column";
+
+/// The first problem, and how many others there are.
+QString TextOf(const ReportCore::Problems& problems)
+{
+    const QString first = ReportCore::ProblemLine(problems.front());
+    if (problems.size() == 1)
+        return first;
+    return QStringLiteral("%1, and %2 more").arg(first).arg(problems.size() - 1);
+}
+
+/// Any report, in whatever shape: as `reporttool check` reads it.
+void AppendCarefully(RowBuilder& rows, const QByteArray& bytes)
+{
+    const ReportCore::ReportDocument document(bytes);
+    if (document.Count() > 1) {
+        const QString text = QStringLiteral("%1 reports in one document").arg(document.Count());
+        rows.AppendProblem(ReportCore::ProblemLine({QLatin1String(ReportCore::SECOND_REPORT), text}));
+        return;
+    }
+    const ReportFile file = document.Read(0);
+    if (!file.IsGood()) {
+        rows.AppendProblem(TextOf(file.problems));
+        return;
+    }
+    RecordAccess::Init(file.report);
+    rows.AppendReport(*RecordAccess::Get(file.report));
+}
+
+void Append(RowBuilder& rows, const Bytes& bytes)
+{
+    ReportBaseData data;
+    if (ReadDirectly(bytes.begin, bytes.size, data)) {
+        rows.AppendReport(data);
+    } else if (bytes.size > static_cast<std::size_t>(ReportCore::Ceiling())) {
+        const QString text = QStringLiteral("%1 bytes, more than the ceiling of %2")
+                                 .arg(bytes.size)
+                                 .arg(ReportCore::Ceiling());
+        rows.AppendProblem(ReportCore::ProblemLine({QLatin1String(ReportCore::TOO_LARGE), text}));
+    } else {
+        AppendCarefully(rows, QByteArray::fromRawData(bytes.begin, static_cast<int>(bytes.size)));
+    }
+}
+
+// --- Arrays
+
+std::vector<SharedValues> DecodePart(const BytesInput& input, Part part, const ColumnChoice& columns)
+{
+    std::vector<SharedValues> batches;
+    do {
+        RowBuilder rows(columns);
+        for (; part.begin < part.end && !rows.IsFull(); ++part.begin) {
+            if (input.IsThere(part.begin))
+                Append(rows, input.At(part.begin));
+            else
+                rows.AppendNull();
+        }
+        batches.push_back(std::make_shared<const ColumnValues>(rows.Finish()));
+    } while (part.begin < part.end);
+    return batches;
+}
+
+// --- Streams
+
+class DecodedStream : public Source
+{
+public:
+    DecodedStream(OwnedStream stream, const DecodeOptions& options)
+        : m_input(std::move(stream)), m_options(options), m_type(DecodedType(options.columns))
+    {
+        // What can't be decoded is to be known before the first array.
+        BytesInput(m_input.Schema(), ArrowArray(), COLUMN);
+    }
+
+    const ColumnType& Type() const override { return m_type; }
+
+    SharedValues Next() override
+    {
+        OwnedArray array;
+        while (m_ready.empty() && m_input.Next(array)) {
+            const std::vector<SharedValues> batches =
+                Decode(BytesInput(m_input.Schema(), *array, COLUMN), m_options);
+            m_ready.assign(batches.begin(), batches.end());
+        }
+        return TakeFirst(m_ready);
+    }
+
+private:
+    StreamInput m_input;
+    const DecodeOptions m_options;
+    const ColumnType m_type;
+    std::deque<SharedValues> m_ready;
+};
+
+// --- Files
+
+void AppendFile(RowBuilder& rows, const std::string& path)
+{
+    try {
+        const QByteArray bytes = ReadFile(path);
+        Append(rows, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    } catch (const UnreadableFile& failure) {
+        rows.AppendProblem(
+            ReportCore::ProblemLine({QStringLiteral("UnusableFile"), QString::fromStdString(failure.text)}));
+    }
+}
+
+class DecodedFiles : public Source
+{
+public:
+    DecodedFiles(std::vector<std::string> paths, const DecodeOptions& options)
+        : m_paths(std::move(paths)), m_options(options),
+          m_parts(PartsOf(static_cast<std::int64_t>(m_paths.size()), options.batchRows)),
+          m_type(options.columns.Type({{"u", FILE_COLUMN, false}}))
+    {
+    }
+
+    const ColumnType& Type() const override { return m_type; }
+
+    SharedValues Next() override
+    {
+        if (m_ready.empty())
+            DecodeMore();
+        return TakeFirst(m_ready);
+    }
+
+private:
+    void DecodeMore()
+    {
+        const int threads = ThreadsFor(m_options.threads);
+        const std::size_t count =
+            std::min(m_parts.size() - m_next, static_cast<std::size_t>(threads) * BATCHES_AHEAD);
+        m_ready = InOrder(count, threads, [this](std::size_t i) { return DecodePart(m_parts[m_next + i]); });
+        m_next += count;
+    }
+
+    std::vector<SharedValues> DecodePart(Part part) const
+    {
+        std::vector<SharedValues> batches;
+        do {
+            RowBuilder rows(m_options.columns);
+            BytesBuilder files;
+            for (; part.begin < part.end && !rows.IsFull(); ++part.begin) {
+                const std::string& path = m_paths[static_cast<std::size_t>(part.begin)];
+                AppendFile(rows, path);
+                files.Append(QString::fromUtf8(path.data(), static_cast<int>(path.size())));
+            }
+            std::vector<ColumnValues> further;
+            further.push_back(files.Finish());
+            batches.push_back(std::make_shared<const ColumnValues>(rows.Finish(std::move(further))));
+        } while (part.begin < part.end);
+        return batches;
+    }
+
+    const std::vector<std::string> m_paths;
+    const DecodeOptions m_options;
+    const std::vector<Part> m_parts;
+    const ColumnType m_type;
+    std::size_t m_next = 0;
+    std::deque<SharedValues> m_ready;
+};
+
+} // namespace
+
+ColumnType DecodedType(const ColumnChoice& columns)
+{
+    return columns.Type();
+}
+
+std::vector<SharedValues> Decode(const BytesInput& input, const DecodeOptions& options)
+{
+    const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
+    const std::deque<SharedValues> batches =
+        InOrder(parts.size(), ThreadsFor(options.threads),
+                [&](std::size_t i) { return DecodePart(input, parts[i], options.columns); });
+    return {batches.begin(), batches.end()};
+}
+
+std::unique_ptr<Source> DecodeStream(OwnedStream stream, const DecodeOptions& options)
+{
+    return std::make_unique<DecodedStream>(std::move(stream), options);
+}
+
+std::unique_ptr<Source> DecodeFiles(std::vector<std::string> paths, const DecodeOptions& options)
+{
+    return std::make_unique<DecodedFiles>(std::move(paths), options);
+}
+
+} // namespace ReportColumns

@@ -1,0 +1,45 @@
+#ifndef REPORTCOLUMNS_STREAMINPUT_H
+#define REPORTCOLUMNS_STREAMINPUT_H
+
+#include "arrowowner.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace ReportColumns {
+
+/// The arrays of a stream of somebody else's. What goes wrong there is thrown as `std::runtime_error`.
+class StreamInput
+{
+public:
+    explicit StreamInput(OwnedStream stream) : m_stream(std::move(stream))
+    {
+        Demand(m_stream.Get()->get_schema(m_stream.Get(), m_schema.Get()));
+    }
+
+    const ArrowSchema& Schema() const { return *m_schema; }
+
+    /// False at the end.
+    bool Next(OwnedArray& array)
+    {
+        array = OwnedArray();
+        Demand(m_stream.Get()->get_next(m_stream.Get(), array.Get()));
+        return !array.IsEmpty();
+    }
+
+private:
+    void Demand(int result)
+    {
+        if (result == 0)
+            return;
+        const char* const error = m_stream.Get()->get_last_error(m_stream.Get());
+        throw std::runtime_error(error ? error : "the stream of columns failed");
+    }
+
+    OwnedStream m_stream;
+    OwnedSchema m_schema;
+};
+
+} // namespace ReportColumns
+
+#endif
