@@ -18,6 +18,7 @@ _ALONG = _HERE / "library"
 _PARTS = (
     "CMakeLists.txt",
     "cmake",
+    "framework/reportgenerator/reflection",
     "framework/reportgenerator/reportbase",
     "framework/reportgenerator/qt",
     "framework/wendbase",

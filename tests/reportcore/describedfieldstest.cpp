@@ -3,10 +3,10 @@
 
 #include "support/expect.h"
 
-#include <reportcore/describedfields.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/reportjson.h>
 
+#include <reportgenerator/reflection/describedfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reportbase/descriptions/frequencydescription.h>
 
 #include <gtest/gtest.h>

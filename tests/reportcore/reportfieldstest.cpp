@@ -1,7 +1,7 @@
 #include "support/expect.h"
 
-#include <reportcore/names.h>
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/names.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <reportgenerator/reportbase/reportbase.h>
 #include <reportgenerator/reportbase/rgexception.h>

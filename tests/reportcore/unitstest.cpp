@@ -2,8 +2,8 @@
 
 #include "support/expect.h"
 
-#include <reportcore/reportfields.h>
-#include <reportcore/units.h>
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/units.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
 

@@ -3,8 +3,9 @@
 #include <reportcore/condition.h>
 #include <reportcore/doubts.h>
 #include <reportcore/exporting/geometry.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 
 #include <reportgenerator/models/tree/treechanges.h>
 
-#include <reportcore/describedfields.h>
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/describedfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <reportgenerator/reportbase/descriptions/areadescription.h>
 #include <reportgenerator/reportbase/descriptions/frequencydescription.h>

@@ -3,7 +3,7 @@
 
 #include <reportviewer/contents.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <gtest/gtest.h>
 

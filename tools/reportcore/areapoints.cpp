@@ -1,6 +1,6 @@
 #include <reportcore/areapoints.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 namespace ReportCore {
 

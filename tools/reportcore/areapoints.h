@@ -2,8 +2,8 @@
 #define REPORTCORE_AREAPOINTS_H
 
 #include <reportcore/exporting/geometry.h>
-#include <reportcore/fieldpath.h>
 
+#include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/coordinate.h>
 #include <reportgenerator/reportbase/reportbase.h>
 

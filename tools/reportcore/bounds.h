@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_BOUNDS_H
 #define REPORTCORE_BOUNDS_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <reportgenerator/reportbase/coordinate.h>
 

@@ -2,8 +2,9 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/conditionnumbers.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/ring.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QRegularExpression>
 

@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_CONDITION_H
 #define REPORTCORE_CONDITION_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QString>
 

@@ -1,9 +1,9 @@
 #include <reportcore/conditionnumbers.h>
 
 #include <reportcore/condition.h>
-#include <reportcore/nearname.h>
-#include <reportcore/units.h>
 
+#include <reportgenerator/reflection/nearname.h>
+#include <reportgenerator/reflection/units.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 #include <optional>

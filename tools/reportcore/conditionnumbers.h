@@ -2,7 +2,8 @@
 #define REPORTCORE_CONDITIONNUMBERS_H
 
 #include <reportcore/conditionwords.h>
-#include <reportcore/field.h>
+
+#include <reportgenerator/reflection/field.h>
 
 namespace ReportCore {
 

@@ -1,7 +1,8 @@
 #include <reportcore/conditionwords.h>
 
 #include <reportcore/condition.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportCore {
 

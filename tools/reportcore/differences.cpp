@@ -1,9 +1,9 @@
 #include <reportcore/differences.h>
 
-#include <reportcore/fieldtexts.h>
 #include <reportcore/reportjson.h>
 #include <reportcore/sequences.h>
 
+#include <reportgenerator/reflection/fieldtexts.h>
 #include <reportgenerator/reportbase/forms/numbers.h>
 
 #include <QtCore/QHash>

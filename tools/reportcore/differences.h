@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_DIFFERENCES_H
 #define REPORTCORE_DIFFERENCES_H
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QJsonValue>
 #include <QtCore/QString>

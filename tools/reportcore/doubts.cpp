@@ -1,7 +1,8 @@
 #include <reportcore/doubts.h>
 
 #include <reportcore/doubting/doubting.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QSet>
 

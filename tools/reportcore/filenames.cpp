@@ -1,6 +1,6 @@
 #include <reportcore/filenames.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QtGlobal>

@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_ITEMCOUNTS_H
 #define REPORTCORE_ITEMCOUNTS_H
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QString>
 

@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_JSONREADING_H
 #define REPORTCORE_JSONREADING_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QJsonDocument>

@@ -1,7 +1,8 @@
 #include <reportcore/jsonwriting.h>
 
 #include <reportcore/filenames.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportCore {
 

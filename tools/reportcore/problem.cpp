@@ -1,6 +1,6 @@
 #include <reportcore/problem.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <tuple>
 

@@ -2,7 +2,8 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/bounds.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <cmath>
 

@@ -1,8 +1,9 @@
 #ifndef REPORTCORE_REPORTJSON_H
 #define REPORTCORE_REPORTJSON_H
 
-#include <reportcore/field.h>
 #include <reportcore/problem.h>
+
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>

@@ -1,11 +1,11 @@
 #include <reportcore/reportwriting.h>
 
 #include <reportcore/files.h>
-#include <reportcore/names.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/walk.h>
 
+#include <reportgenerator/reflection/names.h>
+#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/reportexception.h>
 

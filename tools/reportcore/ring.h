@@ -2,7 +2,8 @@
 #define REPORTCORE_RING_H
 
 #include <reportcore/exporting/geometry.h>
-#include <reportcore/field.h>
+
+#include <reportgenerator/reflection/field.h>
 
 #include <optional>
 

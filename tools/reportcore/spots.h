@@ -1,9 +1,10 @@
 #ifndef REPORTCORE_SPOTS_H
 #define REPORTCORE_SPOTS_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/form.h>
 #include <reportcore/problem.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <unordered_map>
 #include <vector>

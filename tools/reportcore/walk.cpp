@@ -1,8 +1,8 @@
 #include <reportcore/walk.h>
 
 #include <reportcore/files.h>
-#include <reportcore/reportfields.h>
 
+#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/irgobject.h>
 

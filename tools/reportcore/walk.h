@@ -2,9 +2,10 @@
 #define REPORTCORE_WALK_H
 
 #include <reportcore/byterange.h>
-#include <reportcore/fieldpath.h>
 #include <reportcore/itemcounts.h>
 #include <reportcore/problem.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

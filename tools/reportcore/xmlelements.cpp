@@ -1,6 +1,6 @@
 #include <reportcore/xmlelements.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 namespace ReportCore {
 

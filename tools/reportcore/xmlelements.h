@@ -1,8 +1,9 @@
 #ifndef REPORTCORE_XMLELEMENTS_H
 #define REPORTCORE_XMLELEMENTS_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/itemcounts.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QString>
 #include <QtCore/QXmlStreamAttributes>

@@ -1,7 +1,8 @@
 #include <reportcore/xmlwalk.h>
 
 #include <reportcore/form.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 #include <utility>

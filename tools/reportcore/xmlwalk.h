@@ -1,8 +1,9 @@
 #ifndef REPORTCORE_XMLWALK_H
 #define REPORTCORE_XMLWALK_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/xmlelements.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

@@ -1,6 +1,6 @@
 #include <reportpages/completion.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 namespace ReportPages {
 

@@ -4,7 +4,8 @@
 #include <reportpicture/mapscale.h>
 
 #include <reportcore/exporting/outline.h>
-#include <reportcore/units.h>
+
+#include <reportgenerator/reflection/units.h>
 
 #include <QtCore/QStringList>
 #include <QtGui/QFontMetricsF>

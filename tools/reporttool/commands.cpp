@@ -5,7 +5,8 @@
 #include <reporttool/parser.h>
 
 #include <reportcore/files.h>
-#include <reportcore/nearname.h>
+
+#include <reportgenerator/reflection/nearname.h>
 
 #include <algorithm>
 #include <iterator>

@@ -2,7 +2,8 @@
 
 #include <reportcore/files.h>
 #include <reportcore/problem.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportTool {
 

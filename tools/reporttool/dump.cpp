@@ -2,8 +2,9 @@
 
 #include <reporttool/textoutput.h>
 
-#include <reportcore/texts.h>
 #include <reportcore/walk.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QString>
 

@@ -3,8 +3,8 @@
 #include <reporttool/console.h>
 #include <reporttool/parser.h>
 
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
 #include <reportgenerator/reportbase/rgexception.h>

@@ -1,9 +1,9 @@
 #ifndef REPORTTOOL_FIELDCHANGES_H
 #define REPORTTOOL_FIELDCHANGES_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/problem.h>
 
+#include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QString>

@@ -5,7 +5,7 @@
 
 #include <reporttool/parser.h>
 
-#include <reportcore/nearname.h>
+#include <reportgenerator/reflection/nearname.h>
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

@@ -2,7 +2,7 @@
 
 #include <reporttool/parser.h>
 
-#include <reportcore/nearname.h>
+#include <reportgenerator/reflection/nearname.h>
 
 #include <algorithm>
 #include <iterator>

@@ -4,8 +4,9 @@
 #include <reporttool/filelist.h>
 
 #include <reportcore/files.h>
-#include <reportcore/nearname.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/nearname.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QFileInfo>
 

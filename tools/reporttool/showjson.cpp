@@ -2,7 +2,8 @@
 
 #include <reportcore/jsonreading.h>
 #include <reportcore/jsonwriting.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 namespace ReportTool {
 

@@ -1,6 +1,6 @@
 #include <reporttool/showmap.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <algorithm>
 #include <cmath>

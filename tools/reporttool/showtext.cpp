@@ -4,9 +4,10 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/bounds.h>
-#include <reportcore/fieldtexts.h>
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/fieldtexts.h>
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QStringList>
 

@@ -3,7 +3,8 @@
 #include <reportcore/filenames.h>
 #include <reportcore/files.h>
 #include <reportcore/platform.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QFileDevice>
 

@@ -3,7 +3,7 @@
 
 #include <reportviewer/contents.h>
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtWidgets/QWidget>
 

@@ -1,7 +1,7 @@
 #include <reportviewer/commandline.h>
 
-#include <reportcore/fieldpath.h>
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/fieldpath.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QFileInfo>

@@ -1,7 +1,7 @@
 #ifndef REPORTVIEWER_FIELDMAP_H
 #define REPORTVIEWER_FIELDMAP_H
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QVarLengthArray>
 #include <QtCore/QtGlobal>

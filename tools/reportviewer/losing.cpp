@@ -5,7 +5,8 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/losses.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSet>

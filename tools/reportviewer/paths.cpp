@@ -1,6 +1,6 @@
 #include <reportviewer/paths.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 

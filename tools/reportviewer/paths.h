@@ -1,7 +1,7 @@
 #ifndef REPORTVIEWER_PATHS_H
 #define REPORTVIEWER_PATHS_H
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QString>
 

@@ -2,7 +2,7 @@
 
 #include <reportviewer/paths.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
 

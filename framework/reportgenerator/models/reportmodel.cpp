@@ -4,8 +4,8 @@
 
 #include <reportgenerator/reportbase/rgexception.h>
 
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QStringList>

@@ -2,7 +2,8 @@
 
 #include <reportcore/areapoints.h>
 #include <reportcore/exporting/feature.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 #include <stdexcept>

@@ -2,7 +2,8 @@
 #define REPORTCORE_DOUBTING_DOUBTING_H
 
 #include <reportcore/doubts.h>
-#include <reportcore/fieldpath.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 namespace ReportCore {
 

@@ -1,10 +1,11 @@
 #include <reportcore/doubting/doubting.h>
 
 #include <reportcore/areapoints.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/ring.h>
 #include <reportcore/spots.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <cstddef>
 

@@ -1,10 +1,11 @@
 #include <reportcore/doubting/doubting.h>
 
 #include <reportcore/form.h>
-#include <reportcore/nearname.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
 #include <reportcore/xmlelements.h>
+
+#include <reportgenerator/reflection/nearname.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QXmlStreamReader>
 

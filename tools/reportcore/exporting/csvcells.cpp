@@ -2,7 +2,8 @@
 
 #include <reportcore/exporting/feature.h>
 #include <reportcore/filenames.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <algorithm>
 

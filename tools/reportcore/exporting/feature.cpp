@@ -1,8 +1,9 @@
 #include <reportcore/exporting/feature.h>
 
 #include <reportcore/areapoints.h>
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportCore {
 

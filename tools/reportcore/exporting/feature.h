@@ -2,9 +2,9 @@
 #define REPORTCORE_EXPORTING_FEATURE_H
 
 #include <reportcore/exporting/geometry.h>
-#include <reportcore/field.h>
-#include <reportcore/fieldpath.h>
 
+#include <reportgenerator/reflection/field.h>
+#include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QString>

@@ -1,7 +1,8 @@
 #include <reportcore/exporting/formats.h>
 
 #include <reportcore/jsonwriting.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

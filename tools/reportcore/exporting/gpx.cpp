@@ -2,7 +2,7 @@
 #include <reportcore/exporting/latebytes.h>
 #include <reportcore/exporting/xmlpieces.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QStringList>
 

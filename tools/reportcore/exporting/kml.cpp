@@ -1,7 +1,7 @@
 #include <reportcore/exporting/formats.h>
 #include <reportcore/exporting/xmlpieces.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportCore {
 

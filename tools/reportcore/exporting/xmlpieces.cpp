@@ -1,6 +1,6 @@
 #include <reportcore/exporting/xmlpieces.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 namespace ReportCore {
 

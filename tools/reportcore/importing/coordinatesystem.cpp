@@ -1,6 +1,6 @@
 #include <reportcore/importing/coordinatesystem.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QRegularExpression>
 

@@ -3,9 +3,9 @@
 #include <reportcore/exporting/feature.h>
 #include <reportcore/importing/coordinatesystem.h>
 #include <reportcore/importing/decimalcomma.h>
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
 
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 #include <QtCore/QtEndian>

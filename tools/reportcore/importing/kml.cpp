@@ -1,6 +1,6 @@
 #include <reportcore/importing/importing.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QStringList>
 #include <QtCore/QXmlStreamReader>

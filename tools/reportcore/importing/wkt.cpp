@@ -1,7 +1,8 @@
 #include <reportcore/importing/wktreader.h>
 
 #include <reportcore/importing/coordinatesystem.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QRegularExpression>
 

@@ -1,8 +1,9 @@
 #include <reportcore/losing/lostvalues.h>
 
-#include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <cmath>
 

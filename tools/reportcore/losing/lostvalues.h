@@ -1,8 +1,9 @@
 #ifndef REPORTCORE_LOSING_LOSTVALUES_H
 #define REPORTCORE_LOSING_LOSTVALUES_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/losses.h>
+
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <vector>
 

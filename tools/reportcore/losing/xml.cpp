@@ -3,11 +3,12 @@
 #include <reportcore/doubts.h>
 #include <reportcore/form.h>
 #include <reportcore/losing/lostvalues.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/spots.h>
-#include <reportcore/texts.h>
 #include <reportcore/xmlelements.h>
 #include <reportcore/xmlwalk.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QXmlStreamReader>
 

@@ -1,7 +1,8 @@
 #include <reportcore/reading/plaintext.h>
 
 #include <reportcore/reading/bytes.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #ifndef REPORTCORE_READING_PLAINTEXT_H
 #define REPORTCORE_READING_PLAINTEXT_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QByteArray>
 

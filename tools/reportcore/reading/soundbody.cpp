@@ -2,8 +2,8 @@
 
 #include <reportcore/byterange.h>
 #include <reportcore/reading/bytes.h>
-#include <reportcore/reportfields.h>
 
+#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 
 #include <algorithm>

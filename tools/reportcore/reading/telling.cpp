@@ -1,6 +1,6 @@
 #include <reportcore/reading/telling.h>
 
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 #include <unordered_set>

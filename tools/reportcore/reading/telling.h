@@ -1,11 +1,11 @@
 #ifndef REPORTCORE_READING_TELLING_H
 #define REPORTCORE_READING_TELLING_H
 
-#include <reportcore/fieldpath.h>
 #include <reportcore/problem.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/spots.h>
 
+#include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QString>

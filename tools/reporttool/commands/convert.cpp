@@ -14,7 +14,8 @@
 #include <reportcore/jsonwriting.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportwriting.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

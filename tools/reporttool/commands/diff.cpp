@@ -9,8 +9,9 @@
 #include <reportcore/differences.h>
 #include <reportcore/files.h>
 #include <reportcore/jsonwriting.h>
-#include <reportcore/reportfields.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>

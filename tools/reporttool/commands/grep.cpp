@@ -5,8 +5,9 @@
 #include <reporttool/parser.h>
 
 #include <reportcore/condition.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <algorithm>
 

@@ -7,8 +7,8 @@
 #include <reportcore/files.h>
 #include <reportcore/importing/importing.h>
 #include <reportcore/reportwriting.h>
-#include <reportcore/texts.h>
 
+#include <reportgenerator/reflection/texts.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 #include <QtCore/QDir>

@@ -7,11 +7,12 @@
 #include <reportcore/areapoints.h>
 #include <reportcore/exporting/csvcells.h>
 #include <reportcore/jsonwriting.h>
-#include <reportcore/reportfields.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportjson.h>
-#include <reportcore/texts.h>
-#include <reportcore/units.h>
+
+#include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/texts.h>
+#include <reportgenerator/reflection/units.h>
 
 #include <QtCore/QJsonDocument>
 

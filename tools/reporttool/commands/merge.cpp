@@ -7,8 +7,8 @@
 
 #include <reportcore/differences.h>
 #include <reportcore/files.h>
-#include <reportcore/reportfields.h>
 
+#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <algorithm>

@@ -10,7 +10,8 @@
 
 #include <reportcore/differences.h>
 #include <reportcore/files.h>
-#include <reportcore/reportfields.h>
+
+#include <reportgenerator/reflection/reportfields.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QHash>

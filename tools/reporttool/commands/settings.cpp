@@ -7,7 +7,8 @@
 #include <reportcore/files.h>
 #include <reportcore/form.h>
 #include <reportcore/jsonwriting.h>
-#include <reportcore/texts.h>
+
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

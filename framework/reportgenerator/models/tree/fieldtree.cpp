@@ -1,6 +1,6 @@
 #include <reportgenerator/models/tree/fieldtree.h>
 
-#include <reportcore/fieldtexts.h>
+#include <reportgenerator/reflection/fieldtexts.h>
 
 #include <algorithm>
 #include <iterator>

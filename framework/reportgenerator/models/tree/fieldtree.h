@@ -1,7 +1,7 @@
 #ifndef REPORTGENERATOR_MODELS_TREE_FIELDTREE_H
 #define REPORTGENERATOR_MODELS_TREE_FIELDTREE_H
 
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>

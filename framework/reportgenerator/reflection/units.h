@@ -1,5 +1,5 @@
-#ifndef REPORTCORE_UNITS_H
-#define REPORTCORE_UNITS_H
+#ifndef REPORTGENERATOR_REFLECTION_UNITS_H
+#define REPORTGENERATOR_REFLECTION_UNITS_H
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

@@ -1,5 +1,5 @@
-#ifndef REPORTCORE_FIELD_H
-#define REPORTCORE_FIELD_H
+#ifndef REPORTGENERATOR_REFLECTION_FIELD_H
+#define REPORTGENERATOR_REFLECTION_FIELD_H
 
 #include <reportgenerator/reportbase/descriptions/unit.h>
 #include <reportgenerator/reportbase/forms/field.h>

@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_DESCRIBEDVALUES_H
-#define REPORTCORE_DESCRIBEDVALUES_H
+#ifndef REPORTGENERATOR_REFLECTION_DESCRIBEDVALUES_H
+#define REPORTGENERATOR_REFLECTION_DESCRIBEDVALUES_H
 
-#include <reportcore/describedrecords.h>
+#include <reportgenerator/reflection/describedrecords.h>
 
 #include <reportgenerator/reportbase/records/checking.h>
 #include <reportgenerator/reportbase/records/storing.h>

@@ -1,4 +1,4 @@
-#include <reportcore/nearname.h>
+#include <reportgenerator/reflection/nearname.h>
 
 #include <algorithm>
 #include <cstddef>

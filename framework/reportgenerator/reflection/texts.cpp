@@ -1,4 +1,4 @@
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QLocale>
 

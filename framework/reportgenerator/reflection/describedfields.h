@@ -1,8 +1,8 @@
-#ifndef REPORTCORE_DESCRIBEDFIELDS_H
-#define REPORTCORE_DESCRIBEDFIELDS_H
+#ifndef REPORTGENERATOR_REFLECTION_DESCRIBEDFIELDS_H
+#define REPORTGENERATOR_REFLECTION_DESCRIBEDFIELDS_H
 
-#include <reportcore/describedobjects.h>
-#include <reportcore/describedvalues.h>
+#include <reportgenerator/reflection/describedobjects.h>
+#include <reportgenerator/reflection/describedvalues.h>
 
 namespace ReportCore {
 

@@ -1,5 +1,5 @@
-#ifndef REPORTCORE_TEXTS_H
-#define REPORTCORE_TEXTS_H
+#ifndef REPORTGENERATOR_REFLECTION_TEXTS_H
+#define REPORTGENERATOR_REFLECTION_TEXTS_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

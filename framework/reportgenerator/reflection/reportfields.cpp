@@ -1,6 +1,6 @@
-#include <reportcore/reportfields.h>
+#include <reportgenerator/reflection/reportfields.h>
 
-#include <reportcore/describedfields.h>
+#include <reportgenerator/reflection/describedfields.h>
 
 #include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
 

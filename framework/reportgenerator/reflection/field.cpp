@@ -1,9 +1,9 @@
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
-#include <reportcore/names.h>
-#include <reportcore/nearname.h>
-#include <reportcore/texts.h>
-#include <reportcore/units.h>
+#include <reportgenerator/reflection/names.h>
+#include <reportgenerator/reflection/nearname.h>
+#include <reportgenerator/reflection/texts.h>
+#include <reportgenerator/reflection/units.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
 

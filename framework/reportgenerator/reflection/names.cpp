@@ -1,4 +1,4 @@
-#include <reportcore/names.h>
+#include <reportgenerator/reflection/names.h>
 
 #include <QtCore/QStringList>
 

@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_NEARNAME_H
-#define REPORTCORE_NEARNAME_H
+#ifndef REPORTGENERATOR_REFLECTION_NEARNAME_H
+#define REPORTGENERATOR_REFLECTION_NEARNAME_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

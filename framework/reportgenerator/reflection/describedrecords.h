@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_DESCRIBEDRECORDS_H
-#define REPORTCORE_DESCRIBEDRECORDS_H
+#ifndef REPORTGENERATOR_REFLECTION_DESCRIBEDRECORDS_H
+#define REPORTGENERATOR_REFLECTION_DESCRIBEDRECORDS_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <reportgenerator/reportbase/records/recordaccess.h>
 #include <reportgenerator/reportbase/records/rows.h>

@@ -1,6 +1,6 @@
-#include <reportcore/units.h>
+#include <reportgenerator/reflection/units.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
-#include <reportcore/nearname.h>
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/nearname.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QStringList>
 

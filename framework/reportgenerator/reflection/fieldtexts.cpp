@@ -1,6 +1,6 @@
-#include <reportcore/fieldtexts.h>
+#include <reportgenerator/reflection/fieldtexts.h>
 
-#include <reportcore/texts.h>
+#include <reportgenerator/reflection/texts.h>
 
 #include <QtCore/QStringList>
 

@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_DESCRIBEDOBJECTS_H
-#define REPORTCORE_DESCRIBEDOBJECTS_H
+#ifndef REPORTGENERATOR_REFLECTION_DESCRIBEDOBJECTS_H
+#define REPORTGENERATOR_REFLECTION_DESCRIBEDOBJECTS_H
 
-#include <reportcore/describedvalues.h>
+#include <reportgenerator/reflection/describedvalues.h>
 
 namespace ReportCore {
 

@@ -1,8 +1,8 @@
-#ifndef REPORTCORE_REPORTFIELDS_H
-#define REPORTCORE_REPORTFIELDS_H
+#ifndef REPORTGENERATOR_REFLECTION_REPORTFIELDS_H
+#define REPORTGENERATOR_REFLECTION_REPORTFIELDS_H
 
-#include <reportcore/field.h>
-#include <reportcore/fieldpath.h>
+#include <reportgenerator/reflection/field.h>
+#include <reportgenerator/reflection/fieldpath.h>
 
 #include <functional>
 

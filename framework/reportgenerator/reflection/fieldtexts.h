@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_FIELDTEXTS_H
-#define REPORTCORE_FIELDTEXTS_H
+#ifndef REPORTGENERATOR_REFLECTION_FIELDTEXTS_H
+#define REPORTGENERATOR_REFLECTION_FIELDTEXTS_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QString>
 

@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_FIELDPATH_H
-#define REPORTCORE_FIELDPATH_H
+#ifndef REPORTGENERATOR_REFLECTION_FIELDPATH_H
+#define REPORTGENERATOR_REFLECTION_FIELDPATH_H
 
-#include <reportcore/field.h>
+#include <reportgenerator/reflection/field.h>
 
 #include <QtCore/QString>
 #include <QtCore/QVarLengthArray>
