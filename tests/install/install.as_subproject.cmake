@@ -28,10 +28,10 @@ foreach(name IN LISTS names)
         message(FATAL_ERROR \"\${name} was \${before_\${name}} and is \${after}\")
     endif()
 endforeach()
-# What is new bears a name of the project, or comes from CMake itself and from Qt.
+# What is new bears a name of the project, or comes from CMake itself and from Qt, which looks for threads and atomics.
 get_cmake_property(newNames CACHE_VARIABLES)
 list(REMOVE_ITEM newNames \${names})
-list(FILTER newNames EXCLUDE REGEX \"^(REPORTGENERATOR_|ReportGenerator_|FETCHCONTENT_|CMAKE_(INSTALL|PROJECT)_|_GNUInstallDirs_|Qt|QT_)\")
+list(FILTER newNames EXCLUDE REGEX \"^(REPORTGENERATOR_|ReportGenerator_|FETCHCONTENT_|CMAKE_(INSTALL|PROJECT|HAVE)_|FIND_PACKAGE_MESSAGE_DETAILS_|HAVE_STDATOMIC|_GNUInstallDirs_|Qt|QT_)\")
 if(newNames)
     message(FATAL_ERROR \"in the parent's cache: \${newNames}\")
 endif()
