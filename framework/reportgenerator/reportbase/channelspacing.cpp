@@ -2,6 +2,7 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 
 #include <algorithm>
 
@@ -20,6 +21,7 @@ struct ChannelSpacing::Description
     static constexpr auto SAME_DISTANCE =
         ElementField(&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(VISUAL, SAME_DISTANCE);
+    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 
     static constexpr Name VALUE = REPORTBASE_NAME("Value");
     static constexpr NumberFormat VALUE_FORMAT = {};

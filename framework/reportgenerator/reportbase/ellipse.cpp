@@ -2,6 +2,7 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
@@ -20,6 +21,7 @@ struct Ellipse::Description
     static constexpr auto ROTATION =
         ElementField(&Ellipse::m_rotation, REPORTBASE_NAME("Rotation")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(MIN_RADIUS, MAX_RADIUS, ROTATION);
+    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
 Ellipse::Ellipse()

@@ -2,6 +2,7 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
@@ -18,6 +19,7 @@ struct FrequencyRangeOld::Description
     static constexpr auto STOP =
         ElementField(&FrequencyRangeOld::m_stopFrequency, REPORTBASE_NAME("StopFrequency")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(START, STOP);
+    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
 FrequencyRangeOld::FrequencyRangeOld()

@@ -3,6 +3,7 @@
 #include <reportgenerator/reportbase/forms/wirefacts.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
@@ -19,6 +20,7 @@ struct ScanParameter::Description
     static constexpr auto DWELL = ElementField(&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"));
     static constexpr auto HOLD = ElementField(&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"));
     static constexpr auto FIELDS = std::make_tuple(STEP, DWELL, HOLD);
+    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
 ScanParameter::ScanParameter()

@@ -2,6 +2,7 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
@@ -11,6 +12,7 @@ struct ValueMinMax::Description
     static constexpr auto MAX = AttributeField(&ValueMinMax::m_max, REPORTBASE_NAME("Max"));
     static constexpr auto VALUE = TextField(&ValueMinMax::m_value, REPORTBASE_NAME("Value")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(MIN, MAX, VALUE);
+    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
 ValueMinMax::ValueMinMax() : ValueMinMax(INVALID_DOUBLE) {}

@@ -14,20 +14,6 @@ namespace REPORTGENERATOR {
 // The raw form: the flag byte, then the rows in the order of their bits as plain stream values. The version
 // has no bit and stands in front.
 
-constexpr int BIT_OF_VERSION = -1;
-
-template <class Row>
-constexpr int BitOf(const Row& row)
-{
-    return row.setBy.bit;
-}
-
-template <class Data>
-constexpr int BitOf(const FormatVersion<Data>& /*row*/)
-{
-    return BIT_OF_VERSION;
-}
-
 template <class Visit, class... Rows>
 void ForEachRowByBit(const std::tuple<Rows...>& rows, Visit&& visit)
 {

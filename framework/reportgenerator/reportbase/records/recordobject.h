@@ -7,6 +7,7 @@
 #include <reportgenerator/reportbase/records/directroads.h>
 #include <reportgenerator/reportbase/records/raw.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 #include <reportgenerator/reportbase/records/settingsof.h>
 #include <reportgenerator/reportbase/records/tagged.h>
 #include <reportgenerator/reportbase/records/xmlreading.h>
@@ -20,6 +21,7 @@ const long long RecordObject<Data, Holder>::id = Description<Data>::ID;
 template <class Data>
 const ObjectIdentity& ClassIdentity()
 {
+    schema::Check<Data>();
     static const ObjectIdentity identity = {AnyType, Description<Data>::ID, Description<Data>::NAME.Text(),
                                             &DirectRoadOf<typename Description<Data>::Object>::ROAD, false};
     return identity;

@@ -65,6 +65,20 @@ const Data& FreshRecord()
 
 // Flags
 
+constexpr int BIT_OF_VERSION = -1;
+
+template <class Row>
+constexpr int BitOf(const Row& row)
+{
+    return row.setBy.bit;
+}
+
+template <class Data>
+constexpr int BitOf(const FormatVersion<Data>& /*row*/)
+{
+    return BIT_OF_VERSION;
+}
+
 template <class Data>
 void SetFlag(Data& data, Flagged setBy)
 {
