@@ -2,7 +2,7 @@
 """Follows the links of a site, and of the pages in the source tree.
 
     links.py site FOLDER     every link leads to a file and an anchor of the site, and nothing is loaded from elsewhere
-    links.py tree FOLDER     every link of README.md, CHANGELOG.md, docs/ and examples/ leads somewhere in the tree
+    links.py tree FOLDER     every link of the pages at the top, in docs/ and examples/ leads somewhere in the tree
 
 Prints a line for each that doesn't, and fails when there is one.
 """
@@ -96,7 +96,7 @@ def tree_anchors(path):
 def check_tree(folder):
     problems = []
     links = []
-    pages = [folder / "README.md", folder / "CHANGELOG.md", *(folder / "docs").rglob("*.md"),
+    pages = [*folder.glob("*.md"), *(folder / "docs").rglob("*.md"),
              *(folder / "examples").rglob("*.md")]
     for page in pages:
         def collect(line, page=page):

@@ -57,10 +57,10 @@ QString Page(const char* name)
     return ReadFile(InTree(Text("docs/") + Text(name)));
 }
 
-/// README and all pages, by their places in the tree.
+/// All pages, by their places in the tree.
 QStringList Pages()
 {
-    QStringList pages = {Text("README.md")};
+    QStringList pages = QDir(InTree(QString())).entryList({Text("*.md")});
     for (const QString& name : QDir(InTree(Text("docs"))).entryList({Text("*.md")}))
         pages << Text("docs/") + name;
     return pages;
@@ -231,13 +231,6 @@ TEST(Documentation, ExamplesOfTheBinaryFormsAreGoldenVectors)
     const QString vectors = Text(REPORTGENERATOR_TEST_VECTORS "/reportbase/frequency_bandwidth_area");
     EXPECT_EQ(examples[0] + Text("\n"), ReadFile(vectors + Text(".hex")));
     EXPECT_EQ(examples[1] + Text("\n"), ReadFile(vectors + Text(".raw.hex")));
-}
-
-TEST(Documentation, ReadmeShowsTheReportWriterAsItStands)
-{
-    const QStringList programs = Blocks(ReadFile(InTree(Text("README.md"))), "cpp");
-    ASSERT_FALSE(programs.isEmpty());
-    EXPECT_EQ(programs.first() + Text("\n"), ReadFile(InTree(Text("examples/report-writer/main.cpp"))));
 }
 
 TEST(Documentation, OtherLinesOfTheReadmeStandInWhatIsCompiledElsewhere)

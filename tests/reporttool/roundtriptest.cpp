@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+
 namespace {
 
 using ToolTest::Scratch;
@@ -55,6 +58,30 @@ TEST(RoundTripExample, TakesAReportDownTheWholeRoad)
     EXPECT_TRUE(lines.at(3).endsWith(QStringLiteral("  yes")));
     EXPECT_TEXT(lines.at(4), "a.xml   binary file        82  yes");
     EXPECT_TEXT(lines.at(5), QStringLiteral("a.xml   XML                %1  yes").arg(SavedSize(59, 3)));
+}
+
+TEST(RoundTripExample, PrintsWhatTheReadmeShows)
+{
+    const QString examples = QStringLiteral(REPORTGENERATOR_TEST_EXAMPLES);
+    QFile readme(examples + QStringLiteral("/../README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QString page = QString::fromUtf8(readme.readAll());
+    const auto start = page.indexOf(QStringLiteral("\nreport "));
+    QStringList shown = page.mid(start + 1, page.indexOf(QStringLiteral("\n...\n"), start) - start - 1)
+                            .split(QLatin1Char('\n'));
+    ASSERT_EQ(shown.size(), 6);
+
+    QStringList paths;
+    for (const QString& name :
+         QDir(examples + QStringLiteral("/reports")).entryList({QStringLiteral("*.xml")}))
+        paths << examples + QStringLiteral("/reports/") + name;
+    QStringList printed = RunRoundTrip(paths).Output().split(QLatin1Char('\n')).mid(0, shown.size());
+#ifdef Q_OS_WIN
+    // The saved report has one byte more for each line.
+    printed.removeLast();
+    shown.removeLast();
+#endif
+    EXPECT_EQ(printed, shown);
 }
 
 TEST(RoundTripExample, TellsWhenAFormChangesTheReport)
