@@ -39,7 +39,7 @@ class ReportGeneratorRecipe(ConanFile):
 
     def export_sources(self):
         for part in ("CMakeLists.txt", "README.md", "CHANGELOG.md", "cmake/*", "docs/*", "examples/*", "framework/*",
-                     "schemas/*", "tools/*"):
+                     "schemas/*"):
             copy(self, part, src=self._tree, dst=self.export_sources_folder)
 
     def requirements(self):
