@@ -1,10 +1,14 @@
-#include <pybind11/pybind11.h>
-
-#include <reportgenerator/reportbase/reportbase.h>
-
-namespace py = pybind11;
+#include "classes.h"
+#include "errors.h"
 
 PYBIND11_MODULE(_reportgenerator, module)
 {
-    py::class_<REPORTGENERATOR::ReportBase>(module, "ReportBase").def(py::init<>());
+    module.doc() = "The library's classes; the package `reportgenerator` offers them.";
+    pybind11::options options;
+    options.disable_function_signatures();
+    Python::RegisterErrors();
+    Python::BindBase(module);
+    Python::BindClasses(module);
+    Python::BindVocabularies(module);
+    Python::BindConverters(module);
 }

@@ -61,28 +61,28 @@ QString FindLossOf(const IRGObject& written, const IRGObject& read, const Object
     return QString();
 }
 
-QByteArray Write(const ReportBase& report, const FileForm& form, int level)
+QByteArray Write(const IRGObject& object, const FileForm& form, int level)
 {
     if (form.form == Form::Xml)
-        return report.GetXmlString().toUtf8();
+        return object.GetXmlString().toUtf8();
     const QByteArray representation = form.form == Form::Compressed
-                                          ? report.GetCompressedBinaryRepresentationAsQByteArray(level)
-                                          : report.GetBinaryRepresentationAsQByteArray();
+                                          ? object.GetCompressedBinaryRepresentationAsQByteArray(level)
+                                          : object.GetBinaryRepresentationAsQByteArray();
     return form.isBinaryFile ? BinaryFile(representation) : representation;
 }
 
 } // namespace
 
-QByteArray WriteReport(const ReportBase& report, const FileForm& form, int level)
+QByteArray WriteReport(const IRGObject& object, const FileForm& form, int level)
 {
-    report.SetValidate(true);
-    return Write(report, form, level);
+    object.SetValidate(true);
+    return Write(object, form, level);
 }
 
-QByteArray WriteUnchecked(const ReportBase& report, const FileForm& form, int level)
+QByteArray WriteUnchecked(const IRGObject& object, const FileForm& form, int level)
 {
-    report.SetValidate(false);
-    return Write(report, form, level);
+    object.SetValidate(false);
+    return Write(object, form, level);
 }
 
 QByteArray WriteWhole(const ReportBase& report, const FileForm& form, int level)

@@ -10,12 +10,12 @@
 
 namespace ReportCore {
 
-/// Writes a good report in the given form. `level` is for compressed forms: zlib's, 0 to 9, or -1 for its
+/// Writes a good report, or another object, in the given form. `level` is for compressed forms: zlib's, 0 to 9, or -1 for its
 /// default. Throws `RGException`.
-QByteArray WriteReport(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+QByteArray WriteReport(const REPORTGENERATOR::IRGObject& object, const FileForm& form, int level);
 
-/// Writes any report, good or not. Throws `RGException` where the form has no way to say it.
-QByteArray WriteUnchecked(const REPORTGENERATOR::ReportBase& report, const FileForm& form, int level);
+/// Writes any, good or not. Throws `RGException` where the form has no way to say it.
+QByteArray WriteUnchecked(const REPORTGENERATOR::IRGObject& object, const FileForm& form, int level);
 
 /// A report that a form doesn't take; the text is for people.
 struct NotWritten

@@ -1,7 +1,99 @@
-"""Reports of a radio-monitoring system: objects, forms, checks."""
+"""Reports of a radio-monitoring system: objects with checked fields, their forms, and their checks.
+
+    >>> import reportgenerator as rg
+    >>> report = rg.ReportBase(frequency=rg.Frequency(value=121_500_000.0))
+    >>> rg.ReportBase.from_bytes(report.to_bytes("compressed")) == report
+    True
+
+A property is None while it is not set, and `del` unsets it. An object that is a property of another one is a part of it:
+changing it changes the other one. What a setter refuses is a `ReportError` and a `ValueError`.
+
+Objects may be used by several threads as Python's own may. What they warn of goes to the logger "reportgenerator" of the
+module `logging`.
+"""
 
 from __future__ import annotations
 
-from ._reportgenerator import ReportBase
+import logging as _logging
 
-__all__ = ["ReportBase"]
+from . import converters
+from ._errors import (
+    BinaryParsingError,
+    ConversionFailure,
+    FormError,
+    IncompleteDefinitionError,
+    InterfaceAlreadyRegisteredError,
+    InterfaceNotSupportedError,
+    InvalidXmlError,
+    OutOfRangeError,
+    RefusedError,
+    ReportError,
+)
+from ._files import check, read
+from ._problems import Problem
+from ._reportgenerator import (
+    Area,
+    ChannelSpacing,
+    Coordinate,
+    Double,
+    Ellipse,
+    Frequency,
+    FrequencyInformation,
+    FrequencyListValue,
+    FrequencyRangeOld,
+    IFBandwidth,
+    IRGObject,
+    MeasurementTime,
+    ReportBase,
+    ScanParameter,
+    ValueMinMax,
+)
+from ._vocabularies import (
+    MeasurementMode,
+    MeasurementType,
+    ObjectType,
+    ResourceType,
+    SubSensorType,
+    TaskType,
+)
+
+# What nobody wants to have is not printed.
+_logging.getLogger("reportgenerator").addHandler(_logging.NullHandler())
+
+__all__ = [
+    "Area",
+    "BinaryParsingError",
+    "ChannelSpacing",
+    "ConversionFailure",
+    "Coordinate",
+    "Double",
+    "Ellipse",
+    "FormError",
+    "Frequency",
+    "FrequencyInformation",
+    "FrequencyListValue",
+    "FrequencyRangeOld",
+    "IFBandwidth",
+    "IRGObject",
+    "IncompleteDefinitionError",
+    "InterfaceAlreadyRegisteredError",
+    "InterfaceNotSupportedError",
+    "InvalidXmlError",
+    "MeasurementMode",
+    "MeasurementTime",
+    "MeasurementType",
+    "ObjectType",
+    "OutOfRangeError",
+    "Problem",
+    "RefusedError",
+    "ReportBase",
+    "ReportError",
+    "ResourceType",
+    "ScanParameter",
+    "SubSensorType",
+    "TaskType",
+    "ValueMinMax",
+    "check",
+    "converters",
+    "read",
+]
