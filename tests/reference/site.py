@@ -5,6 +5,7 @@
 """
 
 import pathlib
+import re
 import shutil
 import sqlite3
 import subprocess
@@ -52,6 +53,10 @@ def main():
     expect("page_schemas.html", 'href="page_binary.html"')
     for page in (make.ROOT / "docs").glob("*.md"):
         expect(f"{make.label(page.stem, '')}.html", "</html>")
+    # Below the pages the side tree has three entries, and not every function.
+    tree = re.findall(r'^    \[ "([^"]*)"', (SCRATCH / "html/navtreedata.js").read_text("utf-8"), re.M)
+    if tree[tree.index("Changes") + 1:] != ["Classes", "Namespaces", "Headers"]:
+        fail(f"the side tree begins with {tree}")
     # It is the same wherever it is made.
     for path in (SCRATCH / "html").rglob("*"):
         if path.is_file() and str(make.ROOT).encode() in path.read_bytes():
