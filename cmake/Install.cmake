@@ -31,6 +31,15 @@ foreach(program IN ITEMS reporttool reportpicture reportviewer)
     endif()
 endforeach()
 
+# --- The driver for GDAL, in a folder of plug-ins beside the libraries. It has one name, so the build for Qt 5 brings it.
+
+if(TARGET ogr_REPORTS AND REPORTGENERATOR_QT_MAJOR STREQUAL "5")
+    set_target_properties(ogr_REPORTS PROPERTIES INSTALL_RPATH "$ORIGIN/..")
+    install(TARGETS ogr_REPORTS
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/gdalplugins"
+        COMPONENT gdal)
+endif()
+
 # --- Manual pages and completion for shells, each where those look who read them
 
 if(TARGET pages_reporttool${REPORTGENERATOR_FILE_SUFFIX})

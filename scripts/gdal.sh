@@ -1,10 +1,9 @@
 # shellcheck shell=bash
-# Part of ./dev: other programs that read what ours writes.
+# Part of ./dev: GDAL with the driver for reports, and other programs that read what ours writes.
 
 command_gdal() {
     (($# == 0)) || fail "gdal takes no arguments"
-    need gdal-bin
     build dev
-    say "Having GDAL read what reporttool exports, and convert what it doesn't import"
+    say "Testing the driver for GDAL, and what GDAL reads and converts"
     run ctest --preset dev -R "^gdal[.]"
 }
