@@ -3,7 +3,7 @@
 
 command_databases() {
     (($# == 0)) || fail "databases takes no arguments"
-    need gdal-bin postgresql-15-postgis-3 python3-venv
+    need postgresql-15-postgis-3 postgresql-15-ogr-fdw python3-geopandas python3-venv
     local folder=build/databases
     if [[ ! -x $folder/bin/duckdb ]]; then
         run /usr/bin/python3 -m venv "$folder"
@@ -11,6 +11,6 @@ command_databases() {
         run "$folder/bin/pip" install --quiet --no-deps duckdb-cli==1.5.5 duckdb-extension-spatial==1.5.5
     fi
     build dev
-    say "Running the commands of docs/spatial-databases.md"
+    say "Running the commands of docs/spatial-databases.md and docs/gdal.md"
     run ctest --preset dev -R "^databases[.]"
 }

@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
-# Runs a command where a PostgreSQL server with PostGIS, GDAL's programs and DuckDB are at hand. The server is one of its own,
-# without a port, and ends with the command.
+# Runs a command where a PostgreSQL server with PostGIS and ogr_fdw, GDAL's programs with the driver for reports, geopandas and
+# DuckDB are at hand. The server is one of its own, without a port, and ends with the command.
 #
-#     withprograms.sh DUCKDB FOLDER COMMAND...
+#     withprograms.sh DUCKDB BUILD FOLDER COMMAND...
 #
-# DUCKDB is the environment of Python that DuckDB and its extension are installed in; all else is written to FOLDER.
+# DUCKDB is the environment of Python that DuckDB and its extension are installed in, BUILD the build tree that the driver is
+# installed from; all else is written to FOLDER.
 set -euo pipefail
 
 duckdb="$1"
-folder="$2"
-shift 2
+build="$2"
+folder="$3"
+shift 3
 
 # Says which program is missing; the test counts as skipped then.
 skip() {
@@ -20,12 +22,14 @@ skip() {
 server=""
 for programs in /usr/lib/postgresql/*/bin; do
     version="$(basename "$(dirname "$programs")")"
-    if [[ -x $programs/initdb && -e /usr/share/postgresql/$version/extension/postgis.control ]]; then
+    extensions="/usr/share/postgresql/$version/extension"
+    if [[ -x $programs/initdb && -e $extensions/postgis.control && -e $extensions/ogr_fdw.control ]]; then
         server="$programs"
     fi
 done
-[[ -n $server ]] || skip "PostGIS is not there"
+[[ -n $server ]] || skip "PostGIS with ogr_fdw is not there"
 command -v ogr2ogr ogrinfo >/dev/null || skip "GDAL is not there"
+/usr/bin/python3 -c "import fiona, geopandas" 2>/dev/null || skip "geopandas is not there"
 [[ -x $duckdb/bin/duckdb ]] || skip "DuckDB is not there"
 extension="$(find "$duckdb" -name spatial.duckdb_extension -print -quit)"
 [[ -n $extension ]] || skip "DuckDB's extension spatial is not there"
@@ -45,6 +49,14 @@ fi
 if ((${#cluster} > 80)) || ! "${as_owner[@]}" test -w "$cluster"; then
     cluster="$("${as_owner[@]}" mktemp --directory)"
 fi
+
+# Where the server's user can read it, too.
+cmake --install "$build" --component runtime --prefix "$cluster/driver" >/dev/null
+cmake --install "$build" --component gdal --prefix "$cluster/driver" >/dev/null
+driver="$(find "$cluster/driver" -name ogr_REPORTS.so -print -quit)"
+[[ -n $driver ]] || skip "the driver for reports is not there"
+GDAL_DRIVER_PATH="$(dirname "$driver")"
+export GDAL_DRIVER_PATH
 
 stop() {
     (cd / && "${as_owner[@]}" "$server/pg_ctl" --pgdata "$cluster/data" --mode immediate stop >/dev/null 2>&1) || true

@@ -3,8 +3,8 @@
 //     $ reporttool check lake.xml
 //     lake.xml:6:13: ...
 //
-// Each is run in a folder that holds the examples, one after the other as they stand on the page. Fenced SQL that begins
-// with the name of a file, "-- report.sql", is written to it in its turn.
+// Each is run in a folder that holds the examples, one after the other as they stand on the page. Fenced SQL or Python that
+// begins with the name of a file, "-- report.sql" or "# map.py", is written to it in its turn.
 
 #include "toolrun.h"
 
@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 #include <vector>
 
 #ifndef Q_OS_WIN
@@ -40,13 +41,23 @@ bool IsCode(const QString& line)
     return line.startsWith(QString(INDENT, QLatin1Char(' ')));
 }
 
-/// Writes the SQL that begins in the line behind a fence.
+/// The file that the text behind a fence is to be written to; empty where it names none.
+QString FileOf(const QString& fence, const QString& first)
+{
+    for (const auto& [language, mark] : {std::pair("```sql", "-- "), std::pair("```python", "# ")}) {
+        if (fence == QLatin1String(language) && first.startsWith(QLatin1String(mark)))
+            return first.section(QLatin1Char(' '), 1);
+    }
+    return QString();
+}
+
+/// Writes the text that begins in the line behind a fence.
 Shown WritingOf(const QStringList& lines, int first)
 {
     const QString end = QStringLiteral("```");
-    const QString file = lines.at(first).section(QStringLiteral("-- "), 1);
-    const QStringList sql = lines.mid(first, lines.indexOf(end, first) - first);
-    return {QStringLiteral("cat >%1 <<'%2'\n%3\n%2").arg(file, end, sql.join(QLatin1Char('\n'))), {}, first};
+    const QString file = FileOf(lines.at(first - 1), lines.at(first));
+    const QStringList text = lines.mid(first, lines.indexOf(end, first) - first);
+    return {QStringLiteral("cat >%1 <<'%2'\n%3\n%2").arg(file, end, text.join(QLatin1Char('\n'))), {}, first};
 }
 
 /// The commands in indented blocks that begin with one. Blocks between fences are of other languages.
@@ -60,7 +71,7 @@ std::vector<Shown> CommandsOf(const QString& page)
         const QString& line = lines.at(i);
         if (line.startsWith(QLatin1String("```")))
             isFenced = !isFenced;
-        if (line == QLatin1String("```sql") && lines.value(i + 1).startsWith(QLatin1String("-- ")))
+        if (!FileOf(line, lines.value(i + 1)).isEmpty())
             commands.push_back(WritingOf(lines, i + 1));
         if (isFenced)
             continue;
@@ -79,6 +90,12 @@ std::vector<Shown> CommandsOf(const QString& page)
     return commands;
 }
 
+/// tests/databases/ sets it, where they are all there.
+bool HasDatabases()
+{
+    return qEnvironmentVariableIsSet("REPORTGENERATOR_TEST_DATABASES");
+}
+
 /// A folder with the examples and the program.
 class PageFolder
 {
@@ -95,6 +112,11 @@ public:
         }
         EXPECT_TRUE(
             QFile::link(QStringLiteral(REPORTGENERATOR_TEST_REPORTTOOL), m_programs.Path("reporttool")));
+        // A server reads reports there, as its own user.
+        QFile::Permissions permissions = QFile::permissions(m_scratch.Folder());
+        if (HasDatabases())
+            permissions |= QFile::ReadOther | QFile::ExeOther;
+        EXPECT_TRUE(QFile::setPermissions(m_scratch.Folder(), permissions));
     }
 
     /// Runs a command behind one that ended with the exit code before; output and errors are one.
@@ -133,9 +155,8 @@ bool CanRun(const QString& command)
 {
     if (IsOfOneOf(command, {"file", "man"}))
         return false;
-    // tests/databases/ sets it, where they are all there.
-    const bool hasDatabases = qEnvironmentVariableIsSet("REPORTGENERATOR_TEST_DATABASES");
-    if (!hasDatabases && IsOfOneOf(command, {"createdb", "duckdb", "ogr2ogr", "ogrinfo", "psql"}))
+    if (!HasDatabases() &&
+        IsOfOneOf(command, {"createdb", "duckdb", "ogr2ogr", "ogrinfo", "psql", "/usr/bin/python3"}))
         return false;
 #    ifndef REPORTGENERATOR_TEST_DRAWS
     if (command.contains(QLatin1String("--to png")))
@@ -170,6 +191,13 @@ TEST(ToolPages, TheCommandsOfTheToolsPagePrintWhatItShows)
 TEST(ToolPages, TheCommandsOfThePageOnDatabasesPrintWhatItShows)
 {
     ExpectPageIsTrue("docs/spatial-databases.md", 30);
+}
+
+TEST(ToolPages, TheCommandsOfThePageOnGdalPrintWhatItShows)
+{
+    if (!HasDatabases())
+        GTEST_SKIP() << "./dev databases runs it";
+    ExpectPageIsTrue("docs/gdal.md", 15);
 }
 
 } // namespace
