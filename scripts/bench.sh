@@ -3,6 +3,11 @@
 
 # Measures into files, and makes tables of them. The figures in docs/ are those of whole runs.
 command_bench() {
+    if [[ ${1:-} == --python ]]; then
+        shift
+        bench_python "$@"
+        return
+    fi
     local measure=(--benchmark_repetitions=7 --benchmark_min_time=0.02) figures=() files=() whole=1 update=0
     local library=1 tool=1
     while (($# > 0)); do

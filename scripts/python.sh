@@ -21,8 +21,35 @@ install_python() {
 # Arguments go to pytest.
 test_python() {
     say "Installing the package"
-    install_python test
+    need openjdk-17-jre-headless
+    install_python test,engines
     say "Testing the package"
     run env "REPORTGENERATOR_TEST_TREE=$root" "$python_folder/venv/bin/python" -m pytest \
         -o "cache_dir=$root/$python_folder/pytest" python/tests "$@"
+}
+
+# What the package does with a million reports, beside the C++ library and others.
+bench_python() {
+    local measure=() results=build/bench/results
+    while (($# > 0)); do
+        case "$1" in
+            --quick) measure+=(--reports 20000 --repetitions 3) ;;
+            --reports)
+                (($# >= 2)) || fail "--reports takes a number"
+                measure+=(--reports "$2")
+                shift
+                ;;
+            *) fail "bench --python does not know '$1'" ;;
+        esac
+        shift
+    done
+    need openjdk-17-jre-headless protobuf-compiler
+    build release --target reporttool
+    build bench --target reportbase_reading
+    install_python engines
+    mkdir -p "$results"
+    say "Measuring; a whole run takes half an hour"
+    run "$python_folder/venv/bin/python" python/bench/columns.py --reading build/bench/bin/reportbase_reading \
+        --tool build/release/bin/reporttool --proto bench/peers/report.proto --json "$results/python.json" "${measure[@]}"
+    say "Figures: $results/python.json"
 }
