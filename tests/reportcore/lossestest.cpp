@@ -218,11 +218,11 @@ TEST(Losses, AreTheSameHoweverTheReportWasRead)
         if (seed % 3 == 0)
             bytes = Support::Mutated(bytes, choices);
         ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
-        if (!file.hasPlainText)
+        if (!file.wasReadWhole)
             continue;
         ++plain;
         const auto quick = ReportCore::FindLosses(bytes, file);
-        file.hasPlainText = false;
+        file.wasReadWhole = false;
         const auto thorough = ReportCore::FindLosses(bytes, file);
         ASSERT_EQ(quick.size(), thorough.size())
             << seed << ": " << thorough.front().text.toStdString() << " in " << bytes.toStdString();

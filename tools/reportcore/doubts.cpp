@@ -36,9 +36,9 @@ bool HasOddNumber(const IRGObject& object, const ObjectInfo& info)
 /// Whether the bytes may hold something odd that isn't in the report.
 bool MayBeOdd(const QByteArray& bytes, const ReportFile& file, Look look)
 {
-    if (file.hasPlainText)
+    if (file.wasReadWhole)
         return false;
-    if (!file.wasReadAtOnce || !file.form.IsBinary())
+    if (!file.IsGood() || !file.form.IsBinary())
         return true;
     return look == Look::Thorough || bytes.size() <= BYTES_OF_QUICK_LOOK ||
            HasOddNumber(file.report, ReportInfo());

@@ -29,47 +29,11 @@ bool EndsReading(const Problem& problem)
     return IsOneOf(problem, {"RGException", "BinaryParsingException"});
 }
 
-using Index = decltype(QByteArray().size());
-
-bool IsXmlBlank(char character)
+/// Whether the report has all that its file says. What stands around an element in its document has not been read with it.
+bool IsWhole(const ReportFile& file)
 {
-    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
-}
-
-/// Whether blanks stand between two tags, and are not all that an element holds.
-bool AreBetweenTags(const QByteArray& bytes, Index begin, Index end)
-{
-    if (begin == 0 || end == bytes.size())
-        return true;
-    if (bytes.at(begin - 1) != '>' || bytes.at(end) != '<')
-        return false;
-    const Index tag = bytes.lastIndexOf('<', begin - 1);
-    return bytes.mid(end, 2) != "</" || bytes.mid(tag, 2) == "</";
-}
-
-/// Whether carriage returns do nothing but end lines between tags, as far as a quick look shows it.
-bool HasLineEndsOnly(const QByteArray& bytes)
-{
-    for (Index begin = bytes.indexOf('\r'); begin >= 0; begin = bytes.indexOf('\r', begin)) {
-        Index end = begin;
-        while (end < bytes.size() && IsXmlBlank(bytes.at(end)))
-            ++end;
-        while (begin > 0 && IsXmlBlank(bytes.at(begin - 1)))
-            --begin;
-        if (!AreBetweenTags(bytes, begin, end))
-            return false;
-        begin = end;
-    }
-    return true;
-}
-
-/// Whether the report has all that its file says, as far as its reading has told.
-bool IsWhole(const QByteArray& bytes, const ReportFile& file)
-{
-    if (!file.hasPlainText)
-        return false;
-    return file.form.IsBinary() ||
-           (file.objectName == REPORTGENERATOR::ReportBase::GetStaticObjectName() && HasLineEndsOnly(bytes));
+    return file.wasReadWhole &&
+           (file.form.IsBinary() || file.objectName == REPORTGENERATOR::ReportBase::GetStaticObjectName());
 }
 
 /// Where the bytes end that hold the fields.
@@ -125,7 +89,7 @@ Problems FindLosses(const QByteArray& bytes, const ReportFile& file)
         return {whole};
     }
     Problems losses;
-    if (!IsWhole(bytes, file))
+    if (!IsWhole(file))
         losses = file.form.IsBinary() ? FindBinaryLosses(bytes, file) : FindXmlLosses(bytes, file);
     std::stable_sort(losses.begin(), losses.end(), StandsBefore);
     AddProblems(bytes, file, losses);

@@ -26,6 +26,17 @@ Remarks RemarksOfCheck(const ReportBase& report, ProblemLogger& logger)
     return logger.Take();
 }
 
+bool TakeIfGood(const ReportBase& report, ReportFile& file)
+{
+    try {
+        report.Check(true);
+    } catch (const ReportException&) {
+        return false;
+    }
+    file.report = report;
+    return true;
+}
+
 ReportFile ReadReport(const QByteArray& bytes)
 {
     ReportFile file;
@@ -38,14 +49,14 @@ ReportFile ReadReport(const QByteArray& bytes)
                                                  : QStringLiteral("not a report in any known form")});
         break;
     case Form::Xml:
-        file.wasReadAtOnce = ReadXmlAtOnce(bytes, file);
-        if (!file.wasReadAtOnce)
+        file.wasReadWhole = ReadXmlWhole(bytes, file);
+        if (!file.wasReadWhole)
             ReadXmlWithPlaces(bytes, file);
         break;
     case Form::Plain:
     case Form::Compressed:
-        file.wasReadAtOnce = ReadBinaryAtOnce(bytes, file);
-        if (!file.wasReadAtOnce)
+        file.wasReadWhole = ReadBinaryWhole(bytes, file);
+        if (!file.wasReadWhole)
             ReadBinaryWithPlaces(bytes, file);
         break;
     }

@@ -26,12 +26,9 @@ struct ReportFile
     /// All that is wrong with it.
     Problems problems;
 
-    /// Whether it is good and the library had no reason to look twice at anything.
-    bool wasReadAtOnce = false;
-
-    /// Of what was read at once: whether the report's element or body says nothing that isn't in the report. Then all
-    /// elements and attributes are known, each comes once, and what reads as a number is one.
-    bool hasPlainText = false;
+    /// Whether it is good and the library's fast path has read all of its element or body, which then says nothing that
+    /// isn't in the report: all elements and attributes are known, each comes once, and what reads as a number is one.
+    bool wasReadWhole = false;
 
     bool IsGood() const { return problems.empty(); }
 };

@@ -45,7 +45,7 @@ QString WithFurther(const QString& line, std::size_t count)
 Reader::Reader(const std::string& name)
     : m_name(name), m_bytes(ReadBytes(name)), m_first(ReportCore::ReadReport(m_bytes))
 {
-    if (!m_first.wasReadAtOnce)
+    if (!m_first.wasReadWhole)
         m_document.emplace(m_bytes);
 }
 
@@ -56,7 +56,7 @@ REPORTGENERATOR::ReportBase Reader::Report(int index) const
     if (!file.IsGood())
         throw UnusableFile{TextOf(m_name),
                            WithFurther(ProblemLine(file.problems.front()), file.problems.size())};
-    if (file.hasPlainText)
+    if (file.wasReadWhole)
         return file.report;
     const Problems losses =
         FalseValues(isOnlyOne ? ReportCore::FindLosses(m_bytes, file) : m_document->LossesOf(index, file));

@@ -112,7 +112,8 @@ std::vector<ChosenReport> ReadForWriting(const QString& name, const QString& out
     const bool isReplaced = ReportCore::IsSameFile(name, output);
     return Read(name, bytes, choice, console,
                 [&](const ReportDocument* document, const ChosenReport& report) {
-                    return choice.discards ? Problems() : LossesOf(bytes, document, report, isReplaced);
+                    const bool isSettled = choice.discards && report.file.wasReadWhole;
+                    return isSettled ? Problems() : LossesOf(bytes, document, report, isReplaced);
                 });
 }
 
@@ -142,7 +143,9 @@ GoodReports ReadGoodReports(const QString& name, const QString& output, const Re
                             Console& console)
 {
     GoodReports good;
-    std::vector<ChosenReport> chosen = ReadForWriting(name, output, choice, console);
+    std::vector<ChosenReport> chosen = choice.discards
+                                           ? ReadChosen(name, ReportCore::ReadInput(name), choice, console)
+                                           : ReadForWriting(name, output, choice, console);
     good.areAll = !chosen.empty();
     for (ChosenReport& report : chosen) {
         for (const Problem& problem : report.file.problems)

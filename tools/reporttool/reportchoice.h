@@ -41,7 +41,8 @@ struct ChosenReport
     int number = 1;
     int count = 1; ///< of the reports in the file, where one or all are asked for
 
-    /// Of a report that is to be written: what of its file would get lost, and may not.
+    /// Of a report that is to be written: what of its file would get lost. Where that may happen, it isn't looked for in
+    /// what was read whole.
     ReportCore::Problems losses = {};
 };
 

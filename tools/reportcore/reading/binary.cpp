@@ -1,16 +1,17 @@
 #include <reportcore/reading/reading.h>
 
+#include <reportcore/byterange.h>
+#include <reportcore/files.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/faultlist.h>
-#include <reportcore/reading/soundbody.h>
 #include <reportcore/reading/telling.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/walk.h>
 
 #include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/frames/wholereading.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
-#include <QtCore/QBuffer>
 #include <QtCore/QDataStream>
 
 #include <algorithm>
@@ -59,19 +60,47 @@ void ReadBody(ReportBase& report, QIODevice& body)
     report.SetBinary(stream, length);
 }
 
-/// Nothing is wrong with the lengths. The library takes a plain representation as it is; what has been uncompressed
-/// isn't uncompressed again. Returns whether it was a representation.
-bool ReadSound(ReportBase& report, const Walk& walk)
+/// A text of the frame, if it is that one.
+bool TakeName(ByteRange& range, const REPORTGENERATOR::Name& name)
 {
-    if (!walk.IsCompressed()) {
-        QByteArray representation = walk.RepresentationBytes();
-        return report.SetBinaryRepresentation(representation);
-    }
-    QByteArray body = walk.BodyBytes();
-    QBuffer device(&body);
-    device.open(QIODevice::ReadOnly);
-    ReadBody(report, device);
-    return true;
+    if (!range.Has(wire::WORD_SIZE))
+        return false;
+    const qint64 size = range.TakeWord();
+    return range.Has(size) && range.Take(size).Utf16() == name;
+}
+
+/// The rest, if a number in front says how many bytes it has.
+bool TakeSizeOfRest(ByteRange& range)
+{
+    return range.Has(wire::WORD_SIZE) && qint64(range.TakeWord()) == range.Size();
+}
+
+/// What compressed data hold; null when they are not what they claim to be, or are too large to be tried.
+QByteArray Uncompressed(ByteRange data)
+{
+    const QByteArray prefixed = data.Bytes();
+    if (!data.Has(wire::WORD_SIZE))
+        return QByteArray();
+    const qint64 claimed = data.TakeWord();
+    if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION)
+        return QByteArray();
+    const QByteArray bytes = ReportBase::UncompressBinary(prefixed);
+    return bytes.size() == claimed ? bytes : QByteArray();
+}
+
+/// Root tag, root length and elements of a report; null when there is anything odd about what is around them.
+QByteArray RootElement(const QByteArray& bytes, const FileForm& form)
+{
+    ByteRange range(bytes);
+    if (form.isBinaryFile && !TakeSizeOfRest(range))
+        return QByteArray();
+    const bool isCompressed = form.form == Form::Compressed;
+    if (!TakeName(range, isCompressed ? wire::COMPRESSED_MARKER : wire::PLAIN_MARKER) ||
+        !TakeName(range, wire::REPORT))
+        return QByteArray();
+    if (!isCompressed)
+        return range.Bytes();
+    return TakeSizeOfRest(range) ? Uncompressed(range) : QByteArray();
 }
 
 /// The fault that the library could not go on with: the first one that isn't just something behind the end.
@@ -117,31 +146,13 @@ bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const P
 
 } // namespace
 
-bool ReadBinaryAtOnce(const QByteArray& bytes, ReportFile& file)
+bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file)
 {
-    Walk walk(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
-    walk.Frame();
-    if (walk.ObjectName() != ReportBase::GetStaticObjectName())
-        return false;
-    walk.End();
-    const BodyLook look = LookAtBody(walk.BodyBytes());
-    if (walk.HasFault() || !look.isSound)
-        return false;
-    const auto logger = std::make_shared<ProblemLogger>();
     ReportBase report;
-    Prepare(report, logger);
-    try {
-        if (!ReadSound(report, walk))
-            return false;
-        report.Check(true);
-    } catch (const ReportException&) {
+    report.SetValidate(false);
+    if (!REPORTGENERATOR::ReadWholeBody(report, RootElement(bytes, file.form)) || !TakeIfGood(report, file))
         return false;
-    }
-    if (logger->HasErrors())
-        return false;
-    file.objectName = walk.ObjectName();
-    file.report = report;
-    file.hasPlainText = look.isPlain;
+    file.objectName = ReportBase::GetStaticObjectName();
     return true;
 }
 

@@ -13,9 +13,6 @@ inline const char* FindByte(const char* begin, const char* end, char byte)
     return found ? static_cast<const char*>(found) : end;
 }
 
-/// Whether it is a number as the library writes it. Others may be numbers, too.
-bool IsPlainNumber(const char* begin, const char* end);
-
 } // namespace ReportCore
 
 #endif

@@ -21,15 +21,18 @@ void Prepare(const REPORTGENERATOR::ReportBase& report, const std::shared_ptr<Pr
 /// What the library's check says of a report that tells it to this logger.
 Remarks RemarksOfCheck(const REPORTGENERATOR::ReportBase& report, ProblemLogger& logger);
 
-/// Reads a good report that is the only one in its document without looking at each tag twice. Returns whether it is
-/// one; otherwise nothing is known of it.
-bool ReadXmlAtOnce(const QByteArray& bytes, ReportFile& file);
+/// Takes a report over that the fast path has read whole, if it is good.
+bool TakeIfGood(const REPORTGENERATOR::ReportBase& report, ReportFile& file);
+
+/// Reads a good report that is the only one in its document on the fast path. Returns whether that has read it whole;
+/// otherwise nothing is known of it.
+bool ReadXmlWhole(const QByteArray& bytes, ReportFile& file);
 
 /// Reads any XML, and finds the place of all that is wrong.
 void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file);
 
-/// Reads a good report. Returns whether it is one; otherwise nothing is known of it.
-bool ReadBinaryAtOnce(const QByteArray& bytes, ReportFile& file);
+/// The same of a binary form.
+bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file);
 
 /// Reads any binary form, and finds the place of all that is wrong.
 void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file);

@@ -159,7 +159,7 @@ bool StaysAsItIs(const ChosenReport& report, const Differences& differences, con
     if (!differences.empty() || !report.file.IsGood())
         return false;
     if (request.choice.discards)
-        return report.file.hasPlainText;
+        return report.losses.empty();
     return std::none_of(report.losses.begin(), report.losses.end(),
                         [&request](const Problem& loss) { return request.changes.Mend(loss); });
 }
@@ -184,7 +184,9 @@ FileResult SetFile(const QString& input, const Request& request, Console& consol
         return {EXIT_GOOD, false};
     ReportCore::Problems& losses = report.losses;
     losses.erase(std::remove_if(losses.begin(), losses.end(),
-                                [&request](const Problem& loss) { return request.changes.Mend(loss); }),
+                                [&request](const Problem& loss) {
+                                    return request.choice.discards || request.changes.Mend(loss);
+                                }),
                  losses.end());
     if (!IsWhole(input, report, console))
         return {EXIT_INVALID};

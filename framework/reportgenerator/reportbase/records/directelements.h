@@ -31,7 +31,8 @@ inline bool ReadPayload(ByteRange payload, QString& value)
     if (!payload.TakeSizeOfRest())
         return false;
     value = elements::TextOfUtf8(payload.next, payload.Left());
-    return true;
+    // What is not UTF-8, or stands behind a NUL, does not come back.
+    return value.toUtf8() == QByteArray::fromRawData(payload.next, static_cast<int>(payload.Left()));
 }
 
 template <class Data, class D, class T>
@@ -44,7 +45,8 @@ bool ReadElement(ByteRange payload, qint32 tag, Data& data, const Field<D, T, Fl
 template <class Data>
 bool ReadElement(ByteRange payload, qint32 tag, Data& data, const FormatVersion<Data>& row)
 {
-    if (tag != row.tag || !payload.TakeSizeOfRest() || !payload.HoldsText(row.model))
+    const bool isSecond = !(data.*(row.loaded)).isNull();
+    if (tag != row.tag || isSecond || !payload.TakeSizeOfRest() || !payload.HoldsText(row.model))
         return false;
     data.*(row.loaded) = row.model.Text();
     return true;
