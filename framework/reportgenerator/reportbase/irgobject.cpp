@@ -52,7 +52,7 @@ IRGObject::~IRGObject()
 {
     if (m_identity->isOwn)
         delete m_identity;
-    SettingsSlot(m_settings).Set(ObjectSettings());
+    SettingsSlot(m_settings).SetAlone(ObjectSettings());
 }
 
 void IRGObject::Check(bool /*logOnly*/) const

@@ -31,6 +31,13 @@ struct ObjectAccess
 
     static SettingsSlot SettingsOf(const IRGObject& object) { return SettingsSlot(object.m_settings); }
 
+    /// Validate flag and logger, for members and items.
+    static ObjectSettings SettingsToPass(const IRGObject& object)
+    {
+        const ObjectSettings held = SettingsOf(object).Get();
+        return held.HasConverter() ? ObjectSettings(held.Validates(), held.GetLogger(), nullptr) : held;
+    }
+
     /// Gives the object the validate flag and the logger of another one.
     static void PassSettings(const IRGObject& from, const IRGObject& to)
     {

@@ -124,6 +124,15 @@ public:
         return ObjectSettings::HasBlock(word) ? GetRetained() : ObjectSettings(word);
     }
 
+    /// Puts the settings into a word that nobody else uses, as in an object that is made or destroyed, and
+    /// where an exchange would cost more than all the rest.
+    void SetAlone(ObjectSettings settings) const
+    {
+        const std::uintptr_t word = m_word.load(std::memory_order_acquire);
+        m_word.store(settings.m_word, std::memory_order_release);
+        settings.m_word = word;
+    }
+
     void Set(ObjectSettings settings) const
     {
         std::uintptr_t word = Load();

@@ -163,7 +163,7 @@ private:
     static void Adopt(IRGObject& object, Data& data, bool passesSettings)
     {
         RecordAccess::Init(From(object));
-        AdoptRecord(RecordAccess::Make(From(object)), data);
+        AdoptRecord(RecordAccess::Make(From(object)), data, ObjectAccess::SettingsToPass(object));
         if (passesSettings)
             PassSettings(object);
     }

@@ -21,17 +21,18 @@ bool PutValue(Data& data, const Field<D, T, Flagged>& row, const T& value)
     return true;
 }
 
+/// Items get the settings.
 template <class Data>
-void AdoptRecord(Data& to, Data& from);
+void AdoptRecord(Data& to, Data& from, const ObjectSettings& settings);
 
 template <class Data, class D, class T>
-void AdoptRow(Data& to, Data& from, const Field<D, T, Flagged>& row)
+void AdoptRow(Data& to, Data& from, const Field<D, T, Flagged>& row, const ObjectSettings& /*settings*/)
 {
     row.In(to) = row.In(from);
 }
 
 template <class Data>
-void AdoptRow(Data& to, Data& from, const FormatVersion<Data>& row)
+void AdoptRow(Data& to, Data& from, const FormatVersion<Data>& row, const ObjectSettings& /*settings*/)
 {
     // Data without a version leave the one that was loaded before.
     if (!(from.*(row.loaded)).isNull())
@@ -39,24 +40,24 @@ void AdoptRow(Data& to, Data& from, const FormatVersion<Data>& row)
 }
 
 template <class Data, class Object>
-void AdoptRow(Data& to, Data& from, const Member<Data, Object>& row)
+void AdoptRow(Data& to, Data& from, const Member<Data, Object>& row, const ObjectSettings& settings)
 {
     if (row.IsSetIn(from))
-        AdoptRecord(RecordAccess::Make(row.In(to)), RecordAccess::Make(row.In(from)));
+        AdoptRecord(RecordAccess::Make(row.In(to)), RecordAccess::Make(row.In(from)), settings);
 }
 
 template <class Data, class Item>
-void AdoptRow(Data& to, Data& from, const ItemList<Data, Item>& row)
+void AdoptRow(Data& to, Data& from, const ItemList<Data, Item>& row, const ObjectSettings& settings)
 {
     if (row.IsSetIn(from))
-        row.In(to).Adopt(row.In(from).Own());
+        row.In(to).Adopt(row.In(from).Own(), settings);
 }
 
 /// Takes what was read over into a record in which nothing is set.
 template <class Data>
-void AdoptRecord(Data& to, Data& from)
+void AdoptRecord(Data& to, Data& from, const ObjectSettings& settings)
 {
-    ForEachField(Description<Data>::ROWS, [&](const auto& row) { AdoptRow(to, from, row); });
+    ForEachField(Description<Data>::ROWS, [&](const auto& row) { AdoptRow(to, from, row, settings); });
     to.flags = from.flags;
 }
 

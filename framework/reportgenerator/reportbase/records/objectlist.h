@@ -113,6 +113,17 @@ public:
         m_items.swap(items);
     }
 
+    /// The same of new items, which get these settings.
+    void Adopt(QVector<Item>& items, const ObjectSettings& settings)
+    {
+        const auto slotOf = [](const Item& item) { return ObjectAccess::SettingsOf(item); };
+        if (!items.isEmpty() && !slotOf(items.constFirst()).Holds(settings))
+            std::for_each(items.cbegin(), items.cend(),
+                          [&](const Item& item) { slotOf(item).SetAlone(settings); });
+        Adopt(items);
+        SetMark(HAS_LOGGERS);
+    }
+
     void Clear()
     {
         Leave();
@@ -156,9 +167,7 @@ public:
         if (IsOwn() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
                     : Noted().HoldsSameAs(slot))
             return;
-        const ObjectSettings held = slot.Get();
-        const ObjectSettings settings =
-            held.HasConverter() ? ObjectSettings(held.Validates(), held.GetLogger(), nullptr) : held;
+        const ObjectSettings settings = ObjectAccess::SettingsToPass(holder);
         if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
             Pass(
                 hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,

@@ -42,7 +42,9 @@ RecordObject<Data, Holder>::RecordObject(const RecordObject& other)
         IRGObject::SetObjectName(GetStaticObjectName());
         SetObjectId(id);
     }
-    RecordObject::SetValidate(other.GetValidate());
+    const bool validate = other.GetValidate();
+    ObjectAccess::SettingsOf(*this).SetAlone(ObjectSettings(validate, nullptr, nullptr));
+    RecordObject::SetValidate(validate);
 }
 
 template <class Data, class Holder>

@@ -90,8 +90,9 @@ void SettleRawItems(Object& object, const ItemList<Data, Item>& row, int first)
     SetFlag(data, row.setBy);
     // New ones validate.
     if (!object.GetValidate())
-        std::for_each(items.cbegin() + first, items.cend(),
-                      [](const Item& item) { item.SetValidate(false); });
+        std::for_each(items.cbegin() + first, items.cend(), [](const Item& item) {
+            ObjectAccess::SettingsOf(item).SetAlone(ObjectSettings(false, nullptr, nullptr));
+        });
 }
 
 /// Has `read` fill an item with the object's settings, and appends it.
@@ -100,7 +101,7 @@ void ReadItem(Object& object, const ItemList<Data, Item>& row, Read&& read)
 {
     Item item;
     if (ObjectAccess::RoadOf(object)) {
-        ObjectAccess::PassSettings(object, item);
+        ObjectAccess::SettingsOf(item).SetAlone(ObjectAccess::SettingsToPass(object));
     } else {
         item.SetValidate(object.GetValidate());
         item.SetLogger(object.GetLogger());
