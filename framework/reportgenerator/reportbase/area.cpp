@@ -226,11 +226,10 @@ void Area::ProcessXml(QXmlStreamReader& reader)
 
 void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    InitData();
     SettleCoordinates();
     if (ReadXmlChild(*this, reader))
         return;
-    if (Rows::VERSION.IsOlderIn(*m_record.Get())) {
+    if (Rows::VERSION.IsOlderIn(RecordAccess::Make(*this))) {
         xmltools::SkipElement(reader);
         return;
     }
@@ -242,7 +241,9 @@ void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
 /// Applied for each child that is read: within one reading only the new coordinates are looked at.
 void Area::SettleCoordinates() const
 {
-    const ObjectList<Coordinate>& coordinates = m_record.Get()->coordinates;
+    InitData();
+    const auto record = RecordAccess::Hold(*this);
+    const ObjectList<Coordinate>& coordinates = (*record).coordinates;
     coordinates.PassSettings(*this, m_settled ? m_settled->CountOf(coordinates.Values()) : 0);
     if (m_settled)
         m_settled->Remember(coordinates.Values());

@@ -130,7 +130,9 @@ void ChannelSpacing::GetXml(QXmlStreamWriter& writer) const
         return;
     writer.writeStartElement(GetObjectName());
     WritePlainFields(writer, *this, Description::FIELDS);
-    for (const double value : m_values)
+    // Held, since the writer's device may change them.
+    const QVector<double> values = m_values;
+    for (const double value : values)
         writer.writeTextElement(Description::VALUE.Text(),
                                 numbers::ToFixedText(value, Description::VALUE_FORMAT));
     writer.writeEndElement();

@@ -60,6 +60,17 @@ public:
             m_data.made.Make();
     }
 
+    /// The record that there is. It stays where it is.
+    class Hold
+    {
+    public:
+        explicit Hold(const OwnRecord& holder) : m_data(holder.m_data) {}
+        const Data& operator*() const { return m_data; }
+
+    private:
+        const Data& m_data;
+    };
+
 private:
     Data m_data;
 };
@@ -68,16 +79,32 @@ private:
 template <class Data>
 class SharedRecord
 {
+    struct CountedData : Data
+    {
+        CountedData() = default;
+        explicit CountedData(const Data& other) : Data(other) {}
+
+        /// The object and the operations that hold the record.
+        std::atomic<int> holders{1};
+    };
+
+    static void Release(Data* data)
+    {
+        auto* const counted = static_cast<CountedData*>(data);
+        if (counted && counted->holders.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete counted;
+    }
+
 public:
     SharedRecord() = default;
     SharedRecord(const SharedRecord& other) : m_data(other.NewCopy()) {}
     SharedRecord& operator=(const SharedRecord& other)
     {
         if (this != &other)
-            delete m_data.exchange(other.NewCopy(), std::memory_order_acq_rel);
+            Release(m_data.exchange(other.NewCopy(), std::memory_order_acq_rel));
         return *this;
     }
-    ~SharedRecord() { delete m_data.load(std::memory_order_acquire); }
+    ~SharedRecord() { Release(m_data.load(std::memory_order_acquire)); }
 
     /// Null until the record is made.
     const Data* Get() const { return m_data.load(std::memory_order_acquire); }
@@ -89,18 +116,36 @@ public:
     {
         if (Get())
             return;
-        auto made = std::make_unique<Data>();
+        auto made = std::make_unique<CountedData>();
         prepare(*made);
         Data* none = nullptr;
         if (m_data.compare_exchange_strong(none, made.get(), std::memory_order_acq_rel))
             made.release();
     }
 
+    /// The record that there is, kept while others are called: they may give the object another one.
+    class Hold
+    {
+    public:
+        explicit Hold(const SharedRecord& holder) : m_data(holder.m_data.load(std::memory_order_acquire))
+        {
+            static_cast<CountedData*>(m_data)->holders.fetch_add(1, std::memory_order_relaxed);
+        }
+        ~Hold() { Release(m_data); }
+        Hold(const Hold& other) = delete;
+        Hold& operator=(const Hold& other) = delete;
+
+        const Data& operator*() const { return *m_data; }
+
+    private:
+        Data* m_data;
+    };
+
 private:
     Data* NewCopy() const
     {
         const Data* data = Get();
-        return data ? new Data(*data) : nullptr;
+        return data ? new CountedData(*data) : nullptr;
     }
 
     std::atomic<Data*> m_data{nullptr};

@@ -3,8 +3,6 @@
 #include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
 #include <reportgenerator/reportbase/records/recordobject.h>
 
-#include <utility>
-
 namespace REPORTGENERATOR {
 
 template const ObjectIdentity& ClassIdentity<ReportBaseData>();
@@ -163,11 +161,15 @@ void ReportBase::ProcessXml(QXmlStreamReader& reader)
         IRGObject::ProcessXml(reader);
         return;
     }
-    // Once for all children, since nobody comes between them: an area passes its settings on to what it reads.
-    bool isFirst = true;
+    // Once for all children, unless a logger gives the report another record meanwhile: an area passes its
+    // settings on to what it reads.
+    const ReportBaseData* settled = nullptr;
     xmltools::ForEachChild(reader, [&] {
-        if (std::exchange(isFirst, false))
+        if (m_record.Get() != settled) {
             ReapplySettings();
+            InitData();
+            settled = m_record.Get();
+        }
         ReadChild(*this, reader);
     });
     ObjectAccess::ReportXmlError(*this, reader);

@@ -96,7 +96,9 @@ SettingsNotifier::SettingsNotifier()
 
 SettingsNotifier::~SettingsNotifier()
 {
-    for (RegisterCenter* const center : std::as_const(m_centers))
+    // Taken out, since an object that is deleted may unregister others.
+    const QMap<long long, RegisterCenter*> centers = std::exchange(m_centers, {});
+    for (RegisterCenter* const center : centers)
         Distribution::Delete(*this, center);
     Distribution::Leave(*this);
 }

@@ -73,7 +73,9 @@ void CheckRow(const IRGObject& object, const Data& data, const ItemList<Data, It
 {
     if (!row.IsSetIn(data))
         reporting::Missing(object, row.name, logOnly);
-    for (const Item& item : row.In(data).Values())
+    // Held, since a logger may change the list.
+    const QVector<Item> items = row.In(data).Values();
+    for (const Item& item : items)
         item.Check(logOnly);
 }
 

@@ -255,6 +255,8 @@ private:
     template <class HasAlready, class Give>
     void Pass(HasAlready&& hasAlready, Give&& give, bool isChange, int first) const
     {
+        // A derived holder that was asked for its settings may have shortened the list.
+        first = std::min(first, static_cast<int>(m_items.size()));
         if (std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready))
             return;
         SetMark(HAS_LOGGERS);

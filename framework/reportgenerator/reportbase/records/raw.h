@@ -113,8 +113,11 @@ qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data,
 template <class Data, class D, class T>
 void WriteRowRaw(QDataStream& stream, const Data& data, const Field<D, T, Flagged>& row)
 {
-    if (row.IsWrittenOf(data))
-        stream << row.In(data);
+    if (!row.IsWrittenOf(data))
+        return;
+    // Held, since the stream's device may change a text.
+    const T value = row.In(data);
+    stream << value;
 }
 
 template <class Data>
@@ -133,7 +136,7 @@ void WriteRowRaw(QDataStream& stream, const Data& data, const Member<Data, Objec
 template <class Data, class Item>
 void WriteRowRaw(QDataStream& stream, const Data& data, const ItemList<Data, Item>& row)
 {
-    const QVector<Item>& items = row.In(data).Values();
+    const QVector<Item> items = row.In(data).Values();
     stream << static_cast<qint32>(items.size());
     if (!row.IsSetIn(data) || WriteItemsAtOnce(stream, items))
         return;
@@ -161,9 +164,11 @@ inline void ReadRawValue(QDataStream& stream, QString& value)
 template <class Object, class D, class T>
 void ReadRowRaw(Object& object, QDataStream& stream, const Field<D, T, Flagged>& row)
 {
-    auto& data = RecordAccess::Make(object);
-    if (row.IsWrittenOf(data))
-        ReadRawValue(stream, row.In(data));
+    if (!row.IsWrittenOf(RecordAccess::Make(object)))
+        return;
+    T value{};
+    ReadRawValue(stream, value);
+    row.In(RecordAccess::Make(object)) = value;
 }
 
 template <class Object, class Data>
@@ -176,6 +181,7 @@ template <class Object, class Data, class T>
 void ReadRowRaw(Object& object, QDataStream& stream, const Member<Data, T>& row)
 {
     Data& data = RecordAccess::Make(object);
+    const auto record = RecordAccess::Hold(object);
     if (row.IsSetIn(data))
         row.In(data).SetVersionSpecificBinaryWithoutValidation(stream);
 }

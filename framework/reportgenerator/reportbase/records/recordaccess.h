@@ -44,14 +44,21 @@ struct RecordAccess
         return object.m_record.Own();
     }
 
-    /// The record for const operations of its members and items, which speak through their own loggers: the
+    /// The record that the object has now, for whoever calls others before it is done.
+    template <class Data, class Holder>
+    static typename Holder::Hold Hold(const RecordObject<Data, Holder>& object)
+    {
+        return typename Holder::Hold(object.m_record);
+    }
+
+    /// The same for const operations of its members and items, which speak through their own loggers: the
     /// items are nobody else's.
     template <class Data, class Holder>
-    static const Data& WithOwnItems(const RecordObject<Data, Holder>& object)
+    static typename Holder::Hold HoldWithOwnItems(const RecordObject<Data, Holder>& object)
     {
         const Data& data = *object.m_record.Get();
         ForEachField(Description<Data>::ROWS, [&data](const auto& row) { MakeItemsOwn(data, row); });
-        return data;
+        return Hold(object);
     }
 
     template <class Data, class Holder>

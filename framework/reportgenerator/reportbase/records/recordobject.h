@@ -100,8 +100,8 @@ void RecordObject<Data, Holder>::Check(bool logOnly) const
     InitData();
     if (AreRowsGood(*m_record.Get(), Description<Data>::ROWS))
         return;
-    const Data& data = RecordAccess::WithOwnItems(*this);
-    ForEachField(Description<Data>::ROWS, [&](const auto& row) { CheckRow(*this, data, row, logOnly); });
+    const auto record = RecordAccess::HoldWithOwnItems(*this);
+    ForEachField(Description<Data>::ROWS, [&](const auto& row) { CheckRow(*this, *record, row, logOnly); });
 }
 
 template <class Data, class Holder>
@@ -121,9 +121,9 @@ void RecordObject<Data, Holder>::GetXml(QXmlStreamWriter& writer) const
     };
     using Object = typename Description<Data>::Object;
     if (ObjectAccess::RoadOf(*this) && IsPlain(static_cast<const Object&>(*this), true))
-        write(XmlWriterSink(writer), *m_record.Get());
+        write(XmlWriterSink(writer), *RecordAccess::Hold(*this));
     else
-        write(CarefulXml(writer), RecordAccess::WithOwnItems(*this));
+        write(CarefulXml(writer), *RecordAccess::HoldWithOwnItems(*this));
 }
 
 template <class Data, class Holder>
@@ -139,7 +139,7 @@ bool RecordObject<Data, Holder>::GetBinary(QDataStream& stream, int tag, bool wi
         return true;
     }
     StreamElements sink(stream);
-    WriteRecordBody(sink, tag, withTag, RecordAccess::WithOwnItems(*this), Description<Data>::ROWS);
+    WriteRecordBody(sink, tag, withTag, *RecordAccess::HoldWithOwnItems(*this), Description<Data>::ROWS);
     return true;
 }
 
@@ -160,7 +160,9 @@ void RecordObject<Data, Holder>::SetBinary(QDataStream& stream, int length)
     });
     if (!cameOut)
         reporting::ThrowLengthError(*this);
-    GiveToMembers(*this, [this](const auto& member) { SettleItems(member, *this); });
+    InitData();
+    const auto record = RecordAccess::Hold(*this);
+    GiveToRows(*record, [this](const auto& member) { SettleItems(member, *this); });
 }
 
 template <class Data, class Holder>
@@ -184,16 +186,18 @@ template <class Data, class Holder>
 void RecordObject<Data, Holder>::GetVersionSpecificBinaryWithoutValidation(QDataStream& stream) const
 {
     InitData();
-    const Data& data = RecordAccess::WithOwnItems(*this);
-    stream << data.flags;
-    ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { WriteRowRaw(stream, data, row); });
+    const auto record = RecordAccess::HoldWithOwnItems(*this);
+    stream << (*record).flags;
+    ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { WriteRowRaw(stream, *record, row); });
 }
 
 template <class Data, class Holder>
 void RecordObject<Data, Holder>::SetVersionSpecificBinaryWithoutValidation(QDataStream& stream)
 {
     InitData();
-    stream >> m_record.Own().flags;
+    quint8 flags = 0;
+    stream >> flags;
+    RecordAccess::Make(*this).flags = flags;
     ForEachRowByBit(Description<Data>::ROWS, [&](const auto& row) { ReadRowRaw(*this, stream, row); });
 }
 
@@ -203,10 +207,13 @@ void RecordObject<Data, Holder>::InitData() const
     if (IsInitialized())
         return;
     // Members have the settings before another thread can see them.
-    m_record.Make([this](const Data& data) {
+    const auto prepare = [this](const Data& data) {
         GiveToRows(data, [this](const auto& member) { PassSettingsTo(member, *this); });
-    });
+    };
+    m_record.Make(prepare);
     ReapplySettings();
+    // An override that this has called may have taken the record away.
+    m_record.Make(prepare);
 }
 
 /// Compares two objects, whose records are made.
@@ -216,8 +223,9 @@ bool IsRecordEqual(const Object& left, const Object& right)
     if (!left.IsInitialized() && !right.IsInitialized())
         return true;
     RecordAccess::Init(left);
+    const auto record = RecordAccess::Hold(left);
     RecordAccess::Init(right);
-    return AreRecordsEqual(*RecordAccess::Get(left), *RecordAccess::Get(right), RecordAccess::RowsOf(left));
+    return AreRecordsEqual(*record, *RecordAccess::Get(right), RecordAccess::RowsOf(left));
 }
 
 template <class Data, class Holder>

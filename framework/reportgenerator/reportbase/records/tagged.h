@@ -90,7 +90,8 @@ void WriteRowElement(Sink& sink, const Data& data, const Member<Data, Object>& r
 template <class Sink, class Data, class Item>
 void WriteRowElement(Sink& sink, const Data& data, const ItemList<Data, Item>& row)
 {
-    const QVector<Item>& items = row.In(data).Values();
+    // Held, since a logger or the stream's device may change the list.
+    const QVector<Item> items = row.In(data).Values();
     sink.Element(row.setBy.tag, [&] {
         sink.Word(static_cast<qint32>(items.size()));
         if (!row.IsSetIn(data))
@@ -160,7 +161,9 @@ bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 leng
 {
     if (tag != row.setBy.tag)
         return false;
-    row.In(RecordAccess::Make(object)).SetBinary(stream, length);
+    T& member = row.In(RecordAccess::Make(object));
+    const auto record = RecordAccess::Hold(object);
+    member.SetBinary(stream, length);
     SetFlag(RecordAccess::Make(object), row.setBy);
     return true;
 }

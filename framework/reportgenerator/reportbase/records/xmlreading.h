@@ -32,6 +32,7 @@ bool ReadRowXml(Object& object, QXmlStreamReader& reader, const Member<Data, T>&
     T& member = row.In(RecordAccess::Make(object));
     if (reader.name() != member.GetObjectName())
         return false;
+    const auto record = RecordAccess::Hold(object);
     member.ProcessXml(reader);
     SetFlag(RecordAccess::Make(object), row.setBy);
     return true;

@@ -67,7 +67,9 @@ void WriteRowXml(Sink& sink, const IRGObject& /*object*/, const Data& data, cons
 template <class Sink, class Data, class Item>
 void WriteRowXml(Sink& sink, const IRGObject& object, const Data& data, const ItemList<Data, Item>& row)
 {
-    for (const Item& item : row.In(data).Values()) {
+    // Held, since a logger or the writer's device may change the list.
+    const QVector<Item> items = row.In(data).Values();
+    for (const Item& item : items) {
         LookAtItem(sink, object, row, item);
         if (row.IsSetIn(data))
             WriteObjectXml(sink, item);
