@@ -264,6 +264,15 @@ TEST(Documentation, LinksOfThePagesLeadSomewhere)
     EXPECT_GT(links, 0);
 }
 
+TEST(Documentation, ReleasesTakeFortyLinesOfTheChangelogAtMost)
+{
+    const QStringList releases = ReadFile(InTree(Text("CHANGELOG.md"))).split(Text("\n## ")).mid(1);
+    EXPECT_FALSE(releases.isEmpty());
+    for (const QString& release : releases)
+        EXPECT_LE(release.count(QLatin1Char('\n')), 40)
+            << release.section(QLatin1Char('\n'), 0, 0).toStdString();
+}
+
 #ifdef Q_OS_LINUX
 TEST(Documentation, SavingToAFullDiskGivesTrue)
 {
