@@ -139,12 +139,12 @@ def against_json(options: Any, column: Any, folder: Path) -> dict[str, float]:
     files.mkdir()
     for number, value in enumerate(column):
         (files / f"{number:07d}.bin").write_bytes(value.as_buffer())
-    words = [options.tool, "show", "--json", "-r", str(files)]
+    names = sorted(str(path) for path in files.iterdir())
+    words = [options.tool, "show", "--json", *names]
     text = subprocess.run(words, check=True, capture_output=True).stdout
-    lines = text.splitlines()
 
     def read() -> object:
-        return pa.Table.from_pandas(pandas.json_normalize([json.loads(line) for line in lines]))
+        return pa.Table.from_pandas(pandas.json_normalize(json.loads(text)))
 
     turns = [
         (timed(read), timed(partial(arrow.decode, column, threads=1)))

@@ -5,6 +5,7 @@ from __future__ import annotations
 import os
 import subprocess
 import sys
+import threading
 from pathlib import Path
 
 import numpy as np
@@ -142,6 +143,24 @@ def test_a_stream_can_be_taken_once() -> None:
     stream.__arrow_c_stream__()
     with pytest.raises(ValueError, match="taken already"):
         stream.__arrow_c_stream__()
+
+
+def test_threads_share_a_stream(tmp_path: Path) -> None:
+    for number, report in enumerate(lakes(200)):
+        (tmp_path / f"{number:03d}").write_bytes(report)
+    stream = arrow.scan(tmp_path, batch_rows=3)
+    found: list[float] = []
+
+    def take() -> None:
+        for batch in stream:
+            found.extend(View(batch).numbers("frequency_value"))
+
+    threads = [threading.Thread(target=take) for _ in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert sorted(found) == [i + 0.25 for i in range(200)]
 
 
 def test_capsules_that_nobody_takes_are_released() -> None:

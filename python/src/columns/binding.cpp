@@ -8,6 +8,8 @@
 #include <pybind11/stl.h>
 
 #include <algorithm>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -82,29 +84,37 @@ private:
     std::vector<SharedValues> m_batches;
 };
 
-/// Batches that come when they are asked for, once.
+/// Batches that come when they are asked for, once. Threads that ask at the same time get different ones.
 class Stream
 {
 public:
-    explicit Stream(std::unique_ptr<Source> source) : m_type(source->Type()), m_source(std::move(source)) {}
+    explicit Stream(std::unique_ptr<Source> source) : m_type(source->Type()), m_held(std::make_shared<Held>())
+    {
+        m_held->source = std::move(source);
+    }
 
     py::object Schema() const { return SchemaCapsule(m_type); }
 
     py::object Capsule(const py::object& /*requested*/)
     {
-        if (!m_source)
+        std::unique_ptr<Source> source;
+        {
+            const py::gil_scoped_release others;
+            const std::lock_guard<std::mutex> lock(m_held->mutex);
+            source = std::move(m_held->source);
+        }
+        if (!source)
             throw py::value_error("the batches of this stream have been taken already");
-        return StreamCapsule(std::move(m_source));
+        return StreamCapsule(std::move(source));
     }
 
     Columns Next()
     {
-        if (!m_source)
-            throw py::stop_iteration();
         SharedValues batch;
         {
             const py::gil_scoped_release others;
-            batch = m_source->Next();
+            const std::lock_guard<std::mutex> lock(m_held->mutex);
+            batch = m_held->source ? m_held->source->Next() : nullptr;
         }
         if (!batch)
             throw py::stop_iteration();
@@ -112,8 +122,14 @@ public:
     }
 
 private:
+    struct Held
+    {
+        std::mutex mutex;
+        std::unique_ptr<Source> source;
+    };
+
     ColumnType m_type;
-    std::unique_ptr<Source> m_source;
+    std::shared_ptr<Held> m_held;
 };
 
 using Names = std::optional<std::vector<std::string>>;

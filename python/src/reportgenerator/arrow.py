@@ -275,10 +275,10 @@ def _write_part(part: Path, reports: Stream, digest: bytes, compression: str) ->
     except BaseException:
         temporary.unlink(missing_ok=True)
         raise
-    _synchronise(part.parent)
+    synchronise(part.parent)
 
 
-def _synchronise(folder: Path) -> None:
+def synchronise(folder: Path) -> None:
     """Makes what was renamed in the folder last, where the system has a way for it."""
     if not hasattr(os, "O_DIRECTORY"):
         return

@@ -255,7 +255,7 @@ class _Writer(DataSourceArrowWriter):
                 if report.is_valid:
                     _put(folder / f"{number:08d}.{_ENDINGS[self._form]}", report.as_py())
                     number += 1
-        _synchronise(folder)
+        arrow.synchronise(folder)
         return _Written(str(folder), f"part-{part:05d}-{self._job}")
 
     def commit(self, messages: Sequence[WriterCommitMessage | None]) -> None:
@@ -268,7 +268,7 @@ class _Writer(DataSourceArrowWriter):
             for entry in old:
                 _remove(entry)
         self._remove_unfinished()
-        _synchronise(self._target)
+        arrow.synchronise(self._target)
 
     def abort(self, messages: Sequence[WriterCommitMessage | None]) -> None:
         self._remove_unfinished()
@@ -285,14 +285,6 @@ def _put(path: Path, report: bytes) -> None:
         file.write(report)
         file.flush()
         os.fsync(file.fileno())
-
-
-def _synchronise(folder: Path) -> None:
-    handle = os.open(folder, os.O_RDONLY)
-    try:
-        os.fsync(handle)
-    finally:
-        os.close(handle)
 
 
 def _remove(entry: Path) -> None:
