@@ -61,7 +61,8 @@ std::optional<bool> Taken::Switch(const std::string& column, std::int64_t row) c
     const ArrowArray& array = Column(column);
     if (!IsThere(array, row))
         return std::nullopt;
-    return ((static_cast<const unsigned char*>(array.buffers[1])[row / 8] >> (row % 8)) & 1U) != 0;
+    const unsigned bits = static_cast<const unsigned char*>(array.buffers[1])[row / 8];
+    return ((bits >> (row % 8)) & 1U) != 0;
 }
 
 std::optional<std::string> Taken::Text(const std::string& column, std::int64_t row) const
