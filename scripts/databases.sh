@@ -10,7 +10,7 @@ command_databases() {
         # The extension is that of the same version.
         run "$folder/bin/pip" install --quiet --no-deps duckdb-cli==1.5.5 duckdb-extension-spatial==1.5.5
     fi
-    build dev
+    build dev --target reporttool reportbase_tests ogr_REPORTS
     say "Running the commands of docs/spatial-databases.md and docs/gdal.md"
     run ctest --preset dev -R "^databases[.]"
 }

@@ -3,7 +3,7 @@
 
 command_gdal() {
     (($# == 0)) || fail "gdal takes no arguments"
-    build dev
+    build dev --target reporttool reportgdal_tests ogr_REPORTS
     say "Testing the driver for GDAL, and what GDAL reads and converts"
     run ctest --preset dev -R "^gdal[.]"
 }
