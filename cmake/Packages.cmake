@@ -37,10 +37,14 @@ set(packageOf_viewer "reportviewer${REPORTGENERATOR_FILE_SUFFIX}")
 set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
 set(packageOf_reference "reportgenerator-doc")
+set(packageOf_python "python3-reportgenerator")
 
 set(components runtime models development tools)
 if(TARGET reportviewer)
     list(APPEND components viewer)
+endif()
+if(TARGET _reportgenerator)
+    list(APPEND components python)
 endif()
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
@@ -155,6 +159,17 @@ if(viewer IN_LIST components)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_RECOMMENDS "${packageOf_types}")
     string(CONCAT CPACK_DEBIAN_VIEWER_PACKAGE_DEPENDS
         "${packageOf_runtime} (= ${PROJECT_VERSION}), ${packageOf_models} (= ${PROJECT_VERSION})")
+endif()
+
+if(python IN_LIST components)
+    reportgenerator_package(python python "report data model of radio monitoring - Python"
+        "This package holds the classes of the library for Python, with its forms\nand checks.")
+    # The modules are compiled with private headers of the library, for one version of Python.
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+    math(EXPR nextPython "${Python_VERSION_MINOR} + 1")
+    string(CONCAT CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "${packageOf_runtime} (= ${PROJECT_VERSION}), python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${nextPython}), "
+        "python3-numpy")
 endif()
 
 reportgenerator_package(development libdevel "report data model of radio monitoring - development (${qt})"

@@ -10,7 +10,7 @@ import shutil
 from collections.abc import Mapping
 from pathlib import Path
 
-from scikit_build_core.build import *  # noqa: F403
+from scikit_build_core.build import *
 from scikit_build_core.build import build_sdist as _build_sdist
 
 _HERE = Path(__file__).resolve().parent

@@ -28,7 +28,7 @@ packaging_time() {
 
 # --- Debian
 
-deb_packages=("${build_packages[@]}" qt6-base-dev dpkg-dev file gzip binutils python3)
+deb_packages=("${build_packages[@]}" qt6-base-dev dpkg-dev file gzip binutils python3 python3-dev pybind11-dev)
 deb_folder=build/packages/debian
 
 package_deb() {
@@ -79,15 +79,20 @@ package_deb() {
 
 # Builds for one version of Qt as Debian builds its own packages, optimised as this project measures itself.
 build_for_debian() {
-    local qt="$1" time="$2" bill="$3" flags linker_flags
+    local qt="$1" time="$2" bill="$3" python=OFF flags linker_flags
+    # Python loads one of them only.
+    if ((qt == 5)); then
+        python=ON
+    fi
     flags="$(DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP=-O2 dpkg-buildflags --get CXXFLAGS)"
     flags+=" $(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get CPPFLAGS)"
     linker_flags="$(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get LDFLAGS)"
     run cmake -S . -B "build/packages/qt$qt" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         "-DCMAKE_CXX_FLAGS=$flags" "-DCMAKE_SHARED_LINKER_FLAGS=$linker_flags" "-DCMAKE_EXE_LINKER_FLAGS=$linker_flags" \
+        "-DCMAKE_MODULE_LINKER_FLAGS=$linker_flags" \
         -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_DOCDIR=share/doc/libreportbase-doc -DCMAKE_SKIP_INSTALL_RPATH=ON \
         -DREPORTGENERATOR_QT_MAJOR="$qt" -DREPORTGENERATOR_WERROR=ON -DREPORTGENERATOR_BUILD_TESTS=OFF \
-        -DREPORTGENERATOR_BUILD_EXAMPLES=OFF -DREPORTGENERATOR_DEBIAN_PACKAGES=ON \
+        -DREPORTGENERATOR_BUILD_EXAMPLES=OFF "-DREPORTGENERATOR_BUILD_PYTHON=$python" -DREPORTGENERATOR_DEBIAN_PACKAGES=ON \
         "-DREPORTGENERATOR_REFERENCE=$root/$reference_folder" "-DREPORTGENERATOR_BILL_OF_MATERIALS=$bill" "-DREPORTGENERATOR_PACKAGE_MAINTAINER=$(packager)" \
         "-DREPORTGENERATOR_PACKAGE_DATE=$(LC_ALL=C date --utc --rfc-email --date="@$time")"
     run cmake --build "build/packages/qt$qt" --parallel "$jobs"
@@ -159,7 +164,7 @@ test_debian() {
         name="build/bare/$part"
         as_root mkdir -p "$name/packages" "$name/project"
         as_root cp "$deb_folder"/*.deb "$name/packages"
-        as_root cp -r tests/consumer examples/reports tests/packages/inside.sh "$name/project"
+        as_root cp -r tests/consumer examples/reports tests/packages/inside.sh python/tests/packages/use.py "$name/project"
         (cd "$deb_folder" && apt-ftparchive packages .) | as_root tee "$name/packages/Packages" >/dev/null
         printf 'deb [trusted=yes] file:/packages ./\n' | as_root tee "$name/etc/apt/sources.list.d/packages.list" >/dev/null
         in_bare_system "$part" bash /project/inside.sh "$part" "$version"

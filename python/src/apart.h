@@ -16,7 +16,7 @@ namespace Python {
 template <class Work>
 auto Apart(REPORTGENERATOR::IRGObject& object, Work&& work)
 {
-    Listening listening(object);
+    Listening listening(object, WantedLevel());
     const auto run = [&] {
         const pybind11::gil_scoped_release released;
         return work(object);

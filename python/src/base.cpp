@@ -61,7 +61,7 @@ void AddReading(Class& base)
             ReadXml(self, TextOf(text), checkRoot);
         },
         py::arg("text"), py::kw_only(), py::arg("check_root") = true,
-        Signed("parse_xml", "($self, text, *, check_root=True)",
+        Signed("parse_xml", "(self, text, *, check_root=True)",
                "Reads the object from its element in `text`: from the root element, or, without "
                "`check_root`, from the first one found "
                "anywhere in it. What was set before is reset. When it fails, the object stays as it was: "
@@ -74,7 +74,7 @@ void AddReading(Class& base)
         "parse_bytes", [](const AnyObject& self, const py::object& data) { ReadBytes(self, BytesOf(data)); },
         py::arg("data"),
         Signed(
-            "parse_bytes", "($self, data)",
+            "parse_bytes", "(self, data)",
             "Reads into this object, which stays as it was when that fails, whatever form the bytes are in.")
             .c_str());
     AddClassMethod(
@@ -85,7 +85,7 @@ void AddReading(Class& base)
             return made;
         },
         py::arg("text"), py::kw_only(), py::arg("check_root") = true, py::arg("validate") = true,
-        Signed("from_xml", "($type, text, *, check_root=True, validate=True)",
+        Signed("from_xml", "(cls, text, *, check_root=True, validate=True)",
                "A new object of its element in the text; see `parse_xml`.")
             .c_str());
     AddClassMethod(
@@ -97,7 +97,7 @@ void AddReading(Class& base)
         },
         py::arg("data"), py::kw_only(), py::arg("validate") = true,
         Signed(
-            "from_bytes", "($type, data, *, validate=True)",
+            "from_bytes", "(cls, data, *, validate=True)",
             "A new object of bytes in any form: XML, plain, compressed, or a binary file of one of these.\n\n"
             "What is wrong with a report is an error whose `problems` tell all of it. Without `validate` it "
             "is "
@@ -111,7 +111,7 @@ void AddReading(Class& base)
             return cls.attr("from_bytes")(data, py::arg("validate") = validate);
         },
         py::arg("path"), py::kw_only(), py::arg("validate") = true,
-        Signed("read", "($type, path, *, validate=True)",
+        Signed("read", "(cls, path, *, validate=True)",
                "A new object of a file in any form; see `from_bytes`.")
             .c_str());
 }
@@ -124,14 +124,14 @@ void AddWriting(Class& base)
             const auto copy = self.NewCopy();
             return ToPython(Apart(*copy, [](const IRGObject& object) { return object.GetXmlString(); }));
         },
-        Signed("to_xml", "($self)", words::GetXmlString).c_str());
+        Signed("to_xml", "(self)", words::GetXmlString).c_str());
     base.def(
         "to_bytes",
         [](const AnyObject& self, const std::string& form, std::optional<int> level) {
             return ToPython(Write(self, WantedForm(form, level)));
         },
         py::arg("form") = "plain", py::kw_only(), py::arg("level") = py::none(),
-        Signed("to_bytes", "($self, form='plain', *, level=None)",
+        Signed("to_bytes", "(self, form='plain', *, level=None)",
                "The object in a form: \"xml\", \"plain\", \"compressed\", or \"file\" for a binary file.\n\n"
                "`level` is zlib's, 0 to 9, or -1 for its default; with one a binary file holds a compressed "
                "representation. "
@@ -145,7 +145,7 @@ void AddWriting(Class& base)
         },
         py::arg("path"), py::arg("form") = "xml", py::kw_only(), py::arg("level") = py::none(),
         Signed(
-            "write", "($self, path, form='xml', *, level=None)",
+            "write", "(self, path, form='xml', *, level=None)",
             "Puts the object in a form (see `to_bytes`) in place of what the file holds.\n\n"
             "Until all is written it stands in a temporary file beside it, so that a failure leaves the old "
             "file "
@@ -164,28 +164,28 @@ void AddOperations(Class& base)
         },
         py::arg("form") = "xml",
         Signed(
-            "check", "($self, form='xml')",
+            "check", "(self, form='xml')",
             "What the library's check says of the object: a list of `Problem`, empty when it is good. Of a "
             "report each has its "
             "place in what would be written in the given form.")
             .c_str());
     base.def(
         "has_data", [](const AnyObject& self) { return self.Access().HasData(); },
-        Signed("has_data", "($self)", words::HasData).c_str());
+        Signed("has_data", "(self)", words::HasData).c_str());
     base.def(
         "reset",
         [](const AnyObject& self) {
             ++self.Changes();
             self.Access().Reset();
         },
-        Signed("reset", "($self)", words::Reset).c_str());
+        Signed("reset", "(self)", words::Reset).c_str());
     base.def(
         "merge",
         [](const AnyObject& self, const AnyObject& other) {
             const std::shared_ptr<IRGObject> added = other.NewCopy();
             return ApartAndBack(self, [&added](IRGObject& object) { return object.MergeRGObject(*added); });
         },
-        py::arg("other"), Signed("merge", "($self, other)", words::MergeRGObject).c_str());
+        py::arg("other"), Signed("merge", "(self, other)", words::MergeRGObject).c_str());
 }
 
 void AddIdentity(Class& base)

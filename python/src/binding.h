@@ -80,7 +80,7 @@ public:
                         return self;
                     }),
                     py::kw_only(), py::arg("validate") = true,
-                    Signed("__init__", "($self, *, validate=True, **values)",
+                    Signed("__init__", "(self, *, validate=True, **values)",
                            "Values of the properties go by their names. `validate` is as the property.")
                         .c_str());
         m_class.def("__repr__", [properties, name](const py::object& self) {
@@ -98,14 +98,14 @@ public:
         m_class.attr("__hash__") = py::none();
         const auto copy = [](const Self& self) { return std::make_unique<Self>(self.Get()); };
         m_class.def("copy", copy,
-                    Signed("copy", "($self)", "A copy that has nothing to do with this one.").c_str());
-        m_class.def("__copy__", copy, Signed("__copy__", "($self)", "As `copy`.").c_str());
+                    Signed("copy", "(self)", "A copy that has nothing to do with this one.").c_str());
+        m_class.def("__copy__", copy, Signed("__copy__", "(self)", "As `copy`.").c_str());
         m_class.def(
             "__deepcopy__", [copy](const Self& self, const py::dict& /*memo*/) { return copy(self); },
-            py::arg("memo"), Signed("__deepcopy__", "($self, memo)", "As `copy`.").c_str());
+            py::arg("memo"), Signed("__deepcopy__", "(self, memo)", "As `copy`.").c_str());
         m_class.def(
             "any_data", [](const Self& self) { return std::as_const(self.Get()).AnyData(); },
-            Signed("any_data", "($self)", "Whether anything is set that counts as data.").c_str());
+            Signed("any_data", "(self)", "Whether anything is set that counts as data.").c_str());
         m_class.def("_state", [properties](const Self& self) { return StateOf(properties, self); });
         m_class.def("_set_state", [properties](const Self& self, const py::tuple& state) {
             Restore(properties, self, state);
@@ -117,7 +117,7 @@ public:
                     py::module_::import("reportgenerator._restoring").attr("_restored");
                 return py::make_tuple(restore, py::make_tuple(py::type::of(self), self.attr("_state")()));
             },
-            Signed("__reduce__", "($self)", "For the module `pickle`.").c_str());
+            Signed("__reduce__", "(self)", "For the module `pickle`.").c_str());
     }
 
 private:

@@ -38,7 +38,7 @@ void AddOwn(Binding<Area>& binding)
                 CallSetter(self, [&copy](Area& area) { area.AppendCoordinate(copy); });
             },
             py::arg("item"),
-            Signed("append", "($self, item)",
+            Signed("append", "(self, item)",
                    "Appends a copy of the coordinate, which must have both values; their ranges are not "
                    "tested.\n\n"
                    "An incomplete one is refused when validating; otherwise it is appended after a warning.")
@@ -54,7 +54,7 @@ void AddOwn(Binding<Area>& binding)
                     items.at(static_cast<int>(index < 0 ? index + count : index)));
             },
             py::arg("index"),
-            Signed("coordinate_at", "($self, index)",
+            Signed("coordinate_at", "(self, index)",
                    "A copy of the coordinate at this place; negative ones count from the end.")
                 .c_str());
 }
@@ -74,8 +74,10 @@ void AddOwn(Binding<MeasurementTime>& binding)
             CallSetter(self, [&list](MeasurementTime& time) { time.SetMeasurementModeStringList(list); });
         },
         py::arg("names"),
-        "Replaces the names \"Continuous\" and \"Periodic\" in this object; refuses any other number than "
-        "two.");
+        Signed("set_mode_names", "(self, names)",
+               "Replaces the names \"Continuous\" and \"Periodic\" in this object; refuses any other number "
+               "than two.")
+            .c_str());
 }
 
 // Of the table. `V` is the type of the field.

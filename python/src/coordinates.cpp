@@ -73,7 +73,7 @@ QVector<Coordinate> CoordinatesFrom(py::handle value, bool validate)
     Coordinate point;
     point.SetValidate(validate);
     QVector<Coordinate> items;
-    Listening listening(point);
+    Listening listening(point, WantedLevel());
     std::optional<RGException> refused;
     py::ssize_t row = 0;
     {

@@ -58,14 +58,12 @@ V ValueFrom(pybind11::handle value, bool validate)
 template <class T, class Set>
 void CallSetter(const Object<T>& self, Set&& set)
 {
-    T& object = self.Get();
-    ++self.Changes();
+    const bool validates = self.Get().GetValidate();
+    const auto level = validates ? std::nullopt : WantedLevel();
     try {
-        if (object.GetValidate()) {
-            set(object);
-            return;
-        }
-        Listening listening(object);
+        T& object = self.Get();
+        ++self.Changes();
+        Listening listening(object, level);
         set(object);
         listening.HandOn();
     } catch (const RGException& refused) {

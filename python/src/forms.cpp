@@ -109,6 +109,8 @@ ReportCore::Problems ReadReport(ReportBase& report, const QByteArray& bytes)
     if (!file.IsGood() && (validates || !isReport))
         return file.problems;
     report = file.report;
+    // Its members have come with the flag by which a file is read.
+    report.SetValidate(validates);
     for (const ReportCore::Problem& problem : file.problems)
         report.Trace(REPORTGENERATOR::LogLevel::WARNING, ReportCore::ProblemLine(problem));
     return {};

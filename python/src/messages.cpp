@@ -61,31 +61,40 @@ private:
     std::vector<std::pair<LogLevel, QString>> m_messages;
 };
 
-Listening::Listening(const REPORTGENERATOR::IRGObject& object) : m_object(object)
+std::optional<LogLevel> WantedLevel()
 {
     const py::object logger = PythonLogger();
-    const auto isWanted = [&logger](LogLevel level) {
-        return logger.attr("isEnabledFor")(LevelInPython(level)).cast<bool>();
-    };
-    if (!isWanted(LogLevel::ERROR))
+    for (const LogLevel level : {LogLevel::INFO, LogLevel::WARNING, LogLevel::ERROR}) {
+        if (logger.attr("isEnabledFor")(LevelInPython(level)).cast<bool>())
+            return level;
+    }
+    return std::nullopt;
+}
+
+Listening::Listening(const REPORTGENERATOR::IRGObject& object, std::optional<LogLevel> level)
+    : m_object(&object)
+{
+    if (!level)
         return;
-    LogLevel level = LogLevel::ERROR;
-    if (isWanted(LogLevel::INFO))
-        level = LogLevel::INFO;
-    else if (isWanted(LogLevel::WARNING))
-        level = LogLevel::WARNING;
-    m_collector = std::make_shared<Collector>(level);
-    m_object.SetLogger(m_collector);
+    m_collector = std::make_shared<Collector>(*level);
+    m_object->SetLogger(m_collector);
 }
 
 Listening::~Listening()
 {
-    if (m_collector)
-        m_object.SetLogger(nullptr);
+    Leave();
+}
+
+void Listening::Leave()
+{
+    if (m_collector && m_object)
+        m_object->SetLogger(nullptr);
+    m_object = nullptr;
 }
 
 void Listening::HandOn()
 {
+    Leave();
     if (!m_collector)
         return;
     const auto messages = m_collector->Take();

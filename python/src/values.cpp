@@ -59,9 +59,10 @@ py::object ToPython(const QDateTime& time)
 {
     if (time.isNull())
         return py::none();
+    const qint64 milliseconds = time.toMSecsSinceEpoch();
     const py::module_ datetime = py::module_::import("datetime");
     const py::object epoch = datetime.attr("datetime")(1970, 1, 1, py::arg("tzinfo") = datetime.attr("UTC"));
-    return epoch + datetime.attr("timedelta")(py::arg("milliseconds") = time.toMSecsSinceEpoch());
+    return epoch + datetime.attr("timedelta")(py::arg("milliseconds") = milliseconds);
 }
 
 py::object ToPython(REPORTGENERATOR::MeasurementTime::MeasurementModeType mode)
@@ -74,8 +75,10 @@ py::object ToPython(REPORTGENERATOR::MeasurementTime::MeasurementModeType mode)
 
 py::object ToPython(const QVector<double>& numbers)
 {
-    py::array_t<double> array(static_cast<py::ssize_t>(numbers.size()));
-    std::copy(numbers.cbegin(), numbers.cend(), array.mutable_data());
+    // Code in Python may run meanwhile and change what it was taken of.
+    const QVector<double> taken = numbers;
+    py::array_t<double> array(static_cast<py::ssize_t>(taken.size()));
+    std::copy(taken.cbegin(), taken.cend(), array.mutable_data());
     array.attr("flags").attr("writeable") = false;
     return std::move(array);
 }

@@ -103,6 +103,32 @@ def test_what_a_handler_throws_is_passed_on() -> None:
         logger.removeHandler(angry)
 
 
+def test_a_handler_may_take_the_object_away() -> None:
+    report = rg.ReportBase(validate=False)
+    seen = []
+
+    class Taking(logging.Handler):
+        def emit(self, record: logging.LogRecord) -> None:
+            del report.area
+            seen.append(record.getMessage())
+
+    logger = logging.getLogger("reportgenerator")
+    taking = Taking(logging.WARNING)
+    logger.addHandler(taking)
+    try:
+        for _ in range(50):
+            report.area = rg.Area(coordinates=[[1.0, 2.0]], validate=False)
+            area = report.area
+            assert area is not None
+            area.validate = False
+            area.append(rg.Coordinate(validate=False))
+            with pytest.raises(ReferenceError):
+                area.to_xml()
+    finally:
+        logger.removeHandler(taking)
+    assert len(seen) == 50
+
+
 def test_check_tells_every_problem_of_a_report_with_its_path() -> None:
     report = rg.ReportBase(frequency=rg.Frequency(min=1.0), area=rg.Area(script_id="x"))
     problems = report.check()

@@ -34,6 +34,20 @@ def test_every_form_is_read_back(form: str) -> None:
     assert rg.Area.from_bytes(report.area.to_bytes(form)) == report.area  # type: ignore[union-attr, arg-type]
 
 
+@pytest.mark.parametrize("validate", [True, False])
+@pytest.mark.parametrize("form", FORMS)
+def test_the_parts_of_what_was_read_validate_as_it_does(form: str, validate: bool) -> None:
+    data = a_report().to_bytes(form)  # type: ignore[arg-type]
+    for read in (
+        rg.ReportBase.from_bytes(data, validate=validate),
+        rg.ReportBase.from_xml(a_report().to_xml(), validate=validate),
+    ):
+        assert read.validate is validate
+        assert read.frequency is not None and read.frequency.validate is validate
+        assert read.area is not None and read.area.validate is validate
+        assert read.area.coordinate_at(0).validate is validate
+
+
 @pytest.mark.parametrize("wrap", [bytes, bytearray, memoryview])
 def test_bytes_of_every_kind(wrap: type) -> None:
     assert rg.ReportBase.from_bytes(wrap(a_report().to_bytes())) == a_report()

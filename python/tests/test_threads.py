@@ -24,13 +24,13 @@ def often_switching() -> Iterator[None]:
 def together(*works: Callable[[], None], seconds: float = 0.5) -> None:
     """Runs each again and again in a thread of its own; what one throws is thrown here."""
     stop = time.monotonic() + seconds
-    thrown: list[BaseException] = []
+    thrown: list[Exception] = []
 
     def run(work: Callable[[], None]) -> None:
         try:
             while time.monotonic() < stop and not thrown:
                 work()
-        except BaseException as error:
+        except Exception as error:  # noqa: BLE001 - thrown again
             thrown.append(error)
 
     threads = [threading.Thread(target=run, args=(work,)) for work in works]
@@ -160,6 +160,7 @@ def test_what_takes_time_lets_other_threads_run() -> None:
 
     thread = threading.Thread(target=count)
     thread.start()
+    data = report.to_bytes("xml")
     try:
         for work in (
             lambda: report.to_bytes("compressed", level=9),
@@ -168,7 +169,6 @@ def test_what_takes_time_lets_other_threads_run() -> None:
             lambda: rg.check(data),
             lambda: report.check(),
         ):
-            data = report.to_bytes("xml")
             before = time.monotonic()
             work()
             after = time.monotonic()

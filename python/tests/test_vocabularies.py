@@ -48,7 +48,9 @@ def test_spellings() -> None:
 def test_dates() -> None:
     time = datetime.datetime(2014, 7, 3, 8, 5, 9, 120_999, tzinfo=datetime.UTC)
     assert rg.converters.to_string(time) == "2014-07-03T08:05:09.120Z"
-    assert rg.converters.to_datetime("2014-07-03T10:05:09.120+02:00") == time.replace(microsecond=120_000)
+    assert rg.converters.to_datetime("2014-07-03T10:05:09.120+02:00") == time.replace(
+        microsecond=120_000
+    )
     assert rg.converters.to_datetime("never") is None
     before = datetime.datetime(1969, 12, 31, 23, 59, 59, 999_000, tzinfo=datetime.UTC)
     assert rg.converters.to_string(before) == "1969-12-31T23:59:59.999Z"

@@ -120,7 +120,7 @@ try_viewer() {
 test_runtime() {
     local package
     for package in "$qt5_library" "$qt5_models" reporttool reportviewer "$qt6_library" "$qt6_models" reporttool-qt6 \
-        reportviewer-qt6 reporttool-types libreportbase-headers libreportbase-doc reportgenerator-doc; do
+        reportviewer-qt6 reporttool-types python3-reportgenerator libreportbase-headers libreportbase-doc reportgenerator-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
@@ -133,6 +133,11 @@ test_runtime() {
                 expect_file /usr/share/mime/packages/reportgenerator.xml
                 expect_file /usr/share/file/magic/reportgenerator
                 expect_file /usr/share/reportgenerator/schemas/catalog.xml
+                ;;
+            python3-reportgenerator)
+                # What Python remembers of its files is no part of the package.
+                python3 -B /project/use.py /project/reports/*.xml >/tmp/loaded
+                grep -q "libreportbase\.so\.$interface" <(sed 's|.*/||' /tmp/loaded) || fail "Python loads another library"
                 ;;
             reporttool*) try_tool "$package" ;;
             reportviewer*) try_viewer "$package" ;;

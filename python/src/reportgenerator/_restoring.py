@@ -11,5 +11,5 @@ _T = TypeVar("_T", bound=IRGObject)
 
 def _restored(cls: type[_T], state: tuple[object, ...]) -> _T:
     restored = cls()
-    restored._set_state(state)
+    restored._set_state(state)  # type: ignore[attr-defined]
     return restored
