@@ -17,6 +17,9 @@ constexpr double UNITS_PER_DEGREE = 1e6;
 /// A ring that goes round the earth again and again is none, and its numbers become too large.
 constexpr double FARTHEST = 720.0;
 
+/// That none of so few edges meet, as it mostly is, a look at each pair shows before they have been put in order.
+constexpr std::size_t FEW_EDGES = 40;
+
 /// A point in millionths of degrees: with whole numbers it is certain on which side of an edge a point lies.
 struct GridPoint
 {
@@ -74,11 +77,24 @@ class Sweep
 public:
     explicit Sweep(const std::vector<GridPoint>& ring) : m_ring(ring)
     {
+        m_edges.reserve(ring.size());
         for (std::size_t i = 0; i < ring.size(); ++i) {
             const GridPoint& a = ring[i];
             const GridPoint& b = ring[(i + 1) % ring.size()];
             m_edges.push_back({std::min(a, b), std::max(a, b), i});
         }
+    }
+
+    /// Whether any two meet, by a look at each pair.
+    bool HasMeeting() const
+    {
+        for (auto left = m_edges.begin(); left != m_edges.end(); ++left) {
+            for (auto right = std::next(left); right != m_edges.end(); ++right) {
+                if (AreNear(*left, *right) && Meet(*left, *right))
+                    return true;
+            }
+        }
+        return false;
     }
 
     std::optional<EdgePair> Find()
@@ -149,6 +165,15 @@ private:
         return {first, second};
     }
 
+    /// Whether what is between their western and eastern, northern and southern ends has something in common.
+    static bool AreNear(const Edge& left, const Edge& right)
+    {
+        const auto [leftSouth, leftNorth] = std::minmax(left.begin.y, left.end.y);
+        const auto [rightSouth, rightNorth] = std::minmax(right.begin.y, right.end.y);
+        return left.begin.x <= right.end.x && right.begin.x <= left.end.x && leftSouth <= rightNorth &&
+               rightSouth <= leftNorth;
+    }
+
     /// Whether they have more in common than the point between neighbours.
     bool Meet(const Edge& left, const Edge& right) const
     {
@@ -209,8 +234,11 @@ std::optional<EdgePair> FindCrossing(const Points& ring)
     const std::vector<GridPoint> grid = OnGrid(ring);
     if (isTooFar || grid.size() < 3)
         return std::nullopt;
+    Sweep sweep(grid);
+    if (grid.size() <= FEW_EDGES && !sweep.HasMeeting())
+        return std::nullopt;
     const std::optional<EdgePair> same = FindSamePoint(grid);
-    return same ? same : Sweep(grid).Find();
+    return same ? same : sweep.Find();
 }
 
 } // namespace ReportCore

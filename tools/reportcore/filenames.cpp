@@ -51,7 +51,11 @@ protected:
     QString convertToUnicode(const char* bytes, int size, ConverterState* /*state*/) const override
     {
         const QTextCodec* const utf8 = QTextCodec::codecForMib(UTF8_MIB);
-        QString text;
+        ConverterState whole(IgnoreHeader);
+        QString text = utf8->toUnicode(bytes, size, &whole);
+        if (whole.invalidChars == 0 && whole.remainingChars == 0)
+            return text;
+        text.clear();
         for (int i = 0; i < size;) {
             const int count = std::min(ClaimedSize(static_cast<uchar>(bytes[i])), size - i);
             ConverterState state(IgnoreHeader);

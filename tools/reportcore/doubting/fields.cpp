@@ -8,6 +8,7 @@
 #include <reportgenerator/reflection/texts.h>
 
 #include <cstddef>
+#include <optional>
 
 namespace ReportCore {
 
@@ -28,32 +29,36 @@ using FieldDoubts = std::vector<FieldDoubt>;
 /// Bounds are fields that bear these names; what they bound is the field "value" beside them.
 void DoubtBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath& path, FieldDoubts& doubts)
 {
-    const auto number = [&object, &info](const char* name) {
-        const Field* const field = info.FindName(QLatin1String(name));
-        return field && field->Kind() == FieldKind::Number ? field->ValueIn(object) : QVariant();
+    static const QString MIN = QStringLiteral("min");
+    static const QString MAX = QStringLiteral("max");
+    static const QString VALUE = QStringLiteral("value");
+    const auto number = [&object, &info](const QString& name) {
+        const Field* const field = info.FindName(name);
+        return field ? field->NumberIn(object) : std::nullopt;
     };
-    const auto at = [&path, &info](const char* name) {
+    const auto at = [&path, &info](const QString& name) {
         FieldPath fieldPath = path;
-        fieldPath.Enter(*info.FindName(QLatin1String(name)));
+        fieldPath.Enter(*info.FindName(name));
         return fieldPath;
     };
-    const QVariant min = number("min");
-    const QVariant max = number("max");
-    const QVariant value = number("value");
-    if (min.isValid() && max.isValid() && min.toDouble() > max.toDouble()) {
-        doubts.push_back({at("min"), MIN_ABOVE_MAX,
-                          QStringLiteral("min %1 is above max %2")
-                              .arg(NumberText(min.toDouble()), NumberText(max.toDouble()))});
+    const std::optional<double> min = number(MIN);
+    const std::optional<double> max = number(MAX);
+    if (!min && !max)
+        return;
+    const std::optional<double> value = number(VALUE);
+    if (min && max && *min > *max) {
+        doubts.push_back({at(MIN), MIN_ABOVE_MAX,
+                          QStringLiteral("min %1 is above max %2").arg(NumberText(*min), NumberText(*max))});
         return;
     }
-    if (value.isValid() && min.isValid() && value.toDouble() < min.toDouble())
-        doubts.push_back({at("value"), OUTSIDE_BOUNDS,
-                          QStringLiteral("value %1 is below min %2")
-                              .arg(NumberText(value.toDouble()), NumberText(min.toDouble()))});
-    if (value.isValid() && max.isValid() && value.toDouble() > max.toDouble())
-        doubts.push_back({at("value"), OUTSIDE_BOUNDS,
-                          QStringLiteral("value %1 is above max %2")
-                              .arg(NumberText(value.toDouble()), NumberText(max.toDouble()))});
+    if (value && min && *value < *min)
+        doubts.push_back(
+            {at(VALUE), OUTSIDE_BOUNDS,
+             QStringLiteral("value %1 is below min %2").arg(NumberText(*value), NumberText(*min))});
+    if (value && max && *value > *max)
+        doubts.push_back(
+            {at(VALUE), OUTSIDE_BOUNDS,
+             QStringLiteral("value %1 is above max %2").arg(NumberText(*value), NumberText(*max))});
 }
 
 void DoubtRing(const IRGObject& holder, const FieldPath& path, Look look, FieldDoubts& doubts)
