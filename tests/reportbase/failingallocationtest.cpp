@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
@@ -25,6 +26,7 @@ namespace {
 using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Double;
+using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;
 using Support::Allocations;
 using Support::At;
@@ -42,9 +44,16 @@ Area Lake(int points = 3)
     return area;
 }
 
+enum class Failure : int
+{
+    Passes,
+    Lasts
+};
+
 /// Gives `attempt` a turn for each of its allocations to fail, until none does. It says what it does by the
 /// function that it is given; what it expects afterwards it looks up after that.
-void FailEach(const std::function<void(const std::function<void(const std::function<void()>&)>&)>& attempt)
+void FailEach(const std::function<void(const std::function<void(const std::function<void()>&)>&)>& attempt,
+              Failure failure = Failure::Passes)
 {
     if (!FailingAllocation::IsPossible())
         GTEST_SKIP() << "the allocator of this platform doesn't fail";
@@ -55,7 +64,7 @@ void FailEach(const std::function<void(const std::function<void(const std::funct
         hasFailed = false;
         attempt([&](const std::function<void()>& operation) {
             bool threw = false;
-            const FailingAllocation failing(number);
+            const FailingAllocation failing(number, failure == Failure::Lasts);
             try {
                 operation();
             } catch (const std::bad_alloc&) {
@@ -152,6 +161,26 @@ TEST(FailingAllocation, LeavesTheCoordinatesAsTheyWere)
             EXPECT_TRUE(source == Lake());
         });
     }
+}
+
+/// Qt gives nothing for want of memory, as it does for damaged data.
+TEST(FailingAllocation, IsNotTakenForDamagedOrEmptyData)
+{
+    const QByteArray content(SOME_POINTS, 'c');
+    const QByteArray compressed = IRGObject::Compress(content, 9);
+    QByteArray result;
+    FailEach(
+        [&](const auto& run) {
+            result = content;
+            run([&] { result = IRGObject::UncompressBinary(compressed); });
+            EXPECT_EQ(result, content);
+        },
+        Failure::Lasts);
+    FailEach([&](const auto& run) {
+        result = compressed;
+        run([&] { result = IRGObject::Compress(content, 9); });
+        EXPECT_EQ(result, compressed);
+    });
 }
 
 /// Copies everything, its name and its logger too.

@@ -33,6 +33,7 @@ qint64 g_peak = 0;
 
 /// How many allocations are left up to the one that fails, none when there is no such one.
 int g_untilFailure = 0;
+bool g_lasts = false;
 bool g_hasFailed = false;
 
 [[maybe_unused]] bool MustFail()
@@ -40,6 +41,7 @@ bool g_hasFailed = false;
     if (g_untilFailure == 0 || --g_untilFailure > 0)
         return false;
     g_hasFailed = true;
+    g_untilFailure = g_lasts ? 1 : 0;
     return true;
 }
 
@@ -159,9 +161,10 @@ bool Allocations::AreCounted()
 #endif
 }
 
-FailingAllocation::FailingAllocation(int number)
+FailingAllocation::FailingAllocation(int number, bool lasts)
 {
     g_hasFailed = false;
+    g_lasts = lasts;
     g_untilFailure = number;
 }
 

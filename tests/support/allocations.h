@@ -32,7 +32,7 @@ public:
     static bool AreCounted();
 };
 
-/// Lets one allocation fail: the `number`-th from now on, counted from 1.
+/// Lets an allocation fail: the `number`-th from now on, counted from 1, and with it all behind it if that `lasts`.
 ///
 ///     FailingAllocation failing(3);
 ///     EXPECT_THROW(object.Check(), std::bad_alloc);
@@ -41,7 +41,7 @@ public:
 class FailingAllocation
 {
 public:
-    explicit FailingAllocation(int number);
+    explicit FailingAllocation(int number, bool lasts = false);
     ~FailingAllocation();
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;

@@ -5,13 +5,39 @@
 
 #include <QtCore/QtEndian>
 
+#include <algorithm>
+#include <new>
+
 namespace REPORTGENERATOR::compression {
 
 namespace {
 
 constexpr int PREFIX_SIZE = 4;
 
+/// What zlib needs for itself.
+constexpr qint64 UNPACKER_SIZE = 65536;
+
+/// Of data that claim to hold so many bytes.
+QByteArray UncompressClaimed(const QByteArray& data, qint64 claimed)
+{
+    const QByteArray bytes = qUncompress(data);
+    // Nothing comes of damaged data, but also for want of memory. Then there is none here either.
+    if (bytes.isEmpty()) {
+        const QByteArray room(static_cast<int>(std::max(claimed, UNPACKER_SIZE)), Qt::Uninitialized);
+    }
+    return bytes;
+}
+
 } // namespace
+
+QByteArray Compress(const QByteArray& data, int level)
+{
+    const QByteArray compressed = qCompress(data, level);
+    // Also of no bytes there is something.
+    if (compressed.isEmpty())
+        throw std::bad_alloc();
+    return compressed;
+}
 
 QByteArray Uncompress(const QByteArray& data)
 {
@@ -22,11 +48,11 @@ QByteArray Uncompress(const QByteArray& data)
         return QByteArray();
     const qint64 possible = qint64(data.size()) * wire::MAX_INFLATION + limits::INFLATION_SLACK;
     if (claimed <= possible)
-        return qUncompress(data);
+        return UncompressClaimed(data, claimed);
     // qUncompress grows its buffer when the prefix is too small, so a smaller claim gives the same result.
     QByteArray honest = data;
     qToBigEndian(static_cast<quint32>(possible), honest.data());
-    return qUncompress(honest);
+    return UncompressClaimed(honest, possible);
 }
 
 } // namespace REPORTGENERATOR::compression

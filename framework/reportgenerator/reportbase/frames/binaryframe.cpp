@@ -226,7 +226,7 @@ int IRGObject::skipCurrentElement(QDataStream& stream, int length, int /*unused*
 
 QByteArray IRGObject::Compress(const QByteArray& data, int level)
 {
-    return qCompress(data, level);
+    return compression::Compress(data, level);
 }
 
 QByteArray IRGObject::Compress(const QString& text, int level)
