@@ -8,6 +8,7 @@
 #include <QtCore/QIODevice>
 
 #include <algorithm>
+#include <utility>
 
 namespace Support {
 
@@ -59,6 +60,73 @@ protected:
 
 private:
     qint64 m_limit;
+};
+
+/// What a device does from one of its bytes on.
+enum class Fault : int
+{
+    GivesNothing, ///< 0 bytes, or takes none, though it isn't at its end
+    Fails,        ///< -1
+    Closes,       ///< is closed by itself
+    StandsStill,  ///< refuses to seek
+    Lies,         ///< says that it has sought, and doesn't
+    Trickles      ///< one byte at a time
+};
+
+/// A device that is faulty from the byte `position` on.
+template <class Device>
+class Faulty : public Device
+{
+public:
+    template <class... Arguments>
+    Faulty(Fault fault, qint64 position, Arguments&&... arguments)
+        : Device(std::forward<Arguments>(arguments)...), m_fault(fault), m_position(position)
+    {
+    }
+
+    bool seek(qint64 position) override
+    {
+        const bool isFaulty = m_done >= m_position;
+        if (isFaulty && m_fault == Fault::StandsStill)
+            return false;
+        if (isFaulty && m_fault == Fault::Lies)
+            return true;
+        m_done = position;
+        return Device::seek(position);
+    }
+
+protected:
+    qint64 readData(char* data, qint64 size) override
+    {
+        return Transfer(size, [&](qint64 count) { return Device::readData(data, count); });
+    }
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        return Transfer(size, [&](qint64 count) { return Device::writeData(data, count); });
+    }
+
+private:
+    template <class Move>
+    qint64 Transfer(qint64 size, Move&& move)
+    {
+        qint64 count = size;
+        if (m_fault <= Fault::Closes)
+            count = std::min(size, m_position - m_done);
+        else if (m_fault == Fault::Trickles && m_done >= m_position)
+            count = std::min<qint64>(size, 1);
+        if (count <= 0 && size > 0) {
+            if (m_fault == Fault::Closes)
+                Device::close();
+            return m_fault == Fault::GivesNothing ? 0 : -1;
+        }
+        const qint64 moved = move(count);
+        m_done += std::max<qint64>(moved, 0);
+        return moved;
+    }
+
+    Fault m_fault;
+    qint64 m_position;
+    qint64 m_done = 0;
 };
 
 } // namespace Support
