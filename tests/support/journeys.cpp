@@ -3,7 +3,6 @@
 #include "support/composedinput.h"
 
 namespace Support {
-namespace {
 
 void Read(Form form, Road& road, Traveller& traveller, const Input& input, Choices offer)
 {
@@ -49,8 +48,6 @@ void Read(Form form, Road& road, Traveller& traveller, const Input& input, Choic
     }
     }
 }
-
-} // namespace
 
 const char* NameOf(Form form)
 {

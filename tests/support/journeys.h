@@ -60,6 +60,9 @@ struct Trip
 /// An input that mostly suits the form and the kind.
 Input ComposeInput(Form form, Kind kind, const Trip& trip, Choices choices);
 
+/// Has an object read the input as it is offered.
+void Read(Form form, Road& road, Traveller& traveller, const Input& input, Choices offer);
+
 /// Arranges an object of the kind, has it read, looks at it and writes it.
 std::string ReadingDifference(Form form, Kind kind, const Input& input, const Trip& trip);
 

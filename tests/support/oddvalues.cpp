@@ -287,6 +287,12 @@ QString AnyNumberText(Choices& choices)
     }
 }
 
+int AnyStreamVersion(Choices& choices)
+{
+    constexpr int LAST = 19;
+    return choices.Below(LAST) + 1;
+}
+
 QString AnyVersionText(Choices& choices)
 {
     static const std::vector<QString> texts = {

@@ -32,6 +32,9 @@ QString AnyNumberText(Choices& choices);
 /// Decimal digits near the middle between two doubles, where rounding decides.
 QString DigitsNearMiddle(Choices& choices);
 
+/// The version of a `QDataStream`: from the first to the last that Qt 5 has.
+int AnyStreamVersion(Choices& choices);
+
 /// What may stand where the version of an area is read.
 QString AnyVersionText(Choices& choices);
 

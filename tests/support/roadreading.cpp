@@ -1,6 +1,7 @@
 // The ways of reading of support/roadforms.h.
 
 #include "support/devices.h"
+#include "support/oddvalues.h"
 #include "support/roadforms.h"
 #include "support/scratchfile.h"
 
@@ -42,7 +43,7 @@ void Configure(QDataStream& stream, Choices& choices)
     if (choices.OneIn(4))
         stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
     if (choices.OneIn(4))
-        stream.setVersion(choices.Of({7, 11, 13, 17}));
+        stream.setVersion(AnyStreamVersion(choices));
     if (choices.OneIn(16))
         stream.setStatus(choices.Of({QDataStream::ReadPastEnd, QDataStream::ReadCorruptData}));
     if (choices.OneIn(16))
@@ -73,9 +74,10 @@ void ReadOnSomething(Road& road, const QByteArray& bytes, Choices& choices,
     }
     case 7: {
         QBuffer buffer;
-        buffer.setData(QByteArray("before") + bytes + QByteArray("behind"));
+        const QByteArray before = QByteArray("before").repeated(choices.Below(40));
+        buffer.setData(before + bytes + QByteArray("behind"));
         buffer.open(QIODevice::ReadOnly);
-        buffer.seek(6);
+        buffer.seek(choices.OneIn(4) ? choices.Below(static_cast<int>(buffer.size()) + 1) : before.size());
         ReadOn(road, &buffer, settings, read);
         break;
     }

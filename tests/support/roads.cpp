@@ -32,6 +32,7 @@ class TravellerOf : public Traveller
 public:
     TravellerOf() = default;
     explicit TravellerOf(const T& other) : m_object(other) {}
+    explicit TravellerOf(T&& other) : m_object(std::move(other)) {}
 
     IRGObject& Object() override { return m_object; }
     const IRGObject& Object() const override { return m_object; }
@@ -57,6 +58,19 @@ public:
     void Assign(const Traveller& other) override
     {
         static_cast<T&>(m_object) = dynamic_cast<const T&>(other.Object());
+    }
+
+    std::unique_ptr<Traveller> Move() override
+    {
+        return std::make_unique<TravellerOf>(static_cast<T&&>(m_object));
+    }
+    void MoveFrom(Traveller& other) override
+    {
+        static_cast<T&>(m_object) = std::move(dynamic_cast<T&>(other.Object()));
+    }
+    void Swap(Traveller& other) override
+    {
+        std::swap(static_cast<T&>(m_object), dynamic_cast<T&>(other.Object()));
     }
 
     void Fill(Choices& choices) override { Support::Fill(static_cast<T&>(m_object), choices); }

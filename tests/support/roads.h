@@ -47,6 +47,7 @@ struct PlainRoad : T
 {
     PlainRoad() = default;
     explicit PlainRoad(const T& other) : T(other) {}
+    explicit PlainRoad(T&& other) : T(std::move(other)) {}
 };
 
 enum class Kind : int
@@ -163,6 +164,11 @@ public:
     virtual std::unique_ptr<Traveller> New() const = 0;
     virtual std::unique_ptr<Traveller> Copy() const = 0;
     virtual void Assign(const Traveller& other) = 0;
+
+    /// The same by moving: what is moved from stays an object.
+    virtual std::unique_ptr<Traveller> Move() = 0;
+    virtual void MoveFrom(Traveller& other) = 0;
+    virtual void Swap(Traveller& other) = 0;
 
     /// Fills the object with something that passes every check, apart from rare values.
     virtual void Fill(Choices& choices) = 0;

@@ -34,7 +34,7 @@ void Configure(QDataStream& stream, Choices& choices)
 {
     stream.setVersion(STREAM_VERSION);
     if (choices.OneIn(4))
-        stream.setVersion(choices.Of({7, 11, 13, 17}));
+        stream.setVersion(AnyStreamVersion(choices));
     if (choices.OneIn(4))
         stream.setByteOrder(QDataStream::LittleEndian);
     if (choices.OneIn(4))

@@ -1,0 +1,168 @@
+// Rows of operations on objects of the plain classes, which have one way only, beside objects of a subclass that changes
+// nothing: what may tell them apart is what asks for the class, such as merging.
+
+#include "support/composedinput.h"
+#include "support/expect.h"
+#include "support/plainclasses.h"
+#include "support/roads.h"
+#include "support/scratchfile.h"
+#include "support/sequences.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QXmlStreamWriter>
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace {
+
+using Support::Choices;
+using Support::PlainRoad;
+using Support::Road;
+using Support::Sample;
+using Support::Steps;
+
+/// Two objects of `Class`, which is T or its subclass, and what can be done with them.
+template <class T, class Class>
+class Pair
+{
+public:
+    explicit Pair(Road& road) : m_road(road) {}
+
+    void Take(Choices choices)
+    {
+        m_road.Transcript().Heading("step");
+        Class& object = m_objects[static_cast<std::size_t>(choices.Below(2))];
+        m_road.Attempt("operation", [&] { Do(choices.Below(OPERATIONS), object, choices); });
+        for (const Class& each : m_objects)
+            NoteState(each);
+    }
+
+private:
+    static constexpr int OPERATIONS = 16;
+
+    T& Plain(std::size_t number) { return m_objects[number]; }
+
+    void Do(int operation, Class& object, Choices& choices)
+    {
+        T& plain = object;
+        switch (operation) {
+        case 0:
+            plain = Sample<T>::Filled();
+            break;
+        case 1:
+            plain = Sample<T>::Refused();
+            break;
+        case 2:
+            object.Reset();
+            break;
+        case 3:
+            object.SetValidate(choices.Below(2) == 1);
+            break;
+        case 4:
+            object.SetLogger(m_road.Logger(choices.Below(Road::LOGGERS + 1) - 1));
+            break;
+        case 5:
+            object.ResetLogger();
+            break;
+        case 6:
+            object.Check();
+            break;
+        case 7:
+            Plain(0) = Plain(1);
+            break;
+        case 8:
+            std::swap(Plain(0), Plain(1));
+            break;
+        case 9:
+            m_road.Note("merged", m_objects[0].MergeRGObject(m_objects[1]));
+            break;
+        case 10:
+            m_road.Note("taken", object.SetXmlString(Written(choices), choices.OneIn(3)));
+            break;
+        case 11:
+            Support::WriteScratch(Written(choices).toUtf8());
+            m_road.Note("loaded", object.LoadXml(Support::ScratchPath()));
+            break;
+        case 12:
+            m_road.Note("saved", object.SaveXml(Support::ScratchPath()));
+            m_road.Note("file", Support::ReadScratch());
+            break;
+        case 13:
+            m_road.Note("bytes", object.GetBinaryRepresentationAsQByteArray());
+            break;
+        case 14: {
+            QByteArray bytes("\0\0\0\22\0I\0R\0G\0O\0b\0j\0e\0c\0t", 22);
+            m_road.Note("taken", object.SetBinaryRepresentation(bytes));
+            break;
+        }
+        default: {
+            const T copy(plain);
+            plain = T();
+            plain = copy;
+            break;
+        }
+        }
+    }
+
+    /// What an object with everything set writes, or what one of these does; whole or damaged.
+    QString Written(Choices& choices)
+    {
+        const T filled = Sample<T>::Filled();
+        const T& source = choices.Below(2) == 0 ? filled : Plain(1);
+        const QString text = source.GetXmlString();
+        return choices.Below(2) == 0 ? text : Support::Mutated(text, choices);
+    }
+
+    void NoteState(const Class& object)
+    {
+        Support::NoteSettings(m_road.Transcript(), object);
+        m_road.Note("version", object.GetVersion());
+        m_road.Note("any data", object.AnyData());
+        m_road.Note("has data", object.HasData());
+        QString text;
+        QXmlStreamWriter writer(&text);
+        T copy(object);
+        copy.SetLogger(nullptr);
+        copy.SetValidate(false);
+        m_road.Attempt("text", [&] { copy.GetXml(writer); });
+        m_road.Note("text", text);
+    }
+
+    Road& m_road;
+    std::array<Class, 2> m_objects;
+};
+
+template <class T, class Class>
+std::string Taken(const Steps& steps)
+{
+    Road road(Support::Way::Plain);
+    const Support::QtMessages messages(road.Transcript());
+    Pair<T, Class> pair(road);
+    for (const Choices& step : steps)
+        pair.Take(step);
+    return road.Transcript().Text();
+}
+
+template <class T>
+class PlainSequences : public Support::PlainClassTest<T>
+{
+};
+
+TYPED_TEST_SUITE(PlainSequences, Support::PlainClasses, Support::PlainClassNames);
+
+TYPED_TEST(PlainSequences, ComeToTheSameOfASubclass)
+{
+    constexpr quint64 SEQUENCES = 60;
+    for (quint64 seed = 1; seed <= SEQUENCES; ++seed) {
+        const Steps steps = Support::SequenceOfSeed(seed);
+        ASSERT_EQ(Support::DifferenceOf(Taken<TypeParam, PlainRoad<TypeParam>>(steps),
+                                        Taken<TypeParam, TypeParam>(steps)),
+                  "")
+            << "seed " << seed;
+    }
+}
+
+} // namespace
