@@ -2,6 +2,7 @@
 //
 //     fuzz_seeds FOLDER
 
+#include "support/sequences.h"
 #include "support/vectorwalk.h"
 #include "target.h"
 
@@ -98,18 +99,28 @@ void WriteOf(const Seeds& seeds, const VectorInput& vector, const std::string& n
         seeds.Write("raw", name, header + vector.bytes);
 }
 
+QByteArray Chosen(Choices& choices, int size)
+{
+    QByteArray bytes;
+    while (bytes.size() < size)
+        bytes += static_cast<char>(choices.Below(256));
+    return bytes;
+}
+
 /// For targets that take choices there is nothing to be had from the vectors.
 void WriteChoices(const Seeds& seeds)
 {
     constexpr int OBJECTS = 60;
     constexpr int LONGEST = 200;
+    constexpr int MOST_STEPS = 12;
     for (int number = 0; number < OBJECTS; ++number) {
         Choices choices(static_cast<quint64>(number));
-        QByteArray bytes;
-        for (int size = Fuzz::HEADER_SIZE + choices.Below(LONGEST); bytes.size() < size;)
-            bytes += static_cast<char>(choices.Below(256));
+        const QByteArray bytes = Chosen(choices, Fuzz::HEADER_SIZE + choices.Below(LONGEST));
         for (const char* target : {"writing", "composed", "forms"})
             seeds.Write(target, std::to_string(number), bytes);
+        const int steps = choices.Below(MOST_STEPS) + 1;
+        seeds.Write("sequences", std::to_string(number),
+                    Chosen(choices, Fuzz::HEADER_SIZE + steps * Support::STEP_SIZE));
     }
 }
 

@@ -8,6 +8,19 @@ command_numbers() {
     run build/clang/bin/numbers_against_qt "$@"
 }
 
+# What a row of operations comes to is compared after each step. The seed of one that differs is told.
+command_sequences() {
+    (($# <= 2)) || fail "sequences takes a count and a seed"
+    local number
+    for number in "$@"; do
+        [[ $number =~ ^[1-9][0-9]*$ ]] || fail "sequences takes numbers"
+    done
+    build dev --target reportbase_tests
+    say "Comparing ${1:-100000} rows of operations of each class"
+    REPORTGENERATOR_TEST_SEQUENCES="${1:-100000}" REPORTGENERATOR_TEST_FIRST_SEED="${2:-1}" LC_ALL=C.UTF-8 \
+        run build/dev/bin/reportbase_tests --gtest_filter='*TwoRoadsSequences*'
+}
+
 fuzz_names() {
     sed -n '/^set(targets$/,/)$/s/^ *\([a-z_]*\))\?$/\1/p' fuzz/CMakeLists.txt
 }
@@ -20,7 +33,7 @@ explore() {
     local folders=("$found" "build/fuzz/seeds/$name")
     [[ ! -d $kept ]] || folders+=("$kept")
     say "Exploring $name for $seconds s"
-    run "build/fuzz/bin/fuzz_$name" -dict=fuzz/reports.dict -max_total_time="$seconds" -max_len=4096 -timeout=20 \
+    run "build/fuzz/bin/fuzz_$name" -dict=build/fuzz/reports.dict -max_total_time="$seconds" -max_len=4096 -timeout=20 \
         -rss_limit_mb=2048 -print_final_stats=1 -print_funcs=0 -artifact_prefix="build/fuzz/findings/$name-" \
         "${folders[@]}"
 }
