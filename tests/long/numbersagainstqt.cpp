@@ -20,9 +20,8 @@ using Support::Random;
 constexpr std::int64_t DEFAULT_COUNT = 100000000;
 constexpr std::size_t THREADS = 2;
 
-/// A number is written with all of them: those of the reports' forms, and one of the others in turn.
+/// Those of the reports' forms; a number is written with all of them.
 constexpr int FORM_DECIMALS[] = {2, 6};
-constexpr int OTHER_DECIMALS[] = {0, 1, 3, 4, 5};
 
 struct KindResult
 {
@@ -34,12 +33,11 @@ struct KindResult
 /// One row for each kind of numbers and one for the texts.
 using Results = std::array<KindResult, Support::NUMBER_KINDS.size() + 1>;
 
-void CompareOne(double number, int otherDecimals, KindResult& result)
+void CompareOne(double number, KindResult& result)
 {
     ++result.numbers;
     for (const int decimals : FORM_DECIMALS)
         Support::CompareNumber(number, decimals, result.written, result.read);
-    Support::CompareNumber(number, otherDecimals, result.written, result.read);
 }
 
 /// Draws `count` numbers, the kinds in turn, and as many texts.
@@ -48,8 +46,7 @@ void Compare(std::uint64_t seed, std::int64_t count, Results& results)
     Random random(seed);
     std::size_t kind = 0;
     for (std::int64_t i = 0; i < count; ++i) {
-        const int otherDecimals = OTHER_DECIMALS[random() % std::size(OTHER_DECIMALS)];
-        CompareOne(Support::NUMBER_KINDS[kind].draw(random), otherDecimals, results[kind]);
+        CompareOne(Support::NUMBER_KINDS[kind].draw(random), results[kind]);
         ++results.back().numbers;
         Support::CompareText(Support::DrawNumberText(random), results.back().read);
         kind = (kind + 1) % Support::NUMBER_KINDS.size();

@@ -16,7 +16,6 @@
 namespace {
 
 using REPORTGENERATOR::numbers::MAX_FIXED;
-using REPORTGENERATOR::numbers::MAX_FIXED_DECIMALS;
 using REPORTGENERATOR::numbers::ReadFixed;
 using REPORTGENERATOR::numbers::ReadFixedPrefix;
 using REPORTGENERATOR::numbers::WriteFixed;
@@ -116,12 +115,11 @@ struct Tie
 TYPED_TEST(FixedNumbers, DecimalsAreRoundedToThoseAskedFor)
 {
     const Row rows[] = {
-        {179.123456, 0, "179"},        {179.123456, 1, "179.1"},      {179.123456, 2, "179.12"},
-        {179.123456, 3, "179.123"},    {179.123456, 4, "179.1235"},   {179.123456, 5, "179.12346"},
-        {179.123456, 6, "179.123456"}, {-0.000001, 6, "-0.000001"},   {0.999999, 6, "0.999999"},
-        {0.999999, 5, "1.00000"},      {9.996, 2, "10.00"},           {-99.9999996, 6, "-100.000000"},
-        {999.996, 2, "1000.00"},       {999999.996, 2, "1000000.00"}, {121500000.0, 2, "121500000.00"},
-        {8333.33, 2, "8333.33"},       {1e9, 2, "1000000000.00"},
+        {179.123456, 2, "179.12"},      {179.126, 2, "179.13"},        {179.123456, 6, "179.123456"},
+        {179.1234567, 6, "179.123457"}, {-0.000001, 6, "-0.000001"},   {0.999999, 6, "0.999999"},
+        {0.999999, 2, "1.00"},          {9.996, 2, "10.00"},           {-99.9999996, 6, "-100.000000"},
+        {999.996, 2, "1000.00"},        {999999.996, 2, "1000000.00"}, {121500000.0, 2, "121500000.00"},
+        {8333.33, 2, "8333.33"},        {1e9, 2, "1000000000.00"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(Written<TypeParam>(row.number, row.decimals), row.text);
@@ -130,25 +128,19 @@ TYPED_TEST(FixedNumbers, DecimalsAreRoundedToThoseAskedFor)
 TYPED_TEST(FixedNumbers, ZeroHasNoSignButWhatIsRoundedToItHas)
 {
     const Row rows[] = {
-        {0.0, 0, "0"},           {0.0, 1, "0.0"},
-        {0.0, 2, "0.00"},        {0.0, 3, "0.000"},
-        {0.0, 4, "0.0000"},      {0.0, 5, "0.00000"},
-        {0.0, 6, "0.000000"},    {-0.0, 0, "0"},
-        {-0.0, 2, "0.00"},       {-0.0, 6, "0.000000"},
-        {0.004, 2, "0.00"},      {-0.004, 2, "-0.00"},
-        {-0.4, 0, "-0"},         {-0.0000004, 6, "-0.000000"},
-        {5e-324, 6, "0.000000"}, {-5e-324, 6, "-0.000000"},
-        {2e-308, 0, "0"},        {-2e-308, 0, "-0"}, // denormal
+        {0.0, 2, "0.00"},           {0.0, 6, "0.000000"},         {-0.0, 2, "0.00"},
+        {-0.0, 6, "0.000000"},      {0.004, 2, "0.00"},           {-0.004, 2, "-0.00"},
+        {0.0000004, 6, "0.000000"}, {-0.0000004, 6, "-0.000000"}, {5e-324, 6, "0.000000"},
+        {-5e-324, 6, "-0.000000"},  {2e-308, 2, "0.00"},          {-2e-308, 2, "-0.00"}, // denormal
     };
     for (const Row& row : rows)
         EXPECT_EQ(Written<TypeParam>(row.number, row.decimals), row.text) << row.number;
 }
 
-TYPED_TEST(FixedNumbers, SentinelOfUnsetNumbersIsWrittenWithEveryNumberOfDecimals)
+TYPED_TEST(FixedNumbers, SentinelOfUnsetNumbersIsWrittenWithTheDecimalsOfEachForm)
 {
     const Row rows[] = {
-        {-111111.11, 0, "-111111"},        {-111111.11, 1, "-111111.1"},    {-111111.11, 2, "-111111.11"},
-        {-111111.11, 3, "-111111.110"},    {-111111.11, 4, "-111111.1100"}, {-111111.11, 5, "-111111.11000"},
+        {-111111.11, 2, "-111111.11"},
         {-111111.11, 6, "-111111.110000"},
     };
     for (const Row& row : rows)
@@ -164,28 +156,23 @@ TYPED_TEST(FixedNumbers, IntegersOfEveryLengthAreWritten)
         ascending = 10.0 * ascending + (digits[length - 1] - '0');
         power *= 10.0;
         const std::string nines(length, '9');
-        EXPECT_EQ(Written<TypeParam>(ascending, 0), digits.substr(0, length));
-        EXPECT_EQ(Written<TypeParam>(-ascending, 0), "-" + digits.substr(0, length));
-        EXPECT_EQ(Written<TypeParam>(power - 1.0, 0), nines);
+        const std::string whole = digits.substr(0, length) + ".00";
+        EXPECT_EQ(Written<TypeParam>(ascending, 2), length <= 13 ? whole : REFUSED);
+        EXPECT_EQ(Written<TypeParam>(-ascending, 2), length <= 13 ? "-" + whole : REFUSED);
         EXPECT_EQ(Written<TypeParam>(power - 1.0, 2), length <= 13 ? nines + ".00" : REFUSED);
         EXPECT_EQ(Written<TypeParam>(power - 1.0, 6), length <= 9 ? nines + ".000000" : REFUSED);
-        EXPECT_EQ(Written<TypeParam>(power, 0), length <= 14 ? "1" + std::string(length, '0') : REFUSED);
+        EXPECT_EQ(Written<TypeParam>(power, 2),
+                  length <= 12 ? "1" + std::string(length, '0') + ".00" : REFUSED);
     }
 }
 
 TYPED_TEST(FixedNumbers, TiesAreRefused)
 {
     const Row rows[] = {
-        {0.5, 0, REFUSED},
-        {1.5, 0, REFUSED},
-        {2.5, 0, REFUSED},
-        {4503599627370.5, 0, REFUSED},
-        {0.25, 1, REFUSED},
         {0.125, 2, REFUSED},
         {0.375, 2, REFUSED},
-        {0.0625, 3, REFUSED},
-        {0.03125, 4, REFUSED},
-        {0.015625, 5, REFUSED},
+        {1.625, 2, REFUSED},
+        {4503599627370.125, 2, REFUSED},
         {0.0078125, 6, REFUSED},
         // These are ties only as texts.
         {0.0000005, 6, REFUSED},
@@ -204,15 +191,9 @@ TYPED_TEST(FixedNumbers, TiesAreRefused)
 TYPED_TEST(FixedNumbers, NeighboursOfTiesAreRefusedOrRoundedToTheirOwnSide)
 {
     const Tie ties[] = {
-        {0.5, 0, "0", "1"},
-        {1.5, 0, "1", "2"},
-        {2.5, 0, "2", "3"},
-        {0.25, 1, "0.2", "0.3"},
         {0.125, 2, "0.12", "0.13"},
         {1000000.125, 2, "1000000.12", "1000000.13"},
-        {0.0625, 3, "0.062", "0.063"},
-        {0.03125, 4, "0.0312", "0.0313"},
-        {0.015625, 5, "0.01562", "0.01563"},
+        {2.375, 2, "2.37", "2.38"},
         {0.0078125, 6, "0.007812", "0.007813"},
         {179.0078125, 6, "179.007812", "179.007813"},
         {0.9921875, 6, "0.992187", "0.992188"},
@@ -235,7 +216,7 @@ TYPED_TEST(FixedNumbers, NeighboursOfTiesAreRefusedOrRoundedToTheirOwnSide)
 
 TYPED_TEST(FixedNumbers, WhatIsNoNumberIsRefused)
 {
-    for (int decimals = 0; decimals <= MAX_FIXED_DECIMALS; ++decimals) {
+    for (const int decimals : {2, 6}) {
         for (const double number : {Limits::quiet_NaN(), -Limits::quiet_NaN(), Limits::infinity(),
                                     -Limits::infinity(), Limits::max(), Limits::lowest()})
             EXPECT_EQ(Written<TypeParam>(number, decimals), REFUSED) << number;
@@ -245,11 +226,7 @@ TYPED_TEST(FixedNumbers, WhatIsNoNumberIsRefused)
 TYPED_TEST(FixedNumbers, NumbersAreRefusedFromTenToTheFifteenthUnitsOn)
 {
     const Row rows[] = {
-        {999999999999999.0, 0, "999999999999999"},
-        {999999999999999.875, 0, "1000000000000000"},
-        {1e15, 0, REFUSED},
-        {99999999999999.0, 1, "99999999999999.0"},
-        {1e14, 1, REFUSED},
+        {-9999999999999.0, 2, "-9999999999999.00"},
         {9999999999999.0, 2, "9999999999999.00"},
         {1e13, 2, REFUSED},
         {999999999.0, 6, "999999999.000000"},
@@ -268,9 +245,9 @@ TYPED_TEST(FixedNumbers, LongestNumberFillsTheRoom)
     EXPECT_EQ(longest.size(), std::size_t(MAX_FIXED));
 }
 
-TYPED_TEST(FixedNumbers, OtherNumbersOfDecimalsAreRefused)
+TYPED_TEST(FixedNumbers, NumbersOfDecimalsThatNoFormHasAreRefused)
 {
-    for (const int decimals : {-1, -1000, MAX_FIXED_DECIMALS + 1, 1000})
+    for (const int decimals : {-1, -1000, 0, 1, 3, 4, 5, 7, 1000})
         EXPECT_EQ(Written<TypeParam>(1.0, decimals), REFUSED) << decimals;
 }
 
@@ -403,7 +380,7 @@ TEST(FixedNumbersAgainstQt, AMillionNumbersAreWrittenAndReadAsQtDoes)
         Comparisons read;
         for (int i = 0; i < NUMBERS_OF_EACH_KIND; ++i) {
             const double number = kind.draw(random);
-            Support::CompareNumber(number, i % (MAX_FIXED_DECIMALS + 1), written, read);
+            Support::CompareNumber(number, i % 2 == 0 ? 2 : 6, written, read);
         }
         EXPECT_EQ(written.differed, 0) << kind.name << ": " << written.firstDifference;
         EXPECT_EQ(read.differed, 0) << kind.name << ": " << read.firstDifference;

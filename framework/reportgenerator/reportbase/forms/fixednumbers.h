@@ -18,9 +18,6 @@ namespace REPORTGENERATOR::numbers {
 //
 // `Char` is the type of a text's unit: char for UTF-8 and Latin-1, any type of 16 bits for UTF-16.
 
-/// The greatest number of decimals that WriteFixed writes.
-constexpr int MAX_FIXED_DECIMALS = 6;
-
 /// The room that WriteFixed needs at most: a sign, a point and the digits of the greatest scaled number.
 constexpr int MAX_FIXED = 18;
 
@@ -139,7 +136,7 @@ const Char* ReadDigits(const Char* next, const Char* end, std::uint64_t& number)
 template <int Decimals, class Char>
 Char* WriteFixed(Char* out, double number)
 {
-    static_assert(Decimals >= 0 && Decimals <= MAX_FIXED_DECIMALS);
+    static_assert(Decimals > 0 && Decimals <= 6);
     constexpr double SCALE = fixed::POWERS_OF_TEN[Decimals];
     constexpr auto UNIT = static_cast<std::uint64_t>(SCALE);
 
@@ -157,30 +154,17 @@ Char* WriteFixed(Char* out, double number)
     *out = static_cast<Char>('-');
     out += number < 0.0 ? 1 : 0; // -0.0 has no sign in a text, what is rounded to zero has
     out = fixed::WriteInteger(out, rounded / UNIT);
-    if constexpr (Decimals > 0) {
-        *out = static_cast<Char>('.');
-        out = fixed::WriteDigits<Decimals>(out + 1, static_cast<std::uint32_t>(rounded % UNIT));
-    }
-    return out;
+    *out = static_cast<Char>('.');
+    return fixed::WriteDigits<Decimals>(out + 1, static_cast<std::uint32_t>(rounded % UNIT));
 }
 
-/// The same for a number of decimals that only the running program knows; null also when it is out of range.
+/// The same for a number of decimals that only the running program knows; null also when no form has it.
 template <class Char>
 Char* WriteFixed(Char* out, double number, int decimals)
 {
     switch (decimals) {
-    case 0:
-        return WriteFixed<0>(out, number);
-    case 1:
-        return WriteFixed<1>(out, number);
     case 2:
         return WriteFixed<2>(out, number);
-    case 3:
-        return WriteFixed<3>(out, number);
-    case 4:
-        return WriteFixed<4>(out, number);
-    case 5:
-        return WriteFixed<5>(out, number);
     case 6:
         return WriteFixed<6>(out, number);
     default:
