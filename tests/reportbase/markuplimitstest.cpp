@@ -192,6 +192,40 @@ TEST(MarkupLimits, HoldForTexts)
                     "RGException", TOO_MANY_DECLARED);
 }
 
+/// The piece so many times, with the number of each in the place of "%1".
+QString Numbered(const char* piece, int count)
+{
+    QString text;
+    for (int i = 0; i < count; ++i)
+        text += Text(piece).replace(Text("%1"), QString::number(i));
+    return text;
+}
+
+TEST(MarkupLimits, OfNamespacesInScopeAndOfDeclarationsHoldForTexts)
+{
+    constexpr int INNER = 56;
+    for (const int more : {0, 1}) {
+        const QString texts[] = {
+            Text("<a") + Numbered(" xmlns:n%1=\"u\"", 200) + Text("><b") +
+                Numbered(" xmlns:m%1=\"u\"", INNER + more) + Text("><ReportBase/></b></a>"),
+            Text("<!DOCTYPE a [<!ATTLIST a") + Numbered(" b%1 CDATA \"x\"", MOST_DECLARED + more) +
+                Text(">]><ReportBase/>"),
+            Text("<!DOCTYPE a [<!ENTITY e '") + Numbered("=", MOST_DECLARED + more) +
+                Text("'>]><ReportBase/>"),
+        };
+        for (const QString& text : texts) {
+            ReportBase object;
+            object.SetValidate(false);
+            if (more == 0) {
+                EXPECT_TRUE(object.SetXmlString(text, false)) << text.toStdString();
+            } else {
+                EXPECT_RG_THROW(object.SetXmlString(text, false), "RGException",
+                                text.startsWith(Text("<a")) ? TOO_MANY : TOO_MANY_DECLARED);
+            }
+        }
+    }
+}
+
 template <class Object>
 void ExpectLimitsInFiles(Encoding encoding)
 {
