@@ -47,11 +47,6 @@ endif()
 target_compile_options(reportgenerator_defaults INTERFACE ${REPORTGENERATOR_SANITIZE_FLAGS})
 target_link_options(reportgenerator_defaults INTERFACE ${REPORTGENERATOR_SANITIZE_FLAGS})
 
-if(REPORTGENERATOR_COVERAGE)
-    target_compile_options(reportgenerator_defaults INTERFACE --coverage)
-    target_link_options(reportgenerator_defaults INTERFACE --coverage)
-endif()
-
 function(reportgenerator_target_defaults target)
     # BUILD_INTERFACE keeps the name out of what an installed target says about its dependencies.
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:reportgenerator_defaults>)
@@ -81,6 +76,11 @@ function(reportgenerator_add_library target)
     add_library(${target} SHARED ${PUBLIC_HEADERS} ${SOURCES})
     add_library(ReportGenerator::${library_EXPORT_NAME} ALIAS ${target})
     reportgenerator_target_defaults(${target})
+    if(REPORTGENERATOR_COVERAGE)
+        # By regions of the source: what a compiler adds, such as edges for exceptions, isn't counted.
+        target_compile_options(${target} PRIVATE -fprofile-instr-generate -fcoverage-mapping)
+        target_link_options(${target} PRIVATE -fprofile-instr-generate)
+    endif()
 
     # Before 1.0 a new minor version may change the interface.
     set(interfaceVersion ${PROJECT_VERSION_MAJOR})
