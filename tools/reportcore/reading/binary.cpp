@@ -13,6 +13,7 @@
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 
 #include <algorithm>
 #include <cstring>
