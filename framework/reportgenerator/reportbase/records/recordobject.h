@@ -223,6 +223,10 @@ bool IsRecordEqual(const Object& left, const Object& right)
     if (!left.IsInitialized() && !right.IsInitialized())
         return true;
     RecordAccess::Init(left);
+    if (right.IsInitialized())
+        return AreRecordsEqual(*RecordAccess::Get(left), *RecordAccess::Get(right),
+                               RecordAccess::RowsOf(left));
+    // Held, since an override may be called.
     const auto record = RecordAccess::Hold(left);
     RecordAccess::Init(right);
     return AreRecordsEqual(*record, *RecordAccess::Get(right), RecordAccess::RowsOf(left));
