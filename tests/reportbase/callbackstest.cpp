@@ -254,16 +254,16 @@ Deeds<T> Operations()
 class OverwritingWhatIsFreed
 {
 public:
+    OverwritingWhatIsFreed() { Overwrite(0x5A); }
+    ~OverwritingWhatIsFreed() { Overwrite(0); }
+
+private:
+    static void Overwrite([[maybe_unused]] int value)
+    {
 #if defined(__GLIBC__)
-    OverwritingWhatIsFreed()
-    {
-        mallopt(M_PERTURB, 0x5A);
-    }
-    ~OverwritingWhatIsFreed()
-    {
-        mallopt(M_PERTURB, 0);
-    }
+        mallopt(M_PERTURB, value);
 #endif
+    }
 };
 
 template <class Base, class T>
