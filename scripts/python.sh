@@ -91,7 +91,7 @@ look_at_python() {
         run "$bin/mypy" --strict --cache-dir "$root/$python_folder/mypy" --python-executable "$bin/python" \
             -p reportgenerator
         run env "MYPY_CACHE_DIR=$root/$python_folder/mypy" "$bin/python" -m mypy.stubtest reportgenerator \
-            --allowlist tests/stubtest.txt
+            --mypy-config-file pyproject.toml --allowlist tests/stubtest.txt
     )
 }
 

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import re
 import signal
 import sys
 import threading
@@ -140,8 +141,7 @@ def test_the_page_is_true(spark: Any, tmp_path: Path, monkeypatch: pytest.Monkey
     page = Page(tmp_path, monkeypatch)
     page.names["spark"] = spark
     # The workers stay in the folder that they were started in.
-    for section in ("reports", "packed", "copy"):
-        page.text = page.text.replace(f'("{section}"', f'("{tmp_path / section}"')
+    page.text = re.sub(r'\b(load|parquet|save)\("(\w+)"', rf'\1("{tmp_path}/\2"', page.text)
     assert page.run("Spark") == 2
     assert page.names["highest"] == 121500000.0
     assert len(list((tmp_path / "copy").rglob("*.zbin"))) == 3

@@ -148,8 +148,8 @@ def test_reading_one_file_s_bytes_in_many_threads() -> None:
 def test_what_takes_time_lets_other_threads_run() -> None:
     points = np.random.default_rng(1).uniform(-80, 80, (20_000, 2))
     report = rg.ReportBase(area=rg.Area(name="a", coordinates=points))
-    # A thread that holds the lock would be asked for it after a second at the earliest.
-    sys.setswitchinterval(5.0)
+    # A thread that holds the lock isn't asked for it.
+    sys.setswitchinterval(3600.0)
     turns = []
     done = threading.Event()
 
@@ -169,11 +169,14 @@ def test_what_takes_time_lets_other_threads_run() -> None:
             lambda: rg.check(data),
             lambda: report.check(),
         ):
-            before = time.monotonic()
-            work()
-            after = time.monotonic()
-            inside = [turn for turn in turns if before < turn < after]
-            assert after - before < 0.005 or inside, (after - before, len(inside))
+            # On a busy machine the other thread may get its turn late.
+            end = time.monotonic() + 60.0
+            has_run = False
+            while not has_run and time.monotonic() < end:
+                del turns[:]
+                work()
+                has_run = bool(turns)
+            assert has_run
     finally:
         done.set()
         thread.join()
