@@ -7,10 +7,10 @@
 #include <wendbase/errorhandler.h>
 #include <wendbase/qtrace.h>
 
-#include <QtCore/QVector>
-
 #include <algorithm>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 // Known here only, so that a program can declare them itself.
 Q_DECLARE_METATYPE(REPORTGENERATOR::IRGObject*)
@@ -46,12 +46,20 @@ public:
 
     bool IsNotifierAlive() const { return m_notifier != nullptr; }
 
+    /// Makes room for so many centers of the notifier: to take one away, as destructors do, then needs no memory.
+    static void Expect(const SettingsNotifier& notifier, std::size_t count)
+    {
+        Distribution* const outermost = OutermostOf(notifier);
+        if (outermost && outermost->m_removed.capacity() < outermost->m_removed.size() + count)
+            outermost->m_removed.reserve(2 * (outermost->m_removed.size() + count));
+    }
+
     /// Deletes the center, at once unless the notifier is distributing.
     static void Delete(const SettingsNotifier& notifier, RegisterCenter* center)
     {
         Distribution* const outermost = OutermostOf(notifier);
         if (outermost)
-            outermost->m_removed.append(center);
+            outermost->m_removed.push_back(center);
         else
             delete center;
     }
@@ -81,7 +89,7 @@ private:
     const SettingsNotifier* m_notifier;
     Distribution* m_outermost; ///< null for the outermost one itself
     Distribution* m_around;
-    QVector<RegisterCenter*> m_removed;
+    std::vector<RegisterCenter*> m_removed;
 };
 
 thread_local Distribution* Distribution::current = nullptr;
@@ -109,6 +117,7 @@ void SettingsNotifier::NotifyOnChanged(RegisterCenter* center)
     if (m_centers.contains(id))
         throw InterfaceAlreadyRegisteredException(
             messages::InterfaceAlreadyRegistered(center->GetObjectName()));
+    Distribution::Expect(*this, static_cast<std::size_t>(m_centers.size()) + 1);
     m_centers.insert(id, center);
 }
 
@@ -132,14 +141,16 @@ void SettingsNotifier::SetSettings(const QString& xml, bool checkRoot)
 {
     const QString fragment = CheckXmlSyntax(xml) ? xml : AddDummyRoot(xml);
     // Whoever is called may register further centers; they take part from the next settings on. He may also
-    // unregister some, which are left out at once.
-    const QMap<long long, RegisterCenter*> centers = m_centers;
+    // unregister some, which are left out at once. These aren't of a map that shares with the notifier's, so that
+    // to unregister one needs no memory.
+    const std::vector<std::pair<long long, RegisterCenter*>> centers(m_centers.constKeyValueBegin(),
+                                                                     m_centers.constKeyValueEnd());
     const Distribution distribution(*this);
+    Distribution::Expect(*this, centers.size());
     bool accepted = false;
-    for (auto entry = centers.cbegin(); entry != centers.cend(); ++entry) {
-        RegisterCenter* center = entry.value();
-        const auto isRegistered = [&] {
-            return distribution.IsNotifierAlive() && GetCenter(entry.key()) == center;
+    for (const auto& [id, center] : centers) {
+        const auto isRegistered = [&, id = id, center = center] {
+            return distribution.IsNotifierAlive() && GetCenter(id) == center;
         };
         IRGObject* object = isRegistered() ? center->GetInterface() : nullptr;
         if (!object)

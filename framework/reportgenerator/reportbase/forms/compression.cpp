@@ -21,11 +21,11 @@ constexpr qint64 UNPACKER_SIZE = 65536;
 QByteArray UncompressClaimed(const QByteArray& data, qint64 claimed)
 {
     const QByteArray bytes = qUncompress(data);
-    // Nothing comes of damaged data, but also for want of memory. Then there is none here either.
-    if (bytes.isEmpty()) {
-        const QByteArray room(static_cast<int>(std::max(claimed, UNPACKER_SIZE)), Qt::Uninitialized);
-    }
-    return bytes;
+    if (!bytes.isEmpty())
+        return bytes;
+    // Nothing comes of damaged data, but also for want of memory. Then there is none here either, or there is again.
+    const QByteArray room(static_cast<int>(std::max(claimed, UNPACKER_SIZE)), Qt::Uninitialized);
+    return qUncompress(data);
 }
 
 } // namespace

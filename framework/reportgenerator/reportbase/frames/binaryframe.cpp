@@ -31,6 +31,25 @@ QByteArray WrittenBytes(Write&& write)
     return buffer.data();
 }
 
+/// A stream of the library's version on bytes. One that Qt makes of the bytes loses its buffer when this can't be
+/// opened for want of memory.
+class StreamOfBytes
+{
+public:
+    explicit StreamOfBytes(const QByteArray& bytes) : m_stream(&m_buffer)
+    {
+        m_buffer.setData(bytes);
+        m_buffer.open(QIODevice::ReadOnly);
+        m_stream.setVersion(wire::STREAM_VERSION);
+    }
+
+    QDataStream& Get() { return m_stream; }
+
+private:
+    QBuffer m_buffer;
+    QDataStream m_stream;
+};
+
 /// Marker and name of a representation, as a stream of the library's version writes them, in one buffer.
 void PutHead(ElementBytes& sink, const Name& marker, const IRGObject& object)
 {
@@ -63,9 +82,7 @@ void ReadCompressed(IRGObject& object, const QByteArray& data)
     const DirectRoad* const road = ObjectAccess::RoadOf(object);
     if (road && ReadRootDirectly(*road, object, {body.constData(), body.constData() + body.size()}))
         return;
-    QDataStream stream(body);
-    stream.setVersion(wire::STREAM_VERSION);
-    ReadRootElement(object, stream);
+    ReadRootElement(object, StreamOfBytes(body).Get());
 }
 
 /// Returns false, with the object untouched, for an unknown marker.
@@ -136,13 +153,12 @@ void IRGObject::SetBinary(QDataStream& /*stream*/, int /*length*/)
 bool IRGObject::SetBinaryRepresentation(QByteArray& representation)
 {
     TraceProgress(messages::LoadingBinaryArray);
-    QDataStream stream(representation);
-    stream.setVersion(wire::STREAM_VERSION);
     const DirectRoad* const road = ObjectAccess::RoadOf(*this);
     if (!road)
-        return SetBinaryRepresentation(stream);
+        return SetBinaryRepresentation(StreamOfBytes(representation).Get());
     TraceProgress(messages::LoadingBinaryStream);
-    return ReadDirectly(*road, *this, representation) || ReadRepresentation(*this, stream);
+    return ReadDirectly(*road, *this, representation) ||
+           ReadRepresentation(*this, StreamOfBytes(representation).Get());
 }
 
 bool IRGObject::SetBinaryRepresentation(QDataStream& stream)
@@ -241,10 +257,7 @@ QByteArray IRGObject::UncompressBinary(const QByteArray& data)
 
 QString IRGObject::UncompressString(const QByteArray& data)
 {
-    const QByteArray bytes = UncompressBinary(data);
-    QDataStream stream(bytes);
-    stream.setVersion(wire::STREAM_VERSION);
-    return elements::ReadText(stream);
+    return elements::ReadText(StreamOfBytes(UncompressBinary(data)).Get());
 }
 
 } // namespace REPORTGENERATOR
