@@ -10,6 +10,16 @@ from collections.abc import Iterator
 
 import reportgenerator as rg
 
+SERVICES = (
+    rg.CustomObject,
+    rg.RegisterCenter,
+    rg.SettingsNotifier,
+    rg.Connection,
+    rg.VersionConverterProxy,
+    rg.IXmlConverter,
+    rg.MinMax,
+)
+
 
 def cell(text: str) -> str:
     """In a table, where a line break ends the row."""
@@ -17,7 +27,9 @@ def cell(text: str) -> str:
 
 
 def signature(function: object) -> str:
-    text = str(inspect.signature(function))  # type: ignore[arg-type]
+    whole = inspect.signature(function)  # type: ignore[arg-type]
+    parameters = [p.replace(annotation=p.empty) for p in whole.parameters.values()]
+    text = str(inspect.Signature(parameters))
     return re.sub(r"^\((self|cls|/)(, )?", "(", text).replace("'", '"')
 
 
@@ -66,6 +78,10 @@ def page() -> str:
     objects.sort(key=lambda cls: (cls is not rg.IRGObject, cls is not rg.ReportBase, cls.__name__))
     for cls in objects:
         lines += [f"## {cls.__name__}", "", *(inspect.getdoc(cls) or "").splitlines(), ""]
+        lines += table(cls)
+    lines += ["## Settings, files of other versions", ""]
+    for cls in SERVICES:
+        lines += [f"### {cls.__name__}", "", *(inspect.getdoc(cls) or "").splitlines(), ""]
         lines += table(cls)
     lines += ["## Enumerations", ""]
     for cls in (cls for cls in classes if issubclass(cls, enum.Enum)):

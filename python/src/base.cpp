@@ -77,6 +77,22 @@ void AddReading(Class& base)
             "parse_bytes", "(self, data)",
             "Reads into this object, which stays as it was when that fails, whatever form the bytes are in.")
             .c_str());
+    // For the package: what the library's own operations do, which return whether the element was found.
+    base.def(
+        "_take_xml",
+        [](const AnyObject& self, const py::object& text, bool checkRoot) {
+            return ApartAndBack(self, [xml = TextOf(text), checkRoot](IRGObject& object) {
+                return object.SetXmlString(xml, checkRoot);
+            });
+        },
+        py::arg("text"), py::arg("check_root"));
+    base.def(
+        "_load_xml",
+        [](const AnyObject& self, const py::object& path) {
+            return ApartAndBack(self,
+                                [path = TextOf(path)](IRGObject& object) { return object.LoadXml(path); });
+        },
+        py::arg("path"));
     AddClassMethod(
         base, "from_xml",
         [](const py::object& cls, const py::object& text, bool checkRoot, bool validate) {

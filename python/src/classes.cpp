@@ -80,6 +80,60 @@ void AddOwn(Binding<MeasurementTime>& binding)
             .c_str());
 }
 
+/// Of what has a frequency with bounds: both bounds at once.
+template <class T>
+void AddBounds(Binding<T>& binding)
+{
+    const auto get = [](const Object<T>& self) -> py::object {
+        const MinMax bounds = std::as_const(self.Get()).GetFrequencyMinMax();
+        const auto bound = [&self](double value) {
+            return IsValueSet(self.Get(), value) ? ToPython(value) : py::object(py::none());
+        };
+        const py::object min = bound(bounds.GetMin());
+        const py::object max = bound(bounds.GetMax());
+        if (min.is_none() && max.is_none())
+            return py::none();
+        return py::module_::import("reportgenerator._minmax").attr("MinMax")(min, max);
+    };
+    const auto unset = [](const Object<T>& self) {
+        CallSetter(self, [](T& object) {
+            object.SetFrequencyMinMax(UnsetValue<double>(object), UnsetValue<double>(object));
+        });
+    };
+    const auto set = [unset](const Object<T>& self, const py::object& value) {
+        if (value.is_none()) {
+            unset(self);
+            return;
+        }
+        const auto bound = [&self](const py::object& given) {
+            double taken = UnsetValue<double>(self.Get());
+            if (!given.is_none())
+                FromPython(given, taken);
+            return taken;
+        };
+        const py::tuple pair(value);
+        if (pair.size() != 2)
+            throw py::value_error("two bounds are wanted");
+        const MinMax bounds(bound(pair[0]), bound(pair[1]));
+        CallSetter(self, [&bounds](T& object) { object.SetFrequencyMinMax(bounds); });
+    };
+    binding.Class().attr("frequency_min_max") =
+        py::module_::import("builtins")
+            .attr("property")(py::cpp_function(get), py::cpp_function(set), py::cpp_function(unset),
+                              "Both bounds at once: a `MinMax`, with None for one that is not set. Any pair "
+                              "can be assigned.");
+}
+
+void AddOwn(Binding<FrequencyInformation>& binding)
+{
+    AddBounds(binding);
+}
+
+void AddOwn(Binding<FrequencyListValue>& binding)
+{
+    AddBounds(binding);
+}
+
 // Of the table. `V` is the type of the field.
 
 #define REPORT_CLASS(Class, text)                                                                            \

@@ -16,6 +16,9 @@ void BindVocabularies(pybind11::module_& module);
 /// Dates, references and texts as they stand in files.
 void BindConverters(pybind11::module_& module);
 
+/// Settings, files of other versions, and elements of programs' own objects.
+void BindServices(pybind11::module_& module);
+
 } // namespace Python
 
 #endif

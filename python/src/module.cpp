@@ -11,4 +11,5 @@ PYBIND11_MODULE(_reportgenerator, module)
     Python::BindClasses(module);
     Python::BindVocabularies(module);
     Python::BindConverters(module);
+    Python::BindServices(module);
 }

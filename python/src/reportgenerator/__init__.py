@@ -17,6 +17,7 @@ from __future__ import annotations
 import logging as _logging
 
 from . import converters
+from ._custom import CustomObject
 from ._errors import (
     BinaryParsingError,
     ConversionFailure,
@@ -30,6 +31,7 @@ from ._errors import (
     ReportError,
 )
 from ._files import check, read
+from ._minmax import MinMax
 from ._problems import Problem
 from ._reportgenerator import (
     Area,
@@ -48,6 +50,8 @@ from ._reportgenerator import (
     ScanParameter,
     ValueMinMax,
 )
+from ._settings import Connection, RegisterCenter, SettingsNotifier
+from ._versions import IXmlConverter, VersionConverterProxy
 from ._vocabularies import (
     MeasurementMode,
     MeasurementType,
@@ -64,8 +68,10 @@ __all__ = [
     "Area",
     "BinaryParsingError",
     "ChannelSpacing",
+    "Connection",
     "ConversionFailure",
     "Coordinate",
+    "CustomObject",
     "Double",
     "Ellipse",
     "FormError",
@@ -75,6 +81,7 @@ __all__ = [
     "FrequencyRangeOld",
     "IFBandwidth",
     "IRGObject",
+    "IXmlConverter",
     "IncompleteDefinitionError",
     "InterfaceAlreadyRegisteredError",
     "InterfaceNotSupportedError",
@@ -82,17 +89,21 @@ __all__ = [
     "MeasurementMode",
     "MeasurementTime",
     "MeasurementType",
+    "MinMax",
     "ObjectType",
     "OutOfRangeError",
     "Problem",
     "RefusedError",
+    "RegisterCenter",
     "ReportBase",
     "ReportError",
     "ResourceType",
     "ScanParameter",
+    "SettingsNotifier",
     "SubSensorType",
     "TaskType",
     "ValueMinMax",
+    "VersionConverterProxy",
     "check",
     "converters",
     "read",

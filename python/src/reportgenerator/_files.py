@@ -23,6 +23,13 @@ def _target(path: _PathLike) -> str:
     return name
 
 
+def _source(path: _PathLike) -> str:
+    """The absolute path of a file that can be read."""
+    name = os.path.abspath(os.fsdecode(path))
+    with open(name, "rb"):
+        return name
+
+
 def _contents(path: _PathLike) -> bytes:
     return Path(os.fsdecode(path)).read_bytes()
 
