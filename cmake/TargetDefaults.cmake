@@ -57,6 +57,11 @@ function(reportgenerator_target_defaults target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON)
+    if(REPORTGENERATOR_COVERAGE)
+        # By regions of the source: what a compiler adds, such as edges for exceptions, isn't counted.
+        target_compile_options(${target} PRIVATE -fprofile-instr-generate -fcoverage-mapping)
+        target_link_options(${target} PRIVATE -fprofile-instr-generate)
+    endif()
 endfunction()
 
 # reportgenerator_add_library(<target> [EXPORT_NAME <name>] [COMPONENT <component>])
@@ -76,12 +81,6 @@ function(reportgenerator_add_library target)
     add_library(${target} SHARED ${PUBLIC_HEADERS} ${SOURCES})
     add_library(ReportGenerator::${library_EXPORT_NAME} ALIAS ${target})
     reportgenerator_target_defaults(${target})
-    if(REPORTGENERATOR_COVERAGE)
-        # By regions of the source: what a compiler adds, such as edges for exceptions, isn't counted.
-        target_compile_options(${target} PRIVATE -fprofile-instr-generate -fcoverage-mapping)
-        target_link_options(${target} PRIVATE -fprofile-instr-generate)
-    endif()
-
     # Before 1.0 a new minor version may change the interface.
     set(interfaceVersion ${PROJECT_VERSION_MAJOR})
     if(PROJECT_VERSION_MAJOR EQUAL 0)

@@ -53,7 +53,7 @@ def compile_commands():
     """The sources of the library, each with the words that compile it."""
     commands = []
     for entry in json.loads((COVERAGE / "compile_commands.json").read_text()):
-        if f"{LIBRARY}/CMakeFiles/reportbase.dir/" in entry["command"]:
+        if re.search(rf"{LIBRARY}/CMakeFiles/reportbase(_private)?\.dir/", entry["command"]):
             words = [w for w in shlex.split(entry["command"]) if "instr-generate" not in w and "coverage-mapping" not in w]
             words = [w for w in words if not w.startswith(("-W", "-O"))]
             commands.append((Path(entry["file"]), [*words[: words.index("-o")], "-O1", "-w"]))
