@@ -252,6 +252,20 @@ TEST(Area, ACountThatIsLargerThanWhatFollowsReadsWhatIsThereAndEndsInTheLengthEr
     }
 }
 
+TEST(Area, ACountThatALongBodyLeavesNothingForEndsInTheLengthError)
+{
+    const Bytes longBody = Support::Body(Support::Longitude("1") + Support::Latitude("2") +
+                                         Element(1, ByteArray(std::string(100, 'x'))));
+    for (const bool validate : {true, false}) {
+        Area area;
+        area.SetValidate(validate);
+        EXPECT_RG_THROW(ReadElements(area, Coordinates(2, longBody)), "BinaryParsingException", LENGTH_ERROR);
+        AreaState state;
+        state.coordinates = {{1.0, 2.0}};
+        EXPECT_STATE(area, state);
+    }
+}
+
 TEST(Area, ANegativeCountAddsNothing)
 {
     for (const long long count : {-1LL, -2LL, (long long)LEAST}) {

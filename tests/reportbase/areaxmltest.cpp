@@ -4,8 +4,10 @@
 #include "support/bytes.h"
 #include "support/expect.h"
 #include "support/points.h"
+#include "support/readererror.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
+#include "support/roads.h"
 #include "support/states.h"
 
 #include <reportgenerator/reportbase/area.h>
@@ -33,6 +35,8 @@ using Support::Lenient;
 using Support::NotValidating;
 using Support::NullString;
 using Support::OnlyLatitude;
+using Support::PlainRoad;
+using Support::ReaderError;
 using Support::ReadRawForm;
 using Support::String;
 using Support::Text;
@@ -332,4 +336,52 @@ TEST(Area, AnOutOfRangeCoordinateElementSpeaksThroughTheLoggerOfTheArea)
     EXPECT_LOG(logger, {"INFO: Area: Loading xml string.",
                         "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
                         "(-180, 180) in 'Coordinate'."});
+}
+
+namespace {
+
+/// A point that XML ends within is none, whether it validates or not. Those before it stay.
+template <class Object>
+void ExpectOnlyTheGoodPoint(const QString& xml)
+{
+    const QString error = ReaderError(xml);
+    ASSERT_FALSE(error.isEmpty());
+    AreaState state;
+    state.name = QStringLiteral("N");
+    state.coordinates = {{1.0, 2.0}};
+    state.initialVersionLoaded = QStringLiteral("1.0");
+    for (const bool validate : {true, false}) {
+        Object area;
+        area.SetValidate(validate);
+        const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+        area.SetLogger(logger);
+        EXPECT_RG_THROW(area.SetXmlString(xml, true), "RGException", error);
+        EXPECT_STATE(static_cast<const Area&>(area), state);
+        EXPECT_LOG(logger, QStringList(Text("FATAL ERROR: RGException: ") + error));
+    }
+}
+
+} // namespace
+
+TEST(Area, AMalformedCoordinateElementBehindAGoodOneIsNotTaken)
+{
+    for (const char* point : {
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Latitude></Coordinat></Area>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Latitude></Area>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Longitude></Coordinate></Area>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Coordinate></Area>",
+             "<Coordinate><Longitude>3</Latitude><Latitude>4</Latitude></Coordinate></Area>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Latitude>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Latitude><</Coordinate></Area>",
+             "<Coordinate><Longitude>3</Longitude><Latitude>4</Latitude>&</Coordinate></Area>",
+             "<Coordinate a><Longitude>3</Longitude><Latitude>4</Latitude></Coordinate></Area>",
+         }) {
+        SCOPED_TRACE(point);
+        const QString xml = Text("<Area Version=\"1.0\"><Name>N</Name><Coordinate><Longitude>1</Longitude>"
+                                 "<Latitude>2</Latitude></Coordinate>") +
+                            Text(point);
+        ExpectOnlyTheGoodPoint<Area>(xml);
+        ExpectOnlyTheGoodPoint<PlainRoad<Area>>(xml);
+    }
 }

@@ -12,9 +12,11 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QFile>
+#include <QtCore/QFileDevice>
 #include <QtCore/QString>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -172,6 +174,42 @@ TEST(FailingFile, AFileThatDoesNotGoBackIsReadAllTheSame)
     EXPECT_TRUE(second.LoadXml(&malformed));
     OneWayFile incomplete("<ReportBase><Frequency>");
     EXPECT_RG_THROW(second.LoadXml(&incomplete), "RGException", PREMATURE);
+}
+
+TEST(FailingFile, AFileThatHasFailedBeforeIsReadAllTheSame)
+{
+    const TemporaryFolder folder;
+    QFile file(folder.Write("report.xml", "<ReportBase><Frequency>5</Frequency></ReportBase>"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    ASSERT_FALSE(file.copy(file.fileName()));
+    ASSERT_NE(file.error(), QFileDevice::NoError);
+    ReportBase report;
+    EXPECT_TRUE(report.LoadXml(&file));
+    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
+}
+
+/// A reader takes 8192 bytes at a time, and none behind the element's end.
+template <class Object>
+void ExpectPositionBehind(int size, int expected)
+{
+    SCOPED_TRACE(size);
+    const QByteArray start = "<ReportBase>";
+    const QByteArray end = "<Frequency>5</Frequency></ReportBase>\n";
+    const TemporaryFolder folder;
+    QFile file(folder.Write("report.xml", start + QByteArray(size - start.size() - end.size(), ' ') + end));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    Object report;
+    EXPECT_TRUE(static_cast<REPORTGENERATOR::IRGObject&>(report).LoadXml(&file));
+    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
+    EXPECT_EQ(file.pos(), expected);
+}
+
+TEST(ReadFile, StandsBehindTheBlockInWhichTheElementEnds)
+{
+    for (const auto& [size, expected] : {std::pair(8192, 8192), {8193, 8192}, {8194, 8194}, {16385, 16384}}) {
+        ExpectPositionBehind<ReportBase>(size, expected);
+        ExpectPositionBehind<PlainRoad<ReportBase>>(size, expected);
+    }
 }
 
 } // namespace

@@ -147,19 +147,25 @@ enum class Encoding : int
 {
     Utf8,
     Utf16LittleEndian,
-    Utf16BigEndian
+    Utf16BigEndian,
+    Utf32LittleEndian,
+    Utf32BigEndian
 };
 
-QByteArray Encoded(const std::string& xml, Encoding encoding)
+constexpr Encoding WIDE_ENCODINGS[] = {Encoding::Utf16LittleEndian, Encoding::Utf16BigEndian,
+                                       Encoding::Utf32LittleEndian, Encoding::Utf32BigEndian};
+
+/// With a byte order mark where it isn't UTF-8. No character takes two units of UTF-16.
+QByteArray Encoded(const QString& xml, Encoding encoding)
 {
     if (encoding == Encoding::Utf8)
-        return QByteArray::fromStdString(xml);
-    QByteArray bytes =
-        encoding == Encoding::Utf16LittleEndian ? QByteArray("\xFF\xFE") : QByteArray("\xFE\xFF");
-    for (const char character : xml) {
-        const char unit[] = {character, '\0'};
-        bytes += encoding == Encoding::Utf16LittleEndian ? unit[0] : unit[1];
-        bytes += encoding == Encoding::Utf16LittleEndian ? unit[1] : unit[0];
+        return xml.toUtf8();
+    const int size = encoding <= Encoding::Utf16BigEndian ? 2 : 4;
+    const bool isBigEndian = encoding == Encoding::Utf16BigEndian || encoding == Encoding::Utf32BigEndian;
+    QByteArray bytes;
+    for (const QChar unit : QChar(0xFEFF) + xml) {
+        for (int i = 0; i < size; ++i)
+            bytes += static_cast<char>(unit.unicode() >> 8 * (isBigEndian ? size - 1 - i : i));
     }
     return bytes;
 }
@@ -188,6 +194,7 @@ TEST(MarkupLimits, HoldForTexts)
     ExpectLimitsInTexts<ReportBase>();
     ExpectLimitsInTexts<PlainRoad<ReportBase>>();
     ReportBase object;
+    EXPECT_TRUE(object.SetXmlString(Text("<!DOCTYPE e [<!-- ' --><?p ' ?>]><ReportBase/>"), false));
     EXPECT_RG_THROW(object.SetXmlString(Text("<!DOCTYPE e [<!ENTITY % e 'ATTLIST'>]><ReportBase/>"), false),
                     "RGException", TOO_MANY_DECLARED);
 }
@@ -230,18 +237,20 @@ template <class Object>
 void ExpectLimitsInFiles(Encoding encoding)
 {
     SCOPED_TRACE(static_cast<int>(encoding));
-    OpenFile good(Encoded(Report(MOST), encoding));
+    OpenFile good(Encoded(QString::fromStdString(Report(MOST)), encoding));
     Object object;
     IRGObject& base = object;
     EXPECT_TRUE(base.LoadXml(good.Get()));
     EXPECT_EQ(object.GetFrequency().GetValue(), 5.0);
-    OpenFile bad(Encoded(Report(MOST + 1), encoding));
+    OpenFile bad(Encoded(QString::fromStdString(Report(MOST + 1)), encoding));
     EXPECT_RG_THROW(base.LoadXml(bad.Get()), "RGException", TOO_MANY);
 }
 
 TEST(MarkupLimits, HoldForFilesInEveryEncoding)
 {
-    for (const Encoding encoding : {Encoding::Utf8, Encoding::Utf16LittleEndian, Encoding::Utf16BigEndian}) {
+    ExpectLimitsInFiles<ReportBase>(Encoding::Utf8);
+    ExpectLimitsInFiles<PlainRoad<ReportBase>>(Encoding::Utf8);
+    for (const Encoding encoding : WIDE_ENCODINGS) {
         ExpectLimitsInFiles<ReportBase>(encoding);
         ExpectLimitsInFiles<PlainRoad<ReportBase>>(encoding);
     }
@@ -256,15 +265,13 @@ TEST(MarkupLimits, CharactersWhoseBytesLookLikeMarkupAreNone)
     const QString xml = Text("<ReportBase><Area Version=\"1.0\"><Name>") + name +
                         Text("</Name><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>"
                              "</Area></ReportBase>");
-    QByteArray bytes("\xFF\xFE");
-    for (const QChar unit : xml) {
-        bytes += static_cast<char>(unit.unicode() & 0xFF);
-        bytes += static_cast<char>(unit.unicode() >> 8);
+    for (const Encoding encoding : WIDE_ENCODINGS) {
+        SCOPED_TRACE(static_cast<int>(encoding));
+        OpenFile file(Encoded(xml, encoding));
+        ReportBase object;
+        EXPECT_TRUE(object.LoadXml(file.Get()));
+        EXPECT_EQ(object.GetArea().GetName(), name);
     }
-    OpenFile file(bytes);
-    ReportBase object;
-    EXPECT_TRUE(object.LoadXml(file.Get()));
-    EXPECT_EQ(object.GetArea().GetName(), name);
 }
 
 TEST(MarkupLimits, HoldForPlainClassesAndConverters)

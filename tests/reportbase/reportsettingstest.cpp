@@ -9,6 +9,7 @@
 
 #include <reportgenerator/reportbase/area.h>
 #include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/reportbase/versionconverterproxy.h>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +17,7 @@
 #include <QtCore/QXmlStreamReader>
 
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -161,6 +163,23 @@ TEST(ReportSettings, CheckingAfterReadingPassesThemOn)
     EXPECT_TRUE(report.SetXmlString(QStringLiteral("<ReportBase/>"), true));
     EXPECT_TRUE(std::as_const(report).GetFrequency().GetValidate());
     EXPECT_TRUE(std::as_const(report).GetArea().GetValidate());
+}
+
+TEST(ReportSettings, AMemberKeepsItsVersionConverterAndGetsNoneOfItsReport)
+{
+    ReportBase report;
+    const auto ofReport = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
+    const auto ofMember = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
+    report.InjectVersionConverter(ofReport);
+    report.GetFrequency().InjectVersionConverter(ofMember);
+    report.GetFrequency().SetValue(1.0);
+    const auto logger = Support::NewLogger();
+    report.SetLogger(logger);
+    report.GetFrequency().ResetLogger();
+    report.Check();
+    EXPECT_EQ(report.GetFrequency().GetLogger(), logger);
+    EXPECT_EQ(ofMember.use_count(), 2);
+    EXPECT_EQ(ofReport.use_count(), 2);
 }
 
 } // namespace

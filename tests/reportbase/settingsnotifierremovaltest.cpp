@@ -220,4 +220,29 @@ TEST(SettingsNotifierRemoval, AnExceptionThatPassesOutDeletesWhatWasUnregistered
     delete registry.notifier;
 }
 
+TEST(SettingsNotifierRemoval, WithinACallOfAnotherNotifierIsThatOfItsOwnNotifier)
+{
+    for (const bool isDeleted : {false, true}) {
+        Registry outer;
+        Registry inner;
+        inner.first->onOffer = [&] {
+            if (isDeleted)
+                delete outer.notifier;
+            else
+                outer.notifier->UnRegister(JOB);
+        };
+        outer.first->onOffer = [&] {
+            EXPECT_NO_RG_THROW(inner.Distribute());
+            EXPECT_FALSE(outer.deleted[0]) << "it is being called";
+        };
+        EXPECT_NO_RG_THROW(outer.Distribute());
+        EXPECT_TRUE(outer.deleted[0]);
+        EXPECT_EQ(outer.deleted[2], isDeleted);
+        EXPECT_EQ(inner.third->fragments.size(), 1);
+        delete inner.notifier;
+        if (!isDeleted)
+            delete outer.notifier;
+    }
+}
+
 } // namespace

@@ -197,11 +197,13 @@ TEST_F(ProxyOfTwoRoots, EveryFileOnTheWayIsKnownAsBeingLoaded)
     proxy->RegisterRootClass(Text("Zone"), Text("0.5"), &inner);
     FileAtItsEnd file(WATCHED_FILE);
     FileAtItsEnd other("<Task><Zone Version=\"0.5\"/></Task>");
+    FileAtItsEnd third(OLD_ZONE_FILE);
     int questions = 0;
     inner.prepare = [&](QFile* loaded) {
         EXPECT_EQ(loaded, other.Get());
         EXPECT_FALSE(proxy->CanUseProxy(file.Get(), &newTask));
         EXPECT_FALSE(proxy->CanUseProxy(other.Get(), &newZone));
+        EXPECT_TRUE(proxy->CanUseProxy(third.Get(), &newZone));
         ++questions;
     };
     LoadWatched(file.Get(), [&] {
@@ -344,6 +346,24 @@ TEST_F(ProxyOfTwoRoots, ObjectMayCloseTheFileWhenNoFurtherRootIsLookedFor)
     proxy->LoadXml(file.Get());
     EXPECT_TEXT(messages.All(), "");
     EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &last, &oldZone}}));
+}
+
+TEST_F(ProxyOfTwoRoots, SearchEndsInAFileThatDoesNotGoBack)
+{
+    class OneWay : public QFile
+    {
+    public:
+        using QFile::QFile;
+        bool seek(qint64 position) override { return !isStuck && QFile::seek(position); }
+
+        bool isStuck = false;
+    };
+    const TemporaryFolder folder;
+    OneWay file(folder.Write("task.xml", WATCHED_AND_ZONE));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    LoadWatched(&file, [&] { file.isStuck = true; });
+    EXPECT_EQ(g_conversions, Conversions({{UPGRADE, &watched, &oldTask}}));
+    EXPECT_EQ(newZone.calls.reset, 0);
 }
 
 TEST_F(ProxyOfTwoRoots, ObjectMayDestroyTheFile)

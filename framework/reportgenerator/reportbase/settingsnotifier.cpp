@@ -192,12 +192,12 @@ QString SettingsNotifier::GetFirstTagName(const QString& text)
     return QString(start + 1, static_cast<int>(end - (start + 1)));
 }
 
-/// What stands between the last '/' and the '>' that ends the text, blanks behind it not counted.
+/// What stands between the last '/' and the '>' that ends the text, blanks behind it not counted. The text has a tag.
 QString SettingsNotifier::GetLastTagName(const QString& text)
 {
     const auto isBlank = [](QChar c) { return c == QLatin1Char(' '); };
     const auto last = std::find_if_not(text.crbegin(), text.crend(), isBlank);
-    if (last == text.crend() || *last != QLatin1Char('>'))
+    if (*last != QLatin1Char('>'))
         return QString();
     QString name;
     for (auto c = last + 1; c != text.crend() && *c != QLatin1Char('/'); ++c)

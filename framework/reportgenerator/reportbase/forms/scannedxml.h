@@ -48,7 +48,6 @@ public:
 
     bool isSequential() const override { return m_device->isSequential(); }
     bool atEnd() const override { return m_device->atEnd(); }
-    qint64 bytesAvailable() const override { return m_device->bytesAvailable(); }
 
 protected:
     qint64 readData(char* data, qint64 size) override;

@@ -82,12 +82,9 @@ public:
         m_out.SetEnd(out + wire::WORD_SIZE);
     }
 
+    /// One that isn't null, as names and versions are.
     void Text(const QString& text)
     {
-        if (text.isNull()) {
-            Word(static_cast<qint32>(wire::NULL_SIZE));
-            return;
-        }
         const qint64 size = qint64(text.size()) * qint64(sizeof(QChar));
         Word(static_cast<qint32>(size));
         char* const out = m_out.Room(size);

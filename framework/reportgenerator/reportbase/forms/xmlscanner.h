@@ -119,8 +119,6 @@ public:
             if (value.toUtf8() != QByteArray::fromRawData(begin, size))
                 return false;
         }
-        if (value.isNull())
-            value = QLatin1String("");
         return std::all_of(value.cbegin(), value.cend(), IsPlain);
     }
 

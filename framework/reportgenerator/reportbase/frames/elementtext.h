@@ -1,20 +1,21 @@
 #ifndef REPORTGENERATOR_FRAMES_ELEMENTTEXT_H
 #define REPORTGENERATOR_FRAMES_ELEMENTTEXT_H
 
-#include <QtCore/QString>
-
-class QXmlStreamReader;
+#include <reportgenerator/reportbase/forms/values.h>
+#include <reportgenerator/reportbase/frames/objectaccess.h>
 
 namespace REPORTGENERATOR {
-
-class IRGObject;
 
 // The value that the text of an element holds: of the one that the reader stands on, up to its end element,
 // as `IRGObject::GetTextValue` gives it. Malformed XML is reported by the object, which throws.
 
-void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, QString& value);
 void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, double& value);
-void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, bool& value);
+
+template <class T>
+void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, T& value)
+{
+    FromText(ObjectAccess::TextOf(object, reader), value);
+}
 
 } // namespace REPORTGENERATOR
 

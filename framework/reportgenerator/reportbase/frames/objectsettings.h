@@ -31,11 +31,7 @@ public:
     }
     ObjectSettings(const ObjectSettings& other) noexcept : m_word(other.m_word) { Retain(); }
     ObjectSettings(ObjectSettings&& other) noexcept : m_word(std::exchange(other.m_word, 0)) {}
-    ObjectSettings& operator=(ObjectSettings other) noexcept
-    {
-        std::swap(m_word, other.m_word);
-        return *this;
-    }
+    ObjectSettings& operator=(const ObjectSettings& other) = delete;
     ~ObjectSettings() { Release(); }
 
     /// Stands where there are none, and differs from those of every object.

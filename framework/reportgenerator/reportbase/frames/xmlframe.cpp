@@ -4,7 +4,6 @@
 
 #include <reportgenerator/reportbase/forms/numbers.h>
 #include <reportgenerator/reportbase/forms/scannedxml.h>
-#include <reportgenerator/reportbase/forms/values.h>
 #include <reportgenerator/reportbase/forms/xmltools.h>
 #include <reportgenerator/reportbase/frames/elementtext.h>
 #include <reportgenerator/reportbase/frames/objectaccess.h>
@@ -180,16 +179,6 @@ void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, double& 
     value = 0.0;
     WalkText(reader, [&](const auto& piece) { value = numbers::FromText(piece); });
     ObjectAccess::ReportXmlError(object, reader);
-}
-
-void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, QString& value)
-{
-    FromText(ObjectAccess::TextOf(object, reader), value);
-}
-
-void ReadElementText(const IRGObject& object, QXmlStreamReader& reader, bool& value)
-{
-    FromText(ObjectAccess::TextOf(object, reader), value);
 }
 
 bool IRGObject::ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const

@@ -113,11 +113,11 @@ public:
         m_items.swap(items);
     }
 
-    /// The same of new items, which get these settings.
+    /// The same of new items, at least one, which get these settings.
     void Adopt(QVector<Item>& items, const ObjectSettings& settings)
     {
         const auto slotOf = [](const Item& item) { return ObjectAccess::SettingsOf(item); };
-        if (!items.isEmpty() && !slotOf(items.constFirst()).Holds(settings))
+        if (!slotOf(items.constFirst()).Holds(settings))
             std::for_each(items.cbegin(), items.cend(),
                           [&](const Item& item) { slotOf(item).SetAlone(settings); });
         Adopt(items);
