@@ -1,5 +1,5 @@
 #include "bareqt.h"
-#include "wirefacts.h"
+#include "peerwire.h"
 
 #include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>

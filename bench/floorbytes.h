@@ -1,8 +1,8 @@
 #ifndef BENCH_FLOORBYTES_H
 #define BENCH_FLOORBYTES_H
 
+#include "peerwire.h"
 #include "plainreport.h"
-#include "wirefacts.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

@@ -1,7 +1,7 @@
 #include "floor.h"
 #include "floorbuffers.h"
 #include "floornumbers.h"
-#include "wirefacts.h"
+#include "peerwire.h"
 
 #include <array>
 #include <cstring>

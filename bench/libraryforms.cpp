@@ -3,9 +3,9 @@
 #include "contenders.h"
 #include "files.h"
 #include "libraryobjects.h"
+#include "peerwire.h"
 #include "streams.h"
 #include "suite.h"
-#include "wirefacts.h"
 #include "workload.h"
 
 #include <QtCore/QXmlStreamReader>

@@ -2,10 +2,10 @@
 //
 //     fuzz_dictionary FILE
 
-#include <reportgenerator/reportbase/descriptions/areadescription.h>
-#include <reportgenerator/reportbase/descriptions/frequencydescription.h>
-#include <reportgenerator/reportbase/descriptions/ifbandwidthdescription.h>
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
+#include <reportgenerator/reportbase/schema/areaschema.h>
+#include <reportgenerator/reportbase/schema/frequencyschema.h>
+#include <reportgenerator/reportbase/schema/ifbandwidthschema.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
@@ -95,40 +95,40 @@ private:
     template <class Data>
     void AddClass()
     {
-        AddElement(Description<Data>::NAME);
-        Add(Streamed(Description<Data>::NAME.Text()));
-        std::apply([this](const auto&... row) { (this->AddRow(row), ...); }, Description<Data>::ROWS);
+        AddElement(Schema<Data>::NAME);
+        Add(Streamed(Schema<Data>::NAME.Text()));
+        std::apply([this](const auto&... field) { (this->AddField(field), ...); }, Schema<Data>::FIELDS);
     }
 
     template <class Data, class T>
-    void AddRow(const Field<Data, T, Flagged>& row)
+    void AddField(const ScalarField<Data, T, PresenceBit>& field)
     {
-        if (row.place == Place::Element)
-            AddElement(row.name);
-        else if (row.place == Place::Attribute)
-            AddAttribute(row.name, "1.00");
-        Add(Word(row.setBy.tag));
+        if (field.place == Place::Element)
+            AddElement(field.name);
+        else if (field.place == Place::Attribute)
+            AddAttribute(field.name, "1.00");
+        Add(Word(field.setBy.tag));
     }
 
     template <class Data, class Object>
-    void AddRow(const Member<Data, Object>& row)
+    void AddField(const Member<Data, Object>& field)
     {
-        Add(Word(row.setBy.tag));
+        Add(Word(field.setBy.tag));
     }
 
     template <class Data, class Item>
-    void AddRow(const ItemList<Data, Item>& row)
+    void AddField(const ItemList<Data, Item>& field)
     {
-        AddElement(row.name);
-        Add(Word(row.setBy.tag));
+        AddElement(field.name);
+        Add(Word(field.setBy.tag));
     }
 
     template <class Data>
-    void AddRow(const FormatVersion<Data>& row)
+    void AddField(const FormatVersion<Data>& field)
     {
-        AddAttribute(row.name, row.model.latin1);
-        Add(Word(row.tag));
-        Add(Streamed(row.model.Text()));
+        AddAttribute(field.name, field.model.latin1);
+        Add(Word(field.tag));
+        Add(Streamed(field.model.Text()));
     }
 
     void AddElement(const Name& name)

@@ -14,7 +14,7 @@
 
 namespace {
 
-using Support::Road;
+using Support::CodePath;
 using Support::Traveller;
 using Support::Way;
 
@@ -22,7 +22,7 @@ using Support::Way;
 struct Reading
 {
     Reading(Support::Kind kind, const std::function<bool(Traveller&)>& read)
-        : road(Way::Direct), traveller(road.New(kind))
+        : codePath(Way::Direct), traveller(codePath.New(kind))
     {
         traveller->Object().SetValidate(false);
         try {
@@ -30,10 +30,10 @@ struct Reading
         } catch (const ReportException&) {
             isTaken = false;
         }
-        traveller->NoteState(road.Transcript());
+        traveller->NoteState(codePath.Transcript());
     }
 
-    Road road;
+    CodePath codePath;
     std::unique_ptr<Traveller> traveller;
     bool isTaken = false;
 };
@@ -48,18 +48,19 @@ QByteArray RawOf(const Traveller& traveller)
 
 void ExpectSame(const Reading& left, const Reading& right)
 {
-    Fuzz::Expect(Support::DifferenceOf(left.road.Transcript().Text(), right.road.Transcript().Text()));
+    Fuzz::Expect(
+        Support::DifferenceOf(left.codePath.Transcript().Text(), right.codePath.Transcript().Text()));
 }
 
 } // namespace
 
 void Examine(const Fuzz::Given& given)
 {
-    Road road(Way::Direct);
-    const Support::QtMessages messages(road.Transcript());
-    const std::unique_ptr<Traveller> source = road.New(given.kind);
+    CodePath codePath(Way::Direct);
+    const Support::QtMessages messages(codePath.Transcript());
+    const std::unique_ptr<Traveller> source = codePath.New(given.kind);
     Support::Choices choices(given.input);
-    Support::Arrange(road, *source, choices);
+    Support::Arrange(codePath, *source, choices);
     source->Object().SetValidate(false);
 
     const auto readPlain = [](const Traveller& from) {

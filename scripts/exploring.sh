@@ -18,7 +18,7 @@ command_sequences() {
     build dev --target reportbase_tests
     say "Comparing ${1:-100000} rows of operations of each class"
     REPORTGENERATOR_TEST_SEQUENCES="${1:-100000}" REPORTGENERATOR_TEST_FIRST_SEED="${2:-1}" LC_ALL=C.UTF-8 \
-        run build/dev/bin/reportbase_tests --gtest_filter='*TwoRoadsSequences*'
+        run build/dev/bin/reportbase_tests --gtest_filter='*BothPathsSequences*'
 }
 
 fuzz_names() {

@@ -3,8 +3,8 @@
 #include "apart.h"
 #include "errors.h"
 
-#include <reportcore/doubts.h>
 #include <reportcore/files.h>
+#include <reportcore/lint.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/faultlist.h>
 #include <reportcore/reportfile.h>
@@ -189,8 +189,8 @@ ReportCore::Problems Check(const AnyObject& self, const WantedForm& wanted)
     }
     copy->SetLogger(nullptr);
     ReportCore::Problems problems;
-    for (const ReportCore::Remark& remark : logger->Take())
-        problems.push_back({remark.name, remark.text});
+    for (const ReportCore::LogRecord& record : logger->Take())
+        problems.push_back({record.name, record.text});
     return problems;
 }
 
@@ -200,8 +200,8 @@ ReportCore::Problems CheckBytes(const QByteArray& bytes, bool isStrict)
     const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
     ReportCore::Problems problems = file.problems;
     if (isStrict) {
-        const ReportCore::Problems doubts = ReportCore::FindDoubts(bytes, file, ReportCore::Look::Thorough);
-        problems.insert(problems.end(), doubts.begin(), doubts.end());
+        const ReportCore::Problems lint = ReportCore::FindLint(bytes, file, ReportCore::Look::Thorough);
+        problems.insert(problems.end(), lint.begin(), lint.end());
     }
     return problems;
 }

@@ -3,11 +3,11 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/paths.h"
 #include "support/points.h"
 #include "support/readererror.h"
 #include "support/recordclasses.h"
 #include "support/records.h"
-#include "support/roads.h"
 #include "support/states.h"
 
 #include <reportgenerator/reportbase/area.h>
@@ -35,9 +35,9 @@ using Support::Lenient;
 using Support::NotValidating;
 using Support::NullString;
 using Support::OnlyLatitude;
-using Support::PlainRoad;
 using Support::ReaderError;
 using Support::ReadRawForm;
+using Support::StreamPathOnly;
 using Support::String;
 using Support::Text;
 using Support::WithUnflaggedPoint;
@@ -382,6 +382,6 @@ TEST(Area, AMalformedCoordinateElementBehindAGoodOneIsNotTaken)
                                  "<Latitude>2</Latitude></Coordinate>") +
                             Text(point);
         ExpectOnlyTheGoodPoint<Area>(xml);
-        ExpectOnlyTheGoodPoint<PlainRoad<Area>>(xml);
+        ExpectOnlyTheGoodPoint<StreamPathOnly<Area>>(xml);
     }
 }

@@ -3,8 +3,8 @@
 
 #include "support/devices.h"
 #include "support/deviceoperations.h"
+#include "support/paths.h"
 #include "support/recordclasses.h"
-#include "support/roads.h"
 #include "support/scratchfile.h"
 
 #include <reportgenerator/reportbase/rgexception.h>
@@ -23,7 +23,7 @@ namespace {
 using Support::DeviceOperation;
 using Support::Fault;
 using Support::Faulty;
-using Support::PlainRoad;
+using Support::StreamPathOnly;
 using Support::Used;
 
 constexpr Fault FAULTS[] = {Fault::GivesNothing, Fault::Fails, Fault::Closes,
@@ -113,7 +113,7 @@ TYPED_TEST_SUITE(Devices, Support::RecordClasses, Support::RecordClassNames);
 
 TYPED_TEST(Devices, ReadingSaysTheSameOnBothWaysWhereverOneIsFaulty)
 {
-    using Plain = PlainRoad<TypeParam>;
+    using Plain = StreamPathOnly<TypeParam>;
     const TypeParam source = Used<TypeParam>();
     const QByteArray xml = source.GetXmlString().toUtf8();
     const auto direct = Support::DeviceReadings<TypeParam>(source, xml);
@@ -144,7 +144,7 @@ TYPED_TEST(Devices, ReadingSaysTheSameOnBothWaysWhereverOneIsFaulty)
 
 TYPED_TEST(Devices, WritingLeavesTheObjectAsItWasWhereverOneIsFaulty)
 {
-    using Plain = PlainRoad<TypeParam>;
+    using Plain = StreamPathOnly<TypeParam>;
     const QByteArray held = Support::RawFormOf(Used<TypeParam>());
     const auto direct = Support::DeviceWritings<TypeParam>();
     const auto plain = Support::DeviceWritings<Plain>();

@@ -4,9 +4,9 @@
 #include "support/eachallocation.h"
 #include "support/deviceoperations.h"
 #include "support/files.h"
+#include "support/paths.h"
 #include "support/plainclasses.h"
 #include "support/recordclasses.h"
-#include "support/roads.h"
 
 #include <reportgenerator/reportbase/rgexception.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
@@ -39,8 +39,8 @@ using Support::At;
 using Support::EachAllocation;
 using Support::FailOne;
 using Support::Failure;
-using Support::PlainRoad;
 using Support::QtObject;
+using Support::StreamPathOnly;
 using Support::TemporaryFolder;
 using Support::Text;
 
@@ -365,7 +365,7 @@ TYPED_TEST(EachAllocationOfRecords, MayFailOnTheStreamPath)
 {
     if (!EachAllocation::IsPossible())
         GTEST_SKIP() << "want of memory can't be tried here";
-    TryRecordClass<TypeParam, PlainRoad<TypeParam>>();
+    TryRecordClass<TypeParam, StreamPathOnly<TypeParam>>();
 }
 
 template <class T>

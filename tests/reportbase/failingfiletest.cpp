@@ -2,7 +2,7 @@
 
 #include "support/expect.h"
 #include "support/files.h"
-#include "support/roads.h"
+#include "support/paths.h"
 
 #include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/reportbase.h>
@@ -23,7 +23,7 @@ namespace {
 using REPORTGENERATOR::Ellipse;
 using REPORTGENERATOR::ReportBase;
 using REPORTGENERATOR::VersionConverterProxy;
-using Support::PlainRoad;
+using Support::StreamPathOnly;
 using Support::TemporaryFolder;
 
 const char* const PREMATURE = "Premature end of document.";
@@ -100,9 +100,9 @@ void ExpectErrorWhereverItFails(Fault fault, int step)
 TEST(FailingFile, EndsWithTheErrorOfTheReaderWhereverItFails)
 {
     ExpectErrorWhereverItFails<ReportBase>(Fault::Error, 1);
-    ExpectErrorWhereverItFails<PlainRoad<ReportBase>>(Fault::Error, 7);
+    ExpectErrorWhereverItFails<StreamPathOnly<ReportBase>>(Fault::Error, 7);
     ExpectErrorWhereverItFails<ReportBase>(Fault::Nothing, 7);
-    ExpectErrorWhereverItFails<PlainRoad<ReportBase>>(Fault::Nothing, 7);
+    ExpectErrorWhereverItFails<StreamPathOnly<ReportBase>>(Fault::Nothing, 7);
 }
 
 TEST(FailingFile, IsReadWhenTheElementHasEndedBefore)
@@ -140,7 +140,7 @@ TEST(FailingFile, AFileThatIsOpenForAppendingOnlyIsAnError)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Append));
     ReportBase report;
     EXPECT_RG_THROW(report.LoadXml(&file), "RGException", PREMATURE);
-    PlainRoad<ReportBase> derived;
+    StreamPathOnly<ReportBase> derived;
     EXPECT_RG_THROW(static_cast<REPORTGENERATOR::IRGObject&>(derived).LoadXml(&file), "RGException",
                     PREMATURE);
 }
@@ -165,7 +165,7 @@ TEST(FailingFile, AFileThatDoesNotGoBackIsReadAllTheSame)
     EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
 
     OneWayFile other(xml);
-    PlainRoad<ReportBase> derived;
+    StreamPathOnly<ReportBase> derived;
     EXPECT_TRUE(static_cast<REPORTGENERATOR::IRGObject&>(derived).LoadXml(&other));
     EXPECT_TRUE(derived == report);
 
@@ -208,7 +208,7 @@ TEST(ReadFile, StandsBehindTheBlockInWhichTheElementEnds)
 {
     for (const auto& [size, expected] : {std::pair(8192, 8192), {8193, 8192}, {8194, 8194}, {16385, 16384}}) {
         ExpectPositionBehind<ReportBase>(size, expected);
-        ExpectPositionBehind<PlainRoad<ReportBase>>(size, expected);
+        ExpectPositionBehind<StreamPathOnly<ReportBase>>(size, expected);
     }
 }
 

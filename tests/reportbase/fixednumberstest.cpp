@@ -4,7 +4,7 @@
 #include "support/againstqt.h"
 #include "support/records.h"
 
-#include <reportgenerator/reportbase/forms/fixednumbers.h>
+#include <reportgenerator/reportbase/codec/fixednumbers.h>
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 
 #include "support/expect.h"
 #include "support/files.h"
-#include "support/roads.h"
+#include "support/paths.h"
 
 #include <reportgenerator/reportbase/channelspacing.h>
-#include <reportgenerator/reportbase/forms/markupscanner.h>
+#include <reportgenerator/reportbase/codec/markupscanner.h>
 #include <reportgenerator/reportbase/reportbase.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
@@ -24,7 +24,7 @@ using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::MarkupScanner;
 using REPORTGENERATOR::ReportBase;
 using Support::OpenFile;
-using Support::PlainRoad;
+using Support::StreamPathOnly;
 using Support::Text;
 using Excess = MarkupScanner::Excess;
 
@@ -192,7 +192,7 @@ void ExpectLimitsInTexts()
 TEST(MarkupLimits, HoldForTexts)
 {
     ExpectLimitsInTexts<ReportBase>();
-    ExpectLimitsInTexts<PlainRoad<ReportBase>>();
+    ExpectLimitsInTexts<StreamPathOnly<ReportBase>>();
     ReportBase object;
     EXPECT_TRUE(object.SetXmlString(Text("<!DOCTYPE e [<!-- ' --><?p ' ?>]><ReportBase/>"), false));
     EXPECT_RG_THROW(object.SetXmlString(Text("<!DOCTYPE e [<!ENTITY % e 'ATTLIST'>]><ReportBase/>"), false),
@@ -249,10 +249,10 @@ void ExpectLimitsInFiles(Encoding encoding)
 TEST(MarkupLimits, HoldForFilesInEveryEncoding)
 {
     ExpectLimitsInFiles<ReportBase>(Encoding::Utf8);
-    ExpectLimitsInFiles<PlainRoad<ReportBase>>(Encoding::Utf8);
+    ExpectLimitsInFiles<StreamPathOnly<ReportBase>>(Encoding::Utf8);
     for (const Encoding encoding : WIDE_ENCODINGS) {
         ExpectLimitsInFiles<ReportBase>(encoding);
-        ExpectLimitsInFiles<PlainRoad<ReportBase>>(encoding);
+        ExpectLimitsInFiles<StreamPathOnly<ReportBase>>(encoding);
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include "support/composedinput.h"
 #include "support/expect.h"
+#include "support/paths.h"
 #include "support/plainclasses.h"
-#include "support/roads.h"
 #include "support/scratchfile.h"
 #include "support/sequences.h"
 
@@ -19,23 +19,23 @@
 namespace {
 
 using Support::Choices;
-using Support::PlainRoad;
-using Support::Road;
+using Support::CodePath;
 using Support::Sample;
 using Support::Steps;
+using Support::StreamPathOnly;
 
 /// Two objects of `Class`, which is T or its subclass, and what can be done with them.
 template <class T, class Class>
 class Pair
 {
 public:
-    explicit Pair(Road& road) : m_road(road) {}
+    explicit Pair(CodePath& codePath) : m_path(codePath) {}
 
     void Take(Choices choices)
     {
-        m_road.Transcript().Heading("step");
+        m_path.Transcript().Heading("step");
         Class& object = m_objects[static_cast<std::size_t>(choices.Below(2))];
-        m_road.Attempt("operation", [&] { Do(choices.Below(OPERATIONS), object, choices); });
+        m_path.Attempt("operation", [&] { Do(choices.Below(OPERATIONS), object, choices); });
         for (const Class& each : m_objects)
             NoteState(each);
     }
@@ -62,7 +62,7 @@ private:
             object.SetValidate(choices.Below(2) == 1);
             break;
         case 4:
-            object.SetLogger(m_road.Logger(choices.Below(Road::LOGGERS + 1) - 1));
+            object.SetLogger(m_path.Logger(choices.Below(CodePath::LOGGERS + 1) - 1));
             break;
         case 5:
             object.ResetLogger();
@@ -77,25 +77,25 @@ private:
             std::swap(Plain(0), Plain(1));
             break;
         case 9:
-            m_road.Note("merged", m_objects[0].MergeRGObject(m_objects[1]));
+            m_path.Note("merged", m_objects[0].MergeRGObject(m_objects[1]));
             break;
         case 10:
-            m_road.Note("taken", object.SetXmlString(Written(choices), choices.OneIn(3)));
+            m_path.Note("taken", object.SetXmlString(Written(choices), choices.OneIn(3)));
             break;
         case 11:
             Support::WriteScratch(Written(choices).toUtf8());
-            m_road.Note("loaded", object.LoadXml(Support::ScratchPath()));
+            m_path.Note("loaded", object.LoadXml(Support::ScratchPath()));
             break;
         case 12:
-            m_road.Note("saved", object.SaveXml(Support::ScratchPath()));
-            m_road.Note("file", Support::ReadScratch());
+            m_path.Note("saved", object.SaveXml(Support::ScratchPath()));
+            m_path.Note("file", Support::ReadScratch());
             break;
         case 13:
-            m_road.Note("bytes", object.GetBinaryRepresentationAsQByteArray());
+            m_path.Note("bytes", object.GetBinaryRepresentationAsQByteArray());
             break;
         case 14: {
             QByteArray bytes("\0\0\0\22\0I\0R\0G\0O\0b\0j\0e\0c\0t", 22);
-            m_road.Note("taken", object.SetBinaryRepresentation(bytes));
+            m_path.Note("taken", object.SetBinaryRepresentation(bytes));
             break;
         }
         default: {
@@ -118,32 +118,32 @@ private:
 
     void NoteState(const Class& object)
     {
-        Support::NoteSettings(m_road.Transcript(), object);
-        m_road.Note("version", object.GetVersion());
-        m_road.Note("any data", object.AnyData());
-        m_road.Note("has data", object.HasData());
+        Support::NoteSettings(m_path.Transcript(), object);
+        m_path.Note("version", object.GetVersion());
+        m_path.Note("any data", object.AnyData());
+        m_path.Note("has data", object.HasData());
         QString text;
         QXmlStreamWriter writer(&text);
         T copy(object);
         copy.SetLogger(nullptr);
         copy.SetValidate(false);
-        m_road.Attempt("text", [&] { copy.GetXml(writer); });
-        m_road.Note("text", text);
+        m_path.Attempt("text", [&] { copy.GetXml(writer); });
+        m_path.Note("text", text);
     }
 
-    Road& m_road;
+    CodePath& m_path;
     std::array<Class, 2> m_objects;
 };
 
 template <class T, class Class>
 std::string Taken(const Steps& steps)
 {
-    Road road(Support::Way::Plain);
-    const Support::QtMessages messages(road.Transcript());
-    Pair<T, Class> pair(road);
+    CodePath codePath(Support::Way::Plain);
+    const Support::QtMessages messages(codePath.Transcript());
+    Pair<T, Class> pair(codePath);
     for (const Choices& step : steps)
         pair.Take(step);
-    return road.Transcript().Text();
+    return codePath.Transcript().Text();
 }
 
 template <class T>
@@ -158,7 +158,7 @@ TYPED_TEST(PlainSequences, ComeToTheSameOfASubclass)
     constexpr quint64 SEQUENCES = 60;
     for (quint64 seed = 1; seed <= SEQUENCES; ++seed) {
         const Steps steps = Support::SequenceOfSeed(seed);
-        ASSERT_EQ(Support::DifferenceOf(Taken<TypeParam, PlainRoad<TypeParam>>(steps),
+        ASSERT_EQ(Support::DifferenceOf(Taken<TypeParam, StreamPathOnly<TypeParam>>(steps),
                                         Taken<TypeParam, TypeParam>(steps)),
                   "")
             << "seed " << seed;

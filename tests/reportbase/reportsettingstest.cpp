@@ -3,9 +3,9 @@
 
 #include "support/expect.h"
 #include "support/files.h"
+#include "support/paths.h"
 #include "support/points.h"
 #include "support/records.h"
-#include "support/roads.h"
 
 #include <reportgenerator/reportbase/area.h>
 #include <reportgenerator/reportbase/reportbase.h>
@@ -25,7 +25,7 @@ namespace {
 
 using REPORTGENERATOR::Area;
 using REPORTGENERATOR::ReportBase;
-using Support::PlainRoad;
+using Support::StreamPathOnly;
 
 Area Lake()
 {
@@ -132,7 +132,7 @@ TEST(ReportSettings, AnElementWithoutChildrenPassesNothingOn)
     };
     for (const auto& read : ways) {
         ExpectNothingIsPassedOn<ReportBase>(read);
-        ExpectNothingIsPassedOn<PlainRoad<ReportBase>>(read);
+        ExpectNothingIsPassedOn<StreamPathOnly<ReportBase>>(read);
     }
 }
 

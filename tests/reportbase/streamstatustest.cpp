@@ -4,9 +4,9 @@
 #include "support/bytes.h"
 #include "support/devices.h"
 #include "support/expect.h"
+#include "support/paths.h"
 #include "support/recordclasses.h"
 #include "support/recordelements.h"
-#include "support/roads.h"
 
 #include <reportgenerator/reportbase/frequency.h>
 #include <reportgenerator/reportbase/reportbase.h>
@@ -32,8 +32,8 @@ using Support::Bytes;
 using Support::Coordinates;
 using Support::Int32;
 using Support::Named;
-using Support::PlainRoad;
 using Support::Point;
+using Support::StreamPathOnly;
 using Support::String;
 namespace Tag = Support::Tag;
 
@@ -181,7 +181,7 @@ protected:
     static void ExpectLengthError(const Setting& setting, const Bytes& elements, int length, bool isRead)
     {
         ExpectLengthErrorOf<T>(setting, elements, length, isRead);
-        ExpectLengthErrorOf<PlainRoad<T>>(setting, elements, length, isRead);
+        ExpectLengthErrorOf<StreamPathOnly<T>>(setting, elements, length, isRead);
     }
 
 private:

@@ -4,9 +4,9 @@
 #include "support/bytes.h"
 #include "support/devices.h"
 #include "support/expect.h"
+#include "support/paths.h"
 #include "support/points.h"
 #include "support/recordelements.h"
-#include "support/roads.h"
 
 #include <reportgenerator/reportbase/area.h>
 #include <reportgenerator/reportbase/reportbase.h>
@@ -28,8 +28,8 @@ using Support::Byte;
 using Support::ByteArray;
 using Support::Bytes;
 using Support::Int32;
-using Support::PlainRoad;
 using Support::RawPoint;
+using Support::StreamPathOnly;
 using Support::String;
 namespace Tag = Support::Tag;
 
@@ -107,7 +107,7 @@ TEST(StreamVersions, AreasAndReportsAreReadBackFromStreamsOfEveryVersion)
 {
     for (int version = FIRST_VERSION; version <= LAST_VERSION; ++version) {
         ExpectReadsItsOwn<Area>(version);
-        ExpectReadsItsOwn<PlainRoad<Area>>(version);
+        ExpectReadsItsOwn<StreamPathOnly<Area>>(version);
         ExpectReadsItsOwn<ReportBase>(version);
     }
 }
@@ -117,7 +117,7 @@ TEST(StreamVersions, TextsOfTheFirstVersionAreLatin1)
     const Bytes raw =
         Byte(7) + ByteArray("1.0") + ByteArray("M\xfcl") + Int32(1) + RawPoint(3, 1.0, 2.0) + ByteArray("S");
     EXPECT_BYTES(RawFormIn(FIRST_VERSION, Filled<Area>()), raw);
-    EXPECT_BYTES(RawFormIn(FIRST_VERSION, Filled<PlainRoad<Area>>()), raw);
+    EXPECT_BYTES(RawFormIn(FIRST_VERSION, Filled<StreamPathOnly<Area>>()), raw);
 
     const QByteArray body =
         WrittenBy(FIRST_VERSION, [](QDataStream& stream) { Filled<Area>().GetBinary(stream, 1, true); });

@@ -38,7 +38,7 @@ using Support::VersionConverterProxy;
 
 } // namespace
 
-// --- The whole road from a root object ---------------------------------------------------------------------
+// --- The whole path from a root object ---------------------------------------------------------------------
 
 TEST_F(VersionConverterProxy, RootObjectLoadsAnOlderFileThroughTheProxy)
 {

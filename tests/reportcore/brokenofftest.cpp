@@ -2,7 +2,7 @@
 
 #include "support/expect.h"
 
-#include <reportcore/doubts.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-using ReportCore::FindDoubts;
+using ReportCore::FindLint;
 using ReportCore::Look;
 using ReportCore::ReadReport;
 
@@ -35,7 +35,7 @@ TEST(BrokenOff, WhatIsMissingIsToldWhereItsObjectBegins)
         << lines.join(QLatin1Char('\n')).toStdString();
 }
 
-TEST(BrokenOff, DoubtsHaveThePlaceOfTheObject)
+TEST(BrokenOff, WarningsHaveThePlaceOfTheObject)
 {
     // The library gives the area up behind its first point; no end tag fits any more.
     const QByteArray bytes =
@@ -43,8 +43,8 @@ TEST(BrokenOff, DoubtsHaveThePlaceOfTheObject)
         "<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>\n"
         "<Name>B/Name>\n"
         "<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate></Area></ReportBase>";
-    const QStringList doubts = LinesOf(FindDoubts(bytes, ReadReport(bytes), Look::Thorough));
-    EXPECT_TEXT(doubts.join(QLatin1Char('\n')),
+    const QStringList lint = LinesOf(FindLint(bytes, ReadReport(bytes), Look::Thorough));
+    EXPECT_TEXT(lint.join(QLatin1Char('\n')),
                 "2:2: TooFewPoints: 1 different points surround nothing (area.coordinate)\n"
                 "4:1: RepeatedElement: element 'Name' comes a second time (area.name)");
 }

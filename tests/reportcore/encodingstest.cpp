@@ -2,8 +2,8 @@
 
 #include "support/expect.h"
 
-#include <reportcore/doubts.h>
 #include <reportcore/form.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 
 namespace {
 
-using ReportCore::FindDoubts;
+using ReportCore::FindLint;
 using ReportCore::Look;
 using ReportCore::ReadReport;
 using ReportCore::ReportFile;
@@ -47,15 +47,15 @@ QByteArray Encoded(const QString& text, const Units& units)
     return bytes;
 }
 
-/// Problems and doubts, a line each.
+/// Problems and lint, a line each.
 QString ToldOf(const QByteArray& bytes)
 {
     const ReportFile file = ReadReport(bytes);
     QStringList lines;
     for (const ReportCore::Problem& problem : file.problems)
         lines << ReportCore::ProblemLine(problem);
-    for (const ReportCore::Problem& doubt : FindDoubts(bytes, file, Look::Thorough))
-        lines << ReportCore::ProblemLine(doubt);
+    for (const ReportCore::Problem& warning : FindLint(bytes, file, Look::Thorough))
+        lines << ReportCore::ProblemLine(warning);
     return lines.join(QLatin1Char('\n'));
 }
 

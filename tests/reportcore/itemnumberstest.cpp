@@ -7,7 +7,7 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
-#include <reportcore/doubts.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/walk.h>
 
@@ -17,7 +17,7 @@
 
 namespace {
 
-using ReportCore::FindDoubts;
+using ReportCore::FindLint;
 using ReportCore::Look;
 using ReportCore::ReadReport;
 using ReportCore::ReportFile;
@@ -29,16 +29,16 @@ using Support::Point;
 using Support::Version;
 using ToolTest::Plain;
 
-/// The paths of all problems and doubts, and how many coordinates there are.
+/// The paths of all problems and lint, and how many coordinates there are.
 QString PathsIn(const QByteArray& bytes)
 {
     const ReportFile file = ReadReport(bytes);
     QStringList paths;
     for (const ReportCore::Problem& problem : file.problems)
         paths << problem.path;
-    for (const ReportCore::Problem& doubt : FindDoubts(bytes, file, Look::Thorough)) {
-        if (doubt.name == QLatin1String(ReportCore::NOT_A_NUMBER))
-            paths << doubt.path;
+    for (const ReportCore::Problem& warning : FindLint(bytes, file, Look::Thorough)) {
+        if (warning.name == QLatin1String(ReportCore::NOT_A_NUMBER))
+            paths << warning.path;
     }
     paths << QString::number(file.report.GetArea().GetCoordinate().size());
     return paths.join(QLatin1Char(' '));
@@ -90,8 +90,8 @@ TEST(ItemNumbers, CompleteSecondListIsNothingRepeated)
     const QByteArray bytes = Plain(AreaElement(Version(u"1.0") + Name("Lake") + TwoPoints() + TwoPoints()));
     const ReportFile file = ReadReport(bytes);
     EXPECT_TRUE(file.IsGood());
-    for (const ReportCore::Problem& doubt : FindDoubts(bytes, file, Look::Thorough))
-        EXPECT_NE(doubt.name, QLatin1String(ReportCore::REPEATED_ELEMENT)) << doubt.path.toStdString();
+    for (const ReportCore::Problem& warning : FindLint(bytes, file, Look::Thorough))
+        EXPECT_NE(warning.name, QLatin1String(ReportCore::REPEATED_ELEMENT)) << warning.path.toStdString();
 }
 
 TEST(ItemNumbers, SecondAreaInXmlGoesOnWithTheItemsOfTheFirst)

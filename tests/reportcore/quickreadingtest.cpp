@@ -6,7 +6,7 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
-#include <reportcore/doubts.h>
+#include <reportcore/lint.h>
 #include <reportcore/reading/reading.h>
 #include <reportcore/reportfile.h>
 
@@ -16,7 +16,7 @@
 
 namespace {
 
-using ReportCore::FindDoubts;
+using ReportCore::FindLint;
 using ReportCore::Look;
 using ReportCore::ReadReport;
 using ReportCore::ReportFile;
@@ -57,7 +57,7 @@ QString LinesOf(const ReportCore::Problems& problems)
 QString Outcome(const ReportFile& file, const QByteArray& bytes)
 {
     return file.objectName + QLatin1Char('\n') + file.report.GetXmlString() + QLatin1Char('\n') +
-           LinesOf(file.problems) + QLatin1Char('\n') + LinesOf(FindDoubts(bytes, file, Look::Thorough));
+           LinesOf(file.problems) + QLatin1Char('\n') + LinesOf(FindLint(bytes, file, Look::Thorough));
 }
 
 void ExpectSame(const QByteArray& bytes, bool isWhole)
@@ -67,7 +67,7 @@ void ExpectSame(const QByteArray& bytes, bool isWhole)
     EXPECT_EQ(quick.wasReadWhole, isWhole);
     ReportFile thorough;
     thorough.form = quick.form;
-    ReadXmlWithPlaces(bytes, thorough);
+    ReadXmlDiagnosing(bytes, thorough);
     thorough.report.ResetLogger();
     EXPECT_TEXT(Outcome(quick, bytes), Outcome(thorough, bytes));
 }
@@ -166,7 +166,7 @@ TEST(QuickReading, WhatIsUnknownIsNoticed)
 TEST(QuickReading, EntitiesOfXmlAreNothingOdd)
 {
     const QByteArray bytes = Lake("Lake", "A &amp; B");
-    EXPECT_EQ(LinesOf(FindDoubts(bytes, ReadReport(bytes), Look::Thorough)), QString());
+    EXPECT_EQ(LinesOf(FindLint(bytes, ReadReport(bytes), Look::Thorough)), QString());
     ExpectSame(Lake("Lake", "A &amp; B &lt;&gt;&quot;&apos; &#65;&#x42;"), false);
 }
 

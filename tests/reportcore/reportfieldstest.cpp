@@ -62,7 +62,7 @@ QString Refusal(const std::function<void()>& act)
 
 // --- Names
 
-TEST(ReportFields, NamesFollowFromThoseOfTheDescriptions)
+TEST(ReportFields, NamesFollowFromThoseOfTheSchemas)
 {
     struct
     {
@@ -106,9 +106,9 @@ TEST(ReportFields, PathsAreReadAndWritten)
 
 TEST(ReportFields, HolderOfAnItemIsTheObjectWithTheList)
 {
-    EXPECT_TEXT(Path("area.coordinate[17].latitude").Holder().Text(), "area.coordinate[17]");
-    EXPECT_TEXT(Path("area.coordinate[17]").Holder().Text(), "area");
-    EXPECT_TEXT(Path("area").Holder().Text(), "");
+    EXPECT_TEXT(Path("area.coordinate[17].latitude").Parent().Text(), "area.coordinate[17]");
+    EXPECT_TEXT(Path("area.coordinate[17]").Parent().Text(), "area");
+    EXPECT_TEXT(Path("area").Parent().Text(), "");
 }
 
 TEST(ReportFields, PathIsAboveItselfAndWhatItHolds)
@@ -301,13 +301,13 @@ TEST(ReportFields, ItemsGoIntoListsAsAppendingAdmitsThem)
 {
     ReportBase report = LakeReport();
     const FieldPath list = Path("area.coordinate");
-    ReportCore::ChangeHolder(report, list, [&list](REPORTGENERATOR::IRGObject& area) {
+    ReportCore::ChangeParent(report, list, [&list](REPORTGENERATOR::IRGObject& area) {
         list.Last().field->InsertIn(area, 1, Point(1.0, 2.0));
     });
     ASSERT_EQ(std::as_const(report).GetArea().GetCoordinate().size(), 3);
     EXPECT_EQ(std::as_const(report).GetArea().GetCoordinate().at(1), Point(1.0, 2.0));
     EXPECT_TEXT(Refusal([&] {
-                    ReportCore::ChangeHolder(report, list, [&list](REPORTGENERATOR::IRGObject& area) {
+                    ReportCore::ChangeParent(report, list, [&list](REPORTGENERATOR::IRGObject& area) {
                         list.Last().field->InsertIn(area, 0, Coordinate());
                     });
                 }),

@@ -5,7 +5,7 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
-#include <reportcore/doubting/doubting.h>
+#include <reportcore/linting/linting.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/walk.h>
@@ -42,7 +42,7 @@ void ExpectNothingOdd(const QByteArray& representation)
         return;
     SCOPED_TRACE(::testing::PrintToString(representation));
     EXPECT_TRUE(IsSound(representation));
-    EXPECT_TRUE(ReportCore::FindBinaryDoubts(representation, false).empty());
+    EXPECT_TRUE(ReportCore::FindBinaryLint(representation, false).empty());
     file.wasReadWhole = false;
     EXPECT_TRUE(ReportCore::FindLosses(representation, file).empty());
 }

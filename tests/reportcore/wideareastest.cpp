@@ -1,8 +1,8 @@
-// Areas that are so wide that the way between their points is in doubt: looked at as they are drawn on maps.
+// Areas that are so wide that the way between their points is in warning: looked at as they are drawn on maps.
 
 #include <reportcore/condition.h>
-#include <reportcore/doubts.h>
 #include <reportcore/exporting/geometry.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
 
 #include <reportgenerator/reflection/reportfields.h>
@@ -34,10 +34,10 @@ class WideArea
 public:
     explicit WideArea(const Points& points) : m_xml(XmlOf(points)), m_file(ReportCore::ReadReport(m_xml)) {}
 
-    std::vector<std::string> Doubts() const
+    std::vector<std::string> Warnings() const
     {
         std::vector<std::string> texts;
-        for (const auto& problem : ReportCore::FindDoubts(m_xml, m_file, ReportCore::Look::Thorough))
+        for (const auto& problem : ReportCore::FindLint(m_xml, m_file, ReportCore::Look::Thorough))
             texts.push_back(problem.text.toStdString());
         return texts;
     }
@@ -58,7 +58,7 @@ using Texts = std::vector<std::string>;
 TEST(WideAreas, EdgesOfHalfATurnGoAsTheyStand)
 {
     const WideArea area({{-90, 0}, {90, 0}, {90, 20}, {-90, 20}});
-    EXPECT_EQ(area.Doubts(), Texts());
+    EXPECT_EQ(area.Warnings(), Texts());
     EXPECT_TRUE(area.Contains("0,10"));
     EXPECT_FALSE(area.Contains("180,10"));
     EXPECT_FALSE(area.Contains("0,30"));
@@ -67,7 +67,7 @@ TEST(WideAreas, EdgesOfHalfATurnGoAsTheyStand)
 TEST(WideAreas, TheWholeEarthIsAnArea)
 {
     const WideArea area({{-180, -90}, {180, -90}, {180, 90}, {-180, 90}});
-    EXPECT_EQ(area.Doubts(), Texts());
+    EXPECT_EQ(area.Warnings(), Texts());
     EXPECT_TRUE(area.Contains("0,10"));
     EXPECT_TRUE(area.Contains("180,0"));
     EXPECT_TRUE(area.Contains("-179,-89"));
@@ -76,35 +76,37 @@ TEST(WideAreas, TheWholeEarthIsAnArea)
 TEST(WideAreas, AWayAroundTheEarthEnclosesItsPole)
 {
     const WideArea cap({{0, 80}, {90, 80}, {180, 80}, {-90, 80}});
-    EXPECT_EQ(cap.Doubts(), Texts());
+    EXPECT_EQ(cap.Warnings(), Texts());
     EXPECT_TRUE(cap.Contains("10,85"));
     EXPECT_TRUE(cap.Contains("-170,89"));
     EXPECT_FALSE(cap.Contains("10,75"));
     EXPECT_FALSE(cap.Contains("10,-85"));
-    EXPECT_EQ(WideArea({{100, 70}, {40, 75}, {-20, 80}, {-80, 70}, {-140, 75}, {160, 80}}).Doubts(), Texts());
+    EXPECT_EQ(WideArea({{100, 70}, {40, 75}, {-20, 80}, {-80, 70}, {-140, 75}, {160, 80}}).Warnings(),
+              Texts());
 }
 
 TEST(WideAreas, EdgesMeetHoweverFarTheOutlineWanders)
 {
-    EXPECT_EQ(WideArea({{0, 0}, {170, 10}, {-20, 20}, {160, 5}, {-30, 40}, {150, -20}}).Doubts().size(), 1U);
+    EXPECT_EQ(WideArea({{0, 0}, {170, 10}, {-20, 20}, {160, 5}, {-30, 40}, {150, -20}}).Warnings().size(),
+              1U);
     // Twice around the earth and back over itself.
     EXPECT_EQ(WideArea({{0, 0}, {120, 1}, {-120, 2}, {0, 3}, {120, 4}, {-120, 5}, {0, 6}, {10, -20}})
-                  .Doubts()
+                  .Warnings()
                   .size(),
               1U);
 }
 
-TEST(WideAreas, ACapWhoseEdgesMeetIsDoubted)
+TEST(WideAreas, ACapWhoseEdgesMeetIsWarnedOf)
 {
     // From 100 degrees back to 80, and on across the way that led there.
     const WideArea cap({{0, 80}, {100, 80}, {80, 70}, {90, 85}, {180, 80}, {-90, 80}});
-    EXPECT_EQ(cap.Doubts(), Texts{"the edges behind coordinate 1 and 3 meet"});
+    EXPECT_EQ(cap.Warnings(), Texts{"the edges behind coordinate 1 and 3 meet"});
 }
 
 TEST(WideAreas, AcrossTheAntimeridianTheWayIsTheShorterOne)
 {
     const WideArea area({{170, 0}, {-170, 0}, {-170, 10}, {170, 10}});
-    EXPECT_EQ(area.Doubts(), Texts());
+    EXPECT_EQ(area.Warnings(), Texts());
     EXPECT_TRUE(area.Contains("175,5"));
     EXPECT_TRUE(area.Contains("-175,5"));
     EXPECT_TRUE(area.Contains("180,5"));
@@ -116,7 +118,7 @@ TEST(WideAreas, WhatEnclosesNothingStaysWhereItIs)
     const WideArea line({{179, 0}, {180, 0}, {-179, 0}});
     EXPECT_TRUE(line.Contains("-179.5,0"));
     EXPECT_FALSE(line.Contains("0,0"));
-    EXPECT_EQ(WideArea({{180, 5}, {-180, 5}}).Doubts(), Texts{"1 different points surround nothing"});
+    EXPECT_EQ(WideArea({{180, 5}, {-180, 5}}).Warnings(), Texts{"1 different points surround nothing"});
 }
 
 TEST(WideAreas, PointsOfARingKnowTheirPlaceInTheList)

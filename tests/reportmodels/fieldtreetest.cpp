@@ -6,11 +6,11 @@
 
 #include <reportgenerator/models/tree/treechanges.h>
 
-#include <reportgenerator/reflection/describedfields.h>
 #include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reflection/schemafields.h>
 
-#include <reportgenerator/reportbase/descriptions/areadescription.h>
-#include <reportgenerator/reportbase/descriptions/frequencydescription.h>
+#include <reportgenerator/reportbase/schema/areaschema.h>
+#include <reportgenerator/reportbase/schema/frequencyschema.h>
 
 #include <gtest/gtest.h>
 
@@ -48,21 +48,21 @@ using FieldTreeTest::Beacon;
 using FieldTreeTest::BeaconData;
 
 template <>
-struct REPORTGENERATOR::Description<BeaconData>
+struct REPORTGENERATOR::Schema<BeaconData>
 {
     using Object = Beacon;
 
     static constexpr Name NAME = REPORTBASE_NAME("Beacon");
     static constexpr auto CALL_SIGN =
-        ElementField(&BeaconData::callSign, REPORTBASE_NAME("CallSign"), Flagged{0, 1}).Mandatory();
+        ElementField(&BeaconData::callSign, REPORTBASE_NAME("CallSign"), PresenceBit{0, 1}).Mandatory();
     static constexpr auto HEIGHT =
-        ElementField(&BeaconData::height, REPORTBASE_NAME("Height"), Flagged{1, 2}).Within(10.0, 500.0);
-    static constexpr Member<BeaconData, Frequency> FREQUENCY = {&BeaconData::frequency, Flagged{2, 3}};
+        ElementField(&BeaconData::height, REPORTBASE_NAME("Height"), PresenceBit{1, 2}).Within(10.0, 500.0);
+    static constexpr Member<BeaconData, Frequency> FREQUENCY = {&BeaconData::frequency, PresenceBit{2, 3}};
     static constexpr ItemList<BeaconData, Coordinate> MASTS = {&BeaconData::masts, REPORTBASE_NAME("Mast"),
-                                                               Flagged{3, 4}, nullptr, nullptr};
+                                                               PresenceBit{3, 4}, nullptr, nullptr};
     static constexpr ItemList<BeaconData, Frequency> CHANNELS = {
-        &BeaconData::channels, REPORTBASE_NAME("Channel"), Flagged{4, 5}, nullptr, nullptr};
-    static constexpr auto ROWS = std::make_tuple(MASTS, CHANNELS, FREQUENCY, HEIGHT, CALL_SIGN);
+        &BeaconData::channels, REPORTBASE_NAME("Channel"), PresenceBit{4, 5}, nullptr, nullptr};
+    static constexpr auto FIELDS = std::make_tuple(MASTS, CHANNELS, FREQUENCY, HEIGHT, CALL_SIGN);
 };
 
 template <>
@@ -118,7 +118,7 @@ void SetChannels(Beacon& beacon, const QVector<double>& values)
     beacon.data.flags |= 16;
 }
 
-TEST(FieldTree, RowsAreThoseOfTheDescription)
+TEST(FieldTree, RowsAreThoseOfTheSchema)
 {
     Beacon beacon;
     ReportCore::SetValue(beacon, FieldPath::Parse(BeaconInfo(), QStringLiteral("height")), 35.5);

@@ -211,18 +211,18 @@ QRect Inked(const QImage& image)
     return inked;
 }
 
-TEST(Picture, ScaleAndRemarkAreAsLargeAsTheFont)
+TEST(Picture, ScaleAndNoteAreAsLargeAsTheFont)
 {
     // Of 400 pixels for 4 degrees, a quarter is 111 km: the bar of 100 km is 90 pixels long.
     const ReportPicture::MapScale scale(QRectF(0.0, -2.0, 4.0, 4.0), QRectF(0.0, 0.0, 400.0, 400.0));
-    const auto drawn = [&scale](int pixels, const QString& remark) {
+    const auto drawn = [&scale](int pixels, const QString& note) {
         QImage image(400, 400, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
-        if (remark.isEmpty())
+        if (note.isEmpty())
             ReportPicture::DrawScaleBar(painter, scale, StyleOf(pixels));
         else
-            ReportPicture::DrawRemark(painter, scale, StyleOf(pixels), remark);
+            ReportPicture::DrawNote(painter, scale, StyleOf(pixels), note);
         painter.end();
         return Inked(image);
     };
@@ -236,14 +236,14 @@ TEST(Picture, ScaleAndRemarkAreAsLargeAsTheFont)
     EXPECT_NEAR(usual.width(), 90, 2);
     EXPECT_NEAR(large.height(), 3 * usual.height(), 6);
 
-    const QRect remark = drawn(13, QStringLiteral("HHHH"));
-    const QRect largeRemark = drawn(39, QStringLiteral("HHHH"));
-    EXPECT_NEAR(largeRemark.height(), 3 * remark.height(), 4);
-    EXPECT_NEAR(largeRemark.width(), 3 * remark.width(), 8);
+    const QRect note = drawn(13, QStringLiteral("HHHH"));
+    const QRect largeNote = drawn(39, QStringLiteral("HHHH"));
+    EXPECT_NEAR(largeNote.height(), 3 * note.height(), 4);
+    EXPECT_NEAR(largeNote.width(), 3 * note.width(), 8);
     // What is longer than the map is wide goes on below.
-    const QRect longRemark = drawn(39, QStringLiteral("HHHH HHHH HHHH HHHH"));
-    EXPECT_LE(longRemark.right(), 400 - 36);
-    EXPECT_GE(longRemark.height(), 2 * largeRemark.height());
+    const QRect longNote = drawn(39, QStringLiteral("HHHH HHHH HHHH HHHH"));
+    EXPECT_LE(longNote.right(), 400 - 36);
+    EXPECT_GE(longNote.height(), 2 * largeNote.height());
 }
 
 TEST(Picture, MapsHaveTheColoursOfTheirStyle)

@@ -89,7 +89,7 @@ std::vector<QByteArray> GoldenFiles()
 
 TEST(ToolDamagedFiles, EndWithAStatedExitCodeWhateverTheCommand)
 {
-    ReportTool::DropRemarksOfQt();
+    ReportTool::DropMessagesOfQt();
     const ToolTest::Scratch scratch;
     const std::vector<QByteArray> golden = GoldenFiles();
     ASSERT_FALSE(golden.empty());

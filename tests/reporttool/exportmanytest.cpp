@@ -3,8 +3,8 @@
 #include "samples.h"
 #include "toolrun.h"
 
+#include <reportcore/exporting/deferredoutput.h>
 #include <reportcore/exporting/formats.h>
-#include <reportcore/exporting/latebytes.h>
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@
 
 namespace {
 
-using ReportCore::LateBytes;
+using ReportCore::DeferredOutput;
 using ToolTest::FullXml;
 using ToolTest::NamedAreaXml;
 using ToolTest::RunTool;
@@ -165,9 +165,9 @@ TEST(ToolExportMany, TracksStandBehindAllWaypointsHoweverManyThereAre)
     EXPECT_TRUE(run.output.endsWith("  </trkseg>\n </trk>\n</gpx>\n"));
 }
 
-TEST(ToolExportMany, LateBytesComeBackInTheirOrder)
+TEST(ToolExportMany, DeferredOutputComeBackInTheirOrder)
 {
-    LateBytes late;
+    DeferredOutput late;
     QByteArray expected;
     for (int i = 0; i < 30; ++i) {
         const QByteArray piece(1024 * 1024, static_cast<char>('a' + i % 26));

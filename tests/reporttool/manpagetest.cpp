@@ -101,7 +101,7 @@ TEST(ManPage, NoLineOfTextIsACommandOrLong)
     EXPECT_TRUE(page.contains("\n" + QByteArray(79, 'x') + "\n\\&.dot\n")) << page.constData();
 }
 
-TEST(Completion, KnowsTheFieldsByTheLibrarysDescriptions)
+TEST(Completion, KnowsTheFieldsByTheLibrarysSchemas)
 {
     EXPECT_TEXT(ReportPages::FieldPaths().join(QLatin1Char(' ')),
                 "frequency frequency.value frequency.min frequency.max frequency.use "

@@ -32,16 +32,16 @@ QByteArray Report(const QByteArray& members)
 }
 
 /// Expects these problems of a strict check, each "Place: Name: text", and the same as warnings of another one.
-void ExpectDoubts(const QByteArray& input, std::initializer_list<const char*> doubts)
+void ExpectLint(const QByteArray& input, std::initializer_list<const char*> lint)
 {
     QByteArray problems;
     QByteArray warnings;
-    for (const char* doubt : doubts) {
-        problems += QByteArray("-:") + doubt + "\n";
-        warnings += QByteArray("reporttool: warning: -:") + doubt + "\n";
+    for (const char* warning : lint) {
+        problems += QByteArray("-:") + warning + "\n";
+        warnings += QByteArray("reporttool: warning: -:") + warning + "\n";
     }
     const ToolRun strict = RunTool({"check", "--strict", "-"}, {input, {}, {}});
-    EXPECT_EQ(strict.exitCode, doubts.size() == 0 ? 0 : 1);
+    EXPECT_EQ(strict.exitCode, lint.size() == 0 ? 0 : 1);
     EXPECT_TEXT(strict.Output(), QString::fromUtf8(problems));
     EXPECT_TEXT(strict.Errors(), "");
     const ToolRun lenient = RunTool({"check", "-"}, {input, {}, {}});
@@ -54,28 +54,28 @@ void ExpectDoubts(const QByteArray& input, std::initializer_list<const char*> do
 
 TEST(ToolStrict, TextsThatAreNoNumbers)
 {
-    ExpectDoubts(Report("<Frequency Min=\"abc\">121,5</Frequency>"),
-                 {"1:29: NotANumber: min is no number and reads as 0 (frequency.min = \"abc\")",
-                  "1:34: NotANumber: value is no number and reads as 0 (frequency.value = \"121,5\")"});
-    ExpectDoubts(Report("<Frequency>inf</Frequency>"),
-                 {"1:24: NotANumber: value is no finite number (frequency.value = \"inf\")"});
-    ExpectDoubts(Report("<Frequency>nan</Frequency>"),
-                 {"1:24: NotANumber: value is no finite number (frequency.value = \"nan\")"});
-    ExpectDoubts(
+    ExpectLint(Report("<Frequency Min=\"abc\">121,5</Frequency>"),
+               {"1:29: NotANumber: min is no number and reads as 0 (frequency.min = \"abc\")",
+                "1:34: NotANumber: value is no number and reads as 0 (frequency.value = \"121,5\")"});
+    ExpectLint(Report("<Frequency>inf</Frequency>"),
+               {"1:24: NotANumber: value is no finite number (frequency.value = \"inf\")"});
+    ExpectLint(Report("<Frequency>nan</Frequency>"),
+               {"1:24: NotANumber: value is no finite number (frequency.value = \"nan\")"});
+    ExpectLint(
         Area(Point("1", "1") + Point("2", "x") + Point("1", "2")),
         {"1:164: NotANumber: latitude is no number and reads as 0 (area.coordinate[2].latitude = \"x\")"});
 }
 
 TEST(ToolStrict, ZerosAreNumbers)
 {
-    ExpectDoubts(Report("<Frequency Min=\"0\">0.00</Frequency>"), {});
-    ExpectDoubts(Area(Point("0", "0") + Point("2", "0") + Point("-0.000000", "2")), {});
+    ExpectLint(Report("<Frequency Min=\"0\">0.00</Frequency>"), {});
+    ExpectLint(Area(Point("0", "0") + Point("2", "0") + Point("-0.000000", "2")), {});
 }
 
 TEST(ToolStrict, TextsThatAreNoNumbersInBinaryForms)
 {
-    ExpectDoubts(Plain(Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_VALUE, ByteArray("121,5")))),
-                 {"0x4a: NotANumber: value is no number and reads as 0 (frequency.value = \"121,5\")"});
+    ExpectLint(Plain(Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_VALUE, ByteArray("121,5")))),
+               {"0x4a: NotANumber: value is no number and reads as 0 (frequency.value = \"121,5\")"});
 }
 
 TEST(ToolStrict, WhatTheCheckTellsIsNotToldAgain)
@@ -91,80 +91,80 @@ TEST(ToolStrict, WhatTheCheckTellsIsNotToldAgain)
 
 TEST(ToolStrict, NamesThatAreNearlyKnown)
 {
-    ExpectDoubts(
+    ExpectLint(
         Report("<Frequancy>5</Frequancy>"),
         {"1:13: MisspeltName: there is no element 'Frequancy', did you mean 'Frequency'? (\"Frequancy\")"});
-    ExpectDoubts(Report("<ifbandwith>5</ifbandwith>"),
-                 {"1:13: MisspeltName: there is no element 'ifbandwith', did you mean 'IFBandwidth'? "
-                  "(\"ifbandwith\")"});
-    ExpectDoubts(
+    ExpectLint(Report("<ifbandwith>5</ifbandwith>"),
+               {"1:13: MisspeltName: there is no element 'ifbandwith', did you mean 'IFBandwidth'? "
+                "(\"ifbandwith\")"});
+    ExpectLint(
         Report("<Frequency max=\"5\">1</Frequency>"),
         {"1:13: MisspeltName: there is no attribute 'max', did you mean 'Max'? (frequency = \"max\")"});
-    ExpectDoubts(
+    ExpectLint(
         Report("<Frequency Mni=\"5\">1</Frequency>"),
         {"1:13: MisspeltName: there is no attribute 'Mni', did you mean 'Min'? (frequency = \"Mni\")"});
-    ExpectDoubts(Report("<Antenna>5</Antenna><Frequency Unit=\"Hz\">1</Frequency>"), {});
+    ExpectLint(Report("<Antenna>5</Antenna><Frequency Unit=\"Hz\">1</Frequency>"), {});
 }
 
 TEST(ToolStrict, ElementsThatComeTwice)
 {
-    ExpectDoubts(Report("<Frequency>1</Frequency><Frequency>2</Frequency>"),
-                 {"1:37: RepeatedElement: element 'Frequency' comes a second time (frequency)"});
-    ExpectDoubts(Plain(Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_VALUE, ByteArray("1")) +
-                                                          Element(Tag::FREQUENCY_VALUE, ByteArray("2")))),
-                 {"0x4b: RepeatedElement: value comes a second time (frequency.value)"});
+    ExpectLint(Report("<Frequency>1</Frequency><Frequency>2</Frequency>"),
+               {"1:37: RepeatedElement: element 'Frequency' comes a second time (frequency)"});
+    ExpectLint(Plain(Element(Tag::REPORT_FREQUENCY, Element(Tag::FREQUENCY_VALUE, ByteArray("1")) +
+                                                        Element(Tag::FREQUENCY_VALUE, ByteArray("2")))),
+               {"0x4b: RepeatedElement: value comes a second time (frequency.value)"});
 }
 
 TEST(ToolStrict, SecondReport)
 {
-    ExpectDoubts("<Tasks><ReportBase/><ReportBase/></Tasks>",
-                 {"1:21: SecondReport: only the first report of a document is read (\"ReportBase\")"});
+    ExpectLint("<Tasks><ReportBase/><ReportBase/></Tasks>",
+               {"1:21: SecondReport: only the first report of a document is read (\"ReportBase\")"});
 }
 
 TEST(ToolStrict, EntitiesThatNothingIsKnownOf)
 {
-    ExpectDoubts("<!DOCTYPE ReportBase SYSTEM \"r.dtd\">" + Report("<Frequency>1&more;</Frequency>"),
-                 {"1:61: UnresolvedEntity: the entity is not known and left out (frequency = \"&more;\")"});
-    ExpectDoubts(Report("<Area Version=\"1.0\"><Name>&lt;&#65;&gt;</Name>" + Point("0", "0") +
-                        Point("2", "0") + Point("0", "2") + "</Area>"),
-                 {});
+    ExpectLint("<!DOCTYPE ReportBase SYSTEM \"r.dtd\">" + Report("<Frequency>1&more;</Frequency>"),
+               {"1:61: UnresolvedEntity: the entity is not known and left out (frequency = \"&more;\")"});
+    ExpectLint(Report("<Area Version=\"1.0\"><Name>&lt;&#65;&gt;</Name>" + Point("0", "0") + Point("2", "0") +
+                      Point("0", "2") + "</Area>"),
+               {});
 }
 
 // --- Bounds
 
 TEST(ToolStrict, BoundsThatContradictEachOtherOrTheValue)
 {
-    ExpectDoubts(Report("<Frequency Min=\"9\" Max=\"5\">7</Frequency>"),
-                 {"1:29: MinAboveMax: min 9 is above max 5 (frequency.min = \"9\")"});
-    ExpectDoubts(Report("<Frequency Min=\"9\">7</Frequency>"),
-                 {"1:32: OutsideBounds: value 7 is below min 9 (frequency.value = \"7\")"});
-    ExpectDoubts(Report("<IFBandwidth Max=\"5\">7</IFBandwidth>"),
-                 {"1:34: OutsideBounds: value 7 is above max 5 (ifBandwidth.value = \"7\")"});
-    ExpectDoubts(Report("<Frequency Min=\"7\" Max=\"7\">7</Frequency>"), {});
+    ExpectLint(Report("<Frequency Min=\"9\" Max=\"5\">7</Frequency>"),
+               {"1:29: MinAboveMax: min 9 is above max 5 (frequency.min = \"9\")"});
+    ExpectLint(Report("<Frequency Min=\"9\">7</Frequency>"),
+               {"1:32: OutsideBounds: value 7 is below min 9 (frequency.value = \"7\")"});
+    ExpectLint(Report("<IFBandwidth Max=\"5\">7</IFBandwidth>"),
+               {"1:34: OutsideBounds: value 7 is above max 5 (ifBandwidth.value = \"7\")"});
+    ExpectLint(Report("<Frequency Min=\"7\" Max=\"7\">7</Frequency>"), {});
 }
 
 // --- Areas
 
 TEST(ToolStrict, AreasOfFewerThanThreePoints)
 {
-    ExpectDoubts(Area(Point("1", "1") + Point("2", "2")),
-                 {"1:13: TooFewPoints: 2 different points surround nothing (area.coordinate)"});
-    ExpectDoubts(Area(Point("1", "1") + Point("2", "2") + Point("1", "1")),
-                 {"1:13: TooFewPoints: 2 different points surround nothing (area.coordinate)"});
-    ExpectDoubts(Area(Point("1", "1") + Point("2", "2") + Point("1", "2")), {});
+    ExpectLint(Area(Point("1", "1") + Point("2", "2")),
+               {"1:13: TooFewPoints: 2 different points surround nothing (area.coordinate)"});
+    ExpectLint(Area(Point("1", "1") + Point("2", "2") + Point("1", "1")),
+               {"1:13: TooFewPoints: 2 different points surround nothing (area.coordinate)"});
+    ExpectLint(Area(Point("1", "1") + Point("2", "2") + Point("1", "2")), {});
 }
 
 TEST(ToolStrict, AreasThatCrossThemselves)
 {
-    ExpectDoubts(Area(Point("0", "0") + Point("2", "2") + Point("2", "0") + Point("0", "2")),
-                 {"1:47: CrossingEdges: the edges behind coordinate 1 and 3 meet (area.coordinate[1])"});
+    ExpectLint(Area(Point("0", "0") + Point("2", "2") + Point("2", "0") + Point("0", "2")),
+               {"1:47: CrossingEdges: the edges behind coordinate 1 and 3 meet (area.coordinate[1])"});
     // The way there and back: in the west the first and the last edge begin, one on the other.
-    ExpectDoubts(Area(Point("0", "0") + Point("2", "0") + Point("1", "0")),
-                 {"1:47: CrossingEdges: the edges behind coordinate 1 and 3 meet (area.coordinate[1])"});
+    ExpectLint(Area(Point("0", "0") + Point("2", "0") + Point("1", "0")),
+               {"1:47: CrossingEdges: the edges behind coordinate 1 and 3 meet (area.coordinate[1])"});
     // Across the antimeridian and closed.
-    ExpectDoubts(Area(Point("179", "0") + Point("-179", "0") + Point("-179", "1") + Point("179", "1") +
-                      Point("179", "0")),
-                 {});
+    ExpectLint(Area(Point("179", "0") + Point("-179", "0") + Point("-179", "1") + Point("179", "1") +
+                    Point("179", "0")),
+               {});
 }
 
 TEST(ToolStrict, LargeAreasAreLookedAtByTheStrictCheckOnly)

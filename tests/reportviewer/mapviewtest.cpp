@@ -236,12 +236,12 @@ TEST_F(ViewerMap, AChangeKeepsThePlace)
 
 TEST_F(ViewerMap, SaysHowManyPointsItCannotDraw)
 {
-    EXPECT_TEXT(m_map.Remark(), "");
+    EXPECT_TEXT(m_map.Note(), "");
     const QImage whole = m_map.grab().toImage();
     QByteArray xml(LAKE);
     xml.replace("<Latitude>48</Latitude>", "<Latitude>98</Latitude>");
     m_map.SetContents(Read(xml));
-    EXPECT_TEXT(m_map.Remark(), "2 of 4 points cannot be drawn");
+    EXPECT_TEXT(m_map.Note(), "2 of 4 points cannot be drawn");
     EXPECT_TEXT(m_map.accessibleDescription(), "2 of 4 points cannot be drawn");
     // In the upper left corner of the map, which had nothing there but a line before.
     const auto inkIn = [](const QImage& image, const QRect& part) {
@@ -257,7 +257,7 @@ TEST_F(ViewerMap, SaysHowManyPointsItCannotDraw)
     EXPECT_GT(inkIn(m_map.grab().toImage(), corner), 100);
     // What isn't there can be drawn.
     m_map.SetContents(Read("<ReportBase/>"));
-    EXPECT_TEXT(m_map.Remark(), "");
+    EXPECT_TEXT(m_map.Note(), "");
 }
 
 TEST_F(ViewerMap, HasTheColoursOfItsPalette)

@@ -1,6 +1,6 @@
 #include "support/againstqt.h"
 
-#include <reportgenerator/reportbase/forms/fixednumbers.h>
+#include <reportgenerator/reportbase/codec/fixednumbers.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringView>

@@ -298,9 +298,9 @@ void ChangeNumber(QByteArray& bytes, int place, Choices& choices)
 /// What an object of the kind writes by `write`.
 QByteArray OwnBytes(Kind kind, Choices& choices, const std::function<QByteArray(const Traveller&)>& write)
 {
-    Road road(Way::Plain);
-    const std::unique_ptr<Traveller> traveller = road.New(kind);
-    Arrange(road, *traveller, choices);
+    CodePath codePath(Way::Plain);
+    const std::unique_ptr<Traveller> traveller = codePath.New(kind);
+    Arrange(codePath, *traveller, choices);
     traveller->Object().SetValidate(false);
     return write(*traveller);
 }

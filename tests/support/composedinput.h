@@ -5,7 +5,7 @@
 // and either with places of it changed blindly.
 
 #include "support/choices.h"
-#include "support/roads.h"
+#include "support/paths.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

@@ -426,9 +426,9 @@ void XmlComposer::Report()
 /// What an object of the kind writes.
 QString OwnXml(Kind kind, Choices& choices)
 {
-    Road road(Way::Plain);
-    const std::unique_ptr<Traveller> traveller = road.New(kind);
-    Arrange(road, *traveller, choices);
+    CodePath codePath(Way::Plain);
+    const std::unique_ptr<Traveller> traveller = codePath.New(kind);
+    Arrange(codePath, *traveller, choices);
     traveller->Object().SetValidate(false);
     return traveller->Object().GetXmlString();
 }

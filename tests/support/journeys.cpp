@@ -4,46 +4,46 @@
 
 namespace Support {
 
-void Read(Form form, Road& road, Traveller& traveller, const Input& input, Choices offer)
+void Read(Form form, CodePath& codePath, Traveller& traveller, const Input& input, Choices offer)
 {
     switch (form) {
     case Form::XmlString: {
         const bool checkRoot = offer.OneIn(3);
-        ReadXmlString(road, traveller, input.text, checkRoot);
+        ReadXmlString(codePath, traveller, input.text, checkRoot);
         break;
     }
     case Form::XmlFile:
-        ReadXmlFile(road, traveller, input.bytes, offer);
+        ReadXmlFile(codePath, traveller, input.bytes, offer);
         break;
     case Form::Reader:
         if (offer.Below(2) == 0)
-            ReadByReader(road, traveller, input.text, offer);
+            ReadByReader(codePath, traveller, input.text, offer);
         else
-            ReadByReader(road, traveller, input.bytes, offer);
+            ReadByReader(codePath, traveller, input.bytes, offer);
         break;
     case Form::PlainArray:
     case Form::CompressedArray:
-        ReadArray(road, traveller, input.bytes);
+        ReadArray(codePath, traveller, input.bytes);
         break;
     case Form::PlainStream:
     case Form::CompressedStream:
-        ReadStream(road, traveller, input.bytes, offer);
+        ReadStream(codePath, traveller, input.bytes, offer);
         break;
     case Form::BinaryFile:
-        ReadBinaryFile(road, traveller, input.bytes, offer);
+        ReadBinaryFile(codePath, traveller, input.bytes, offer);
         break;
     case Form::Body:
-        ReadBody(road, traveller, input.bytes, input.length, offer);
+        ReadBody(codePath, traveller, input.bytes, input.length, offer);
         break;
     case Form::Raw:
-        ReadRaw(road, traveller, input.bytes, offer);
+        ReadRaw(codePath, traveller, input.bytes, offer);
         break;
     case Form::Converter:
-        ReadByConverter(road, traveller, input.bytes, offer);
+        ReadByConverter(codePath, traveller, input.bytes, offer);
         break;
     case Form::Notifier: {
         const bool checkRoot = offer.OneIn(3);
-        ReadByNotifier(road, input.text, checkRoot, offer);
+        ReadByNotifier(codePath, input.text, checkRoot, offer);
         break;
     }
     }
@@ -108,52 +108,53 @@ Input ComposeInput(Form form, Kind kind, const Trip& trip, Choices choices)
 
 std::string ReadingDifference(Form form, Kind kind, const Input& input, const Trip& trip)
 {
-    return Difference(kind, [&](Road& road, Traveller& traveller) {
+    return Difference(kind, [&](CodePath& codePath, Traveller& traveller) {
         Choices setup = trip.setup;
         if (setup.Below(2) == 1)
-            Arrange(road, traveller, setup);
+            Arrange(codePath, traveller, setup);
         else
-            ArrangeSettings(road, traveller, setup);
+            ArrangeSettings(codePath, traveller, setup);
         const bool isReadTwice = setup.OneIn(4);
         const bool isWritten = setup.OneIn(3);
-        WithCompanions(road, traveller, setup, [&] { Read(form, road, traveller, input, trip.offer); });
+        WithCompanions(codePath, traveller, setup,
+                       [&] { Read(form, codePath, traveller, input, trip.offer); });
         // Looking at an object changes what it remembers about its members.
         if (!isReadTwice || setup.Below(2) == 0)
-            traveller.NoteState(road.Transcript());
+            traveller.NoteState(codePath.Transcript());
         if (isReadTwice) {
             if (setup.Below(2) == 1)
-                traveller.DisturbSettings(road, setup);
-            Read(form, road, traveller, input, trip.offer);
+                traveller.DisturbSettings(codePath, setup);
+            Read(form, codePath, traveller, input, trip.offer);
         }
         if (isWritten)
-            WriteMainForms(road, traveller);
+            WriteMainForms(codePath, traveller);
     });
 }
 
 std::string WritingDifference(Kind kind, const Trip& trip)
 {
-    return Difference(kind, [&](Road& road, Traveller& traveller) {
+    return Difference(kind, [&](CodePath& codePath, Traveller& traveller) {
         Choices setup = trip.setup;
         Choices offer = trip.offer;
-        Arrange(road, traveller, setup);
+        Arrange(codePath, traveller, setup);
         const bool isLookedAt = setup.Below(2) == 1;
         for (int i = setup.Below(3) + 1; i > 0; --i) {
             const auto writing = static_cast<Writing>(offer.Below(WRITINGS));
-            WithCompanions(road, traveller, setup.Apart(),
-                           [&] { Write(writing, road, traveller, offer.Apart()); });
+            WithCompanions(codePath, traveller, setup.Apart(),
+                           [&] { Write(writing, codePath, traveller, offer.Apart()); });
             if (isLookedAt)
-                traveller.NoteState(road.Transcript());
+                traveller.NoteState(codePath.Transcript());
         }
     });
 }
 
 bool IsTaken(Form form, Kind kind, const Input& input, const Trip& trip)
 {
-    Road road(Way::Plain);
-    const QtMessages messages(road.Transcript());
-    const std::unique_ptr<Traveller> traveller = road.New(kind);
-    Read(form, road, *traveller, input, trip.offer);
-    return road.Transcript().Text().find("thrown: ") == std::string::npos;
+    CodePath codePath(Way::Plain);
+    const QtMessages messages(codePath.Transcript());
+    const std::unique_ptr<Traveller> traveller = codePath.New(kind);
+    Read(form, codePath, *traveller, input, trip.offer);
+    return codePath.Transcript().Text().find("thrown: ") == std::string::npos;
 }
 
 } // namespace Support

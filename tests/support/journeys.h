@@ -1,7 +1,7 @@
 #ifndef TESTS_SUPPORT_JOURNEYS_H
 #define TESTS_SUPPORT_JOURNEYS_H
 
-// What tests and fuzz targets send objects through, see support/roads.h: one journey for each way of reading
+// What tests and fuzz targets send objects through, see support/paths.h: one journey for each way of reading
 // and one for writing.
 //
 //     const Trip trip = Trip::OfSeed(seed);
@@ -9,8 +9,8 @@
 //     EXPECT_EQ(ReadingDifference(Form::XmlString, Kind::Area, input, trip), "");
 
 #include "support/choices.h"
-#include "support/roadforms.h"
-#include "support/roads.h"
+#include "support/pathforms.h"
+#include "support/paths.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -61,7 +61,7 @@ struct Trip
 Input ComposeInput(Form form, Kind kind, const Trip& trip, Choices choices);
 
 /// Has an object read the input as it is offered.
-void Read(Form form, Road& road, Traveller& traveller, const Input& input, Choices offer);
+void Read(Form form, CodePath& codePath, Traveller& traveller, const Input& input, Choices offer);
 
 /// Arranges an object of the kind, has it read, looks at it and writes it.
 std::string ReadingDifference(Form form, Kind kind, const Input& input, const Trip& trip);

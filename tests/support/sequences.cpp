@@ -3,7 +3,7 @@
 #include "support/composedinput.h"
 #include "support/journeys.h"
 #include "support/oddvalues.h"
-#include "support/roadforms.h"
+#include "support/pathforms.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDataStream>
@@ -26,7 +26,7 @@ constexpr int LONGEST = 12;
 class Company
 {
 public:
-    Company(Road& road, Traveller& first, Kind kind);
+    Company(CodePath& codePath, Traveller& first, Kind kind);
 
     void Take(Choices choices);
 
@@ -72,7 +72,7 @@ private:
     void NoteStream();
     void NoteReader();
 
-    Road& m_road;
+    CodePath& m_path;
     Kind m_kind;
     std::unique_ptr<Traveller> m_others[OBJECTS - 1];
     std::array<Traveller*, OBJECTS> m_objects;
@@ -108,11 +108,11 @@ const Company::Step Company::STEPS[] = {
     {"read by the reader", &Company::ReadByReader},
 };
 
-Company::Company(Road& road, Traveller& first, Kind kind)
-    : m_road(road), m_kind(kind), m_objects{&first}, m_writer(&m_text)
+Company::Company(CodePath& codePath, Traveller& first, Kind kind)
+    : m_path(codePath), m_kind(kind), m_objects{&first}, m_writer(&m_text)
 {
     for (std::size_t i = 1; i < m_objects.size(); ++i)
-        Replace(i, road.New(kind));
+        Replace(i, codePath.New(kind));
     m_buffer.open(QIODevice::ReadWrite);
     m_stream.setDevice(&m_buffer);
     m_writer.setAutoFormatting(true);
@@ -139,13 +139,13 @@ void Company::Take(Choices choices)
     const Step& step = ChosenStep(choices);
     // Looking at an object makes its record and what it remembers about its members.
     const bool isLookedAt = choices.Below(2) == 0;
-    m_road.Transcript().Heading("step");
-    m_road.Attempt(step.name, [&] { (this->*step.take)(choices); });
+    m_path.Transcript().Heading("step");
+    m_path.Attempt(step.name, [&] { (this->*step.take)(choices); });
     for (const Traveller* object : m_objects) {
         if (isLookedAt)
-            object->NoteState(m_road.Transcript());
+            object->NoteState(m_path.Transcript());
         else
-            object->NoteFlags(m_road.Transcript());
+            object->NoteFlags(m_path.Transcript());
     }
 }
 
@@ -158,12 +158,12 @@ void Company::Fill(Choices& choices)
 
 void Company::Disturb(Choices& choices)
 {
-    Chosen(choices).Disturb(m_road, choices);
+    Chosen(choices).Disturb(m_path, choices);
 }
 
 void Company::DisturbSettings(Choices& choices)
 {
-    Chosen(choices).DisturbSettings(m_road, choices);
+    Chosen(choices).DisturbSettings(m_path, choices);
 }
 
 void Company::Set(Choices& choices)
@@ -174,7 +174,7 @@ void Company::Set(Choices& choices)
         object.SetValidate(choices.Below(2) == 1);
         break;
     case 1:
-        object.SetLogger(m_road.Logger(choices.Below(Road::LOGGERS + 1) - 1));
+        object.SetLogger(m_path.Logger(choices.Below(CodePath::LOGGERS + 1) - 1));
         break;
     default:
         object.ResetLogger();
@@ -189,7 +189,7 @@ void Company::Reset(Choices& choices)
 
 void Company::MakeAnew(Choices& choices)
 {
-    Replace(1 + static_cast<std::size_t>(choices.Below(OBJECTS - 1)), m_road.New(m_kind));
+    Replace(1 + static_cast<std::size_t>(choices.Below(OBJECTS - 1)), m_path.New(m_kind));
 }
 
 void Company::Copy(Choices& choices)
@@ -229,7 +229,7 @@ void Company::Swap(Choices& choices)
 void Company::Compare(Choices& choices)
 {
     const Traveller& left = Chosen(choices);
-    m_road.Note("equal", left.Equals(Chosen(choices)));
+    m_path.Note("equal", left.Equals(Chosen(choices)));
 }
 
 // --- Forms
@@ -237,13 +237,13 @@ void Company::Compare(Choices& choices)
 void Company::Merge(Choices& choices)
 {
     Traveller& target = Chosen(choices);
-    m_road.Note("merged", target.Object().MergeRGObject(Chosen(choices).Object()));
+    m_path.Note("merged", target.Object().MergeRGObject(Chosen(choices).Object()));
 }
 
 void Company::WriteSomewhere(Choices& choices)
 {
     Traveller& object = Chosen(choices);
-    Write(static_cast<Writing>(choices.Below(WRITINGS)), m_road, object, choices);
+    Write(static_cast<Writing>(choices.Below(WRITINGS)), m_path, object, choices);
 }
 
 void Company::ReadComposed(Choices& choices)
@@ -252,7 +252,7 @@ void Company::ReadComposed(Choices& choices)
     const auto form = static_cast<Form>(choices.Below(FORMS));
     const Trip trip = {Choices(QByteArray()), choices.Apart()};
     const Input input = ComposeInput(form, m_kind, trip, choices);
-    WithCompanions(m_road, object, choices.Apart(), [&] { Read(form, m_road, object, input, trip.offer); });
+    WithCompanions(m_path, object, choices.Apart(), [&] { Read(form, m_path, object, input, trip.offer); });
 }
 
 /// What one object writes another one reads, whole or damaged.
@@ -273,17 +273,17 @@ void Company::PassOn(Choices& choices)
         input.text = Mutated(input.text, choices);
     else if (isDamaged)
         input.bytes = Mutated(input.bytes, choices);
-    Read(form, m_road, target, input, choices);
+    Read(form, m_path, target, input, choices);
 }
 
 // --- The stream, which stays where a step has left it
 
 void Company::NoteStream()
 {
-    m_road.Note("stream status", static_cast<int>(m_stream.status()));
-    m_road.Note("stream version", m_stream.version());
-    m_road.Note("position", m_buffer.pos());
-    m_road.Note("content", m_buffer.data());
+    m_path.Note("stream status", static_cast<int>(m_stream.status()));
+    m_path.Note("stream version", m_stream.version());
+    m_path.Note("position", m_buffer.pos());
+    m_path.Note("content", m_buffer.data());
 }
 
 void Company::SetStream(Choices& choices)
@@ -318,13 +318,13 @@ void Company::SetStream(Choices& choices)
 void Company::WriteOnStream(Choices& choices)
 {
     Traveller& object = Chosen(choices);
-    m_road.Attempt("write", [&] {
+    m_path.Attempt("write", [&] {
         switch (choices.Below(4)) {
         case 0:
             object.Object().GetBinaryRepresentation(m_stream);
             break;
         case 1:
-            m_road.Note("written", object.Object().GetBinary(m_stream, 1, choices.Below(2) == 0));
+            m_path.Note("written", object.Object().GetBinary(m_stream, 1, choices.Below(2) == 0));
             break;
         case 2:
             object.WriteRaw(m_stream);
@@ -340,10 +340,10 @@ void Company::WriteOnStream(Choices& choices)
 void Company::ReadFromStream(Choices& choices)
 {
     Traveller& object = Chosen(choices);
-    m_road.Attempt("read", [&] {
+    m_path.Attempt("read", [&] {
         switch (choices.Below(3)) {
         case 0:
-            m_road.Note("taken", object.Object().SetBinaryRepresentation(m_stream));
+            m_path.Note("taken", object.Object().SetBinaryRepresentation(m_stream));
             break;
         case 1: {
             qint32 length = 0;
@@ -375,18 +375,18 @@ void Company::WriteByWriter(Choices& choices)
         m_writer.writeCharacters(PlainText(choices));
         break;
     default:
-        m_road.Attempt("write", [&] { object.GetXml(m_writer); });
+        m_path.Attempt("write", [&] { object.GetXml(m_writer); });
         break;
     }
-    m_road.Note("text", m_text);
+    m_path.Note("text", m_text);
 }
 
 void Company::NoteReader()
 {
-    m_road.Note("token", static_cast<int>(m_reader.tokenType()));
-    m_road.Note("name", m_reader.qualifiedName().toString());
-    m_road.Note("offset", static_cast<qint64>(m_reader.characterOffset()));
-    m_road.Note("error", m_reader.errorString());
+    m_path.Note("token", static_cast<int>(m_reader.tokenType()));
+    m_path.Note("name", m_reader.qualifiedName().toString());
+    m_path.Note("offset", static_cast<qint64>(m_reader.characterOffset()));
+    m_path.Note("error", m_reader.errorString());
 }
 
 /// On what was written or composed.
@@ -408,14 +408,14 @@ void Company::ReadByReader(Choices& choices)
             m_reader.readNext();
     }
     NoteReader();
-    m_road.Attempt("read", [&] { object.Object().ProcessXml(m_reader); });
+    m_path.Attempt("read", [&] { object.Object().ProcessXml(m_reader); });
     NoteReader();
 }
 
 std::string DifferenceAfter(Kind kind, const Steps& steps, std::size_t count)
 {
-    return Difference(kind, [&](Road& road, Traveller& traveller) {
-        Company company(road, traveller, kind);
+    return Difference(kind, [&](CodePath& codePath, Traveller& traveller) {
+        Company company(codePath, traveller, kind);
         std::for_each_n(steps.begin(), count, [&](const Choices& step) { company.Take(step); });
     });
 }

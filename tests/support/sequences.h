@@ -2,12 +2,12 @@
 #define TESTS_SUPPORT_SEQUENCES_H
 
 // Rows of operations that choices make up, on a few objects of a class beside each other. They have a stream, a writer
-// and a reader in common, which keep what the steps before have left them in. See support/roads.h.
+// and a reader in common, which keep what the steps before have left them in. See support/paths.h.
 //
 //     EXPECT_EQ(SequenceDifference(Kind::Area, SequenceOfSeed(42)), "");
 
 #include "support/choices.h"
-#include "support/roads.h"
+#include "support/paths.h"
 
 #include <QtCore/QByteArray>
 

@@ -52,17 +52,17 @@ bool IsValidPoint(const Coordinate& point)
 int CountPoints(const ReportBase& report)
 {
     const FieldPath path = PathOfPoints();
-    const IRGObject* const holder = FindHolder(report, path);
-    return holder ? path.Last().field->CountIn(*holder) : 0;
+    const IRGObject* const parent = FindParent(report, path);
+    return parent ? path.Last().field->CountIn(*parent) : 0;
 }
 
-Points ValidPoints(const IRGObject& holder, const Field& list)
+Points ValidPoints(const IRGObject& parent, const Field& list)
 {
     Points points;
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     points.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        const auto& point = static_cast<const Coordinate&>(list.ItemIn(holder, i));
+        const auto& point = static_cast<const Coordinate&>(list.ItemIn(parent, i));
         if (IsValidPoint(point))
             points.push_back({point.GetLongitude(), point.GetLatitude(), i});
     }
@@ -72,8 +72,8 @@ Points ValidPoints(const IRGObject& holder, const Field& list)
 Points ValidPoints(const ReportBase& report)
 {
     const FieldPath path = PathOfPoints();
-    const IRGObject* const holder = FindHolder(report, path);
-    return holder ? ValidPoints(*holder, *path.Last().field) : Points();
+    const IRGObject* const parent = FindParent(report, path);
+    return parent ? ValidPoints(*parent, *path.Last().field) : Points();
 }
 
 } // namespace ReportCore

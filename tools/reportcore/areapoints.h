@@ -22,7 +22,7 @@ bool IsValidPoint(const REPORTGENERATOR::Coordinate& point);
 int CountPoints(const REPORTGENERATOR::ReportBase& report);
 
 /// The valid points of a list of coordinates, with their numbers in it.
-Points ValidPoints(const REPORTGENERATOR::IRGObject& holder, const Field& list);
+Points ValidPoints(const REPORTGENERATOR::IRGObject& parent, const Field& list);
 
 /// Those of a report's area; none where it has none.
 Points ValidPoints(const REPORTGENERATOR::ReportBase& report);

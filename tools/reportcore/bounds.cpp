@@ -23,12 +23,12 @@ void Bounds::Take(const Coordinate& point)
     north = std::max(north, latitude);
 }
 
-Bounds BoundsOf(const IRGObject& holder, const Field& list)
+Bounds BoundsOf(const IRGObject& parent, const Field& list)
 {
     Bounds bounds;
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     for (int i = 0; i < count; ++i)
-        bounds.Take(static_cast<const Coordinate&>(list.ItemIn(holder, i)));
+        bounds.Take(static_cast<const Coordinate&>(list.ItemIn(parent, i)));
     return bounds;
 }
 

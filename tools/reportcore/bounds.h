@@ -21,7 +21,7 @@ struct Bounds
 };
 
 /// Of a list of coordinates.
-Bounds BoundsOf(const REPORTGENERATOR::IRGObject& holder, const Field& list);
+Bounds BoundsOf(const REPORTGENERATOR::IRGObject& parent, const Field& list);
 
 } // namespace ReportCore
 

@@ -243,8 +243,8 @@ private:
             m_words.Expected("','");
         const double latitude = TakeNumber(m_words);
         return Asking([points, longitude, latitude](const IRGObject& object) {
-            const IRGObject* const holder = FindHolder(object, points);
-            return holder && Surrounds(*holder, *points.Last().field, longitude, latitude);
+            const IRGObject* const parent = FindParent(object, points);
+            return parent && Surrounds(*parent, *points.Last().field, longitude, latitude);
         });
     }
 

@@ -4,7 +4,7 @@
 #include <reportcore/sequences.h>
 
 #include <reportgenerator/reflection/fieldtexts.h>
-#include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/codec/numbers.h>
 
 #include <QtCore/QHash>
 
@@ -29,9 +29,9 @@ QString NumberAsWritten(double number, int decimals)
 }
 
 /// A text that two values have in common when they mean the same; null for what isn't set.
-QString MeaningOf(const IRGObject& holder, const Field& field)
+QString MeaningOf(const IRGObject& parent, const Field& field)
 {
-    const QVariant value = field.ValueIn(holder);
+    const QVariant value = field.ValueIn(parent);
     if (!value.isValid())
         return QString();
     if (field.Kind() == FieldKind::Number)
@@ -63,13 +63,13 @@ void AppendMeaning(const IRGObject& object, const ObjectInfo& info, QString& mea
 using Numbers = QHash<QString, int>;
 
 /// A number for each item, the same for items that mean the same.
-std::vector<int> NumbersOf(const IRGObject& holder, const Field& list, Numbers& numbers)
+std::vector<int> NumbersOf(const IRGObject& parent, const Field& list, Numbers& numbers)
 {
     std::vector<int> sequence;
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     for (int i = 0; i < count; ++i) {
         QString meaning;
-        AppendMeaning(list.ItemIn(holder, i), list.Object(), meaning);
+        AppendMeaning(list.ItemIn(parent, i), list.Object(), meaning);
         const auto found = numbers.constFind(meaning);
         if (found != numbers.constEnd()) {
             sequence.push_back(*found);
@@ -214,7 +214,7 @@ bool AreNeighbours(const Difference& left, const Difference& right)
     const FieldPath& before = PathOf(left);
     const FieldPath& behind = PathOf(right);
     return left.change != Change::Changed && left.change == right.change && before.IsItem() &&
-           behind.IsItem() && before.Holder() == behind.Holder() &&
+           behind.IsItem() && before.Parent() == behind.Parent() &&
            before.Last().field == behind.Last().field && before.Last().index + 1 == behind.Last().index;
 }
 

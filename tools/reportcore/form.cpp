@@ -2,7 +2,7 @@
 
 #include <reportcore/byterange.h>
 
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
 
 #include <QtCore/QXmlStreamReader>
 

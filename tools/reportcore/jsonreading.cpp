@@ -86,7 +86,7 @@ void RequireKnown(const QJsonObject& json, const ObjectInfo& info, const QString
 
 void Take(IRGObject& object, const ObjectInfo& info, const QJsonObject& json, const QString& path);
 
-void TakeItems(IRGObject& holder, const Field& list, const QJsonValue& json, const QString& path)
+void TakeItems(IRGObject& parent, const Field& list, const QJsonValue& json, const QString& path)
 {
     if (!json.isArray())
         Refuse(path, "an array is expected");
@@ -99,21 +99,21 @@ void TakeItems(IRGObject& holder, const Field& list, const QJsonValue& json, con
         Take(*item, list.Object(), value.toObject(), itemPath);
         items.push_back(std::move(item));
     }
-    list.AppendIn(holder, items);
+    list.AppendIn(parent, items);
 }
 
-void TakeField(IRGObject& holder, const Field& field, const QJsonValue& json, const QString& path)
+void TakeField(IRGObject& parent, const Field& field, const QJsonValue& json, const QString& path)
 {
     if (field.Kind() == FieldKind::List) {
-        TakeItems(holder, field, json, path);
+        TakeItems(parent, field, json, path);
     } else if (field.Kind() == FieldKind::Object) {
         if (!json.isObject())
             Refuse(path, "an object is expected");
-        const std::unique_ptr<IRGObject> member = field.CopyOf(holder, 0);
+        const std::unique_ptr<IRGObject> member = field.CopyOf(parent, 0);
         Take(*member, field.Object(), json.toObject(), path);
-        field.ReplaceIn(holder, 0, *member);
+        field.ReplaceIn(parent, 0, *member);
     } else if (field.Kind() != FieldKind::Version) {
-        field.SetIn(holder, ValueOf(json, field.Kind(), path));
+        field.SetIn(parent, ValueOf(json, field.Kind(), path));
     }
 }
 

@@ -1,6 +1,6 @@
 #include <reportcore/losses.h>
 
-#include <reportcore/doubting/doubting.h>
+#include <reportcore/linting/linting.h>
 #include <reportcore/losing/losing.h>
 #include <reportcore/walk.h>
 

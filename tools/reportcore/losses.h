@@ -28,7 +28,7 @@ constexpr char UNKNOWN_TEXT[] = "UnknownText";
 constexpr char CARRIAGE_RETURNS[] = "CarriageReturns";
 
 /// All that would be lost by writing the report that was read from these bytes again, in whichever form, in the order in
-/// which it stands there. Besides the names above there are those of problems and doubts that say so themselves:
+/// which it stands there. Besides the names above there are those of problems and lint that say so themselves:
 /// UnknownForm, NoReport, DamagedData, TooLarge, LengthMismatch, TrailingData, SecondReport, UnresolvedEntity.
 ///
 /// The text of each is a phrase for people that names it: "element 'Antenna'", "frequency.value "6,02" becomes 0",

@@ -22,12 +22,12 @@ void ProblemLogger::Trace(REPORTGENERATOR::LogLevel level, const QString& text, 
 
 bool ProblemLogger::HasErrors() const
 {
-    return !m_remarks.empty();
+    return !m_records.empty();
 }
 
 void ProblemLogger::Reset(bool /*clearEntries*/)
 {
-    m_remarks.clear();
+    m_records.clear();
 }
 
 void ProblemLogger::Follow(std::function<qint64()> position)
@@ -37,20 +37,20 @@ void ProblemLogger::Follow(std::function<qint64()> position)
 
 void ProblemLogger::Catch(const ReportException& exception)
 {
-    const bool isKept = !m_remarks.empty() && m_remarks.back().name == exception.GetErrorName() &&
-                        m_remarks.back().text == exception.GetErrorText();
+    const bool isKept = !m_records.empty() && m_records.back().name == exception.GetErrorName() &&
+                        m_records.back().text == exception.GetErrorText();
     if (!isKept)
         Keep(exception.GetErrorName(), exception.GetErrorText());
 }
 
-Remarks ProblemLogger::Take()
+LogRecords ProblemLogger::Take()
 {
-    return std::exchange(m_remarks, {});
+    return std::exchange(m_records, {});
 }
 
 void ProblemLogger::Keep(const QString& name, const QString& text)
 {
-    m_remarks.push_back({name, text, m_position ? m_position() : -1});
+    m_records.push_back({name, text, m_position ? m_position() : -1});
 }
 
 } // namespace ReportCore

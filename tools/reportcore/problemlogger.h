@@ -11,7 +11,7 @@
 namespace ReportCore {
 
 /// A warning or an error of the library.
-struct Remark
+struct LogRecord
 {
     QString name;
     QString text;
@@ -20,7 +20,7 @@ struct Remark
     qint64 end = -1;
 };
 
-using Remarks = std::vector<Remark>;
+using LogRecords = std::vector<LogRecord>;
 
 /// Keeps the warnings and errors of the library, each with how far its input had been read.
 class ProblemLogger : public REPORTGENERATOR::Logger
@@ -39,15 +39,15 @@ public:
     /// Keeps an exception that has arrived, unless it is the one that was logged last.
     void Catch(const ReportException& exception);
 
-    const Remarks& Found() const { return m_remarks; }
+    const LogRecords& Found() const { return m_records; }
 
     /// Hands over what has been kept.
-    Remarks Take();
+    LogRecords Take();
 
 private:
     void Keep(const QString& name, const QString& text);
 
-    Remarks m_remarks;
+    LogRecords m_records;
     std::function<qint64()> m_position;
 };
 

@@ -1,9 +1,9 @@
 #include <reportcore/reportdocument.h>
 
-#include <reportcore/doubts.h>
 #include <reportcore/form.h>
+#include <reportcore/lint.h>
 #include <reportcore/losses.h>
-#include <reportcore/spots.h>
+#include <reportcore/sourcemap.h>
 
 #include <QtCore/QXmlStreamReader>
 
@@ -28,7 +28,7 @@ public:
         QString behind;
     };
 
-    ReportRanges(const QByteArray& bytes, const Spots& places)
+    ReportRanges(const QByteArray& bytes, const SourceMap& places)
         : m_places(places), m_reader(ForXmlReader(bytes))
     {
     }
@@ -105,7 +105,7 @@ private:
         return HasNamespaces() ? text : QString();
     }
 
-    const Spots& m_places;
+    const SourceMap& m_places;
     QXmlStreamReader m_reader;
     QString m_rootName;
     QString m_documentType;
@@ -127,7 +127,7 @@ QByteArray Encoded(const QString& text)
 
 FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
 {
-    Spots places;
+    SourceMap places;
     places.TakeText(bytes);
     return places.PlaceOf(position);
 }
@@ -160,7 +160,7 @@ ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
 {
     if (Recognise(bytes).form != Form::Xml)
         return;
-    Spots places;
+    SourceMap places;
     places.TakeText(bytes);
     ReportRanges ranges(bytes, places);
     const std::vector<ReportRanges::Range> found = ranges.Find();

@@ -1,8 +1,8 @@
 #include <reportcore/reportfile.h>
 
 #include <reportcore/problemlogger.h>
+#include <reportcore/reading/diagnostics.h>
 #include <reportcore/reading/reading.h>
-#include <reportcore/reading/telling.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
 
@@ -16,7 +16,7 @@ void Prepare(const ReportBase& report, const std::shared_ptr<ProblemLogger>& log
     report.SetLogger(logger);
 }
 
-Remarks RemarksOfCheck(const ReportBase& report, ProblemLogger& logger)
+LogRecords LogRecordsOfCheck(const ReportBase& report, ProblemLogger& logger)
 {
     try {
         report.Check(true);
@@ -51,13 +51,13 @@ ReportFile ReadReport(const QByteArray& bytes)
     case Form::Xml:
         file.wasReadWhole = ReadXmlWhole(bytes, file);
         if (!file.wasReadWhole)
-            ReadXmlWithPlaces(bytes, file);
+            ReadXmlDiagnosing(bytes, file);
         break;
     case Form::Plain:
     case Form::Compressed:
         file.wasReadWhole = ReadBinaryWhole(bytes, file);
         if (!file.wasReadWhole)
-            ReadBinaryWithPlaces(bytes, file);
+            ReadBinaryDiagnosing(bytes, file);
         break;
     }
     file.report.ResetLogger();
@@ -73,14 +73,14 @@ ReportFile CheckReport(const ReportBase& report, const QByteArray& bytes)
     file.report = report;
     const auto logger = std::make_shared<ProblemLogger>();
     Prepare(file.report, logger);
-    const Remarks checked = RemarksOfCheck(file.report, *logger);
-    const Remarks read;
-    Telling telling(file.report, read, checked, true);
+    const LogRecords checked = LogRecordsOfCheck(file.report, *logger);
+    const LogRecords read;
+    Diagnostics diagnostics(file.report, read, checked, true);
     if (file.form.IsBinary())
-        telling.Places().SearchBinary(bytes, file.form.isBinaryFile);
+        diagnostics.Places().SearchBinary(bytes, file.form.isBinaryFile);
     else
-        telling.Places().SearchXml(bytes);
-    file.problems = telling.Tell();
+        diagnostics.Places().SearchXml(bytes);
+    file.problems = diagnostics.Tell();
     file.report.ResetLogger();
     return file;
 }

@@ -24,23 +24,23 @@ Json BoundsToJson(const Bounds& bounds)
                        {QStringLiteral("north"), bounds.north}};
 }
 
-Json ItemsToJson(const IRGObject& holder, const Field& list)
+Json ItemsToJson(const IRGObject& parent, const Field& list)
 {
     QJsonArray json;
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     for (int i = 0; i < count; ++i)
-        json.append(FieldsToJson(list.ItemIn(holder, i), list.Object()));
+        json.append(FieldsToJson(list.ItemIn(parent, i), list.Object()));
     return json;
 }
 
-Json FieldToJson(const IRGObject& holder, const Field& field, JsonPoints points)
+Json FieldToJson(const IRGObject& parent, const Field& field, JsonPoints points)
 {
     if (!field.HasObjects())
-        return ValueToJson(field.ValueIn(holder));
-    if (!field.IsSetIn(holder))
+        return ValueToJson(field.ValueIn(parent));
+    if (!field.IsSetIn(parent))
         return Json();
-    return field.Kind() == FieldKind::List ? ItemsToJson(holder, field)
-                                           : FieldsToJson(field.ItemIn(holder, 0), field.Object(), points);
+    return field.Kind() == FieldKind::List ? ItemsToJson(parent, field)
+                                           : FieldsToJson(field.ItemIn(parent, 0), field.Object(), points);
 }
 
 Json TextOrNull(const QString& text)

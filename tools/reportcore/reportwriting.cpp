@@ -6,7 +6,7 @@
 
 #include <reportgenerator/reflection/names.h>
 #include <reportgenerator/reflection/reportfields.h>
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>

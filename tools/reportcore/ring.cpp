@@ -44,14 +44,14 @@ bool SurroundsAt(const Points& ring, double longitude, double latitude)
 
 } // namespace
 
-Points RingOf(const IRGObject& holder, const Field& list)
+Points RingOf(const IRGObject& parent, const Field& list)
 {
-    return OpenRingOf(ValidPoints(holder, list));
+    return OpenRingOf(ValidPoints(parent, list));
 }
 
-bool Surrounds(const IRGObject& holder, const Field& list, double longitude, double latitude)
+bool Surrounds(const IRGObject& parent, const Field& list, double longitude, double latitude)
 {
-    const Points ring = RingOf(holder, list);
+    const Points ring = RingOf(parent, list);
     if (ring.empty())
         return false;
     const auto [west, east] = SpanOf(ring);

@@ -11,10 +11,10 @@ namespace ReportCore {
 
 // The points of a list, joined by edges into a ring on the plane of longitude and latitude, as maps have it: `OpenRingOf`.
 
-Points RingOf(const REPORTGENERATOR::IRGObject& holder, const Field& list);
+Points RingOf(const REPORTGENERATOR::IRGObject& parent, const Field& list);
 
 /// Whether a point lies within the ring or on it.
-bool Surrounds(const REPORTGENERATOR::IRGObject& holder, const Field& list, double longitude,
+bool Surrounds(const REPORTGENERATOR::IRGObject& parent, const Field& list, double longitude,
                double latitude);
 
 /// Two edges, each by the point that it begins at.

@@ -3,7 +3,7 @@
 #include <reportcore/files.h>
 
 #include <reportgenerator/reflection/reportfields.h>
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/irgobject.h>
 
 #include <utility>
@@ -221,7 +221,7 @@ void Walk::Value(ByteRange& payload, const Field& type, int depth)
     if (type.Kind() == FieldKind::Switch)
         Bool(payload, type, depth);
     else if (type.Kind() == FieldKind::Version)
-        m_counts.TakeVersion(m_path.Holder(), type,
+        m_counts.TakeVersion(m_path.Parent(), type,
                              Text(payload, Kind::SizeOfUtf16, type.WireLabel(), depth).Utf16());
     else
         Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);

@@ -1,6 +1,6 @@
 #include <reportcore/walk.h>
 
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
 
 namespace ReportCore {
 

@@ -11,12 +11,12 @@ XmlElement XmlElements::Report()
     return {&ReportInfo()};
 }
 
-XmlElement XmlElements::Within(const XmlElement& holder, const QString& name)
+XmlElement XmlElements::Within(const XmlElement& parent, const QString& name)
 {
-    const Field* const field = holder.object ? holder.object->FindElement(name, Place::Element) : nullptr;
+    const Field* const field = parent.object ? parent.object->FindElement(name, Place::Element) : nullptr;
     if (!field)
         return {};
-    XmlElement element = {field->HasObjects() ? &field->Object() : nullptr, field, holder.path};
+    XmlElement element = {field->HasObjects() ? &field->Object() : nullptr, field, parent.path};
     element.path.Enter(*field);
     if (field->Kind() == FieldKind::List)
         element.path.SetIndex(m_counts.Next(element.path));

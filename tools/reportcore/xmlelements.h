@@ -26,7 +26,7 @@ public:
     static XmlElement Report();
 
     /// The element of that name in another one; of a list, the next item.
-    XmlElement Within(const XmlElement& holder, const QString& name);
+    XmlElement Within(const XmlElement& parent, const QString& name);
 
     /// The attributes of an object's start tag: by a version of the format it may have been emptied.
     void TakeVersion(const XmlElement& object, const QXmlStreamAttributes& attributes);

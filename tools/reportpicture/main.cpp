@@ -10,7 +10,7 @@
 int main(int argc, char** argv)
 {
     ReportCore::HoldStandardStreams();
-    ReportTool::DropRemarksOfQt();
+    ReportTool::DropMessagesOfQt();
     ReportCore::KeepOddFileNames();
     // Drawing needs no screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");

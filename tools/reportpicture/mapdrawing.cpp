@@ -232,7 +232,7 @@ void DrawScaleBar(QPainter& painter, const MapScale& scale, const MapStyle& styl
     painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, text);
 }
 
-void DrawRemark(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text)
+void DrawNote(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text)
 {
     constexpr int FLAGS = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
     const double margin = style.Margin();

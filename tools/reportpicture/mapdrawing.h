@@ -67,7 +67,7 @@ void DrawShape(QPainter& painter, ReportCore::Geometry::Shape shape, const QPoly
 void DrawScaleBar(QPainter& painter, const MapScale& scale, const MapStyle& style);
 
 /// A text in the upper left corner of the frame, on as many lines as it needs.
-void DrawRemark(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text);
+void DrawNote(QPainter& painter, const MapScale& scale, const MapStyle& style, const QString& text);
 
 } // namespace ReportPicture
 

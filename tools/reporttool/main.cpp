@@ -8,7 +8,7 @@
 int main(int argc, char** argv)
 {
     ReportCore::HoldStandardStreams();
-    ReportTool::DropRemarksOfQt();
+    ReportTool::DropMessagesOfQt();
     ReportCore::KeepOddFileNames();
     const QCoreApplication application(argc, argv);
     return ReportTool::RunProgram();

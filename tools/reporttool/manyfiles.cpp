@@ -70,10 +70,10 @@ Outcome OutcomeOf(int number, const ResultWork& work, Console& whole)
 
 /// Threads that work on the files, each on the next that nobody has begun. Where the system allows fewer than there are
 /// processors these do the work, and where it allows none, whoever asks for outcomes.
-class Crew
+class WorkerPool
 {
 public:
-    Crew(int count, const ResultWork& work, Console& console)
+    WorkerPool(int count, const ResultWork& work, Console& console)
         : m_count(count), m_work(work), m_console(console)
     {
         const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
@@ -88,15 +88,15 @@ public:
         }
     }
 
-    ~Crew()
+    ~WorkerPool()
     {
         Stop();
         for (std::thread& thread : m_threads)
             thread.join();
     }
 
-    Crew(const Crew& other) = delete;
-    Crew& operator=(const Crew& other) = delete;
+    WorkerPool(const WorkerPool& other) = delete;
+    WorkerPool& operator=(const WorkerPool& other) = delete;
 
     /// No further file is begun.
     void Stop()
@@ -223,14 +223,14 @@ std::vector<int> DoForMany(int count, Console& console, const ResultWork& work, 
     Progress progress(console.Errors(), count);
     const Interruption interruption;
     {
-        Crew crew(count, work, console);
-        while (static_cast<int>(exitCodes.size()) < count && !crew.IsAtEnd()) {
-            for (Outcome& outcome : crew.Next()) {
+        WorkerPool pool(count, work, console);
+        while (static_cast<int>(exitCodes.size()) < count && !pool.IsAtEnd()) {
+            for (Outcome& outcome : pool.Next()) {
                 Tell(outcome, take, progress, console);
                 exitCodes.push_back(outcome.result.exitCode);
             }
             if (Interruption::HasCome())
-                crew.Stop();
+                pool.Stop();
             progress.Show(static_cast<qint64>(exitCodes.size()));
         }
     }

@@ -52,7 +52,7 @@ int RunOnStreams(QIODevice& output, QIODevice& errors)
 
 } // namespace
 
-void DropRemarksOfQt()
+void DropMessagesOfQt()
 {
     qInstallMessageHandler(DropMessage);
 }

@@ -4,7 +4,7 @@
 namespace ReportTool {
 
 /// Qt's own remarks, on damaged compressed data for example, are not meant for our users: they are dropped from now on.
-void DropRemarksOfQt();
+void DropMessagesOfQt();
 
 /// What the program does between the making of its application object and its end: the command line on the standard
 /// streams. Returns the exit code.

@@ -3,8 +3,8 @@
 #include <reporttool/console.h>
 #include <reporttool/parser.h>
 
-#include <reportcore/doubts.h>
 #include <reportcore/files.h>
+#include <reportcore/lint.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportdocument.h>
 

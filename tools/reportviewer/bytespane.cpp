@@ -105,7 +105,7 @@ void BytesPane::ShowField(const FieldPath& path)
     FieldPath next = path;
     std::optional<Span> span = m_contents->fields.Find(next);
     while (!span && !next.IsEmpty()) {
-        next = next.Holder();
+        next = next.Parent();
         span = m_contents->fields.Find(next);
     }
     if (span)

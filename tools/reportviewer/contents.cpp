@@ -2,7 +2,7 @@
 
 #include <reportviewer/losing.h>
 
-#include <reportcore/doubts.h>
+#include <reportcore/lint.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportwriting.h>
 #include <reportcore/walk.h>
@@ -17,7 +17,7 @@ namespace {
 // How far reading has come when a step begins, in percent. Reading the file itself comes before.
 
 constexpr int READING = 20;
-constexpr int DOUBTING = 45;
+constexpr int LINTING = 45;
 constexpr int MAPPING = 60;
 constexpr int DRAWING = 95;
 
@@ -81,8 +81,8 @@ void MarkProblems(Contents& contents)
 {
     for (const ReportCore::Problem& problem : contents.file.problems)
         contents.marks.Take(problem, false);
-    for (const ReportCore::Problem& doubt : contents.doubts)
-        contents.marks.Take(doubt, true);
+    for (const ReportCore::Problem& warning : contents.lint)
+        contents.marks.Take(warning, true);
     for (const ReportCore::Problem& loss : contents.listedLosses)
         contents.marks.Take(loss, true);
 }
@@ -90,9 +90,9 @@ void MarkProblems(Contents& contents)
 /// All but the report, which is there already, and what is lost of its file.
 void Complete(Contents& contents, const ReadingSteps& steps)
 {
-    steps(QStringLiteral("Looking for doubts"), DOUBTING);
-    contents.doubts = ReportCore::FindDoubts(contents.bytes, contents.file, ReportCore::Look::Thorough);
-    contents.listedLosses = LossesToList(contents.losses, contents.file.problems, contents.doubts);
+    steps(QStringLiteral("Looking for doubts"), LINTING);
+    contents.lint = ReportCore::FindLint(contents.bytes, contents.file, ReportCore::Look::Thorough);
+    contents.listedLosses = LossesToList(contents.losses, contents.file.problems, contents.lint);
     MarkProblems(contents);
     steps(QStringLiteral("Finding the fields"), MAPPING);
     if (contents.IsText())

@@ -25,13 +25,13 @@ struct Contents
     ReportCore::ReportFile file;
 
     /// What can be read but is hardly meant.
-    ReportCore::Problems doubts;
+    ReportCore::Problems lint;
 
     /// What of a file would be lost if the report were saved in its place. As long as it isn't saved, that is known of the
     /// changed report, too.
     ReportCore::Problems losses;
 
-    /// Those that no problem and no doubt tells of, in words of their own.
+    /// Those that no problem and no warning tells of, in words of their own.
     ReportCore::Problems listedLosses;
 
     /// Of all that is listed.

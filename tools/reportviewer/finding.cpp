@@ -56,7 +56,7 @@ bool HasText(const QModelIndex& row, const QString& wanted)
     // What holds the field has been found by its own path.
     const QString path = row.data(ReportModel::PathRole).toString();
     const auto found = path.lastIndexOf(wanted, -1, Qt::CaseInsensitive);
-    return found >= 0 && found + wanted.size() > HolderPath(path).size();
+    return found >= 0 && found + wanted.size() > ParentPath(path).size();
 }
 
 // --- Bytes

@@ -25,7 +25,7 @@ namespace {
 
 QVariant ValueAt(const ReportBase& report, const FieldPath& path)
 {
-    const auto* const holder = ReportCore::FindHolder(report, path);
+    const auto* const holder = ReportCore::FindParent(report, path);
     return holder && path.Last().field->IsSetIn(*holder) ? path.Last().field->ValueIn(*holder) : QVariant();
 }
 
@@ -53,10 +53,10 @@ Problems LossesLeft(const Contents& file, const ReportBase& changed)
     return left;
 }
 
-Problems LossesToList(const Problems& losses, const Problems& problems, const Problems& doubts)
+Problems LossesToList(const Problems& losses, const Problems& problems, const Problems& lint)
 {
     QSet<QString> told;
-    for (const Problems* const all : {&problems, &doubts}) {
+    for (const Problems* const all : {&problems, &lint}) {
         for (const Problem& problem : *all) {
             told << KeyOf(problem, problem.name);
             if (problem.place.IsKnown() && !problem.path.isEmpty())

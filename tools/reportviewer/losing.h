@@ -13,9 +13,9 @@ struct Contents;
 /// when the user has given it a value.
 ReportCore::Problems LossesLeft(const Contents& file, const REPORTGENERATOR::ReportBase& changed);
 
-/// Those of which neither problems nor doubts tell, as these are told.
+/// Those of which neither problems nor lint tell, as these are told.
 ReportCore::Problems LossesToList(const ReportCore::Problems& losses, const ReportCore::Problems& problems,
-                                  const ReportCore::Problems& doubts);
+                                  const ReportCore::Problems& lint);
 
 } // namespace ReportViewer
 

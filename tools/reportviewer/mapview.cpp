@@ -70,7 +70,7 @@ void MapView::Renew(const ContentsPointer& contents)
 {
     m_contents = contents;
     m_middle = ReportPicture::BoxAround(m_contents->outline.geometry.parts).center().x();
-    setAccessibleDescription(Remark());
+    setAccessibleDescription(Note());
     if (m_isFitted)
         FitArea();
     Redraw();
@@ -87,7 +87,7 @@ ReportPicture::MapStyle MapView::Style() const
     return style;
 }
 
-QString MapView::Remark() const
+QString MapView::Note() const
 {
     const Outline& outline = m_contents->outline;
     return outline.Undrawn() == 0
@@ -228,8 +228,8 @@ void MapView::paintEvent(QPaintEvent* /*event*/)
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(m_scale.Frame());
     ReportPicture::DrawScaleBar(painter, m_scale, style);
-    if (const QString remark = Remark(); !remark.isEmpty())
-        ReportPicture::DrawRemark(painter, m_scale, style, remark);
+    if (const QString note = Note(); !note.isEmpty())
+        ReportPicture::DrawNote(painter, m_scale, style, note);
 }
 
 /// Going from point to point doesn't draw all of them again.

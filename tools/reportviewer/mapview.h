@@ -45,7 +45,7 @@ public:
     QPointF PlaceOf(const ReportCore::Point& point) const;
 
     /// What the map says about points that it cannot draw; empty when it draws all of them.
-    QString Remark() const;
+    QString Note() const;
 
     QSize sizeHint() const override;
 

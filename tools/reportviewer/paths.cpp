@@ -19,7 +19,7 @@ FieldPath ParsedPath(const QString& text)
     }
 }
 
-QString HolderPath(const QString& path)
+QString ParentPath(const QString& path)
 {
     const auto end = std::max(path.lastIndexOf(QLatin1Char('.')), path.lastIndexOf(QLatin1Char('[')));
     return end < 0 ? QString() : path.left(end);

@@ -12,7 +12,7 @@ ReportCore::FieldPath ParsedPath(const QString& text);
 
 /// The path of what holds a field: "area.coordinate" holds "area.coordinate[17]", which holds its latitude. Empty for what
 /// only the report holds.
-QString HolderPath(const QString& path);
+QString ParentPath(const QString& path);
 
 } // namespace ReportViewer
 

@@ -34,7 +34,7 @@ void ProblemMarks::Take(const ReportCore::Problem& problem, bool isWarning)
     ++(isWarning ? mark.warnings : mark.problems);
     if (mark.texts.size() < MOST_TEXTS)
         mark.texts << TextFirst(problem);
-    for (QString path = HolderPath(problem.path); !path.isEmpty(); path = HolderPath(path)) {
+    for (QString path = ParentPath(problem.path); !path.isEmpty(); path = ParentPath(path)) {
         Mark& above = m_marks[path];
         ++(isWarning ? above.warningsBelow : above.problemsBelow);
     }

@@ -18,11 +18,11 @@ void ProblemModel::SetContents(const ContentsPointer& contents)
     endResetModel();
 }
 
-/// Problems, doubts, losses.
+/// Problems, lint, losses.
 const Problem& ProblemModel::At(int row) const
 {
     auto index = static_cast<std::size_t>(row);
-    for (const ReportCore::Problems* const part : {&m_contents->file.problems, &m_contents->doubts}) {
+    for (const ReportCore::Problems* const part : {&m_contents->file.problems, &m_contents->lint}) {
         if (index < part->size())
             return (*part)[index];
         index -= part->size();
@@ -33,15 +33,15 @@ const Problem& ProblemModel::At(int row) const
 /// With its name, for whom icons say nothing.
 QString ProblemModel::KindOf(int row) const
 {
-    const QString kind = row < Problems()              ? tr("Problem: %1")
-                         : row < Problems() + Doubts() ? tr("Warning: %1")
-                                                       : tr("Loss: %1");
+    const QString kind = row < Problems()                ? tr("Problem: %1")
+                         : row < Problems() + Warnings() ? tr("Warning: %1")
+                                                         : tr("Loss: %1");
     return kind.arg(At(row).name);
 }
 
 int ProblemModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : Problems() + Doubts() + Losses();
+    return parent.isValid() ? 0 : Problems() + Warnings() + Losses();
 }
 
 int ProblemModel::columnCount(const QModelIndex& parent) const

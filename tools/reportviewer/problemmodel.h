@@ -7,7 +7,7 @@
 
 namespace ReportViewer {
 
-/// The problems and doubts of a report, and what of its file is lost by saving, as a table.
+/// The problems and lint of a report, and what of its file is lost by saving, as a table.
 class ProblemModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
 
     const ReportCore::Problem& At(int row) const;
     int Problems() const { return static_cast<int>(m_contents->file.problems.size()); }
-    int Doubts() const { return static_cast<int>(m_contents->doubts.size()); }
+    int Warnings() const { return static_cast<int>(m_contents->lint.size()); }
     int Losses() const { return static_cast<int>(m_contents->listedLosses.size()); }
 
     int rowCount(const QModelIndex& parent = {}) const override;

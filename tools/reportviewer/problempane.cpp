@@ -103,7 +103,7 @@ void ProblemPane::ChooseNext(int direction)
 
 QString ProblemPane::Summary() const
 {
-    const QString text = CountText(m_model->Problems(), m_model->Doubts(), m_model->Losses());
+    const QString text = CountText(m_model->Problems(), m_model->Warnings(), m_model->Losses());
     return text.isEmpty() ? tr("No problems") : text;
 }
 

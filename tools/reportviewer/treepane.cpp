@@ -104,7 +104,7 @@ void TreePane::ShowPath(const QString& path)
     FieldPath next = ParsedPath(path);
     QModelIndex index = m_model.IndexOf(next.Text(), ReportModel::ValueColumn);
     while (!index.isValid() && !next.IsEmpty()) {
-        next = next.Holder();
+        next = next.Parent();
         index = m_model.IndexOf(next.Text(), ReportModel::ValueColumn);
     }
     m_isQuiet = true;
@@ -232,7 +232,7 @@ void TreePane::UnsetAll(const QModelIndexList& rows)
         }
         try {
             if (path.IsItem())
-                ReportCore::ChangeHolder(changed, path, [&](REPORTGENERATOR::IRGObject& holder) {
+                ReportCore::ChangeParent(changed, path, [&](REPORTGENERATOR::IRGObject& holder) {
                     path.Last().field->RemoveIn(holder, first, last.row() - first + 1);
                 });
             else

@@ -177,7 +177,7 @@ struct ReportModel::State
         const FieldPath path = tree.PathOf(RowOf(index));
         return Change(index,
                       [&](ReportBase& changed) {
-                          ReportCore::ChangeHolder(changed, path, [&](IRGObject& holder) {
+                          ReportCore::ChangeParent(changed, path, [&](IRGObject& holder) {
                               const std::unique_ptr<IRGObject> item = make(*list, holder);
                               for (int i = 0; i < count; ++i)
                                   list->InsertIn(holder, row, *item);
@@ -191,7 +191,7 @@ struct ReportModel::State
         const FieldPath path = tree.PathOf(RowOf(index));
         return Change(index,
                       [&](ReportBase& changed) {
-                          ReportCore::ChangeHolder(changed, path, [&](IRGObject& holder) {
+                          ReportCore::ChangeParent(changed, path, [&](IRGObject& holder) {
                               path.Last().field->RemoveIn(holder, row, count);
                           });
                       },

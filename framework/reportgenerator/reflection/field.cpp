@@ -57,12 +57,12 @@ Field::Field(const FieldFacts& facts)
 
 Field::~Field() = default;
 
-QVariant Field::ValueIn(const IRGObject& /*holder*/) const
+QVariant Field::ValueIn(const IRGObject& /*parent*/) const
 {
     return QVariant();
 }
 
-std::optional<double> Field::NumberIn(const IRGObject& /*holder*/) const
+std::optional<double> Field::NumberIn(const IRGObject& /*parent*/) const
 {
     return std::nullopt;
 }
@@ -72,7 +72,7 @@ bool Field::Empties(const QString& /*version*/) const
     return false;
 }
 
-void Field::SetIn(IRGObject& /*holder*/, const QVariant& /*value*/) const
+void Field::SetIn(IRGObject& /*parent*/, const QVariant& /*value*/) const
 {
     Refuse(*this, HasObjects() ? "is no value" : "cannot be set");
 }
@@ -112,17 +112,17 @@ double Field::NumberOf(const QString& text) const
     return *hertz;
 }
 
-int Field::CountIn(const IRGObject& /*holder*/) const
+int Field::CountIn(const IRGObject& /*parent*/) const
 {
     return 0;
 }
 
-const IRGObject& Field::ItemIn(const IRGObject& /*holder*/, int /*index*/) const
+const IRGObject& Field::ItemIn(const IRGObject& /*parent*/, int /*index*/) const
 {
     Refuse(*this, "holds no objects");
 }
 
-std::unique_ptr<IRGObject> Field::CopyOf(const IRGObject& /*holder*/, int /*index*/) const
+std::unique_ptr<IRGObject> Field::CopyOf(const IRGObject& /*parent*/, int /*index*/) const
 {
     Refuse(*this, "holds no objects");
 }
@@ -132,22 +132,22 @@ std::unique_ptr<IRGObject> Field::NewItem() const
     Refuse(*this, "holds no objects");
 }
 
-void Field::ReplaceIn(IRGObject& /*holder*/, int /*index*/, const IRGObject& /*item*/) const
+void Field::ReplaceIn(IRGObject& /*parent*/, int /*index*/, const IRGObject& /*item*/) const
 {
     Refuse(*this, "holds no objects");
 }
 
-void Field::InsertIn(IRGObject& /*holder*/, int /*index*/, const IRGObject& /*item*/) const
+void Field::InsertIn(IRGObject& /*parent*/, int /*index*/, const IRGObject& /*item*/) const
 {
     Refuse(*this, "is no list");
 }
 
-void Field::AppendIn(IRGObject& /*holder*/, const std::vector<std::unique_ptr<IRGObject>>& /*items*/) const
+void Field::AppendIn(IRGObject& /*parent*/, const std::vector<std::unique_ptr<IRGObject>>& /*items*/) const
 {
     Refuse(*this, "is no list");
 }
 
-void Field::RemoveIn(IRGObject& /*holder*/, int /*index*/, int /*count*/) const
+void Field::RemoveIn(IRGObject& /*parent*/, int /*index*/, int /*count*/) const
 {
     Refuse(*this, "is no list");
 }

@@ -1,9 +1,9 @@
 #ifndef REPORTGENERATOR_REFLECTION_FIELD_H
 #define REPORTGENERATOR_REFLECTION_FIELD_H
 
-#include <reportgenerator/reportbase/descriptions/unit.h>
-#include <reportgenerator/reportbase/forms/field.h>
+#include <reportgenerator/reportbase/codec/scalarfield.h>
 #include <reportgenerator/reportbase/irgobject.h>
+#include <reportgenerator/reportbase/schema/unit.h>
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>
@@ -72,30 +72,30 @@ public:
     const QString& WireLabel() const { return m_wireLabel; }
 
     /// Of the whole, be it a value, a member object or a list.
-    virtual bool IsSetIn(const REPORTGENERATOR::IRGObject& holder) const = 0;
+    virtual bool IsSetIn(const REPORTGENERATOR::IRGObject& parent) const = 0;
 
     /// Unsets it, as the class's own operation does; refuses with an `RGException`.
-    virtual void UnsetIn(REPORTGENERATOR::IRGObject& holder) const = 0;
+    virtual void UnsetIn(REPORTGENERATOR::IRGObject& parent) const = 0;
 
     /// Whether the library's check has nothing to say about it, what stands within objects aside. What it says
     /// otherwise tells `Complaint`.
-    virtual bool IsGoodIn(const REPORTGENERATOR::IRGObject& holder) const = 0;
-    virtual QString Complaint(const REPORTGENERATOR::IRGObject& holder) const = 0;
+    virtual bool IsGoodIn(const REPORTGENERATOR::IRGObject& parent) const = 0;
+    virtual QString Complaint(const REPORTGENERATOR::IRGObject& parent) const = 0;
 
     // Of values
 
     /// Invalid when not set. A text may be set and null.
-    virtual QVariant ValueIn(const REPORTGENERATOR::IRGObject& holder) const;
+    virtual QVariant ValueIn(const REPORTGENERATOR::IRGObject& parent) const;
 
     /// Of a number, for those who go through many of them; nothing when not set.
-    virtual std::optional<double> NumberIn(const REPORTGENERATOR::IRGObject& holder) const;
+    virtual std::optional<double> NumberIn(const REPORTGENERATOR::IRGObject& parent) const;
 
     /// Of a version of the format: whether reading this one empties the object, as data of an older version do.
     virtual bool Empties(const QString& version) const;
 
     /// Sets it as the class's own setter does when it validates: what that refuses is refused here, with the same
     /// `RGException`. So is a value of another type, and what nobody sets.
-    virtual void SetIn(REPORTGENERATOR::IRGObject& holder, const QVariant& value) const;
+    virtual void SetIn(REPORTGENERATOR::IRGObject& parent, const QVariant& value) const;
 
     /// The value that a text stands for, as people write it: numbers as `NumberOf` takes them, switches as "true" or
     /// "false". Throws `RGException` for others.
@@ -107,30 +107,30 @@ public:
 
     // Of a member object, which is one or none, and of lists
 
-    virtual int CountIn(const REPORTGENERATOR::IRGObject& holder) const;
-    virtual const REPORTGENERATOR::IRGObject& ItemIn(const REPORTGENERATOR::IRGObject& holder,
+    virtual int CountIn(const REPORTGENERATOR::IRGObject& parent) const;
+    virtual const REPORTGENERATOR::IRGObject& ItemIn(const REPORTGENERATOR::IRGObject& parent,
                                                      int index) const;
 
     /// A copy of the item; a new object where there is none.
-    virtual std::unique_ptr<REPORTGENERATOR::IRGObject> CopyOf(const REPORTGENERATOR::IRGObject& holder,
+    virtual std::unique_ptr<REPORTGENERATOR::IRGObject> CopyOf(const REPORTGENERATOR::IRGObject& parent,
                                                                int index) const;
 
     /// What could be in it, with nothing set.
     virtual std::unique_ptr<REPORTGENERATOR::IRGObject> NewItem() const;
 
     /// Puts a copy of `item` in the place of the item; a member object counts as set afterwards.
-    virtual void ReplaceIn(REPORTGENERATOR::IRGObject& holder, int index,
+    virtual void ReplaceIn(REPORTGENERATOR::IRGObject& parent, int index,
                            const REPORTGENERATOR::IRGObject& item) const;
 
     /// In front of the item `index` of a list, or at its end; refuses an incomplete one with an `RGException`, as
     /// appending does.
-    virtual void InsertIn(REPORTGENERATOR::IRGObject& holder, int index,
+    virtual void InsertIn(REPORTGENERATOR::IRGObject& parent, int index,
                           const REPORTGENERATOR::IRGObject& item) const;
 
     /// All at once, which is much faster for many of them. A list without items counts as set afterwards, too.
-    virtual void AppendIn(REPORTGENERATOR::IRGObject& holder,
+    virtual void AppendIn(REPORTGENERATOR::IRGObject& parent,
                           const std::vector<std::unique_ptr<REPORTGENERATOR::IRGObject>>& items) const;
-    virtual void RemoveIn(REPORTGENERATOR::IRGObject& holder, int index, int count) const;
+    virtual void RemoveIn(REPORTGENERATOR::IRGObject& parent, int index, int count) const;
 
 private:
     FieldFacts m_facts;

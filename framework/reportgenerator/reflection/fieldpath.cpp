@@ -60,15 +60,15 @@ FieldPath::Step ParseStep(const ObjectInfo& object, const QString& step, const Q
 FieldPath FieldPath::Parse(const ObjectInfo& object, const QString& text)
 {
     FieldPath path;
-    const ObjectInfo* holder = &object;
+    const ObjectInfo* parent = &object;
     for (const QString& part : text.split(DOT)) {
-        if (!holder)
+        if (!parent)
             throw PathError{QStringLiteral("%1: %2 holds no fields").arg(Printable(text), path.Text())};
-        const Step step = ParseStep(*holder, part, text);
+        const Step step = ParseStep(*parent, part, text);
         path.Enter(*step.field, step.index);
         const bool isObject =
             step.field->HasObjects() && (step.field->Kind() == FieldKind::Object || step.index != WHOLE);
-        holder = isObject ? &step.field->Object() : nullptr;
+        parent = isObject ? &step.field->Object() : nullptr;
     }
     return path;
 }
@@ -86,12 +86,12 @@ QString FieldPath::Text() const
     return text;
 }
 
-FieldPath FieldPath::Holder() const
+FieldPath FieldPath::Parent() const
 {
-    FieldPath holder = *this;
-    if (!holder.IsEmpty())
-        holder.Leave();
-    return holder;
+    FieldPath parent = *this;
+    if (!parent.IsEmpty())
+        parent.Leave();
+    return parent;
 }
 
 bool FieldPath::IsAbove(const FieldPath& other) const

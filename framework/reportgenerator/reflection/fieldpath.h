@@ -53,7 +53,7 @@ public:
 
     /// Of the object in which the last step stands: of "area.coordinate[17].latitude" it is "area.coordinate[17]", of
     /// that "area".
-    FieldPath Holder() const;
+    FieldPath Parent() const;
 
     /// Whether this is `other` or the way to it.
     bool IsAbove(const FieldPath& other) const;

@@ -5,7 +5,7 @@
 
 namespace ReportCore {
 
-// What people and programs call the fields whose names stand in the library's descriptions.
+// What people and programs call the fields whose names stand in the library's schemas.
 
 /// The name in paths and JSON: "IFBandwidth" is "ifBandwidth", "ScriptID" is "scriptId".
 QString KeyOf(const QString& name);

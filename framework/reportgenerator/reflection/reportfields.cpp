@@ -1,8 +1,8 @@
 #include <reportgenerator/reflection/reportfields.h>
 
-#include <reportgenerator/reflection/describedfields.h>
+#include <reportgenerator/reflection/schemafields.h>
 
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 namespace ReportCore {
 
@@ -25,13 +25,13 @@ const ObjectInfo* FindBelow(const ObjectInfo& info, const QString& objectName)
 
 void VisitBelow(const IRGObject& object, const ObjectInfo& info, FieldPath& path, const FieldVisitor& visit);
 
-void VisitItems(const IRGObject& holder, const Field& list, FieldPath& path, const FieldVisitor& visit)
+void VisitItems(const IRGObject& parent, const Field& list, FieldPath& path, const FieldVisitor& visit)
 {
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     for (int i = 0; i < count; ++i) {
         path.SetIndex(i);
-        visit(path, holder);
-        VisitBelow(list.ItemIn(holder, i), list.Object(), path, visit);
+        visit(path, parent);
+        VisitBelow(list.ItemIn(parent, i), list.Object(), path, visit);
     }
 }
 
@@ -53,13 +53,13 @@ int ItemIndex(const FieldPath::Step& step)
     return step.index == FieldPath::WHOLE ? 0 : step.index;
 }
 
-bool HasItem(const IRGObject& holder, const FieldPath::Step& step)
+bool HasItem(const IRGObject& parent, const FieldPath::Step& step)
 {
-    return ItemIndex(step) < step.field->CountIn(holder);
+    return ItemIndex(step) < step.field->CountIn(parent);
 }
 
 void ChangeBelow(IRGObject& object, const FieldPath& path, int depth,
-                 const std::function<void(IRGObject& holder)>& change)
+                 const std::function<void(IRGObject& parent)>& change)
 {
     if (depth + 1 == path.Size()) {
         change(object);
@@ -91,50 +91,50 @@ void VisitFields(const IRGObject& object, const ObjectInfo& info, const FieldVis
     VisitBelow(object, info, path, visit);
 }
 
-const IRGObject* FindHolder(const IRGObject& object, const FieldPath& path)
+const IRGObject* FindParent(const IRGObject& object, const FieldPath& path)
 {
-    const IRGObject* holder = &object;
+    const IRGObject* parent = &object;
     for (int i = 0; i + 1 < path.Size(); ++i) {
-        if (!HasItem(*holder, path.At(i)))
+        if (!HasItem(*parent, path.At(i)))
             return nullptr;
-        holder = &path.At(i).field->ItemIn(*holder, ItemIndex(path.At(i)));
+        parent = &path.At(i).field->ItemIn(*parent, ItemIndex(path.At(i)));
     }
-    return holder;
+    return parent;
 }
 
 bool IsSet(const IRGObject& object, const FieldPath& path)
 {
-    const IRGObject* const holder = FindHolder(object, path);
-    if (!holder || path.IsEmpty())
-        return holder != nullptr;
-    return path.IsItem() ? HasItem(*holder, path.Last()) : path.Last().field->IsSetIn(*holder);
+    const IRGObject* const parent = FindParent(object, path);
+    if (!parent || path.IsEmpty())
+        return parent != nullptr;
+    return path.IsItem() ? HasItem(*parent, path.Last()) : path.Last().field->IsSetIn(*parent);
 }
 
 QVariant ValueAt(const IRGObject& object, const FieldPath& path)
 {
-    const IRGObject* const holder = FindHolder(object, path);
-    return holder && !path.IsEmpty() ? path.Last().field->ValueIn(*holder) : QVariant();
+    const IRGObject* const parent = FindParent(object, path);
+    return parent && !path.IsEmpty() ? path.Last().field->ValueIn(*parent) : QVariant();
 }
 
 void SetValue(IRGObject& object, const FieldPath& path, const QVariant& value)
 {
-    ChangeHolder(object, path, [&](IRGObject& holder) { path.Last().field->SetIn(holder, value); });
+    ChangeParent(object, path, [&](IRGObject& parent) { path.Last().field->SetIn(parent, value); });
 }
 
 void Unset(IRGObject& object, const FieldPath& path)
 {
     if (!IsSet(object, path))
         return;
-    ChangeHolder(object, path, [&path](IRGObject& holder) {
+    ChangeParent(object, path, [&path](IRGObject& parent) {
         if (path.IsItem())
-            path.Last().field->RemoveIn(holder, path.Last().index, 1);
+            path.Last().field->RemoveIn(parent, path.Last().index, 1);
         else
-            path.Last().field->UnsetIn(holder);
+            path.Last().field->UnsetIn(parent);
     });
 }
 
-void ChangeHolder(IRGObject& object, const FieldPath& path,
-                  const std::function<void(IRGObject& holder)>& change)
+void ChangeParent(IRGObject& object, const FieldPath& path,
+                  const std::function<void(IRGObject& parent)>& change)
 {
     if (path.IsEmpty())
         change(object);

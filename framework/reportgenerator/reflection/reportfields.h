@@ -18,13 +18,13 @@ const ObjectInfo& ReportInfo();
 const ObjectInfo* FindObject(const QString& objectName);
 
 /// Called with each field, in writing order. A member object, a list and each of its items come before what they hold.
-using FieldVisitor = std::function<void(const FieldPath& path, const REPORTGENERATOR::IRGObject& holder)>;
+using FieldVisitor = std::function<void(const FieldPath& path, const REPORTGENERATOR::IRGObject& parent)>;
 
 /// Visits the fields of an object and, below those that are set, of what it holds.
 void VisitFields(const REPORTGENERATOR::IRGObject& object, const ObjectInfo& info, const FieldVisitor& visit);
 
 /// The object in which the last field of the path stands; null where one on the way is not there.
-const REPORTGENERATOR::IRGObject* FindHolder(const REPORTGENERATOR::IRGObject& object, const FieldPath& path);
+const REPORTGENERATOR::IRGObject* FindParent(const REPORTGENERATOR::IRGObject& object, const FieldPath& path);
 
 /// Whether the value, the member object, the list or the item is there.
 bool IsSet(const REPORTGENERATOR::IRGObject& object, const FieldPath& path);
@@ -43,8 +43,8 @@ void Unset(REPORTGENERATOR::IRGObject& object, const FieldPath& path);
 /// Calls `change` with a copy of the object in which the last field of the path stands, and puts it in its place.
 /// Member objects on the way come into being. Throws what `change` throws, with the object as it was, and `RGException`
 /// for an item that isn't there.
-void ChangeHolder(REPORTGENERATOR::IRGObject& object, const FieldPath& path,
-                  const std::function<void(REPORTGENERATOR::IRGObject& holder)>& change);
+void ChangeParent(REPORTGENERATOR::IRGObject& object, const FieldPath& path,
+                  const std::function<void(REPORTGENERATOR::IRGObject& parent)>& change);
 
 } // namespace ReportCore
 

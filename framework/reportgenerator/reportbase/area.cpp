@@ -1,8 +1,8 @@
 #include <reportgenerator/reportbase/area.h>
 
-#include <reportgenerator/reportbase/descriptions/areadescription.h>
 #include <reportgenerator/reportbase/invalidxmlexception.h>
-#include <reportgenerator/reportbase/records/recordobject.h>
+#include <reportgenerator/reportbase/records/recordobject_p.h>
+#include <reportgenerator/reportbase/schema/areaschema.h>
 
 namespace REPORTGENERATOR {
 
@@ -11,7 +11,7 @@ template class RecordObject<AreaData, SharedRecord<AreaData>>;
 
 namespace {
 
-using Rows = Description<AreaData>;
+using Fields = Schema<AreaData>;
 
 } // namespace
 
@@ -99,22 +99,22 @@ QString Area::GetName() const
 void Area::SetName(QString name)
 {
     InitData();
-    StoreValue(*this, Rows::AREA_NAME, name);
+    StoreValue(*this, Fields::AREA_NAME, name);
 }
 
 bool Area::IsNameSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::AREA_NAME);
+    return IsFieldSet(m_record.Get(), Fields::AREA_NAME);
 }
 
 void Area::ResetName()
 {
-    ResetRow(*this, Rows::AREA_NAME);
+    ResetField(*this, Fields::AREA_NAME);
 }
 
 bool Area::IsValidName(const QString& name) const
 {
-    return IsAdmitted(Rows::AREA_NAME, name);
+    return IsAdmitted(Fields::AREA_NAME, name);
 }
 
 QString Area::GetDefaultName() const
@@ -131,7 +131,7 @@ const QVector<Coordinate>& Area::GetCoordinate() const
 QVector<Coordinate>& Area::GetCoordinate()
 {
     InitData();
-    SetFlag(m_record.Own(), Rows::COORDINATES.setBy);
+    SetFlag(m_record.Own(), Fields::COORDINATES.setBy);
     return m_record.Own().coordinates.HandOut();
 }
 
@@ -139,23 +139,23 @@ void Area::SetCoordinate(const QVector<Coordinate>& coordinates)
 {
     InitData();
     m_record.Own().coordinates.Assign(coordinates);
-    SetFlag(m_record.Own(), Rows::COORDINATES.setBy);
+    SetFlag(m_record.Own(), Fields::COORDINATES.setBy);
 }
 
 void Area::AppendCoordinate(const Coordinate& item)
 {
     InitData();
-    AppendItem(*this, Rows::COORDINATES, item);
+    AppendItem(*this, Fields::COORDINATES, item);
 }
 
 bool Area::IsCoordinateSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::COORDINATES);
+    return IsFieldSet(m_record.Get(), Fields::COORDINATES);
 }
 
 void Area::ResetCoordinate()
 {
-    ResetRow(*this, Rows::COORDINATES);
+    ResetField(*this, Fields::COORDINATES);
 }
 
 bool Area::IsValidCoordinate(const QVector<Coordinate>& /*coordinates*/) const
@@ -177,22 +177,22 @@ QString Area::GetScriptID() const
 void Area::SetScriptID(QString scriptID)
 {
     InitData();
-    StoreValue(*this, Rows::SCRIPT_ID, scriptID);
+    StoreValue(*this, Fields::SCRIPT_ID, scriptID);
 }
 
 bool Area::IsScriptIDSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::SCRIPT_ID);
+    return IsFieldSet(m_record.Get(), Fields::SCRIPT_ID);
 }
 
 void Area::ResetScriptID()
 {
-    ResetRow(*this, Rows::SCRIPT_ID);
+    ResetField(*this, Fields::SCRIPT_ID);
 }
 
 bool Area::IsValidScriptID(const QString& scriptID) const
 {
-    return IsAdmitted(Rows::SCRIPT_ID, scriptID);
+    return IsAdmitted(Fields::SCRIPT_ID, scriptID);
 }
 
 QString Area::GetDefaultScriptID() const
@@ -203,7 +203,7 @@ QString Area::GetDefaultScriptID() const
 const QString& Area::GetVersion() const
 {
     InitData();
-    static const QString version = Rows::VERSION.model.Text();
+    static const QString version = Fields::VERSION.model.Text();
     return version;
 }
 
@@ -216,7 +216,7 @@ QString Area::GetInitialVersionLoaded() const
 void Area::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
-    TakeVersion(*this, Rows::VERSION, xmltools::VersionAttribute(reader));
+    TakeVersion(*this, Fields::VERSION, xmltools::VersionAttribute(reader));
     const Settled settled(*this);
     IRGObject::ProcessXml(reader);
     // Without a child nothing has been passed on, and nothing has come that would need it.
@@ -229,12 +229,12 @@ void Area::ProcessXmlStartElement(QXmlStreamReader& reader)
     SettleCoordinates();
     if (ReadXmlChild(*this, reader))
         return;
-    if (Rows::VERSION.IsOlderIn(RecordAccess::Make(*this))) {
+    if (Fields::VERSION.IsOlderIn(RecordAccess::Make(*this))) {
         xmltools::SkipElement(reader);
         return;
     }
     // The unknown element is not skipped: its children are read as the area's own, and its end ends the area.
-    reporting::Questionable(
+    reporting::WarnOrThrow(
         *this, InvalidXmlException(messages::UnknownTag(reader.name().toString(), GetObjectName())));
 }
 

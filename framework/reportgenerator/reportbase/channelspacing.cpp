@@ -8,7 +8,7 @@
 
 namespace REPORTGENERATOR {
 
-struct ChannelSpacing::Description
+struct ChannelSpacing::Schema
 {
     static const ObjectIdentity& Identity()
     {
@@ -41,7 +41,7 @@ QString FalseText()
 
 } // namespace
 
-ChannelSpacing::ChannelSpacing() : IRGObject(Description::Identity()) {}
+ChannelSpacing::ChannelSpacing() : IRGObject(Schema::Identity()) {}
 
 ChannelSpacing::ChannelSpacing(const ChannelSpacing& other) = default;
 
@@ -84,7 +84,7 @@ void ChannelSpacing::SetSameDistance(bool sameDistance)
 
 bool ChannelSpacing::IsValidSameDistance() const
 {
-    return Description::SAME_DISTANCE.IsSetIn(*this);
+    return Schema::SAME_DISTANCE.IsSetIn(*this);
 }
 
 const QVector<double>& ChannelSpacing::GetValues() const
@@ -110,7 +110,7 @@ bool ChannelSpacing::HasData() const
 
 void ChannelSpacing::Reset()
 {
-    UnsetFields(*this, Description::FIELDS);
+    UnsetFields(*this, Schema::FIELDS);
     m_values.clear();
 }
 
@@ -118,7 +118,7 @@ void ChannelSpacing::Check() const
 {
     if (!AnyData())
         return;
-    RequireFields(*this, Description::FIELDS, messages::PleaseSet);
+    RequireFields(*this, Schema::FIELDS, messages::PleaseSet);
     // The message names the object twice.
     if (m_values.isEmpty())
         throw RGException(messages::PleaseSet(GetObjectName(), GetObjectName()));
@@ -129,20 +129,19 @@ void ChannelSpacing::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WritePlainFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Schema::FIELDS);
     // Held, since the writer's device may change them.
     const QVector<double> values = m_values;
     for (const double value : values)
-        writer.writeTextElement(Description::VALUE.Text(),
-                                numbers::ToFixedText(value, Description::VALUE_FORMAT));
+        writer.writeTextElement(Schema::VALUE.Text(), numbers::ToFixedText(value, Schema::VALUE_FORMAT));
     writer.writeEndElement();
 }
 
 void ChannelSpacing::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (reader.name() == Description::VALUE.Latin1())
+    if (reader.name() == Schema::VALUE.Latin1())
         m_values.append(numbers::FromText(GetTextValue(reader)));
-    else if (!ReadPlainElement(*this, reader, Description::FIELDS))
+    else if (!ReadPlainElement(*this, reader, Schema::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

@@ -75,7 +75,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Description;
+    struct Schema;
 
     QString m_visual;
     QString m_sameDistance;

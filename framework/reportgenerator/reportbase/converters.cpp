@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/converters.h>
 
-#include <reportgenerator/reportbase/forms/name.h>
+#include <reportgenerator/reportbase/codec/name.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>

@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/coordinate.h>
 
-#include <reportgenerator/reportbase/descriptions/coordinatedescription.h>
-#include <reportgenerator/reportbase/records/recordobject.h>
+#include <reportgenerator/reportbase/records/recordobject_p.h>
+#include <reportgenerator/reportbase/schema/coordinateschema.h>
 
 namespace REPORTGENERATOR {
 
@@ -10,7 +10,7 @@ template class RecordObject<CoordinateData, OwnRecord<CoordinateData>>;
 
 namespace {
 
-using Rows = Description<CoordinateData>;
+using Fields = Schema<CoordinateData>;
 
 } // namespace
 
@@ -27,9 +27,9 @@ bool Coordinate::operator==(const Coordinate& other) const
     // Unlike the other classes' comparison this one makes no records: without one nothing is set.
     const auto record = [](const Coordinate& coordinate) -> const CoordinateData& {
         const CoordinateData* data = coordinate.m_record.Get();
-        return data ? *data : FreshRecord<CoordinateData>();
+        return data ? *data : DefaultRecord<CoordinateData>();
     };
-    return AreRecordsEqual(record(*this), record(other), Rows::ROWS);
+    return AreRecordsEqual(record(*this), record(other), Fields::FIELDS);
 }
 
 bool Coordinate::operator!=(const Coordinate& other) const
@@ -39,12 +39,12 @@ bool Coordinate::operator!=(const Coordinate& other) const
 
 bool Coordinate::AnyData() const
 {
-    return IsAnyRowSet(m_record.Get(), Rows::ROWS);
+    return IsAnyFieldSet(m_record.Get(), Fields::FIELDS);
 }
 
 bool Coordinate::HasData() const
 {
-    return AreMandatoryRowsSet(m_record.Get(), Rows::ROWS);
+    return AreMandatoryFieldsSet(m_record.Get(), Fields::FIELDS);
 }
 
 double Coordinate::GetLongitude() const
@@ -56,27 +56,27 @@ double Coordinate::GetLongitude() const
 void Coordinate::SetLongitude(double longitude)
 {
     InitData();
-    StoreValue(*this, Rows::LONGITUDE, longitude);
+    StoreValue(*this, Fields::LONGITUDE, longitude);
 }
 
 bool Coordinate::IsLongitudeSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::LONGITUDE);
+    return IsFieldSet(m_record.Get(), Fields::LONGITUDE);
 }
 
 void Coordinate::ResetLongitude()
 {
-    ResetRow(*this, Rows::LONGITUDE);
+    ResetField(*this, Fields::LONGITUDE);
 }
 
 bool Coordinate::IsValidLongitude(const double& longitude) const
 {
-    return IsAdmitted(Rows::LONGITUDE, longitude);
+    return IsAdmitted(Fields::LONGITUDE, longitude);
 }
 
 double Coordinate::GetDefaultLongitude() const
 {
-    return FreshRecord<CoordinateData>().longitude;
+    return DefaultRecord<CoordinateData>().longitude;
 }
 
 double Coordinate::GetLatitude() const
@@ -88,27 +88,27 @@ double Coordinate::GetLatitude() const
 void Coordinate::SetLatitude(double latitude)
 {
     InitData();
-    StoreValue(*this, Rows::LATITUDE, latitude);
+    StoreValue(*this, Fields::LATITUDE, latitude);
 }
 
 bool Coordinate::IsLatitudeSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::LATITUDE);
+    return IsFieldSet(m_record.Get(), Fields::LATITUDE);
 }
 
 void Coordinate::ResetLatitude()
 {
-    ResetRow(*this, Rows::LATITUDE);
+    ResetField(*this, Fields::LATITUDE);
 }
 
 bool Coordinate::IsValidLatitude(const double& latitude) const
 {
-    return IsAdmitted(Rows::LATITUDE, latitude);
+    return IsAdmitted(Fields::LATITUDE, latitude);
 }
 
 double Coordinate::GetDefaultLatitude() const
 {
-    return FreshRecord<CoordinateData>().latitude;
+    return DefaultRecord<CoordinateData>().latitude;
 }
 
 void Coordinate::ProcessXml(QXmlStreamReader& reader)

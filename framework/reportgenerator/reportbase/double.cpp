@@ -1,8 +1,8 @@
 #include <reportgenerator/reportbase/double.h>
 
-#include <reportgenerator/reportbase/forms/invalidvalues.h>
-#include <reportgenerator/reportbase/forms/numbers.h>
-#include <reportgenerator/reportbase/forms/xmltools.h>
+#include <reportgenerator/reportbase/codec/invalidvalues.h>
+#include <reportgenerator/reportbase/codec/numbers.h>
+#include <reportgenerator/reportbase/codec/xmltools.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
 

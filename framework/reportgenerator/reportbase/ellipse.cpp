@@ -6,7 +6,7 @@
 
 namespace REPORTGENERATOR {
 
-struct Ellipse::Description
+struct Ellipse::Schema
 {
     static const ObjectIdentity& Identity()
     {
@@ -25,7 +25,7 @@ struct Ellipse::Description
 };
 
 Ellipse::Ellipse()
-    : IRGObject(Description::Identity()), m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE),
+    : IRGObject(Schema::Identity()), m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE),
       m_rotation(INVALID_DOUBLE)
 {
 }
@@ -38,7 +38,7 @@ Ellipse::~Ellipse() = default;
 
 bool Ellipse::operator==(const Ellipse& other) const
 {
-    return AreValuesEqual(*this, other, Description::FIELDS);
+    return AreValuesEqual(*this, other, Schema::FIELDS);
 }
 
 bool Ellipse::operator!=(const Ellipse& other) const
@@ -78,23 +78,23 @@ void Ellipse::SetRotation(double rotation)
 
 bool Ellipse::AnyData() const
 {
-    return IsAnyFieldSet(*this, Description::FIELDS);
+    return IsAnyFieldSet(*this, Schema::FIELDS);
 }
 
 bool Ellipse::HasData() const
 {
-    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void Ellipse::Reset()
 {
-    UnsetFields(*this, Description::FIELDS);
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void Ellipse::Check() const
 {
     if (AnyData())
-        RequireFields(*this, Description::FIELDS, messages::PleaseSet);
+        RequireFields(*this, Schema::FIELDS, messages::PleaseSet);
 }
 
 void Ellipse::GetXml(QXmlStreamWriter& writer) const
@@ -102,13 +102,13 @@ void Ellipse::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WritePlainFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Schema::FIELDS);
     writer.writeEndElement();
 }
 
 void Ellipse::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Description::FIELDS))
+    if (!ReadPlainElement(*this, reader, Schema::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

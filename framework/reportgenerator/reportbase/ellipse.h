@@ -68,7 +68,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Description;
+    struct Schema;
 
     double m_minRadius;
     double m_maxRadius;

@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/frequency.h>
 
-#include <reportgenerator/reportbase/descriptions/frequencydescription.h>
-#include <reportgenerator/reportbase/records/boundedvalue.h>
+#include <reportgenerator/reportbase/records/boundedvalue_p.h>
+#include <reportgenerator/reportbase/schema/frequencyschema.h>
 
 namespace REPORTGENERATOR {
 
@@ -11,7 +11,7 @@ template class BoundedValue<FrequencyData>;
 
 namespace {
 
-using Rows = Description<FrequencyData>;
+using Fields = Schema<FrequencyData>;
 
 } // namespace
 
@@ -42,29 +42,29 @@ bool Frequency::GetUse() const
 void Frequency::SetUse(bool use)
 {
     InitData();
-    StoreValue(*this, Rows::USE, use);
+    StoreValue(*this, Fields::USE, use);
 }
 
 bool Frequency::IsUseSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::USE);
+    return IsFieldSet(m_record.Get(), Fields::USE);
 }
 
 void Frequency::ResetUse()
 {
-    ResetRow(*this, Rows::USE);
+    ResetField(*this, Fields::USE);
 }
 
 bool Frequency::GetDefaultUse() const
 {
-    return FreshRecord<FrequencyData>().use;
+    return DefaultRecord<FrequencyData>().use;
 }
 
 void Frequency::ResetToDefault()
 {
     BoundedValue::ResetToDefault();
     // The one default that counts as set.
-    SetFlag(m_record.Own(), Rows::USE.setBy);
+    SetFlag(m_record.Own(), Fields::USE.setBy);
 }
 
 } // namespace REPORTGENERATOR

@@ -6,7 +6,7 @@
 
 namespace REPORTGENERATOR {
 
-struct FrequencyRangeOld::Description
+struct FrequencyRangeOld::Schema
 {
     static const ObjectIdentity& Identity()
     {
@@ -23,7 +23,7 @@ struct FrequencyRangeOld::Description
 };
 
 FrequencyRangeOld::FrequencyRangeOld()
-    : IRGObject(Description::Identity()), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
+    : IRGObject(Schema::Identity()), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
 {
 }
 
@@ -35,7 +35,7 @@ FrequencyRangeOld::~FrequencyRangeOld() = default;
 
 bool FrequencyRangeOld::operator==(const FrequencyRangeOld& other) const
 {
-    return AreValuesEqual(*this, other, Description::FIELDS);
+    return AreValuesEqual(*this, other, Schema::FIELDS);
 }
 
 bool FrequencyRangeOld::operator!=(const FrequencyRangeOld& other) const
@@ -65,23 +65,23 @@ void FrequencyRangeOld::SetStopFrequency(double frequency)
 
 bool FrequencyRangeOld::AnyData() const
 {
-    return IsAnyFieldSet(*this, Description::FIELDS);
+    return IsAnyFieldSet(*this, Schema::FIELDS);
 }
 
 bool FrequencyRangeOld::HasData() const
 {
-    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void FrequencyRangeOld::Reset()
 {
-    UnsetFields(*this, Description::FIELDS);
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void FrequencyRangeOld::Check() const
 {
     // The message has no mark at its end, unlike those of the other classes.
-    RequireFields(*this, Description::FIELDS, messages::PleaseSetWithoutMark);
+    RequireFields(*this, Schema::FIELDS, messages::PleaseSetWithoutMark);
 }
 
 void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
@@ -89,13 +89,13 @@ void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
     if (!HasData())
         return;
     writer.writeStartElement(GetObjectName());
-    WritePlainFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Schema::FIELDS);
     writer.writeEndElement();
 }
 
 void FrequencyRangeOld::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Description::FIELDS))
+    if (!ReadPlainElement(*this, reader, Schema::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

@@ -63,7 +63,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Description;
+    struct Schema;
 
     double m_startFrequency;
     double m_stopFrequency;

@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/ifbandwidth.h>
 
-#include <reportgenerator/reportbase/descriptions/ifbandwidthdescription.h>
-#include <reportgenerator/reportbase/records/boundedvalue.h>
+#include <reportgenerator/reportbase/records/boundedvalue_p.h>
+#include <reportgenerator/reportbase/schema/ifbandwidthschema.h>
 
 namespace REPORTGENERATOR {
 

@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/irgobject.h>
 
-#include <reportgenerator/reportbase/forms/invalidvalues.h>
-#include <reportgenerator/reportbase/frames/objectaccess.h>
+#include <reportgenerator/reportbase/codec/invalidvalues.h>
+#include <reportgenerator/reportbase/envelope/objectaccess.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/reporting_p.h>
 #include <reportgenerator/reportbase/rgexception.h>
@@ -245,8 +245,8 @@ void IRGObject::SetObjectId(long long id)
 
 void IRGObject::ReapplySettings() const
 {
-    if (const DirectRoad* road = ObjectAccess::RoadOf(*this)) {
-        road->passSettings(*this);
+    if (const FastPath* fastPath = ObjectAccess::FastPathOf(*this)) {
+        fastPath->passSettings(*this);
         return;
     }
     SetValidate(GetValidate());

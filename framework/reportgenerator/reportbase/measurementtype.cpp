@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/measurementtype.h>
 
-#include <reportgenerator/reportbase/forms/nametable.h>
+#include <reportgenerator/reportbase/codec/nametable.h>
 
 namespace REPORTGENERATOR::MeasurementType {
 

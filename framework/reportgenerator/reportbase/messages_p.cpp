@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/messages_p.h>
 
-#include <reportgenerator/reportbase/forms/nametable.h>
-#include <reportgenerator/reportbase/forms/numbers.h>
+#include <reportgenerator/reportbase/codec/nametable.h>
+#include <reportgenerator/reportbase/codec/numbers.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 namespace REPORTGENERATOR::messages {

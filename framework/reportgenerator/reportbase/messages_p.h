@@ -1,8 +1,8 @@
 #ifndef REPORTGENERATOR_MESSAGES_P_H
 #define REPORTGENERATOR_MESSAGES_P_H
 
-#include <reportgenerator/reportbase/forms/markupscanner.h>
-#include <reportgenerator/reportbase/forms/name.h>
+#include <reportgenerator/reportbase/codec/markupscanner.h>
+#include <reportgenerator/reportbase/codec/name.h>
 #include <reportgenerator/reportbase/logger.h>
 
 #include <QtCore/QString>

@@ -64,7 +64,7 @@ public:
     class Hold
     {
     public:
-        explicit Hold(const OwnRecord& holder) : m_data(holder.m_data) {}
+        explicit Hold(const OwnRecord& storage) : m_data(storage.m_data) {}
         const Data& operator*() const { return m_data; }
 
     private:
@@ -127,7 +127,7 @@ public:
     class Hold
     {
     public:
-        explicit Hold(const SharedRecord& holder) : m_data(holder.m_data.load(std::memory_order_acquire))
+        explicit Hold(const SharedRecord& storage) : m_data(storage.m_data.load(std::memory_order_acquire))
         {
             static_cast<CountedData*>(m_data)->holders.fetch_add(1, std::memory_order_relaxed);
         }

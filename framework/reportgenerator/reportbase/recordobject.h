@@ -13,8 +13,8 @@ namespace REPORTGENERATOR {
 /// and to assign. Each field has a flag that says whether it is set. A copy takes the validate flag over and
 /// has neither logger nor version converter; assigning takes the fields over and nothing else.
 ///
-/// The class is implemented for the records of the library only. `Holder` is where the record stands.
-template <class Data, class Holder>
+/// The class is implemented for the records of the library only. `Storage` is where the record stands.
+template <class Data, class Storage>
 class RecordObject : public IRGObject
 {
 public:
@@ -94,7 +94,7 @@ protected:
     void ConstNoClearReset() const;
 
     /// Where the record stands.
-    mutable Holder m_record;
+    mutable Storage m_record;
 
 private:
     friend struct RecordAccess;

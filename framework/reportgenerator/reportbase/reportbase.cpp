@@ -1,7 +1,7 @@
 #include <reportgenerator/reportbase/reportbase.h>
 
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
-#include <reportgenerator/reportbase/records/recordobject.h>
+#include <reportgenerator/reportbase/records/recordobject_p.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 namespace REPORTGENERATOR {
 
@@ -10,7 +10,7 @@ template class RecordObject<ReportBaseData, SharedRecord<ReportBaseData>>;
 
 namespace {
 
-using Rows = Description<ReportBaseData>;
+using Fields = Schema<ReportBaseData>;
 
 void ReadChild(ReportBase& report, QXmlStreamReader& reader)
 {
@@ -58,25 +58,25 @@ const Frequency& ReportBase::GetFrequency() const
 Frequency& ReportBase::GetFrequency()
 {
     InitData();
-    SetFlag(m_record.Own(), Rows::FREQUENCY.setBy);
+    SetFlag(m_record.Own(), Fields::FREQUENCY.setBy);
     return m_record.Own().frequency;
 }
 
 void ReportBase::SetFrequency(const Frequency& frequency)
 {
     InitData();
-    Rows::FREQUENCY.In(m_record.Own()) = frequency;
-    SetFlag(m_record.Own(), Rows::FREQUENCY.setBy);
+    Fields::FREQUENCY.In(m_record.Own()) = frequency;
+    SetFlag(m_record.Own(), Fields::FREQUENCY.setBy);
 }
 
 bool ReportBase::IsFrequencySet() const
 {
-    return IsRowSet(m_record.Get(), Rows::FREQUENCY);
+    return IsFieldSet(m_record.Get(), Fields::FREQUENCY);
 }
 
 void ReportBase::ResetFrequency()
 {
-    ResetRow(*this, Rows::FREQUENCY);
+    ResetField(*this, Fields::FREQUENCY);
 }
 
 bool ReportBase::IsValidFrequency(const Frequency& /*frequency*/) const
@@ -93,25 +93,25 @@ const IFBandwidth& ReportBase::GetIFBandwidth() const
 IFBandwidth& ReportBase::GetIFBandwidth()
 {
     InitData();
-    SetFlag(m_record.Own(), Rows::IF_BANDWIDTH.setBy);
+    SetFlag(m_record.Own(), Fields::IF_BANDWIDTH.setBy);
     return m_record.Own().bandwidth;
 }
 
 void ReportBase::SetIFBandwidth(const IFBandwidth& bandwidth)
 {
     InitData();
-    Rows::IF_BANDWIDTH.In(m_record.Own()) = bandwidth;
-    SetFlag(m_record.Own(), Rows::IF_BANDWIDTH.setBy);
+    Fields::IF_BANDWIDTH.In(m_record.Own()) = bandwidth;
+    SetFlag(m_record.Own(), Fields::IF_BANDWIDTH.setBy);
 }
 
 bool ReportBase::IsIFBandwidthSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::IF_BANDWIDTH);
+    return IsFieldSet(m_record.Get(), Fields::IF_BANDWIDTH);
 }
 
 void ReportBase::ResetIFBandwidth()
 {
-    ResetRow(*this, Rows::IF_BANDWIDTH);
+    ResetField(*this, Fields::IF_BANDWIDTH);
 }
 
 bool ReportBase::IsValidIFBandwidth(const IFBandwidth& /*bandwidth*/) const
@@ -128,25 +128,25 @@ const Area& ReportBase::GetArea() const
 Area& ReportBase::GetArea()
 {
     InitData();
-    SetFlag(m_record.Own(), Rows::AREA.setBy);
+    SetFlag(m_record.Own(), Fields::AREA.setBy);
     return m_record.Own().area;
 }
 
 void ReportBase::SetArea(const Area& area)
 {
     InitData();
-    Rows::AREA.In(m_record.Own()) = area;
-    SetFlag(m_record.Own(), Rows::AREA.setBy);
+    Fields::AREA.In(m_record.Own()) = area;
+    SetFlag(m_record.Own(), Fields::AREA.setBy);
 }
 
 bool ReportBase::IsAreaSet() const
 {
-    return IsRowSet(m_record.Get(), Rows::AREA);
+    return IsFieldSet(m_record.Get(), Fields::AREA);
 }
 
 void ReportBase::ResetArea()
 {
-    ResetRow(*this, Rows::AREA);
+    ResetField(*this, Fields::AREA);
 }
 
 bool ReportBase::IsValidArea(const Area& /*area*/) const
@@ -157,7 +157,7 @@ bool ReportBase::IsValidArea(const Area& /*area*/) const
 void ReportBase::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
-    if (!ObjectAccess::RoadOf(*this)) {
+    if (!ObjectAccess::FastPathOf(*this)) {
         IRGObject::ProcessXml(reader);
         return;
     }

@@ -17,13 +17,13 @@ void Throw(const IRGObject& object, const RGException& exception, LogLevel level
     throw RGException(exception);
 }
 
-void Missing(const IRGObject& object, const Name& field, bool logOnly)
+void ReportMissing(const IRGObject& object, const Name& field, bool logOnly)
 {
     OutOfRangeException exception(messages::PleaseSetProperly(object.GetObjectName(), field));
     object.TraceOrThrow(LogLevel::ERROR, exception, !logOnly, true);
 }
 
-void Questionable(const IRGObject& object, const RGException& exception)
+void WarnOrThrow(const IRGObject& object, const RGException& exception)
 {
     if (object.GetValidate())
         Throw(object, exception);

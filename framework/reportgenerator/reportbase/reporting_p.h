@@ -1,7 +1,7 @@
 #ifndef REPORTGENERATOR_REPORTING_P_H
 #define REPORTGENERATOR_REPORTING_P_H
 
-#include <reportgenerator/reportbase/forms/name.h>
+#include <reportgenerator/reportbase/codec/name.h>
 #include <reportgenerator/reportbase/logger.h>
 
 class RGException;
@@ -21,10 +21,10 @@ namespace reporting {
 
 /// A field that a check finds missing or wrong: with a logger and `logOnly` it is only logged, otherwise
 /// thrown.
-void Missing(const IRGObject& object, const Name& field, bool logOnly);
+void ReportMissing(const IRGObject& object, const Name& field, bool logOnly);
 
 /// A value that should not be stored: thrown when the object validates, otherwise a warning.
-void Questionable(const IRGObject& object, const RGException& exception);
+void WarnOrThrow(const IRGObject& object, const RGException& exception);
 
 /// The lengths of a body don't come out.
 [[noreturn]] void ThrowLengthError(const IRGObject& object);

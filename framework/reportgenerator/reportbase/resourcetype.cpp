@@ -1,6 +1,6 @@
 #include <reportgenerator/reportbase/resourcetype.h>
 
-#include <reportgenerator/reportbase/forms/nametable.h>
+#include <reportgenerator/reportbase/codec/nametable.h>
 
 #include <QtCore/QtGlobal>
 

@@ -1,13 +1,13 @@
 #include <reportgenerator/reportbase/scanparameter.h>
 
-#include <reportgenerator/reportbase/forms/wirefacts.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
 #include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
-struct ScanParameter::Description
+struct ScanParameter::Schema
 {
     static const ObjectIdentity& Identity()
     {
@@ -24,7 +24,7 @@ struct ScanParameter::Description
 };
 
 ScanParameter::ScanParameter()
-    : IRGObject(Description::Identity()), m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE),
+    : IRGObject(Schema::Identity()), m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE),
       m_dwellTime(INVALID_DOUBLE), m_holdTime(INVALID_DOUBLE)
 {
 }
@@ -83,18 +83,18 @@ void ScanParameter::SetHoldTime(double time)
 bool ScanParameter::AnyData() const
 {
     // The hold time doesn't count.
-    return m_range.AnyData() || Description::STEP.IsSetIn(*this) || Description::DWELL.IsSetIn(*this);
+    return m_range.AnyData() || Schema::STEP.IsSetIn(*this) || Schema::DWELL.IsSetIn(*this);
 }
 
 bool ScanParameter::HasData() const
 {
-    return m_range.HasData() && AreMandatoryFieldsSet(*this, Description::FIELDS);
+    return m_range.HasData() && AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void ScanParameter::Reset()
 {
     m_range.Reset();
-    UnsetFields(*this, Description::FIELDS);
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void ScanParameter::Check() const
@@ -103,7 +103,7 @@ void ScanParameter::Check() const
         return;
     m_range.Check();
     // The two capitals are part of the message.
-    RequireFields(*this, Description::FIELDS, messages::PLeaseSet);
+    RequireFields(*this, Schema::FIELDS, messages::PLeaseSet);
 }
 
 void ScanParameter::GetXml(QXmlStreamWriter& writer) const
@@ -113,7 +113,7 @@ void ScanParameter::GetXml(QXmlStreamWriter& writer) const
     writer.writeStartElement(GetObjectName());
     writer.writeAttribute(wire::VERSION_ATTRIBUTE.Text(), m_version);
     m_range.GetXml(writer);
-    WritePlainFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Schema::FIELDS);
     writer.writeEndElement();
 }
 
@@ -126,7 +126,7 @@ void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     if (reader.name() == m_range.GetObjectName())
         m_range.ProcessXml(reader);
-    else if (!ReadPlainElement(*this, reader, Description::FIELDS))
+    else if (!ReadPlainElement(*this, reader, Schema::FIELDS))
         ThrowUnknownTag(*this, reader);
 }
 

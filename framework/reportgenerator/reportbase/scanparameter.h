@@ -74,7 +74,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Description;
+    struct Schema;
 
     QString m_version;
     FrequencyRangeOld m_range;

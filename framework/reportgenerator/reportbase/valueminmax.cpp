@@ -6,7 +6,7 @@
 
 namespace REPORTGENERATOR {
 
-struct ValueMinMax::Description
+struct ValueMinMax::Schema
 {
     static constexpr auto MIN = AttributeField(&ValueMinMax::m_min, REPORTBASE_NAME("Min"));
     static constexpr auto MAX = AttributeField(&ValueMinMax::m_max, REPORTBASE_NAME("Max"));
@@ -27,7 +27,7 @@ ValueMinMax::~ValueMinMax() = default;
 
 bool ValueMinMax::operator==(const ValueMinMax& other) const
 {
-    return m_name == other.m_name && AreValuesEqual(*this, other, Description::FIELDS);
+    return m_name == other.m_name && AreValuesEqual(*this, other, Schema::FIELDS);
 }
 
 bool ValueMinMax::operator!=(const ValueMinMax& other) const
@@ -88,12 +88,12 @@ bool ValueMinMax::AnyData() const
 
 bool ValueMinMax::HasData() const
 {
-    return AreMandatoryFieldsSet(*this, Description::FIELDS);
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void ValueMinMax::Reset()
 {
-    UnsetFields(*this, Description::FIELDS);
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void ValueMinMax::Check() const
@@ -108,7 +108,7 @@ void ValueMinMax::GetXml(QXmlStreamWriter& writer) const
     if (m_name.isEmpty() || !HasData())
         return;
     writer.writeStartElement(m_name);
-    WritePlainFields(writer, *this, Description::FIELDS);
+    WritePlainFields(writer, *this, Schema::FIELDS);
     writer.writeEndElement();
 }
 
@@ -118,8 +118,8 @@ void ValueMinMax::ReadValuesFromXml(QXmlStreamReader& reader)
     Unset(m_min);
     Unset(m_max);
     const QXmlStreamAttributes attributes = reader.attributes();
-    ForEachField(Description::FIELDS, [&](const auto& field) { ReadXmlAttribute(attributes, field, store); });
-    ReadXmlText(GetTextValue(reader), Description::VALUE, store);
+    ForEachField(Schema::FIELDS, [&](const auto& field) { ReadXmlAttribute(attributes, field, store); });
+    ReadXmlText(GetTextValue(reader), Schema::VALUE, store);
 }
 
 } // namespace REPORTGENERATOR

@@ -91,7 +91,7 @@ public:
     void ReadValuesFromXml(QXmlStreamReader& reader);
 
 private:
-    struct Description;
+    struct Schema;
 
     QString m_name;
     double m_value;

@@ -6,8 +6,8 @@
 #include "rowbuilder.h"
 #include "streaminput.h"
 
-#include <reportcore/doubts.h>
 #include <reportcore/files.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportdocument.h>
 #include <reportcore/reportfile.h>
 

@@ -3,8 +3,8 @@
 #include <reportcore/files.h>
 
 #include <reportgenerator/reportbase/records/checking.h>
-#include <reportgenerator/reportbase/records/directelements.h>
-#include <reportgenerator/reportbase/records/directxml.h>
+#include <reportgenerator/reportbase/records/fastelements.h>
+#include <reportgenerator/reportbase/records/fastxml.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QtEndian>
@@ -14,8 +14,8 @@
 namespace ReportColumns {
 
 using REPORTGENERATOR::ByteRange;
-using REPORTGENERATOR::Description;
 using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::Schema;
 using REPORTGENERATOR::XmlScanner;
 
 namespace wire = REPORTGENERATOR::wire;
@@ -60,7 +60,7 @@ bool ReadRepresentation(ByteRange range, ReportBaseData& data)
     ByteRange marker = {};
     ByteRange objectName = {};
     if (!range.TakeText(marker) || !range.TakeText(objectName) ||
-        !objectName.HoldsText(Description<ReportBaseData>::NAME))
+        !objectName.HoldsText(Schema<ReportBaseData>::NAME))
         return false;
     if (marker.HoldsText(wire::PLAIN_MARKER))
         return ReadRoot(range, data);
@@ -89,7 +89,7 @@ bool ReadDirectly(const char* bytes, std::size_t size, ReportBaseData& data)
         return false;
     const char* const end = bytes + size;
     const bool isRead = LooksLikeText(*bytes) ? ReadXml(bytes, end, data) : ReadBinary({bytes, end}, data);
-    return isRead && REPORTGENERATOR::AreRowsGood(data, Description<ReportBaseData>::ROWS);
+    return isRead && REPORTGENERATOR::AreFieldsGood(data, Schema<ReportBaseData>::FIELDS);
 }
 
 } // namespace ReportColumns

@@ -1,7 +1,7 @@
 #ifndef REPORTCOLUMNS_DIRECTREADING_H
 #define REPORTCOLUMNS_DIRECTREADING_H
 
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 #include <cstddef>
 

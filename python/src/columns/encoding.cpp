@@ -7,7 +7,7 @@
 
 #include <reportcore/reportwriting.h>
 
-#include <reportgenerator/reportbase/records/freshrecord.h>
+#include <reportgenerator/reportbase/records/stagingrecord.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <deque>
@@ -31,7 +31,7 @@ QByteArray Written(const ReportInput& input, std::int64_t row, const EncodeOptio
     const bool isPlain = input.Read(row, data);
     ReportBase report;
     RecordAccess::Init(report);
-    REPORTGENERATOR::AdoptRecord(RecordAccess::Make(report), data,
+    REPORTGENERATOR::TakeRecord(RecordAccess::Make(report), data,
                                  REPORTGENERATOR::ObjectAccess::SettingsToPass(report));
     return isPlain ? ReportCore::WriteReport(report, options.form, options.level)
                    : ReportCore::WriteWhole(report, options.form, options.level);

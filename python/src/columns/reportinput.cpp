@@ -2,7 +2,7 @@
 
 #include "columntable.h"
 
-#include <reportgenerator/reportbase/records/freshrecord.h>
+#include <reportgenerator/reportbase/records/stagingrecord.h>
 #include <reportgenerator/reportbase/records/storing.h>
 
 #include <algorithm>
@@ -13,9 +13,9 @@
 namespace ReportColumns {
 
 using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Description;
 using REPORTGENERATOR::RecordAccess;
 using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::Schema;
 
 namespace {
 
@@ -155,7 +155,7 @@ public:
     bool Read(Data& data)
     {
         bool isAnySet = false;
-        REPORTGENERATOR::ForEachField(Description<Data>::ROWS, [&](const auto& row) {
+        REPORTGENERATOR::ForEachField(Schema<Data>::FIELDS, [&](const auto& row) {
             const bool isSet = Put(data, row);
             isAnySet = isAnySet || isSet;
         });
@@ -164,13 +164,13 @@ public:
 
 private:
     template <class Data, class D, class T>
-    bool Put(Data& data, const REPORTGENERATOR::Field<D, T, REPORTGENERATOR::Flagged>& row)
+    bool Put(Data& data, const REPORTGENERATOR::ScalarField<D, T, REPORTGENERATOR::PresenceBit>& row)
     {
         const Column& column = m_input.m_values[m_next++];
         if (!column.array || !ReportColumns::IsThere(*column.array, m_row))
             return false;
         T value{};
-        Get(column, value, Description<Data>::NAME.Text());
+        Get(column, value, Schema<Data>::NAME.Text());
         PutAdmitted<Data>(data, row, value);
         return true;
     }
@@ -205,7 +205,7 @@ private:
         // A list without points is none to those who read the report.
         if (points.isEmpty())
             return true;
-        row.In(data).Adopt(points);
+        row.In(data).Take(points);
         REPORTGENERATOR::SetFlag(data, row.setBy);
         return true;
     }
@@ -226,24 +226,23 @@ private:
     {
         const std::int64_t below = m_input.m_point->offset + place;
         std::size_t number = 0;
-        REPORTGENERATOR::ForEachField(
-            Description<REPORTGENERATOR::CoordinateData>::ROWS, [&](const auto& row) {
-                const ArrowArray& numbers = *m_input.m_pointNumbers[number++];
-                if (ReportColumns::IsThere(*m_input.m_point, place) && ReportColumns::IsThere(numbers, below))
-                    PutAdmitted<REPORTGENERATOR::CoordinateData>(data, row, NumberAt(numbers, below));
-            });
-        if (!REPORTGENERATOR::AreMandatoryRowsSet(&data, Description<REPORTGENERATOR::CoordinateData>::ROWS))
+        REPORTGENERATOR::ForEachField(Schema<REPORTGENERATOR::CoordinateData>::FIELDS, [&](const auto& row) {
+            const ArrowArray& numbers = *m_input.m_pointNumbers[number++];
+            if (ReportColumns::IsThere(*m_input.m_point, place) && ReportColumns::IsThere(numbers, below))
+                PutAdmitted<REPORTGENERATOR::CoordinateData>(data, row, NumberAt(numbers, below));
+        });
+        if (!REPORTGENERATOR::AreMandatoryFieldsSet(&data, Schema<REPORTGENERATOR::CoordinateData>::FIELDS))
             throw RGException(QStringLiteral("a point lacks a number"));
     }
 
     template <class Data, class D, class T>
-    void PutAdmitted(Data& data, const REPORTGENERATOR::Field<D, T, REPORTGENERATOR::Flagged>& row,
+    void PutAdmitted(Data& data, const REPORTGENERATOR::ScalarField<D, T, REPORTGENERATOR::PresenceBit>& row,
                      const T& value)
     {
         if (REPORTGENERATOR::PutValue(data, row, value))
             return;
         if constexpr (!std::is_same_v<T, bool>) {
-            const typename Description<Data>::Object object;
+            const typename Schema<Data>::Object object;
             throw RGException(OutOfRangeException(REPORTGENERATOR::NotAdmitted(object, row, value)));
         }
     }

@@ -3,7 +3,7 @@
 
 #include "inputcolumn.h"
 
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 #include <optional>
 #include <vector>

@@ -7,9 +7,9 @@
 namespace ReportColumns {
 
 using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Description;
 using REPORTGENERATOR::RecordAccess;
 using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::Schema;
 
 namespace {
 
@@ -60,11 +60,12 @@ void RowBuilder::PutRows(const Data* data)
         m_next = 0;
         ++m_rows;
     }
-    REPORTGENERATOR::ForEachField(Description<Data>::ROWS, [&](const auto& row) { Put(data, row); });
+    REPORTGENERATOR::ForEachField(Schema<Data>::FIELDS, [&](const auto& row) { Put(data, row); });
 }
 
 template <class Data, class D, class T>
-void RowBuilder::Put(const Data* data, const REPORTGENERATOR::Field<D, T, REPORTGENERATOR::Flagged>& row)
+void RowBuilder::Put(const Data* data,
+                     const REPORTGENERATOR::ScalarField<D, T, REPORTGENERATOR::PresenceBit>& row)
 {
     PutValue(data && row.IsSetIn(*data) ? &row.In(*data) : nullptr);
 }

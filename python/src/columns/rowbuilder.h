@@ -6,7 +6,7 @@
 
 #include <reportcore/exporting/geometry.h>
 
-#include <reportgenerator/reportbase/descriptions/reportbasedescription.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
 #include <string>
 #include <vector>
@@ -43,7 +43,7 @@ private:
     // A row of a description for each kind. `data` is null for what isn't set as a whole.
 
     template <class Data, class D, class T>
-    void Put(const Data* data, const REPORTGENERATOR::Field<D, T, REPORTGENERATOR::Flagged>& row);
+    void Put(const Data* data, const REPORTGENERATOR::ScalarField<D, T, REPORTGENERATOR::PresenceBit>& row);
     template <class Data>
     void Put(const Data* data, const REPORTGENERATOR::FormatVersion<Data>& row);
     template <class Data, class Object>

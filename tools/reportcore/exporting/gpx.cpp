@@ -1,5 +1,5 @@
+#include <reportcore/exporting/deferredoutput.h>
 #include <reportcore/exporting/formats.h>
-#include <reportcore/exporting/latebytes.h>
 #include <reportcore/exporting/xmlpieces.h>
 
 #include <reportgenerator/reflection/texts.h>
@@ -111,7 +111,7 @@ private:
 
     XmlPieces m_pieces;
     QXmlStreamWriter& m_xml = m_pieces.Writer();
-    LateBytes m_tracks;
+    DeferredOutput m_tracks;
 };
 
 } // namespace

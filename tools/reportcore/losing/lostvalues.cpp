@@ -1,6 +1,6 @@
 #include <reportcore/losing/lostvalues.h>
 
-#include <reportcore/spots.h>
+#include <reportcore/sourcemap.h>
 
 #include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reflection/texts.h>
@@ -57,7 +57,7 @@ bool IsSame(const Field& field, const QString& text, const QVariant& value)
 bool Follows(const FieldPath& next, const FieldPath& item)
 {
     return next.IsItem() && item.IsItem() && next.Last().field == item.Last().field &&
-           next.Last().index == item.Last().index + 1 && next.Holder() == item.Holder();
+           next.Last().index == item.Last().index + 1 && next.Parent() == item.Parent();
 }
 
 } // namespace
@@ -86,7 +86,7 @@ void LostValues::TakeSwitch(const FieldPath& path, const FilePlace& place, bool 
 
 void LostValues::Compare(const FieldPath& path, const FilePlace& place, bool isSame, const QString& text)
 {
-    if (path.Last().field->Kind() == FieldKind::Version || isSame || IsHolderLost(path, place))
+    if (path.Last().field->Kind() == FieldKind::Version || isSame || IsParentLost(path, place))
         return;
     const QVariant value = ValueAt(m_file.report, path);
     const QString was = QStringLiteral("%1 %2").arg(path.Text(), Quoted(text));
@@ -96,7 +96,7 @@ void LostValues::Compare(const FieldPath& path, const FilePlace& place, bool isS
 }
 
 /// The outermost object that isn't there takes all that it held with it.
-bool LostValues::IsHolderLost(const FieldPath& path, const FilePlace& place)
+bool LostValues::IsParentLost(const FieldPath& path, const FilePlace& place)
 {
     FieldPath object;
     for (int i = 0; i + 1 < path.Size(); ++i) {
@@ -131,19 +131,19 @@ QString LostValues::TextOf(const Lost& lost)
 
 Problems LostValues::Find(const QByteArray& bytes) const
 {
-    Spots spots;
+    SourceMap map;
     for (const Lost& lost : m_lost) {
         if (lost.text.isNull())
-            spots.WantPath(lost.path);
+            map.WantPath(lost.path);
     }
     if (m_file.form.IsBinary())
-        spots.SearchBinary(bytes, m_file.form.isBinaryFile);
+        map.SearchBinary(bytes, m_file.form.isBinaryFile);
     else
-        spots.SearchXml(bytes);
+        map.SearchXml(bytes);
     Problems problems;
     for (const Lost& lost : m_lost) {
-        const Spot* const spot = lost.text.isNull() ? spots.FindPath(lost.path) : nullptr;
-        problems.push_back({QLatin1String(LOST_VALUE), TextOf(lost), spot ? spot->place : lost.place,
+        const SourceEntry* const entry = lost.text.isNull() ? map.FindPath(lost.path) : nullptr;
+        problems.push_back({QLatin1String(LOST_VALUE), TextOf(lost), entry ? entry->place : lost.place,
                             lost.path.Text(), lost.value});
     }
     return problems;

@@ -36,7 +36,7 @@ private:
         QString value;
     };
 
-    bool IsHolderLost(const FieldPath& path, const FilePlace& place);
+    bool IsParentLost(const FieldPath& path, const FilePlace& place);
     void Lose(const FieldPath& object, const FilePlace& place);
     void Compare(const FieldPath& path, const FilePlace& place, bool isSame, const QString& text);
     static QString TextOf(const Lost& lost);

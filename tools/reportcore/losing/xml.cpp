@@ -1,9 +1,9 @@
 #include <reportcore/losing/losing.h>
 
-#include <reportcore/doubts.h>
 #include <reportcore/form.h>
+#include <reportcore/lint.h>
 #include <reportcore/losing/lostvalues.h>
-#include <reportcore/spots.h>
+#include <reportcore/sourcemap.h>
 #include <reportcore/xmlelements.h>
 #include <reportcore/xmlwalk.h>
 
@@ -27,7 +27,7 @@ namespace {
 class Leftovers
 {
 public:
-    Leftovers(const QByteArray& bytes, const QString& text, const Spots& places)
+    Leftovers(const QByteArray& bytes, const QString& text, const SourceMap& places)
         : m_text(text), m_places(places), m_reader(ForXmlReader(bytes))
     {
     }
@@ -115,8 +115,8 @@ private:
 
     void StartWithin(const QString& name)
     {
-        const Element& holder = m_elements.back();
-        const Element element = holder.object ? Element{m_known.Within(holder, name)} : Element();
+        const Element& parent = m_elements.back();
+        const Element element = parent.object ? Element{m_known.Within(parent, name)} : Element();
         if (element.object || element.field) {
             Push(element);
             return;
@@ -202,7 +202,7 @@ private:
     }
 
     const QString& m_text;
-    const Spots& m_places;
+    const SourceMap& m_places;
     QXmlStreamReader m_reader;
     qint64 m_before = 0; ///< where the token begins that the reader stands behind
     XmlElements m_known;
@@ -217,7 +217,7 @@ private:
 class Values
 {
 public:
-    Values(const QByteArray& bytes, const QString& text, const Spots& places, const ReportFile& file)
+    Values(const QByteArray& bytes, const QString& text, const SourceMap& places, const ReportFile& file)
         : m_text(text), m_places(places), m_values(file),
           m_walk(bytes, text, [this](const XmlPiece& piece) { Take(piece); })
     {
@@ -254,7 +254,7 @@ private:
     }
 
     const QString& m_text;
-    const Spots& m_places;
+    const SourceMap& m_places;
     LostValues m_values;
     XmlWalk m_walk;
     Problems m_losses;
@@ -265,7 +265,7 @@ private:
 Problems FindXmlLosses(const QByteArray& bytes, const ReportFile& file)
 {
     const QString text = DecodeXml(bytes);
-    Spots places;
+    SourceMap places;
     places.TakeText(bytes);
     Problems losses = Leftovers(bytes, text, places).Find();
     const Problems values = Values(bytes, text, places, file).Find(bytes);

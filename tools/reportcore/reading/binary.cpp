@@ -3,13 +3,13 @@
 #include <reportcore/byterange.h>
 #include <reportcore/files.h>
 #include <reportcore/problemlogger.h>
+#include <reportcore/reading/diagnostics.h>
 #include <reportcore/reading/faultlist.h>
-#include <reportcore/reading/telling.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/walk.h>
 
-#include <reportgenerator/reportbase/forms/wirefacts.h>
-#include <reportgenerator/reportbase/frames/wholereading.h>
+#include <reportgenerator/reportbase/codec/wireformat.h>
+#include <reportgenerator/reportbase/envelope/wholereading.h>
 #include <reportgenerator/reportbase/reportexception.h>
 
 #include <QtCore/QDataStream>
@@ -116,7 +116,7 @@ const Problem* FirstFault(const Problems& faults)
 }
 
 /// Reads the body, and tells what the library says of it. Returns whether it came to the end.
-bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const Problem* firstFault,
+bool ReadBodyDiagnosing(const QByteArray& bytes, const QByteArray& body, const Problem* firstFault,
                         ReportFile& file)
 {
     const auto logger = std::make_shared<ProblemLogger>();
@@ -131,11 +131,11 @@ bool ReadBodyWithPlaces(const QByteArray& bytes, const QByteArray& body, const P
         logger->Catch(exception);
     }
     logger->Follow(nullptr);
-    const Remarks read = logger->Take();
-    const Remarks checked = isRead ? RemarksOfCheck(file.report, *logger) : Remarks();
-    Telling telling(file.report, read, checked, isRead);
-    telling.Places().SearchBinary(bytes, file.form.isBinaryFile);
-    Problems told = telling.Tell();
+    const LogRecords read = logger->Take();
+    const LogRecords checked = isRead ? LogRecordsOfCheck(file.report, *logger) : LogRecords();
+    Diagnostics diagnostics(file.report, read, checked, isRead);
+    diagnostics.Places().SearchBinary(bytes, file.form.isBinaryFile);
+    Problems told = diagnostics.Tell();
     if (!isRead && firstFault) {
         told.back().place = firstFault->place;
         told.back().path = firstFault->path;
@@ -157,7 +157,7 @@ bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file)
     return true;
 }
 
-void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file)
+void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file)
 {
     FaultList faults;
     Walk walk(bytes, file.form.isBinaryFile, faults.Visitor());
@@ -180,7 +180,7 @@ void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file)
     const Problems ofBody(faults.Found().begin() + behindFrame, faults.Found().end());
     // The library counts lengths only as far as it needs them; other readers may go by them. Where it breaks off, the
     // claim that doesn't come out is the reason.
-    const bool isRead = ReadBodyWithPlaces(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file);
+    const bool isRead = ReadBodyDiagnosing(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file);
     std::copy_if(
         ofBody.begin(), ofBody.end(), std::back_inserter(file.problems),
         [isRead](const Problem& fault) { return isRead || fault.name == QLatin1String(LENGTH_MISMATCH); });

@@ -19,7 +19,7 @@ struct ReportFile;
 void Prepare(const REPORTGENERATOR::ReportBase& report, const std::shared_ptr<ProblemLogger>& logger);
 
 /// What the library's check says of a report that tells it to this logger.
-Remarks RemarksOfCheck(const REPORTGENERATOR::ReportBase& report, ProblemLogger& logger);
+LogRecords LogRecordsOfCheck(const REPORTGENERATOR::ReportBase& report, ProblemLogger& logger);
 
 /// Takes a report over that the fast path has read whole, if it is good.
 bool TakeIfGood(const REPORTGENERATOR::ReportBase& report, ReportFile& file);
@@ -29,13 +29,13 @@ bool TakeIfGood(const REPORTGENERATOR::ReportBase& report, ReportFile& file);
 bool ReadXmlWhole(const QByteArray& bytes, ReportFile& file);
 
 /// Reads any XML, and finds the place of all that is wrong.
-void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file);
+void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file);
 
 /// The same of a binary form.
 bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file);
 
 /// Reads any binary form, and finds the place of all that is wrong.
-void ReadBinaryWithPlaces(const QByteArray& bytes, ReportFile& file);
+void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file);
 
 } // namespace ReportCore
 

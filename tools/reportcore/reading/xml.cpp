@@ -2,7 +2,7 @@
 
 #include <reportcore/form.h>
 #include <reportcore/problemlogger.h>
-#include <reportcore/reading/telling.h>
+#include <reportcore/reading/diagnostics.h>
 #include <reportcore/reportfile.h>
 
 #include <reportgenerator/reportbase/reportexception.h>
@@ -69,7 +69,7 @@ XmlReading ReadElement(XmlReport& report, QXmlStreamReader& reader, QString& roo
 
 /// The reader decodes more than it reads, and notices at once what is wrong with any of it. Such a problem is about the
 /// bytes that are.
-void FindWrongEncoding(const QByteArray& bytes, const Spots& places, Problems& problems)
+void FindWrongEncoding(const QByteArray& bytes, const SourceMap& places, Problems& problems)
 {
     for (Problem& problem : problems) {
         if (problem.text != QLatin1String(WRONG_ENCODING))
@@ -82,7 +82,7 @@ void FindWrongEncoding(const QByteArray& bytes, const Spots& places, Problems& p
 
 } // namespace
 
-void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
+void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file)
 {
     const auto logger = std::make_shared<ProblemLogger>();
     XmlReport report;
@@ -99,25 +99,25 @@ void ReadXmlWithPlaces(const QByteArray& bytes, ReportFile& file)
     }
     // The members keep the logger, and the reader is gone when they use it.
     logger->Follow(nullptr);
-    const Remarks read = logger->Take();
-    const Remarks checked = isChecked ? RemarksOfCheck(report, *logger) : Remarks();
+    const LogRecords read = logger->Take();
+    const LogRecords checked = isChecked ? LogRecordsOfCheck(report, *logger) : LogRecords();
     file.report = report;
     // Places are looked for only when there is something to tell.
     if (reading.hasReport && read.empty() && checked.empty() && reading.trailing.isNull())
         return;
-    Telling telling(report, read, checked, isChecked);
-    telling.Places().SearchXml(bytes);
-    file.problems = telling.Tell();
+    Diagnostics diagnostics(report, read, checked, isChecked);
+    diagnostics.Places().SearchXml(bytes);
+    file.problems = diagnostics.Tell();
     if (!reading.hasReport && read.empty()) {
         file.problems.push_back({QLatin1String(NO_REPORT),
                                  QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
-                                 telling.Places().PlaceOf(telling.Places().StartOfTag(reading.root)),
+                                 diagnostics.Places().PlaceOf(diagnostics.Places().StartOfTag(reading.root)),
                                  QString(), file.objectName});
     }
     if (!reading.trailing.isNull())
-        file.problems.push_back(
-            {QLatin1String(TRAILING_DATA), reading.trailing, telling.Places().PlaceOf(reading.trailingAt)});
-    FindWrongEncoding(bytes, telling.Places(), file.problems);
+        file.problems.push_back({QLatin1String(TRAILING_DATA), reading.trailing,
+                                 diagnostics.Places().PlaceOf(reading.trailingAt)});
+    FindWrongEncoding(bytes, diagnostics.Places(), file.problems);
 }
 
 } // namespace ReportCore

@@ -3,7 +3,7 @@
 #include <reportcore/reading/xmlcut.h>
 #include <reportcore/reportfile.h>
 
-#include <reportgenerator/reportbase/frames/wholereading.h>
+#include <reportgenerator/reportbase/envelope/wholereading.h>
 
 namespace ReportCore {
 

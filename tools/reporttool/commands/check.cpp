@@ -4,8 +4,8 @@
 #include <reporttool/manyfiles.h>
 #include <reporttool/parser.h>
 
-#include <reportcore/doubts.h>
 #include <reportcore/jsonwriting.h>
+#include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportjson.h>
 
@@ -70,8 +70,8 @@ int CheckFile(const QString& name, const Options& options, Console& console)
     const ReportCore::ReportFile file = ReportCore::ReadReport(bytes);
     Problems problems = file.problems;
     if (options.isStrict) {
-        const Problems doubts = ReportCore::FindDoubts(bytes, file, Look::Thorough);
-        problems.insert(problems.end(), doubts.begin(), doubts.end());
+        const Problems lint = ReportCore::FindLint(bytes, file, Look::Thorough);
+        problems.insert(problems.end(), lint.begin(), lint.end());
     }
     for (const Problem& problem : problems) {
         if (options.asJson)
@@ -80,8 +80,8 @@ int CheckFile(const QString& name, const Options& options, Console& console)
             console.Tell(name, problem);
     }
     if (!options.isStrict && !options.isQuiet && options.hasWarnings) {
-        for (const Problem& doubt : ReportCore::FindDoubts(bytes, file, Look::Quick))
-            console.Complain(QStringLiteral("warning: ") + FileLine(name, doubt));
+        for (const Problem& warning : ReportCore::FindLint(bytes, file, Look::Quick))
+            console.Complain(QStringLiteral("warning: ") + FileLine(name, warning));
     }
     return problems.empty() ? EXIT_GOOD : EXIT_INVALID;
 }

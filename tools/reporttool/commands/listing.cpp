@@ -63,7 +63,7 @@ QVariant ValueAt(const ReportFile& file, const char* path)
 QVariant CountOfPoints(const ReportFile& file)
 {
     const FieldPath points = ReportCore::PathOfPoints();
-    const auto* const holder = ReportCore::FindHolder(file.report, points);
+    const auto* const holder = ReportCore::FindParent(file.report, points);
     return holder ? QVariant(points.Last().field->CountIn(*holder)) : QVariant();
 }
 

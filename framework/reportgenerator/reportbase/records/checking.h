@@ -1,14 +1,14 @@
 #ifndef REPORTGENERATOR_RECORDS_CHECKING_H
 #define REPORTGENERATOR_RECORDS_CHECKING_H
 
-#include <reportgenerator/reportbase/forms/values.h>
+#include <reportgenerator/reportbase/codec/values.h>
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/reporting_p.h>
 
 namespace REPORTGENERATOR {
 
-// Completeness. `IsRecordGood` only looks; `CheckRow` reports what is missing: with a logger and `logOnly`
+// Completeness. `IsRecordGood` only looks; `CheckField` reports what is missing: with a logger and `logOnly`
 // the failure is logged, otherwise thrown.
 
 template <class Object>
@@ -16,34 +16,34 @@ bool IsRecordGood(const Object& object);
 
 /// A field must be set if it is mandatory, and hold something that is admitted if it is set.
 template <class Data, class D, class T>
-bool IsRowGood(const Data& data, const Field<D, T, Flagged>& row)
+bool IsFieldGood(const Data& data, const ScalarField<D, T, PresenceBit>& field)
 {
-    return row.IsSetIn(data) ? IsAdmitted(row, row.In(data)) : !row.isMandatory;
+    return field.IsSetIn(data) ? IsAdmitted(field, field.In(data)) : !field.isMandatory;
 }
 
 template <class Data, class Object>
-bool IsRowGood(const Data& data, const Member<Data, Object>& row)
+bool IsFieldGood(const Data& data, const Member<Data, Object>& field)
 {
-    return !row.IsSetIn(data) || IsRecordGood(row.In(data));
+    return !field.IsSetIn(data) || IsRecordGood(field.In(data));
 }
 
 template <class Data, class Item>
-bool IsRowGood(const Data& data, const ItemList<Data, Item>& row)
+bool IsFieldGood(const Data& data, const ItemList<Data, Item>& field)
 {
-    const QVector<Item>& items = row.In(data).Values();
-    return row.IsSetIn(data) && std::all_of(items.cbegin(), items.cend(), IsRecordGood<Item>);
+    const QVector<Item>& items = field.In(data).Values();
+    return field.IsSetIn(data) && std::all_of(items.cbegin(), items.cend(), IsRecordGood<Item>);
 }
 
 template <class Data>
-bool IsRowGood(const Data& /*data*/, const FormatVersion<Data>& /*row*/)
+bool IsFieldGood(const Data& /*data*/, const FormatVersion<Data>& /*field*/)
 {
     return true;
 }
 
-template <class Data, class... Rows>
-bool AreRowsGood(const Data& data, const std::tuple<Rows...>& rows)
+template <class Data, class... Fields>
+bool AreFieldsGood(const Data& data, const std::tuple<Fields...>& fields)
 {
-    return AllOfFields(rows, [&data](const auto& row) { return IsRowGood(data, row); });
+    return AllOfFields(fields, [&data](const auto& field) { return IsFieldGood(data, field); });
 }
 
 /// Whether the object has nothing to report. An object without record has to make one first.
@@ -51,37 +51,39 @@ template <class Object>
 bool IsRecordGood(const Object& object)
 {
     const auto* data = RecordAccess::Get(object);
-    return data && AreRowsGood(*data, RecordAccess::RowsOf(object));
+    return data && AreFieldsGood(*data, RecordAccess::FieldsOf(object));
 }
 
 template <class Data, class D, class T>
-void CheckRow(const IRGObject& object, const Data& data, const Field<D, T, Flagged>& row, bool logOnly)
+void CheckField(const IRGObject& object, const Data& data, const ScalarField<D, T, PresenceBit>& field,
+                bool logOnly)
 {
-    if (!IsRowGood(data, row))
-        reporting::Missing(object, row.name, logOnly);
+    if (!IsFieldGood(data, field))
+        reporting::ReportMissing(object, field.name, logOnly);
 }
 
 template <class Data, class Object>
-void CheckRow(const IRGObject& /*object*/, const Data& data, const Member<Data, Object>& row, bool logOnly)
+void CheckField(const IRGObject& /*object*/, const Data& data, const Member<Data, Object>& field,
+                bool logOnly)
 {
-    if (row.IsSetIn(data))
-        row.In(data).Check(logOnly);
+    if (field.IsSetIn(data))
+        field.In(data).Check(logOnly);
 }
 
 template <class Data, class Item>
-void CheckRow(const IRGObject& object, const Data& data, const ItemList<Data, Item>& row, bool logOnly)
+void CheckField(const IRGObject& object, const Data& data, const ItemList<Data, Item>& field, bool logOnly)
 {
-    if (!row.IsSetIn(data))
-        reporting::Missing(object, row.name, logOnly);
+    if (!field.IsSetIn(data))
+        reporting::ReportMissing(object, field.name, logOnly);
     // Held, since a logger may change the list.
-    const QVector<Item> items = row.In(data).Values();
+    const QVector<Item> items = field.In(data).Values();
     for (const Item& item : items)
         item.Check(logOnly);
 }
 
 template <class Data>
-void CheckRow(const IRGObject& /*object*/, const Data& /*data*/, const FormatVersion<Data>& /*row*/,
-              bool /*logOnly*/)
+void CheckField(const IRGObject& /*object*/, const Data& /*data*/, const FormatVersion<Data>& /*field*/,
+                bool /*logOnly*/)
 {
 }
 

@@ -1,8 +1,8 @@
 #ifndef REPORTGENERATOR_RECORDS_ITEMTEXTS_H
 #define REPORTGENERATOR_RECORDS_ITEMTEXTS_H
 
-#include <reportgenerator/reportbase/forms/fixednumbers.h>
-#include <reportgenerator/reportbase/forms/xmlsinks.h>
+#include <reportgenerator/reportbase/codec/fixednumbers.h>
+#include <reportgenerator/reportbase/codec/xmlsinks.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
 
 #include <QtCore/QVarLengthArray>
@@ -29,8 +29,8 @@ public:
         const qint64 begin = m_sink.Out().Size();
         m_sink.Start(name);
         std::size_t index = 0;
-        ForEachField(Description<Data>::ROWS, [&](const auto& row) {
-            m_sink.Element(row.name, row.In(data), row.format);
+        ForEachField(Schema<Data>::FIELDS, [&](const auto& field) {
+            m_sink.Element(field.name, field.In(data), field.format);
             m_pieces[index++] = {m_sink.ValueBegin(), m_sink.ValueEnd()};
         });
         m_sink.End(name);
@@ -44,9 +44,9 @@ public:
         Unit* out = m_sink.Out().Room(m_around.size() + qint64(FIELDS) * numbers::MAX_FIXED);
         const Unit* around = m_around.constData();
         std::size_t index = 0;
-        const bool isWritten = AllOfFields(Description<Data>::ROWS, [&](const auto& row) {
+        const bool isWritten = AllOfFields(Schema<Data>::FIELDS, [&](const auto& field) {
             out = Copy(around, m_pieces[index++], out);
-            out = numbers::WriteFixed(out, row.In(data), row.format.decimals);
+            out = numbers::WriteFixed(out, field.In(data), field.format.decimals);
             return out != nullptr;
         });
         if (isWritten)
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t FIELDS = std::tuple_size_v<std::decay_t<decltype(Description<Data>::ROWS)>>;
+    static constexpr std::size_t FIELDS = std::tuple_size_v<std::decay_t<decltype(Schema<Data>::FIELDS)>>;
 
     /// Part of the text around the numbers: at first where a number begins and ends.
     struct Piece
@@ -89,7 +89,7 @@ private:
     qint64 UsualSize() const
     {
         qint64 size = m_around.size();
-        ForEachField(Description<Data>::ROWS, [&size](const auto& row) { size += 5 + row.format.decimals; });
+        ForEachField(Schema<Data>::FIELDS, [&size](const auto& field) { size += 5 + field.format.decimals; });
         return size;
     }
 

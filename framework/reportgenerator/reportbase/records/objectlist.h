@@ -1,7 +1,7 @@
 #ifndef REPORTGENERATOR_RECORDS_OBJECTLIST_H
 #define REPORTGENERATOR_RECORDS_OBJECTLIST_H
 
-#include <reportgenerator/reportbase/frames/objectaccess.h>
+#include <reportgenerator/reportbase/envelope/objectaccess.h>
 
 #include <QtCore/QVector>
 
@@ -44,13 +44,13 @@ public:
     ~ObjectList() { Leave(); }
 
     /// For those who look at the items' values, not at their settings.
-    const QVector<Item>& Values() const { return IsOwn() ? m_items : m_source; }
+    const QVector<Item>& Values() const { return IsDetached() ? m_items : m_source; }
 
     /// The items with the settings that they should have.
     const QVector<Item>& Items() const
     {
-        if (!IsOwn())
-            BecomeOwn();
+        if (!IsDetached())
+            Detach();
         return m_items;
     }
 
@@ -67,27 +67,27 @@ public:
     QVector<Item>& HandOut()
     {
         if (!IsMarked(HANDED_OUT) || IsMarked(COPIED))
-            Own();
+            Detached();
         SetMark(HANDED_OUT | HAS_LOGGERS);
         return m_items;
     }
 
-    void Reserve(int count) { Own().reserve(count); }
+    void Reserve(int count) { Detached().reserve(count); }
 
     void Append(const Item& item)
     {
-        if (IsOwn() && m_items.isDetached()) {
-            Own().append(item);
+        if (IsDetached() && m_items.isDetached()) {
+            Detached().append(item);
             return;
         }
         // It may be one of those that are left now.
         const Item appended(item);
-        Own().append(appended);
+        Detached().append(appended);
     }
 
     /// The items, to put others behind them, shared with nobody. Those that a caller's vector shares lose
     /// their logger by being copied.
-    QVector<Item>& Own()
+    QVector<Item>& Detached()
     {
         Items();
         Drop(m_source);
@@ -103,24 +103,24 @@ public:
     {
         QVector<Item> copies = items;
         copies.detach();
-        Adopt(copies);
+        Take(copies);
     }
 
     /// Replaces the items by others that nobody shares.
-    void Adopt(QVector<Item>& items)
+    void Take(QVector<Item>& items)
     {
         Leave();
         m_items.swap(items);
     }
 
     /// The same of new items, at least one, which get these settings.
-    void Adopt(QVector<Item>& items, const ObjectSettings& settings)
+    void Take(QVector<Item>& items, const ObjectSettings& settings)
     {
         const auto slotOf = [](const Item& item) { return ObjectAccess::SettingsOf(item); };
         if (!slotOf(items.constFirst()).Holds(settings))
             std::for_each(items.cbegin(), items.cend(),
                           [&](const Item& item) { slotOf(item).SetAlone(settings); });
-        Adopt(items);
+        Take(items);
         SetMark(HAS_LOGGERS);
     }
 
@@ -151,23 +151,23 @@ public:
              [&logger](const Item& item) { item.SetLogger(logger); }, isChange, first);
     }
 
-    /// Validate flag and logger of the holder.
-    void PassSettings(const IRGObject& holder, int first = 0) const
+    /// Validate flag and logger of the parent.
+    void PassSettings(const IRGObject& parent, int first = 0) const
     {
         // A derived class may have settings of its own.
-        if (!ObjectAccess::RoadOf(holder)) {
-            PassValidate(holder.GetValidate(), false, first);
-            PassLogger(holder.GetLogger(), false, first);
+        if (!ObjectAccess::FastPathOf(parent)) {
+            PassValidate(parent.GetValidate(), false, first);
+            PassLogger(parent.GetLogger(), false, first);
             return;
         }
-        const SettingsSlot slot = ObjectAccess::SettingsOf(holder);
+        const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
         const auto hasAlready = [slot](const Item& item) {
             return ObjectAccess::SettingsOf(item).HoldsSameAs(slot);
         };
-        if (IsOwn() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
-                    : Noted().HoldsSameAs(slot))
+        if (IsDetached() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
+                         : Noted().HoldsSameAs(slot))
             return;
-        const ObjectSettings settings = ObjectAccess::SettingsToPass(holder);
+        const ObjectSettings settings = ObjectAccess::SettingsToPass(parent);
         if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
             Pass(
                 hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,
@@ -202,7 +202,7 @@ private:
     }
 
     SettingsSlot Noted() const { return SettingsSlot(m_noted); }
-    bool IsOwn() const { return Noted().IsNone(); }
+    bool IsDetached() const { return Noted().IsNone(); }
 
     /// Whether no copy or caller shares the items.
     bool IsSole(const QVector<Item>& items) const
@@ -218,7 +218,7 @@ private:
 
     bool AreAlike() const
     {
-        if (!IsOwn() || IsMarked(ALIKE))
+        if (!IsDetached() || IsMarked(ALIKE))
             return true;
         if (IsMarked(NOT_ALIKE))
             return false;
@@ -255,7 +255,7 @@ private:
     template <class HasAlready, class Give>
     void Pass(HasAlready&& hasAlready, Give&& give, bool isChange, int first) const
     {
-        // A derived holder that was asked for its settings may have shortened the list.
+        // A derived parent that was asked for its settings may have shortened the list.
         first = std::min(first, static_cast<int>(m_items.size()));
         if (std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready))
             return;
@@ -267,7 +267,7 @@ private:
     }
 
     /// Gives a copy items of its own, complete before others see them.
-    void BecomeOwn() const
+    void Detach() const
     {
         // Only one may give those of a source that has gone other settings.
         const bool takes = IsSole(m_source) && !SetMark(TAKING);
@@ -305,7 +305,7 @@ private:
     void Leave()
     {
         Drop(m_source);
-        if (!IsOwn())
+        if (!IsDetached())
             Noted().Set(ObjectSettings::None());
         if (!IsSole(m_items)) {
             if (IsMarked(COPIED))

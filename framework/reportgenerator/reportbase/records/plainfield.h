@@ -1,11 +1,11 @@
 #ifndef REPORTGENERATOR_RECORDS_PLAINFIELD_H
 #define REPORTGENERATOR_RECORDS_PLAINFIELD_H
 
-#include <reportgenerator/reportbase/forms/field.h>
-#include <reportgenerator/reportbase/forms/invalidvalues.h>
-#include <reportgenerator/reportbase/forms/xmlfields.h>
-#include <reportgenerator/reportbase/frames/elementtext.h>
-#include <reportgenerator/reportbase/frames/objectaccess.h>
+#include <reportgenerator/reportbase/codec/invalidvalues.h>
+#include <reportgenerator/reportbase/codec/scalarfield.h>
+#include <reportgenerator/reportbase/codec/xmlfields.h>
+#include <reportgenerator/reportbase/envelope/elementtext.h>
+#include <reportgenerator/reportbase/envelope/objectaccess.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 namespace REPORTGENERATOR {
@@ -44,25 +44,25 @@ struct ByValue
 };
 
 template <class Object, class T>
-constexpr Field<Object, T, ByValue> AttributeField(T Object::*member, Name name)
+constexpr ScalarField<Object, T, ByValue> AttributeField(T Object::*member, Name name)
 {
     return AttributeField(member, name, ByValue());
 }
 
 template <class Object, class T>
-constexpr Field<Object, T, ByValue> ElementField(T Object::*member, Name name)
+constexpr ScalarField<Object, T, ByValue> ElementField(T Object::*member, Name name)
 {
     return ElementField(member, name, ByValue());
 }
 
 template <class Object, class T>
-constexpr Field<Object, T, ByValue> TextField(T Object::*member, Name name)
+constexpr ScalarField<Object, T, ByValue> TextField(T Object::*member, Name name)
 {
     return TextField(member, name, ByValue());
 }
 
 template <class Object, class T>
-void StoreField(Object& object, const Field<Object, T, ByValue>& field, const T& value)
+void StoreField(Object& object, const ScalarField<Object, T, ByValue>& field, const T& value)
 {
     field.In(object) = value;
 }

@@ -1,26 +1,26 @@
 #ifndef REPORTGENERATOR_RECORDS_RAW_H
 #define REPORTGENERATOR_RECORDS_RAW_H
 
-#include <reportgenerator/reportbase/forms/streampiece.h>
-#include <reportgenerator/reportbase/forms/taggedelements.h>
+#include <reportgenerator/reportbase/codec/streampiece.h>
+#include <reportgenerator/reportbase/codec/taggedelements.h>
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/storing.h>
 
 #include <QtCore/QtEndian>
 
 namespace REPORTGENERATOR {
 
-// The raw form: the flag byte, then the rows in the order of their bits as plain stream values. The version
+// The raw form: the flag byte, then the fields in the order of their bits as plain stream values. The version
 // has no bit and stands in front.
 
-template <class Visit, class... Rows>
-void ForEachRowByBit(const std::tuple<Rows...>& rows, Visit&& visit)
+template <class Visit, class... Fields>
+void ForEachFieldByBit(const std::tuple<Fields...>& fields, Visit&& visit)
 {
-    for (int bit = BIT_OF_VERSION; bit < static_cast<int>(sizeof...(Rows)); ++bit) {
-        ForEachField(rows, [&](const auto& row) {
-            if (BitOf(row) == bit)
-                visit(row);
+    for (int bit = BIT_OF_VERSION; bit < static_cast<int>(sizeof...(Fields)); ++bit) {
+        ForEachField(fields, [&](const auto& field) {
+            if (BitOf(field) == bit)
+                visit(field);
         });
     }
 }
@@ -33,7 +33,7 @@ template <class ItemData>
 constexpr qint64 RawSize()
 {
     qint64 size = sizeof(quint8);
-    ForEachField(Description<ItemData>::ROWS, [&size](const auto& field) {
+    ForEachField(Schema<ItemData>::FIELDS, [&size](const auto& field) {
         size += qint64(sizeof(typename std::decay_t<decltype(field)>::Value));
     });
     return size;
@@ -52,7 +52,7 @@ bool WriteItemsAtOnce(QDataStream& stream, const QVector<Item>& items)
     for (const Item& item : items) {
         const ItemData& data = *RecordAccess::Get(item);
         *next++ = static_cast<char>(data.flags);
-        ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
+        ForEachField(Schema<ItemData>::FIELDS, [&](const auto& field) {
             qToBigEndian(field.In(data), next);
             next += sizeof(field.In(data));
         });
@@ -70,11 +70,11 @@ bool TakeRawItems(const char* bytes, Item* begin, Item* end)
     return std::all_of(begin, end, [&bytes](Item& item) {
         ItemData& data = RecordAccess::Make(item);
         data.flags = static_cast<quint8>(*bytes++);
-        ForEachField(Description<ItemData>::ROWS, [&](const auto& field) {
+        ForEachField(Schema<ItemData>::FIELDS, [&](const auto& field) {
             field.In(data) = qFromBigEndian<double>(bytes);
             bytes += sizeof(field.In(data));
         });
-        return AreMandatoryRowsSet(&data, Description<ItemData>::ROWS);
+        return AreMandatoryFieldsSet(&data, Schema<ItemData>::FIELDS);
     });
 }
 
@@ -84,11 +84,11 @@ constexpr qint32 ITEMS_AT_ONCE = 4096;
 /// Appends up to so many items, as far as the stream holds them whole and each has all its fields. Returns
 /// how many.
 template <class Object, class Data, class Item>
-qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& row, qint32 count)
+qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data, Item>& field, qint32 count)
 {
-    if (count <= 0 || !ObjectAccess::RoadOf(object) || !streampiece::HasDoubles(stream))
+    if (count <= 0 || !ObjectAccess::FastPathOf(object) || !streampiece::HasDoubles(stream))
         return 0;
-    QVector<Item>& items = row.In(RecordAccess::Make(object)).Own();
+    QVector<Item>& items = field.In(RecordAccess::Make(object)).Detached();
     const auto before = items.size();
     bool isRead = true;
     for (qint32 done = 0; done < count && isRead;) {
@@ -104,41 +104,41 @@ qint32 ReadItemsAtOnce(Object& object, QDataStream& stream, const ItemList<Data,
             });
         done += isRead ? piece : 0;
     }
-    SettleRawItems(object, row, static_cast<int>(before));
+    SettleRawItems(object, field, static_cast<int>(before));
     return static_cast<qint32>(items.size() - before);
 }
 
 // Writing
 
 template <class Data, class D, class T>
-void WriteRowRaw(QDataStream& stream, const Data& data, const Field<D, T, Flagged>& row)
+void WriteFieldRaw(QDataStream& stream, const Data& data, const ScalarField<D, T, PresenceBit>& field)
 {
-    if (!row.IsWrittenOf(data))
+    if (!field.IsWrittenOf(data))
         return;
     // Held, since the stream's device may change a text.
-    const T value = row.In(data);
+    const T value = field.In(data);
     stream << value;
 }
 
 template <class Data>
-void WriteRowRaw(QDataStream& stream, const Data& /*data*/, const FormatVersion<Data>& row)
+void WriteFieldRaw(QDataStream& stream, const Data& /*data*/, const FormatVersion<Data>& field)
 {
-    stream << row.model.Text();
+    stream << field.model.Text();
 }
 
 template <class Data, class Object>
-void WriteRowRaw(QDataStream& stream, const Data& data, const Member<Data, Object>& row)
+void WriteFieldRaw(QDataStream& stream, const Data& data, const Member<Data, Object>& field)
 {
-    if (row.IsSetIn(data))
-        row.In(data).GetVersionSpecificBinaryWithoutValidation(stream);
+    if (field.IsSetIn(data))
+        field.In(data).GetVersionSpecificBinaryWithoutValidation(stream);
 }
 
 template <class Data, class Item>
-void WriteRowRaw(QDataStream& stream, const Data& data, const ItemList<Data, Item>& row)
+void WriteFieldRaw(QDataStream& stream, const Data& data, const ItemList<Data, Item>& field)
 {
-    const QVector<Item> items = row.In(data).Values();
+    const QVector<Item> items = field.In(data).Values();
     stream << static_cast<qint32>(items.size());
-    if (!row.IsSetIn(data) || WriteItemsAtOnce(stream, items))
+    if (!field.IsSetIn(data) || WriteItemsAtOnce(stream, items))
         return;
     for (const Item& item : items)
         item.GetVersionSpecificBinaryWithoutValidation(stream);
@@ -162,42 +162,42 @@ inline void ReadRawValue(QDataStream& stream, QString& value)
 }
 
 template <class Object, class D, class T>
-void ReadRowRaw(Object& object, QDataStream& stream, const Field<D, T, Flagged>& row)
+void ReadFieldRaw(Object& object, QDataStream& stream, const ScalarField<D, T, PresenceBit>& field)
 {
-    if (!row.IsWrittenOf(RecordAccess::Make(object)))
+    if (!field.IsWrittenOf(RecordAccess::Make(object)))
         return;
     T value{};
     ReadRawValue(stream, value);
-    row.In(RecordAccess::Make(object)) = value;
+    field.In(RecordAccess::Make(object)) = value;
 }
 
 template <class Object, class Data>
-void ReadRowRaw(Object& object, QDataStream& stream, const FormatVersion<Data>& row)
+void ReadFieldRaw(Object& object, QDataStream& stream, const FormatVersion<Data>& field)
 {
-    TakeVersion(object, row, elements::ReadText(stream));
+    TakeVersion(object, field, elements::ReadText(stream));
 }
 
 template <class Object, class Data, class T>
-void ReadRowRaw(Object& object, QDataStream& stream, const Member<Data, T>& row)
+void ReadFieldRaw(Object& object, QDataStream& stream, const Member<Data, T>& field)
 {
     Data& data = RecordAccess::Make(object);
     const auto record = RecordAccess::Hold(object);
-    if (row.IsSetIn(data))
-        row.In(data).SetVersionSpecificBinaryWithoutValidation(stream);
+    if (field.IsSetIn(data))
+        field.In(data).SetVersionSpecificBinaryWithoutValidation(stream);
 }
 
 template <class Object, class Data, class Item>
-void ReadRowRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>& row)
+void ReadFieldRaw(Object& object, QDataStream& stream, const ItemList<Data, Item>& field)
 {
     qint32 count = 0;
     stream >> count;
-    ReserveItems(object, row, count,
+    ReserveItems(object, field, count,
                  elements::BytesToMakeRoomFor(stream) / RawSize<typename Item::RecordData>());
     bool isLast = false;
-    for (qint32 i = ReadItemsAtOnce(object, stream, row, count); i < count && !isLast; ++i) {
+    for (qint32 i = ReadItemsAtOnce(object, stream, field, count); i < count && !isLast; ++i) {
         // The first one that is missing is offered like the others: it reads as an empty one.
         isLast = !elements::HasByte(stream);
-        ReadItem(object, row, [&](Item& item) { item.SetVersionSpecificBinaryWithoutValidation(stream); });
+        ReadItem(object, field, [&](Item& item) { item.SetVersionSpecificBinaryWithoutValidation(stream); });
     }
 }
 

@@ -1,64 +1,64 @@
 #ifndef REPORTGENERATOR_RECORDS_SCHEMARULES_H
 #define REPORTGENERATOR_RECORDS_SCHEMARULES_H
 
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 
 #include <climits>
 #include <string_view>
 #include <type_traits>
 
-// What the compiler holds against each description: a row that takes what is another's loses data without a word.
+// What the compiler holds against each schema: a field that takes what is another's loses data without a word.
 
 namespace REPORTGENERATOR::schema {
 
-// --- Facts of rows, whatever their kind
+// --- Facts of fields, whatever their kind
 
-template <class Row>
-constexpr auto MemberOf(const Row& row)
+template <class Field>
+constexpr auto MemberOf(const Field& field)
 {
-    return row.member;
+    return field.member;
 }
 
 template <class Data>
-constexpr auto MemberOf(const FormatVersion<Data>& row)
+constexpr auto MemberOf(const FormatVersion<Data>& field)
 {
-    return row.loaded;
+    return field.loaded;
 }
 
-template <class Row>
-constexpr std::string_view NameOf(const Row& row)
+template <class Field>
+constexpr std::string_view NameOf(const Field& field)
 {
-    return {row.name.latin1, static_cast<std::size_t>(row.name.size)};
+    return {field.name.latin1, static_cast<std::size_t>(field.name.size)};
 }
 
 /// The element of a member bears the name of its class.
 template <class Data, class Object>
-constexpr std::string_view NameOf(const Member<Data, Object>& /*row*/)
+constexpr std::string_view NameOf(const Member<Data, Object>& /*field*/)
 {
-    constexpr Name NAME = Description<typename Object::RecordData>::NAME;
+    constexpr Name NAME = Schema<typename Object::RecordData>::NAME;
     return {NAME.latin1, static_cast<std::size_t>(NAME.size)};
 }
 
-template <class Row>
-constexpr qint32 TagOf(const Row& row)
+template <class Field>
+constexpr qint32 TagOf(const Field& field)
 {
-    return row.setBy.tag;
+    return field.setBy.tag;
 }
 
 template <class Data>
-constexpr qint32 TagOf(const FormatVersion<Data>& row)
+constexpr qint32 TagOf(const FormatVersion<Data>& field)
 {
-    return row.tag;
+    return field.tag;
 }
 
-/// Whether a row says by a bit of the flag byte that it is set, as those of a record do.
-template <class Row>
+/// Whether a field says by a bit of the flag byte that it is set, as those of a record do.
+template <class Field>
 constexpr bool IS_OF_RECORD = true;
 template <class Data, class T, class SetBy>
-constexpr bool IS_OF_RECORD<Field<Data, T, SetBy>> = std::is_same_v<SetBy, Flagged>;
+constexpr bool IS_OF_RECORD<ScalarField<Data, T, SetBy>> = std::is_same_v<SetBy, PresenceBit>;
 
-// --- Comparison of two rows
+// --- Comparison of two fields
 
 struct HaveSameMember
 {
@@ -99,70 +99,71 @@ struct HaveSameBit
     }
 };
 
-/// Whether each row is the same as none but itself.
-template <class Same, class... Rows>
-constexpr bool AreAllDifferent(const std::tuple<Rows...>& rows, Same same)
+/// Whether each field is the same as none but itself.
+template <class Same, class... Fields>
+constexpr bool AreAllDifferent(const std::tuple<Fields...>& fields, Same same)
 {
-    const auto howMany = [&](const auto& row) {
-        return std::apply([&](const Rows&... other) { return (0 + ... + int(same(row, other))); }, rows);
+    const auto howMany = [&](const auto& field) {
+        return std::apply([&](const Fields&... other) { return (0 + ... + int(same(field, other))); },
+                          fields);
     };
-    return std::apply([&](const Rows&... row) { return ((howMany(row) == 1) && ...); }, rows);
+    return std::apply([&](const Fields&... field) { return ((howMany(field) == 1) && ...); }, fields);
 }
 
 // --- The rules
 
-template <class... Rows>
-constexpr bool AreOfRecord(const std::tuple<Rows...>& /*rows*/)
+template <class... Fields>
+constexpr bool AreOfRecord(const std::tuple<Fields...>& /*fields*/)
 {
-    return (IS_OF_RECORD<Rows> && ...);
+    return (IS_OF_RECORD<Fields> && ...);
 }
 
-template <class Row>
-constexpr bool IsBitInFlagByte(const Row& row)
+template <class Field>
+constexpr bool IsBitInFlagByte(const Field& field)
 {
-    return 0 <= BitOf(row) && BitOf(row) < CHAR_BIT;
+    return 0 <= BitOf(field) && BitOf(field) < CHAR_BIT;
 }
 
 /// A version is always written and has no bit.
 template <class Data>
-constexpr bool IsBitInFlagByte(const FormatVersion<Data>& /*row*/)
+constexpr bool IsBitInFlagByte(const FormatVersion<Data>& /*field*/)
 {
     return true;
 }
 
-template <class... Rows>
-constexpr bool AreBitsInFlagByte(const std::tuple<Rows...>& rows)
+template <class... Fields>
+constexpr bool AreBitsInFlagByte(const std::tuple<Fields...>& fields)
 {
-    return AllOfFields(rows, [](const auto& row) { return IsBitInFlagByte(row); });
+    return AllOfFields(fields, [](const auto& field) { return IsBitInFlagByte(field); });
 }
 
-/// Whether the raw form meets each bit: it goes through so many as there are rows.
-template <class... Rows>
-constexpr bool AreBitsInRawForm(const std::tuple<Rows...>& rows)
+/// Whether the raw form meets each bit: it goes through so many as there are fields.
+template <class... Fields>
+constexpr bool AreBitsInRawForm(const std::tuple<Fields...>& fields)
 {
-    return AllOfFields(rows, [](const auto& row) { return BitOf(row) < int(sizeof...(Rows)); });
+    return AllOfFields(fields, [](const auto& field) { return BitOf(field) < int(sizeof...(Fields)); });
 }
 
-/// Of the rows of a plain class.
-template <class... Rows>
-constexpr bool AreFieldsDistinct(const std::tuple<Rows...>& rows)
+/// Of the fields of a plain class.
+template <class... Fields>
+constexpr bool AreFieldsDistinct(const std::tuple<Fields...>& fields)
 {
-    return AreAllDifferent(rows, HaveSameName()) && AreAllDifferent(rows, HaveSameMember());
+    return AreAllDifferent(fields, HaveSameName()) && AreAllDifferent(fields, HaveSameMember());
 }
 
-/// Compiles when the description of a record is good.
+/// Compiles when the schema of a record is good.
 template <class Data>
 constexpr void Check()
 {
-    constexpr const auto& ROWS = Description<Data>::ROWS;
-    static_assert(AreAllDifferent(ROWS, HaveSameMember()), "two rows are of the same member");
-    static_assert(AreAllDifferent(ROWS, HaveSameName()), "two rows have the same name");
-    static_assert(AreOfRecord(ROWS), "a field of a record is flagged by no bit");
-    if constexpr (AreOfRecord(ROWS)) {
-        static_assert(AreAllDifferent(ROWS, HaveSameTag()), "two rows have the same tag");
-        static_assert(AreAllDifferent(ROWS, HaveSameBit()), "two rows have the same bit");
-        static_assert(AreBitsInFlagByte(ROWS), "a bit lies outside of the flag byte");
-        static_assert(!AreBitsInFlagByte(ROWS) || AreBitsInRawForm(ROWS),
+    constexpr const auto& FIELDS = Schema<Data>::FIELDS;
+    static_assert(AreAllDifferent(FIELDS, HaveSameMember()), "two fields are of the same member");
+    static_assert(AreAllDifferent(FIELDS, HaveSameName()), "two fields have the same name");
+    static_assert(AreOfRecord(FIELDS), "a field of a record is flagged by no bit");
+    if constexpr (AreOfRecord(FIELDS)) {
+        static_assert(AreAllDifferent(FIELDS, HaveSameTag()), "two fields have the same tag");
+        static_assert(AreAllDifferent(FIELDS, HaveSameBit()), "two fields have the same bit");
+        static_assert(AreBitsInFlagByte(FIELDS), "a bit lies outside of the flag byte");
+        static_assert(!AreBitsInFlagByte(FIELDS) || AreBitsInRawForm(FIELDS),
                       "a bit lies outside of the raw form");
     }
 }

@@ -1,35 +1,35 @@
 #ifndef REPORTGENERATOR_RECORDS_SETTINGSOF_H
 #define REPORTGENERATOR_RECORDS_SETTINGSOF_H
 
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 
 namespace REPORTGENERATOR {
 
-// Which rows have settings of their own, and how these are passed on to them.
+// Which fields have settings of their own, and how these are passed on to them.
 
-template <class Data, class Row, class Give>
-void GiveToRow(const Data& /*data*/, const Row& /*row*/, Give&& /*give*/)
+template <class Data, class Field, class Give>
+void GiveToField(const Data& /*data*/, const Field& /*field*/, Give&& /*give*/)
 {
 }
 
 template <class Data, class Object, class Give>
-void GiveToRow(const Data& data, const Member<Data, Object>& row, Give&& give)
+void GiveToField(const Data& data, const Member<Data, Object>& field, Give&& give)
 {
-    give(row.In(data));
+    give(field.In(data));
 }
 
 template <class Data, class Item, class Give>
-void GiveToRow(const Data& data, const ItemList<Data, Item>& row, Give&& give)
+void GiveToField(const Data& data, const ItemList<Data, Item>& field, Give&& give)
 {
-    give(row.In(data));
+    give(field.In(data));
 }
 
 /// Calls `give` with each member and each list of items of a record.
 template <class Data, class Give>
-void GiveToRows(const Data& data, Give&& give)
+void GiveToFields(const Data& data, Give&& give)
 {
-    ForEachField(Description<Data>::ROWS, [&](const auto& row) { GiveToRow(data, row, give); });
+    ForEachField(Schema<Data>::FIELDS, [&](const auto& field) { GiveToField(data, field, give); });
 }
 
 /// The same of an object; there are none without a record.
@@ -37,7 +37,7 @@ template <class Object, class Give>
 void GiveToMembers(const Object& object, Give&& give)
 {
     if (const auto* data = RecordAccess::Get(object))
-        GiveToRows(*data, give);
+        GiveToFields(*data, give);
 }
 
 // `isChange`: the object gets something that it doesn't have yet.
@@ -48,8 +48,8 @@ void PassValidateTo(const ObjectList<Item>& items, bool validate, bool isChange)
     items.PassValidate(validate, isChange);
 }
 
-template <class Data, class Holder>
-void PassValidateTo(const RecordObject<Data, Holder>& object, bool validate, bool isChange)
+template <class Data, class Storage>
+void PassValidateTo(const RecordObject<Data, Storage>& object, bool validate, bool isChange)
 {
     object.IRGObject::SetValidate(validate);
     GiveToMembers(object,
@@ -62,8 +62,8 @@ void PassLoggerTo(const ObjectList<Item>& items, const std::shared_ptr<Logger>& 
     items.PassLogger(logger, isChange);
 }
 
-template <class Data, class Holder>
-void PassLoggerTo(const RecordObject<Data, Holder>& object, const std::shared_ptr<Logger>& logger,
+template <class Data, class Storage>
+void PassLoggerTo(const RecordObject<Data, Storage>& object, const std::shared_ptr<Logger>& logger,
                   bool isChange)
 {
     object.IRGObject::SetLogger(logger);
@@ -71,28 +71,28 @@ void PassLoggerTo(const RecordObject<Data, Holder>& object, const std::shared_pt
                   [&logger, isChange](const auto& member) { PassLoggerTo(member, logger, isChange); });
 }
 
-/// Items that have been read get their holder's settings; members see to theirs themselves.
+/// Items that have been read get their parent's settings; members see to theirs themselves.
 template <class Item>
-void SettleItems(const ObjectList<Item>& items, const IRGObject& holder)
+void SettleItems(const ObjectList<Item>& items, const IRGObject& parent)
 {
-    items.PassSettings(holder);
+    items.PassSettings(parent);
 }
 
-inline void SettleItems(const IRGObject& /*member*/, const IRGObject& /*holder*/) {}
+inline void SettleItems(const IRGObject& /*member*/, const IRGObject& /*parent*/) {}
 
 template <class Object>
 void PassSettingsToMembers(const Object& object);
 
 template <class Item>
-void PassSettingsTo(const ObjectList<Item>& items, const IRGObject& holder)
+void PassSettingsTo(const ObjectList<Item>& items, const IRGObject& parent)
 {
-    items.PassSettings(holder);
+    items.PassSettings(parent);
 }
 
 template <class Object>
-void PassSettingsTo(const Object& member, const IRGObject& holder)
+void PassSettingsTo(const Object& member, const IRGObject& parent)
 {
-    ObjectAccess::PassSettings(holder, member);
+    ObjectAccess::PassSettings(parent, member);
     PassSettingsToMembers(member);
 }
 

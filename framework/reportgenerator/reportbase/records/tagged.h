@@ -1,22 +1,22 @@
 #ifndef REPORTGENERATOR_RECORDS_TAGGED_H
 #define REPORTGENERATOR_RECORDS_TAGGED_H
 
-#include <reportgenerator/reportbase/forms/taggedsinks.h>
+#include <reportgenerator/reportbase/codec/taggedsinks.h>
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/records/storing.h>
 
 namespace REPORTGENERATOR {
 
-// A record's rows as tagged elements, for every sink. Members and items are written along their own rows; on
+// A record's fields as tagged elements, for every sink. Members and items are written along their own fields; on
 // a caller's stream by their own operation, which looks what they lack.
 
 /// Bytes of the tagged body of an item whose texts have so many characters more than the shortest ones.
 template <class Data, class Item>
-constexpr qint64 SizeOfBody(const ItemList<Data, Item>& /*row*/, qint64 moreDigits)
+constexpr qint64 SizeOfBody(const ItemList<Data, Item>& /*field*/, qint64 moreDigits)
 {
     qint64 size = wire::WORD_SIZE;
-    ForEachField(Description<typename Item::RecordData>::ROWS, [&size, moreDigits](const auto& field) {
+    ForEachField(Schema<typename Item::RecordData>::FIELDS, [&size, moreDigits](const auto& field) {
         const qint64 digitsAndPoint = 2 + field.format.decimals;
         size += 3 * wire::WORD_SIZE + digitsAndPoint + moreDigits;
     });
@@ -24,16 +24,16 @@ constexpr qint64 SizeOfBody(const ItemList<Data, Item>& /*row*/, qint64 moreDigi
 }
 
 template <class Data, class Item>
-constexpr qint64 ShortestBody(const ItemList<Data, Item>& row)
+constexpr qint64 ShortestBody(const ItemList<Data, Item>& field)
 {
-    return SizeOfBody(row, 0);
+    return SizeOfBody(field, 0);
 }
 
 /// With three digits before the point and a sign, as most are at most.
 template <class Data, class Item>
-constexpr qint64 LongestBody(const ItemList<Data, Item>& row)
+constexpr qint64 LongestBody(const ItemList<Data, Item>& field)
 {
-    return SizeOfBody(row, 3);
+    return SizeOfBody(field, 3);
 }
 
 template <class Sink, class Object>
@@ -56,66 +56,69 @@ template <class Item>
 void WriteItemBody(ElementBytes& sink, const Item& item, qint32 tag)
 {
     using ItemData = typename Item::RecordData;
-    constexpr auto& rows = Description<ItemData>::ROWS;
+    constexpr auto& fields = Schema<ItemData>::FIELDS;
     const ItemData& data = *RecordAccess::Get(item);
     const bool isWritten =
-        sink.NumbersBody(std::tuple_size_v<std::decay_t<decltype(rows)>>, [&](auto&& writeNumber) {
-            return AllOfFields(
-                rows, [&](const auto& row) { return writeNumber(row.setBy.tag, row.In(data), row.format); });
+        sink.NumbersBody(std::tuple_size_v<std::decay_t<decltype(fields)>>, [&](auto&& writeNumber) {
+            return AllOfFields(fields, [&](const auto& field) {
+                return writeNumber(field.setBy.tag, field.In(data), field.format);
+            });
         });
     if (!isWritten)
         WriteObjectBody(sink, item, tag, false);
 }
 
 template <class Sink, class Data, class D, class T>
-void WriteRowElement(Sink& sink, const Data& data, const Field<D, T, Flagged>& row)
+void WriteFieldElement(Sink& sink, const Data& data, const ScalarField<D, T, PresenceBit>& field)
 {
-    if (row.IsWrittenOf(data))
-        sink.Element(row.setBy.tag, [&] { sink.Value(row.In(data), row.format); });
+    if (field.IsWrittenOf(data))
+        sink.Element(field.setBy.tag, [&] { sink.Value(field.In(data), field.format); });
 }
 
 template <class Sink, class Data>
-void WriteRowElement(Sink& sink, const Data& /*data*/, const FormatVersion<Data>& row)
+void WriteFieldElement(Sink& sink, const Data& /*data*/, const FormatVersion<Data>& field)
 {
-    sink.Element(row.tag, [&] { sink.Text(row.model.Text()); });
+    sink.Element(field.tag, [&] { sink.Text(field.model.Text()); });
 }
 
 template <class Sink, class Data, class Object>
-void WriteRowElement(Sink& sink, const Data& data, const Member<Data, Object>& row)
+void WriteFieldElement(Sink& sink, const Data& data, const Member<Data, Object>& field)
 {
-    if (row.IsSetIn(data))
-        WriteObjectBody(sink, row.In(data), row.setBy.tag, true);
+    if (field.IsSetIn(data))
+        WriteObjectBody(sink, field.In(data), field.setBy.tag, true);
 }
 
 template <class Sink, class Data, class Item>
-void WriteRowElement(Sink& sink, const Data& data, const ItemList<Data, Item>& row)
+void WriteFieldElement(Sink& sink, const Data& data, const ItemList<Data, Item>& field)
 {
     // Held, since a logger or the stream's device may change the list.
-    const QVector<Item> items = row.In(data).Values();
-    sink.Element(row.setBy.tag, [&] {
+    const QVector<Item> items = field.In(data).Values();
+    sink.Element(field.setBy.tag, [&] {
         sink.Word(static_cast<qint32>(items.size()));
-        if (!row.IsSetIn(data))
+        if (!field.IsSetIn(data))
             return;
-        sink.ExpectBodies(items.size(), LongestBody(row));
+        sink.ExpectBodies(items.size(), LongestBody(field));
         for (const Item& item : items)
-            WriteItemBody(sink, item, row.setBy.tag);
+            WriteItemBody(sink, item, field.setBy.tag);
     });
 }
 
-template <class Sink, class Data, class... Rows>
-void WriteRecordBody(Sink& sink, qint32 tag, bool withTag, const Data& data, const std::tuple<Rows...>& rows)
+template <class Sink, class Data, class... Fields>
+void WriteRecordBody(Sink& sink, qint32 tag, bool withTag, const Data& data,
+                     const std::tuple<Fields...>& fields)
 {
-    sink.Body(tag, withTag,
-              [&] { ForEachField(rows, [&](const auto& row) { WriteRowElement(sink, data, row); }); });
+    sink.Body(tag, withTag, [&] {
+        ForEachField(fields, [&](const auto& field) { WriteFieldElement(sink, data, field); });
+    });
 }
 
 template <class Sink, class Object>
 void WriteObjectBody(Sink& sink, const Object& object, qint32 tag, bool withTag)
 {
-    WriteRecordBody(sink, tag, withTag, *RecordAccess::Get(object), RecordAccess::RowsOf(object));
+    WriteRecordBody(sink, tag, withTag, *RecordAccess::Get(object), RecordAccess::FieldsOf(object));
 }
 
-// Reading, from a stream. Each function reads the payload of the element `tag` if it is the row's and returns
+// Reading, from a stream. Each function reads the payload of the element `tag` if it is the field's and returns
 // whether it was.
 
 inline void ReadPayload(QDataStream& stream, double& value)
@@ -134,54 +137,54 @@ inline void ReadPayload(QDataStream& stream, QString& value)
 }
 
 template <class Object, class D, class T>
-bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
-                    const Field<D, T, Flagged>& row)
+bool ReadFieldElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
+                      const ScalarField<D, T, PresenceBit>& field)
 {
-    if (tag != row.setBy.tag)
+    if (tag != field.setBy.tag)
         return false;
     T value{};
     ReadPayload(stream, value);
-    StoreValue(object, row, value);
+    StoreValue(object, field, value);
     return true;
 }
 
 template <class Object, class Data>
-bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
-                    const FormatVersion<Data>& row)
+bool ReadFieldElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
+                      const FormatVersion<Data>& field)
 {
-    if (tag != row.tag)
+    if (tag != field.tag)
         return false;
-    TakeVersion(object, row, elements::ReadText(stream));
+    TakeVersion(object, field, elements::ReadText(stream));
     return true;
 }
 
 template <class Object, class Data, class T>
-bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 length,
-                    const Member<Data, T>& row)
+bool ReadFieldElement(Object& object, QDataStream& stream, qint32 tag, qint32 length,
+                      const Member<Data, T>& field)
 {
-    if (tag != row.setBy.tag)
+    if (tag != field.setBy.tag)
         return false;
-    T& member = row.In(RecordAccess::Make(object));
+    T& member = field.In(RecordAccess::Make(object));
     const auto record = RecordAccess::Hold(object);
     member.SetBinary(stream, length);
-    SetFlag(RecordAccess::Make(object), row.setBy);
+    SetFlag(RecordAccess::Make(object), field.setBy);
     return true;
 }
 
 template <class Object, class Data, class Item>
-bool ReadRowElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
-                    const ItemList<Data, Item>& row)
+bool ReadFieldElement(Object& object, QDataStream& stream, qint32 tag, qint32 /*length*/,
+                      const ItemList<Data, Item>& field)
 {
-    if (tag != row.setBy.tag)
+    if (tag != field.setBy.tag)
         return false;
     qint32 count = 0;
     stream >> count;
-    ReserveItems(object, row, count, elements::BytesToMakeRoomFor(stream) / ShortestBody(row));
+    ReserveItems(object, field, count, elements::BytesToMakeRoomFor(stream) / ShortestBody(field));
     for (qint32 i = 0; i < count; ++i) {
         qint32 length = 0;
         if (!elements::TakeWord(stream, length))
             reporting::ThrowLengthError(object);
-        ReadItem(object, row, [&](Item& item) { item.SetBinary(stream, length); });
+        ReadItem(object, field, [&](Item& item) { item.SetBinary(stream, length); });
     }
     return true;
 }

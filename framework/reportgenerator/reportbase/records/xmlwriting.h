@@ -1,16 +1,16 @@
 #ifndef REPORTGENERATOR_RECORDS_XMLWRITING_H
 #define REPORTGENERATOR_RECORDS_XMLWRITING_H
 
-#include <reportgenerator/reportbase/forms/xmlfields.h>
+#include <reportgenerator/reportbase/codec/xmlfields.h>
 #include <reportgenerator/reportbase/incompletedefinitionexception.h>
+#include <reportgenerator/reportbase/records/fields.h>
 #include <reportgenerator/reportbase/records/itemtexts.h>
 #include <reportgenerator/reportbase/records/recordaccess.h>
-#include <reportgenerator/reportbase/records/rows.h>
 #include <reportgenerator/reportbase/reporting_p.h>
 
 namespace REPORTGENERATOR {
 
-// A record's rows as XML, for every sink. Members and items are written along their own rows, or, carefully,
+// A record's fields as XML, for every sink. Members and items are written along their own fields, or, carefully,
 // by their own operation, which looks what they lack.
 
 /// Members and items write themselves to a caller's writer.
@@ -29,75 +29,77 @@ void WriteObjectXml(CarefulXml& sink, const Object& object)
 }
 
 template <class Sink, class Item, class Data>
-void LookAtItem(Sink& /*sink*/, const IRGObject& /*holder*/, const ItemList<Data, Item>& /*row*/,
+void LookAtItem(Sink& /*sink*/, const IRGObject& /*parent*/, const ItemList<Data, Item>& /*field*/,
                 const Item& /*item*/)
 {
 }
 
 template <class Item, class Data>
-void LookAtItem(CarefulXml& /*sink*/, const IRGObject& holder, const ItemList<Data, Item>& row,
+void LookAtItem(CarefulXml& /*sink*/, const IRGObject& parent, const ItemList<Data, Item>& field,
                 const Item& item)
 {
     if (item.HasData())
         return;
-    reporting::Questionable(holder,
-                            IncompleteDefinitionException(row.incompleteWritten(holder.GetObjectName())));
+    reporting::WarnOrThrow(parent,
+                           IncompleteDefinitionException(field.incompleteWritten(parent.GetObjectName())));
 }
 
 template <class Sink, class Data, class D, class T>
-void WriteRowXml(Sink& sink, const IRGObject& /*object*/, const Data& data, const Field<D, T, Flagged>& row)
+void WriteFieldXml(Sink& sink, const IRGObject& /*object*/, const Data& data,
+                   const ScalarField<D, T, PresenceBit>& field)
 {
-    WriteXmlField(sink, data, row);
+    WriteXmlField(sink, data, field);
 }
 
 template <class Sink, class Data>
-void WriteRowXml(Sink& sink, const IRGObject& /*object*/, const Data& /*data*/,
-                 const FormatVersion<Data>& row)
+void WriteFieldXml(Sink& sink, const IRGObject& /*object*/, const Data& /*data*/,
+                   const FormatVersion<Data>& field)
 {
-    sink.Attribute(row.name, row.model, NumberFormat());
+    sink.Attribute(field.name, field.model, NumberFormat());
 }
 
 template <class Sink, class Data, class Object>
-void WriteRowXml(Sink& sink, const IRGObject& /*object*/, const Data& data, const Member<Data, Object>& row)
+void WriteFieldXml(Sink& sink, const IRGObject& /*object*/, const Data& data,
+                   const Member<Data, Object>& field)
 {
-    if (row.IsSetIn(data))
-        WriteObjectXml(sink, row.In(data));
+    if (field.IsSetIn(data))
+        WriteObjectXml(sink, field.In(data));
 }
 
 template <class Sink, class Data, class Item>
-void WriteRowXml(Sink& sink, const IRGObject& object, const Data& data, const ItemList<Data, Item>& row)
+void WriteFieldXml(Sink& sink, const IRGObject& object, const Data& data, const ItemList<Data, Item>& field)
 {
     // Held, since a logger or the writer's device may change the list.
-    const QVector<Item> items = row.In(data).Values();
+    const QVector<Item> items = field.In(data).Values();
     for (const Item& item : items) {
-        LookAtItem(sink, object, row, item);
-        if (row.IsSetIn(data))
+        LookAtItem(sink, object, field, item);
+        if (field.IsSetIn(data))
             WriteObjectXml(sink, item);
     }
 }
 
 template <class Container, class Data, class Item>
-void WriteRowXml(XmlText<Container>& sink, const IRGObject& /*object*/, const Data& data,
-                 const ItemList<Data, Item>& row)
+void WriteFieldXml(XmlText<Container>& sink, const IRGObject& /*object*/, const Data& data,
+                   const ItemList<Data, Item>& field)
 {
-    const QVector<Item>& items = row.In(data).Values();
-    if (items.isEmpty() || !row.IsSetIn(data))
+    const QVector<Item>& items = field.In(data).Values();
+    if (items.isEmpty() || !field.IsSetIn(data))
         return;
     ItemTexts<Container, typename Item::RecordData> texts(sink);
-    texts.WriteFirst(row.name, *RecordAccess::Get(items.first()), items.size());
+    texts.WriteFirst(field.name, *RecordAccess::Get(items.first()), items.size());
     std::for_each(items.cbegin() + 1, items.cend(), [&](const Item& item) {
         if (!texts.Write(*RecordAccess::Get(item)))
             WriteObjectXml(sink, item);
     });
 }
 
-/// Writes an element called `name` with the rows of the record.
-template <class Sink, class ElementName, class Data, class... Rows>
+/// Writes an element called `name` with the fields of the record.
+template <class Sink, class ElementName, class Data, class... Fields>
 void WriteElementXml(Sink& sink, const ElementName& name, const IRGObject& object, const Data& data,
-                     const std::tuple<Rows...>& rows)
+                     const std::tuple<Fields...>& fields)
 {
     sink.Start(name);
-    ForEachField(rows, [&](const auto& row) { WriteRowXml(sink, object, data, row); });
+    ForEachField(fields, [&](const auto& field) { WriteFieldXml(sink, object, data, field); });
     sink.End(name);
 }
 
@@ -106,7 +108,7 @@ template <class Sink, class Object>
 void WriteObjectXml(Sink& sink, const Object& object)
 {
     WriteElementXml(sink, RecordAccess::NameOf(object), object, *RecordAccess::Get(object),
-                    RecordAccess::RowsOf(object));
+                    RecordAccess::FieldsOf(object));
 }
 
 } // namespace REPORTGENERATOR

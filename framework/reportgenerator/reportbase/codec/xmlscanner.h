@@ -1,0 +1,168 @@
+#ifndef REPORTGENERATOR_CODEC_XMLSCANNER_H
+#define REPORTGENERATOR_CODEC_XMLSCANNER_H
+
+#include <reportgenerator/reportbase/codec/fixednumbers.h>
+#include <reportgenerator/reportbase/codec/name.h>
+#include <reportgenerator/reportbase/codec/taggedelements.h>
+
+#include <QtCore/QString>
+
+#include <algorithm>
+#include <cstddef>
+#include <type_traits>
+
+namespace REPORTGENERATOR {
+
+/// Reads XML of the shape that the library writes: start tags with attributes in double quotes, end tags,
+/// blanks between them, and texts without references and markup. Whatever else XML knows, it calls odd by
+/// returning false. `Unit` is the unit of UTF-16 or a byte of UTF-8.
+template <class Unit>
+class XmlScanner
+{
+public:
+    XmlScanner(const Unit* begin, const Unit* end) : m_next(begin), m_end(end) {}
+
+    const Unit* Next() const { return m_next; }
+    const Unit* End() const { return m_end; }
+    void SetNext(const Unit* next) { m_next = next; }
+
+    /// How many tags follow at most. Counted in steps of the unit's own width, which compilers turn into few
+    /// instructions for many units.
+    qint64 CountTags() const
+    {
+        qint64 count = 0;
+        for (const Unit* next = m_next; next != m_end;) {
+            const auto size = std::min<std::ptrdiff_t>(m_end - next, MOST_IN_A_UNIT);
+            std::make_unsigned_t<Unit> tags = 0;
+            for (std::ptrdiff_t i = 0; i < size; ++i)
+                tags = static_cast<std::make_unsigned_t<Unit>>(tags + (next[i] == '<' ? 1 : 0));
+            count += tags;
+            next += size;
+        }
+        return count;
+    }
+
+    bool IsAtEndOfBlanks()
+    {
+        SkipBlanks();
+        return m_next == m_end;
+    }
+
+    /// Goes into the start tag of an element `name` if one follows; attributes may come.
+    bool EnterTag(const Name& name)
+    {
+        const Unit* const before = m_next;
+        SkipBlanks();
+        if (Take('<') && Take(name) && m_next != m_end && (*m_next == '>' || IsBlank(*m_next)))
+            return true;
+        m_next = before;
+        return false;
+    }
+
+    /// The end of a start tag.
+    bool LeaveTag()
+    {
+        SkipBlanks();
+        return Take('>');
+    }
+
+    /// Hands the text of an attribute `name` to `read` if that one comes next. Returns false when it doesn't, when
+    /// `read` does, and when the text goes on; the attribute then is still to come, which makes the tag an odd one.
+    template <class Read>
+    bool Attribute(const Name& name, Read&& read)
+    {
+        const Unit* const before = m_next;
+        SkipBlanks();
+        if (m_next != before && Take(name) && Take('=') && Take('"') && read(*this) && Take('"'))
+            return true;
+        m_next = before;
+        return false;
+    }
+
+    bool EndTag(const Name& name)
+    {
+        SkipBlanks();
+        return TakeEndTag(name);
+    }
+
+    /// An end tag that stands directly behind a text.
+    bool TakeEndTag(const Name& name) { return Take('<') && Take('/') && Take(name) && Take('>'); }
+
+    // Values
+
+    bool Read(double& value)
+    {
+        const Unit* const end = numbers::ReadFixedPrefix(m_next, m_end, value);
+        if (!end)
+            return false;
+        m_next = end;
+        return true;
+    }
+
+    bool Read(bool& value)
+    {
+        value = Take(TRUE);
+        return value || Take(FALSE);
+    }
+
+    /// Takes a text only if it holds nothing that a reader looks at twice.
+    bool Read(QString& value)
+    {
+        const Unit* const begin = m_next;
+        m_next = std::find_if_not(m_next, m_end, IsContent);
+        const auto size = static_cast<int>(m_next - begin);
+        if constexpr (sizeof(Unit) == sizeof(QChar)) {
+            value = QString(reinterpret_cast<const QChar*>(begin), size);
+        } else {
+            value = QString::fromUtf8(begin, size);
+            // What is not UTF-8 does not come back.
+            if (value.toUtf8() != QByteArray::fromRawData(begin, size))
+                return false;
+        }
+        return std::all_of(value.cbegin(), value.cend(), IsPlain);
+    }
+
+    bool Take(const Name& name)
+    {
+        if (m_end - m_next < name.size || !std::equal(name.latin1, name.latin1 + name.size, m_next, IsSame))
+            return false;
+        m_next += name.size;
+        return true;
+    }
+
+private:
+    static constexpr std::ptrdiff_t MOST_IN_A_UNIT = 255;
+
+    static constexpr Name TRUE = REPORTBASE_NAME("true");
+    static constexpr Name FALSE = REPORTBASE_NAME("false");
+
+    static bool IsSame(char left, Unit right) { return static_cast<Unit>(left) == right; }
+
+    static bool IsBlank(Unit unit) { return unit == ' ' || unit == '\n' || unit == '\t' || unit == '\r'; }
+
+    static bool IsContent(Unit unit) { return unit != '<' && unit != '&' && unit != '>'; }
+
+    /// A character that stands for itself and needs no second unit.
+    static bool IsPlain(QChar character)
+    {
+        constexpr ushort firstSurrogate = 0xD800;
+        return character.unicode() >= ' ' && character.unicode() < firstSurrogate;
+    }
+
+    bool Take(char character)
+    {
+        if (m_next == m_end || *m_next != static_cast<Unit>(character))
+            return false;
+        ++m_next;
+        return true;
+    }
+
+    void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank); }
+
+    const Unit* m_next;
+    const Unit* m_end;
+};
+
+} // namespace REPORTGENERATOR
+
+#endif

@@ -1,0 +1,27 @@
+#ifndef REPORTGENERATOR_SCHEMA_BOUNDEDVALUESCHEMA_H
+#define REPORTGENERATOR_SCHEMA_BOUNDEDVALUESCHEMA_H
+
+#include <reportgenerator/reportbase/boundedvalue.h>
+#include <reportgenerator/reportbase/records/fields.h>
+#include <reportgenerator/reportbase/records/recordaccess.h>
+#include <reportgenerator/reportbase/schema/unit.h>
+
+namespace REPORTGENERATOR {
+
+/// The fields that frequency and IF bandwidth share.
+struct BoundedValueFields
+{
+    static constexpr Unit UNIT = Unit::Hertz;
+
+    static constexpr auto VALUE =
+        TextField(&BoundedValueData::value, REPORTBASE_NAME("Value"), PresenceBit{0, wire::tag::VALUE})
+            .Mandatory();
+    static constexpr auto MIN =
+        AttributeField(&BoundedValueData::min, REPORTBASE_NAME("Min"), PresenceBit{1, wire::tag::MIN});
+    static constexpr auto MAX =
+        AttributeField(&BoundedValueData::max, REPORTBASE_NAME("Max"), PresenceBit{2, wire::tag::MAX});
+};
+
+} // namespace REPORTGENERATOR
+
+#endif
