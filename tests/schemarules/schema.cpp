@@ -1,4 +1,4 @@
-// A description that compiles, or one in which the rule named by WRONG is broken.
+// A schema that compiles, or one in which the rule named by WRONG is broken.
 
 #include <reportgenerator/reportbase/records/plainfield.h>
 #include <reportgenerator/reportbase/records/schemarules.h>
@@ -16,6 +16,7 @@
 #define NO_BIT 10
 #define SAME_NAME_IN_PLAIN_CLASS 11
 #define SAME_MEMBER_IN_PLAIN_CLASS 12
+#define FORGOTTEN 13
 
 namespace REPORTGENERATOR {
 
@@ -60,7 +61,11 @@ struct Schema<SampleData>
 #endif
     );
     static constexpr Member<SampleData, Frequency> FREQUENCY = {&SampleData::frequency, PresenceBit{2, 13}};
+#if WRONG == FORGOTTEN
+    static constexpr auto FIELDS = std::make_tuple(VERSION, FIRST, FREQUENCY);
+#else
     static constexpr auto FIELDS = std::make_tuple(VERSION, FIRST, SECOND, FREQUENCY);
+#endif
 };
 
 constexpr auto PLAIN_FIRST = ElementField(&SampleData::first, REPORTBASE_NAME("First"));

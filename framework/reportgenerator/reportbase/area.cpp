@@ -79,9 +79,7 @@ bool Area::operator!=(const Area& other) const
 
 bool Area::AnyData() const
 {
-    const AreaData* data = m_record.Get();
-    return data &&
-           (!data->name.isNull() || !data->coordinates.Values().isEmpty() || !data->scriptID.isNull());
+    return HoldsAnyData(m_record.Get(), Fields::FIELDS);
 }
 
 bool Area::HasData() const

@@ -40,8 +40,7 @@ bool ReportBase::operator!=(const ReportBase& other) const
 
 bool ReportBase::AnyData() const
 {
-    const ReportBaseData* data = m_record.Get();
-    return data && (data->frequency.AnyData() || data->bandwidth.AnyData() || data->area.AnyData());
+    return HoldsAnyData(m_record.Get(), Fields::FIELDS);
 }
 
 bool ReportBase::HasData() const

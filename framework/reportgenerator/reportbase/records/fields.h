@@ -114,6 +114,39 @@ bool AreMandatoryFieldsSet(const Data* data, const std::tuple<Fields...>& fields
            });
 }
 
+// What a record holds, whatever its presence bits say: a text that was set may be null, and an item that was
+// added behind the list's back is there.
+
+template <class Data, class D>
+bool HoldsData(const Data& data, const ScalarField<D, QString, PresenceBit>& field)
+{
+    return !field.In(data).isNull();
+}
+
+template <class Data, class Object>
+bool HoldsData(const Data& data, const Member<Data, Object>& field)
+{
+    return field.In(data).AnyData();
+}
+
+template <class Data, class Item>
+bool HoldsData(const Data& data, const ItemList<Data, Item>& field)
+{
+    return !field.In(data).Values().isEmpty();
+}
+
+template <class Data>
+bool HoldsData(const Data& /*data*/, const FormatVersion<Data>& /*field*/)
+{
+    return false;
+}
+
+template <class Data, class... Fields>
+bool HoldsAnyData(const Data* data, const std::tuple<Fields...>& fields)
+{
+    return data && AnyOfFields(fields, [data](const auto& field) { return HoldsData(*data, field); });
+}
+
 // First values
 
 template <class Data, class D, class T>

@@ -5,8 +5,11 @@
 #include <reportgenerator/reportbase/records/recordaccess.h>
 
 #include <climits>
+#include <cstddef>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 
 // What the compiler holds against each schema: a field that takes what is another's loses data without a word.
 
@@ -51,6 +54,12 @@ constexpr qint32 TagOf(const FormatVersion<Data>& field)
 {
     return field.tag;
 }
+
+/// Whether a pointer is to a member of that very class.
+template <class Data, class Pointer>
+constexpr bool IS_MEMBER_OF = false;
+template <class Data, class T>
+constexpr bool IS_MEMBER_OF<Data, T Data::*> = true;
 
 /// Whether a field says by a bit of the flag byte that it is set, as those of a record do.
 template <class Field>
@@ -144,6 +153,41 @@ constexpr bool AreBitsInRawForm(const std::tuple<Fields...>& fields)
     return AllOfFields(fields, [](const auto& field) { return BitOf(field) < int(sizeof...(Fields)); });
 }
 
+// --- How many members a record has
+
+struct AnyValue
+{
+    template <class T>
+    operator T() const; // only ever named, by a list of initial values
+};
+
+template <class Data, class Indices, class = void>
+constexpr bool TAKES_VALUES = false;
+template <class Data, std::size_t... I>
+constexpr bool TAKES_VALUES<Data, std::index_sequence<I...>,
+                            std::void_t<decltype(Data{(static_cast<void>(I), AnyValue())...})>> = true;
+
+/// As many as an initialiser may have values, without that of the base.
+template <class Data, std::size_t COUNT = 0>
+constexpr std::size_t CountMembers()
+{
+    if constexpr (TAKES_VALUES<Data, std::make_index_sequence<COUNT + 2>>)
+        return CountMembers<Data, COUNT + 1>();
+    else
+        return COUNT;
+}
+
+/// How many fields are of members of the record itself, not of a base that it shares with others.
+template <class Data, class... Fields>
+constexpr std::size_t CountOwnFields(const std::tuple<Fields...>& fields)
+{
+    return std::apply(
+        [](const Fields&... field) {
+            return (std::size_t(0) + ... + std::size_t(IS_MEMBER_OF<Data, decltype(MemberOf(field))>));
+        },
+        fields);
+}
+
 /// Of the fields of a plain class.
 template <class... Fields>
 constexpr bool AreFieldsDistinct(const std::tuple<Fields...>& fields)
@@ -158,6 +202,7 @@ constexpr void Check()
     constexpr const auto& FIELDS = Schema<Data>::FIELDS;
     static_assert(AreAllDifferent(FIELDS, HaveSameMember()), "two fields are of the same member");
     static_assert(AreAllDifferent(FIELDS, HaveSameName()), "two fields have the same name");
+    static_assert(CountMembers<Data>() == CountOwnFields<Data>(FIELDS), "a member of the record is no field");
     static_assert(AreOfRecord(FIELDS), "a field of a record is flagged by no bit");
     if constexpr (AreOfRecord(FIELDS)) {
         static_assert(AreAllDifferent(FIELDS, HaveSameTag()), "two fields have the same tag");
