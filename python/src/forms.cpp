@@ -4,12 +4,12 @@
 #include "errors.h"
 
 #include <reportcore/files.h>
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/faultlist.h>
 #include <reportcore/reportfile.h>
 #include <reportcore/reportwriting.h>
-#include <reportcore/walk.h>
 
 #include <reportgenerator/reportbase/rgexception.h>
 #include <reportgenerator/reportbase/valueminmax.h>
@@ -72,16 +72,16 @@ bool ReadElement(IRGObject& object, const QString& text, bool checkRoot)
 ReportCore::Problems ReadRepresentation(IRGObject& object, const QByteArray& bytes, const FileForm& form)
 {
     ReportCore::FaultList faults;
-    ReportCore::Walk walk(bytes, form.isBinaryFile, faults.Visitor());
-    walk.Frame();
+    ReportCore::BinaryInspector inspector(bytes, form.isBinaryFile, faults.Visitor());
+    inspector.Envelope();
     const ReportCore::FilePlace placeOfName = faults.PlaceOfName();
-    walk.End();
+    inspector.End();
     if (faults.HasFault())
         return faults.Found();
-    if (walk.ObjectName() != object.GetObjectName())
+    if (inspector.ObjectName() != object.GetObjectName())
         return {{QLatin1String(ReportCore::NO_REPORT),
-                 QStringLiteral("this is an object '%1'").arg(walk.ObjectName()), placeOfName}};
-    QByteArray representation = walk.RepresentationBytes();
+                 QStringLiteral("this is an object '%1'").arg(inspector.ObjectName()), placeOfName}};
+    QByteArray representation = inspector.RepresentationBytes();
     object.SetBinaryRepresentation(representation);
     if (object.GetValidate())
         object.Check();

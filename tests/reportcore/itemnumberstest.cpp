@@ -7,9 +7,9 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/walk.h>
 
 #include <gtest/gtest.h>
 

@@ -112,6 +112,13 @@ TEST(Places, ValueInABinaryFormIsFoundByItsOffset)
                 QStringLiteral("uncompressed:0x62: ") + expected);
 }
 
+TEST(Places, AnObjectIsFoundWhereItBeginsNotAtWhatNobodyKnowsInIt)
+{
+    // Root at 0x2e, the IF bandwidth at 0x36, an unknown element at 0x3e.
+    EXPECT_TEXT(ProblemsOf(Plain(Element(Tag::REPORT_IF_BANDWIDTH, Element(0x12345678, ByteArray("?"))))),
+                "0x36: OutOfRangeException: IFBandwidth: Please set Value properly. (ifBandwidth.value)");
+}
+
 TEST(Places, WrongLengthIsToldWithTheFieldWhoseItIs)
 {
     EXPECT_TEXT(ProblemsOf(Plain(Support::ElementOfLength(Tag::REPORT_FREQUENCY, 1000,

@@ -5,10 +5,10 @@
 #include "support/recordelements.h"
 #include "support/records.h"
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/linting/linting.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/walk.h>
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,9 @@
 
 namespace {
 
+using ReportCore::BinaryInspector;
 using ReportCore::ReadReport;
 using ReportCore::ReportFile;
-using ReportCore::Walk;
 using ReportCore::WireField;
 using Support::Element;
 using ToolTest::Plain;
@@ -27,11 +27,11 @@ namespace Tag = Support::Tag;
 /// Whether the walk finds all lengths of a plain representation as they should be.
 bool IsSound(const QByteArray& representation)
 {
-    Walk walk(representation, false, [](const WireField&) {});
-    walk.Frame();
-    EXPECT_FALSE(walk.HasFault());
-    walk.Body();
-    return !walk.HasFault();
+    BinaryInspector inspector(representation, false, [](const WireField&) {});
+    inspector.Envelope();
+    EXPECT_FALSE(inspector.HasFault());
+    inspector.Body();
+    return !inspector.HasFault();
 }
 
 /// What is read whole is sound, and nothing can be said of it but what its fields say.
@@ -49,9 +49,9 @@ void ExpectNothingOdd(const QByteArray& representation)
 
 int SizeOfFrame(const QByteArray& representation)
 {
-    Walk walk(representation, false, [](const WireField&) {});
-    walk.Frame();
-    return static_cast<int>(walk.BodyOffset());
+    BinaryInspector inspector(representation, false, [](const WireField&) {});
+    inspector.Envelope();
+    return static_cast<int>(inspector.BodyOffset());
 }
 
 /// Sound ones that have all that a body can consist of: every kind of field, null and empty texts, an object and a list

@@ -2,8 +2,8 @@
 
 #include "support/expect.h"
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/walk.h>
 
 #include <gtest/gtest.h>
 
@@ -11,11 +11,11 @@
 
 namespace {
 
+using ReportCore::BinaryInspector;
 using ReportCore::FileForm;
 using ReportCore::Form;
 using ReportCore::ReadReport;
 using ReportCore::Recognise;
-using ReportCore::Walk;
 using ReportCore::WireField;
 using ToolTest::FullCompressed;
 using ToolTest::FullPlain;
@@ -45,11 +45,12 @@ QVector<QByteArray> AllForms()
 QByteArray WalkedBytes(const QByteArray& bytes, bool isBinaryFile)
 {
     QByteArray walked;
-    Walk walk(bytes, isBinaryFile, [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
-    walk.Frame();
-    if (!walk.IsCompressed())
-        walk.Body();
-    walk.End();
+    BinaryInspector inspector(bytes, isBinaryFile,
+                              [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
+    inspector.Envelope();
+    if (!inspector.IsCompressed())
+        inspector.Body();
+    inspector.End();
     return walked;
 }
 
@@ -136,10 +137,11 @@ TEST_F(ToolRobustness, FieldsOfAnUncompressedReportAreThoseOfThePlainOne)
 {
     QByteArray walked;
     const QByteArray bytes = FullCompressed();
-    Walk walk(bytes, false, [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
-    walk.Frame();
+    BinaryInspector inspector(bytes, false,
+                              [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
+    inspector.Envelope();
     walked.clear();
-    walk.Body();
+    inspector.Body();
     EXPECT_BYTES(walked, ToolTest::FullBody());
 }
 

@@ -1,6 +1,6 @@
 #include <reportcore/form.h>
 
-#include <reportcore/byterange.h>
+#include <reportcore/inspect/filerange.h>
 
 #include <reportgenerator/reportbase/codec/wireformat.h>
 
@@ -23,7 +23,7 @@ namespace wire = REPORTGENERATOR::wire;
 
 constexpr QChar BYTE_ORDER_MARK(0xFEFF);
 
-bool BeginsWithMarker(ByteRange range, const REPORTGENERATOR::Name& marker)
+bool BeginsWithMarker(FileRange range, const REPORTGENERATOR::Name& marker)
 {
     if (!range.Has(wire::WORD_SIZE))
         return false;
@@ -31,7 +31,7 @@ bool BeginsWithMarker(ByteRange range, const REPORTGENERATOR::Name& marker)
     return range.Has(size) && range.Take(size).Utf16() == marker;
 }
 
-Form FormOfRepresentation(const ByteRange& range)
+Form FormOfRepresentation(const FileRange& range)
 {
     if (BeginsWithMarker(range, wire::PLAIN_MARKER))
         return Form::Plain;
@@ -55,7 +55,7 @@ constexpr Encoding ENCODINGS[] = {{"UTF-8", "\xEF\xBB\xBF", 3, 1, 0},
                                   {"UTF-16BE", "\xFE\xFF", 2, 2, 1}};
 
 /// The first character of the range if it is an ASCII character, else NUL.
-char AsciiAt(const ByteRange& range, const Encoding& encoding)
+char AsciiAt(const FileRange& range, const Encoding& encoding)
 {
     for (qint64 i = 0; i < encoding.unitSize; ++i) {
         if (i != encoding.lowestByte && range.At(i) != 0)
@@ -74,9 +74,9 @@ QByteArray MarkOf(const Encoding& encoding)
     return QByteArray(encoding.byteOrderMark, static_cast<int>(encoding.markSize));
 }
 
-bool LooksLikeXml(ByteRange range, const Encoding& encoding)
+bool LooksLikeXml(FileRange range, const Encoding& encoding)
 {
-    ByteRange start = range;
+    FileRange start = range;
     if (start.Take(encoding.markSize).Bytes() == MarkOf(encoding))
         range = start;
     while (range.Has(encoding.unitSize)) {
@@ -92,7 +92,7 @@ bool LooksLikeXml(ByteRange range, const Encoding& encoding)
 }
 
 /// The encoding in which the bytes look like XML; null for none.
-const Encoding* FindEncoding(const ByteRange& range)
+const Encoding* FindEncoding(const FileRange& range)
 {
     const auto* const found =
         std::find_if(std::begin(ENCODINGS), std::end(ENCODINGS),
@@ -168,10 +168,10 @@ QLatin1String WordFor(const FileForm& form)
 
 FileForm Recognise(const QByteArray& bytes)
 {
-    const ByteRange range(bytes);
+    const FileRange range(bytes);
     if (const Form form = FormOfRepresentation(range); form != Form::Unknown)
         return {form, false};
-    ByteRange content = range;
+    FileRange content = range;
     content.Take(wire::WORD_SIZE);
     if (const Form form = FormOfRepresentation(content); form != Form::Unknown)
         return {form, true};
@@ -180,14 +180,14 @@ FileForm Recognise(const QByteArray& bytes)
 
 QByteArray ForXmlReader(const QByteArray& bytes)
 {
-    const auto* const found = FindEncoding(ByteRange(bytes));
+    const auto* const found = FindEncoding(FileRange(bytes));
     const bool lacksMark = found && found->unitSize > 1 && !bytes.startsWith(MarkOf(*found));
     return lacksMark ? MarkOf(*found) + bytes : bytes;
 }
 
 QString DecodeXml(const QByteArray& bytes)
 {
-    const auto* const found = FindEncoding(ByteRange(bytes));
+    const auto* const found = FindEncoding(FileRange(bytes));
     const bool isOfBytes = !found || found->unitSize == 1;
     QString text = Decode(bytes, isOfBytes ? DeclaredEncoding(bytes) : QByteArray(found->name));
     if (text.startsWith(BYTE_ORDER_MARK))
@@ -199,7 +199,7 @@ qint64 FindUndecodable(const QByteArray& bytes)
 {
     constexpr QChar REPLACEMENT(QChar::ReplacementCharacter);
     const QString text = DecodeXml(bytes);
-    const auto* const found = FindEncoding(ByteRange(bytes));
+    const auto* const found = FindEncoding(FileRange(bytes));
     if (!found || (found->unitSize == 1 && DeclaredEncoding(bytes).toUpper() != "UTF-8"))
         return text.indexOf(REPLACEMENT);
     const QByteArray written = WrittenReplacement(*found);

@@ -1,8 +1,8 @@
 #include <reportcore/losses.h>
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/linting/linting.h>
 #include <reportcore/losing/losing.h>
-#include <reportcore/walk.h>
 
 #include <algorithm>
 #include <initializer_list>
@@ -39,9 +39,9 @@ bool IsWhole(const ReportFile& file)
 /// Where the bytes end that hold the fields.
 FilePlace EndOf(const QByteArray& bytes, const ReportFile& file)
 {
-    Walk walk(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
-    walk.Frame();
-    return {0, 0, walk.BodyOffset() + walk.BodyBytes().size(), walk.IsCompressed()};
+    BinaryInspector inspector(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
+    inspector.Envelope();
+    return {0, 0, inspector.BodyOffset() + inspector.BodyBytes().size(), inspector.IsCompressed()};
 }
 
 /// Reading broke off: an object that is lost then goes on to where nobody knows.

@@ -1,11 +1,10 @@
 #include <reportcore/reportdocument.h>
 
 #include <reportcore/form.h>
+#include <reportcore/inspect/sourcetext.h>
+#include <reportcore/inspect/xmlinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/losses.h>
-#include <reportcore/sourcemap.h>
-
-#include <QtCore/QXmlStreamReader>
 
 #include <algorithm>
 #include <utility>
@@ -28,50 +27,62 @@ public:
         QString behind;
     };
 
-    ReportRanges(const QByteArray& bytes, const SourceMap& places)
-        : m_places(places), m_reader(ForXmlReader(bytes))
+    ReportRanges(const QByteArray& bytes, const SourceText& text)
+        : m_inspector(
+              bytes, text.Text(), [this](const XmlEvent& event) { Take(event); },
+              XmlInspector::Extent::Document)
     {
     }
 
     /// Empty where the document is not well-formed.
     std::vector<Range> Find()
     {
-        while (!m_reader.atEnd()) {
-            const auto token = m_reader.readNext();
-            if (token == QXmlStreamReader::StartElement)
-                Start();
-            else if (token == QXmlStreamReader::EndElement)
-                End();
-            else if (token == QXmlStreamReader::DTD)
-                m_documentType = m_reader.text().toString();
-        }
-        return m_reader.hasError() ? std::vector<Range>() : std::move(m_ranges);
+        m_inspector.Run();
+        return m_inspector.HasError() ? std::vector<Range>() : std::move(m_ranges);
     }
 
     const QString& RootName() const { return m_rootName; }
 
 private:
-    void Start()
+    void Take(const XmlEvent& event)
     {
-        if (m_rootName.isNull())
-            m_rootName = m_reader.name().toString();
-        if (m_inReport > 0) {
-            ++m_inReport;
-        } else if (m_reader.name() == REPORTGENERATOR::ReportBase::GetStaticObjectName()) {
-            m_inReport = 1;
-            const qint64 begin = m_places.StartOfTag(m_reader.characterOffset());
-            m_ranges.push_back({begin, begin, m_documentType + StartOfNamespaces(), EndOfNamespaces()});
-        } else {
-            m_namespaces.push_back(m_reader.namespaceDeclarations());
+        switch (event.kind) {
+        case XmlEvent::Kind::DocumentType:
+            m_documentType = event.value;
+            break;
+        case XmlEvent::Kind::Surrounding:
+            TakeRoot(event);
+            m_namespaces.push_back(m_inspector.Namespaces());
+            break;
+        case XmlEvent::Kind::SurroundingEnd:
+            m_namespaces.pop_back();
+            break;
+        case XmlEvent::Kind::StartTag:
+        case XmlEvent::Kind::AnotherReport:
+            if (event.path->IsEmpty())
+                Begin(event);
+            break;
+        case XmlEvent::Kind::EndTag:
+        case XmlEvent::Kind::AnotherReportEnd:
+            if (event.path->IsEmpty())
+                m_ranges.back().end = event.end;
+            break;
+        default:
+            break;
         }
     }
 
-    void End()
+    void TakeRoot(const XmlEvent& event)
     {
-        if (m_inReport == 0)
-            m_namespaces.pop_back();
-        else if (--m_inReport == 0)
-            m_ranges.back().end = m_reader.characterOffset();
+        if (m_rootName.isNull())
+            m_rootName = event.name;
+    }
+
+    void Begin(const XmlEvent& event)
+    {
+        TakeRoot(event);
+        m_ranges.push_back(
+            {event.begin, event.begin, m_documentType + StartOfNamespaces(), EndOfNamespaces()});
     }
 
     bool HasNamespaces() const
@@ -105,11 +116,9 @@ private:
         return HasNamespaces() ? text : QString();
     }
 
-    const SourceMap& m_places;
-    QXmlStreamReader m_reader;
+    XmlInspector m_inspector;
     QString m_rootName;
     QString m_documentType;
-    int m_inReport = 0; ///< elements that are open in a report, with its own
     std::vector<QXmlStreamNamespaceDeclarations> m_namespaces;
     std::vector<Range> m_ranges;
 };
@@ -127,9 +136,7 @@ QByteArray Encoded(const QString& text)
 
 FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
 {
-    SourceMap places;
-    places.TakeText(bytes);
-    return places.PlaceOf(position);
+    return SourceText(bytes).PlaceOf(position);
 }
 
 bool IsAround(const Problem& loss)
@@ -160,19 +167,17 @@ ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
 {
     if (Recognise(bytes).form != Form::Xml)
         return;
-    SourceMap places;
-    places.TakeText(bytes);
-    ReportRanges ranges(bytes, places);
+    const SourceText source(bytes);
+    ReportRanges ranges(bytes, source);
     const std::vector<ReportRanges::Range> found = ranges.Find();
     m_rootName = ranges.RootName();
     if (found.size() < 2)
         return;
-    const QString text = DecodeXml(bytes);
     for (const ReportRanges::Range& range : found) {
         const auto size = static_cast<int>(range.end - range.begin);
         const QByteArray part =
-            Encoded(range.before + text.mid(static_cast<int>(range.begin), size) + range.behind);
-        m_parts.push_back({part, PlaceIn(part, range.before.size()), places.PlaceOf(range.begin)});
+            Encoded(range.before + source.Text().mid(static_cast<int>(range.begin), size) + range.behind);
+        m_parts.push_back({part, PlaceIn(part, range.before.size()), source.PlaceOf(range.begin)});
     }
 }
 

@@ -1,8 +1,8 @@
 #include <reportcore/reportwriting.h>
 
 #include <reportcore/files.h>
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/walk.h>
 
 #include <reportgenerator/reflection/names.h>
 #include <reportgenerator/reflection/reportfields.h>
@@ -107,7 +107,7 @@ QString FindExcess(const QByteArray& bytes)
     qint64 size = bytes.size();
     const FileForm form = Recognise(bytes);
     if (form.form == Form::Compressed) {
-        const ByteRange data = CompressedData(bytes, form.isBinaryFile);
+        const FileRange data = CompressedData(bytes, form.isBinaryFile);
         if (data.Has(wire::WORD_SIZE))
             size = std::max<qint64>(size, data.Word());
     }

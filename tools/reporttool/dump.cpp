@@ -2,7 +2,7 @@
 
 #include <reporttool/textoutput.h>
 
-#include <reportcore/walk.h>
+#include <reportcore/inspect/binaryinspector.h>
 
 #include <reportgenerator/reflection/texts.h>
 
@@ -10,11 +10,11 @@
 
 namespace ReportTool {
 
-using ReportCore::ByteRange;
+using ReportCore::BinaryInspector;
 using ReportCore::Describe;
+using ReportCore::FileRange;
 using ReportCore::Kind;
 using ReportCore::Printable;
-using ReportCore::Walk;
 using ReportCore::WireField;
 
 namespace {
@@ -58,13 +58,13 @@ bool IsText(const WireField& field)
     return field.kind == Kind::Utf8 || field.kind == Kind::Utf16;
 }
 
-bool ContinuesCharacter(const ByteRange& bytes, qint64 index)
+bool ContinuesCharacter(const FileRange& bytes, qint64 index)
 {
     return (bytes.At(index) & UTF8_CONTINUATION_MASK) == UTF8_CONTINUATION;
 }
 
 /// How many bytes go on a line; a character is not torn apart unless it is broken anyway.
-qint64 LineSize(const WireField& field, const ByteRange& rest)
+qint64 LineSize(const WireField& field, const FileRange& rest)
 {
     if (!rest.Has(BYTES_PER_LINE + 1))
         return rest.Size();
@@ -74,7 +74,7 @@ qint64 LineSize(const WireField& field, const ByteRange& rest)
     return size > 0 ? size : BYTES_PER_LINE;
 }
 
-QString Meaning(const WireField& field, const ByteRange& line, bool isFirst)
+QString Meaning(const WireField& field, const FileRange& line, bool isFirst)
 {
     const QString kind = isFirst ? KindText(field.kind) + QLatin1String(field.IsFaulty() ? "!: " : ": ")
                                  : QStringLiteral("... ");
@@ -85,7 +85,7 @@ QString Meaning(const WireField& field, const ByteRange& line, bool isFirst)
     return isFirst ? kind + Printable(Describe(field)) : QStringLiteral("...");
 }
 
-QString Line(const ByteRange& bytes, int depth, const QString& meaning)
+QString Line(const FileRange& bytes, int depth, const QString& meaning)
 {
     const QString hex = QString::fromLatin1(bytes.Bytes().toHex(' '));
     return QStringLiteral("%1  %2  ")
@@ -96,10 +96,10 @@ QString Line(const ByteRange& bytes, int depth, const QString& meaning)
 
 void WriteField(const WireField& field, TextOutput& output)
 {
-    ByteRange rest = field.bytes;
+    FileRange rest = field.bytes;
     bool isFirst = true;
     do {
-        const ByteRange line = rest.Take(LineSize(field, rest));
+        const FileRange line = rest.Take(LineSize(field, rest));
         output.Line(Line(line, field.depth, Meaning(field, line, isFirst)));
         isFirst = false;
     } while (!rest.IsEmpty());
@@ -109,16 +109,17 @@ void WriteField(const WireField& field, TextOutput& output)
 
 void Dump(const QByteArray& bytes, bool isBinaryFile, TextOutput& output)
 {
-    Walk walk(bytes, isBinaryFile, [&output](const WireField& field) { WriteField(field, output); });
-    walk.Frame();
-    if (!walk.IsCompressed()) {
-        walk.Body();
-        walk.End();
+    BinaryInspector inspector(bytes, isBinaryFile,
+                              [&output](const WireField& field) { WriteField(field, output); });
+    inspector.Envelope();
+    if (!inspector.IsCompressed()) {
+        inspector.Body();
+        inspector.End();
         return;
     }
-    walk.End();
+    inspector.End();
     output.Line(QStringLiteral("# uncompressed"));
-    walk.Body();
+    inspector.Body();
 }
 
 } // namespace ReportTool

@@ -2,11 +2,11 @@
 
 #include <reportviewer/losing.h>
 
+#include <reportcore/inspect/binaryinspector.h>
+#include <reportcore/inspect/xmlinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportwriting.h>
-#include <reportcore/walk.h>
-#include <reportcore/xmlwalk.h>
 
 #include <algorithm>
 
@@ -43,38 +43,42 @@ private:
     int m_pieces = 0;
 };
 
+/// Whether an event is about what no field holds, or about a part of what comes up whole.
+bool IsBesideFields(ReportCore::XmlEvent::Kind kind)
+{
+    using Kind = ReportCore::XmlEvent::Kind;
+    return kind == Kind::UnknownAttribute || kind == Kind::UnknownTag || kind == Kind::UnknownEnd ||
+           kind == Kind::Characters || kind == Kind::Entity;
+}
+
 void MapText(Contents& contents, const ReadingSteps& steps)
 {
     contents.text = ReportCore::DecodeXml(contents.bytes);
     contents.rows = TextRows(contents.text);
     MappingSteps reached(steps, contents.text.size());
-    ReportCore::XmlWalk walk(contents.bytes, contents.text, [&](const ReportCore::XmlPiece& piece) {
-        reached.Reach(piece.end);
-        if (piece.kind != ReportCore::XmlPiece::Kind::Unknown)
-            contents.fields.Take(piece.path, {piece.begin, piece.end});
-    });
-    walk.Run();
+    ReportCore::XmlInspector(contents.bytes, contents.text, [&](const ReportCore::XmlEvent& event) {
+        reached.Reach(event.end);
+        if (event.element && !IsBesideFields(event.kind))
+            contents.fields.Take(*event.path, {event.begin, event.end});
+    }).Run();
 }
 
 void MapBytes(Contents& contents, const ReadingSteps& steps)
 {
-    bool isInBody = false;
     MappingSteps reached(steps, contents.bytes.size());
-    ReportCore::Walk walk(contents.bytes, contents.file.form.isBinaryFile,
-                          [&](const ReportCore::WireField& field) {
-                              const qint64 begin = field.bytes.Offset();
-                              reached.Reach(begin);
-                              if (isInBody && !field.bytes.IsEmpty())
-                                  contents.fields.Take(*field.path, {begin, begin + field.bytes.Size()});
-                          });
-    walk.Frame();
-    isInBody = true;
-    if (walk.IsCompressed()) {
-        const QByteArray body = walk.BodyBytes();
+    ReportCore::BinaryInspector inspector(contents.bytes, contents.file.form.isBinaryFile,
+                                          [&](const ReportCore::WireField& field) {
+                                              reached.Reach(field.begin);
+                                              if (inspector.IsInBody() && !field.bytes.IsEmpty())
+                                                  contents.fields.Take(*field.path, {field.begin, field.end});
+                                          });
+    inspector.Envelope();
+    if (inspector.IsCompressed()) {
+        const QByteArray body = inspector.BodyBytes();
         contents.unpacked = QByteArray(body.constData(), body.size());
         reached = MappingSteps(steps, body.size());
     }
-    walk.Body();
+    inspector.Body();
 }
 
 void MarkProblems(Contents& contents)

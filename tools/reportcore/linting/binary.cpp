@@ -1,6 +1,6 @@
 #include <reportcore/linting/linting.h>
 
-#include <reportcore/walk.h>
+#include <reportcore/inspect/binaryinspector.h>
 
 #include <reportgenerator/reportbase/irgobject.h>
 
@@ -17,33 +17,28 @@ class BinaryLint
 {
 public:
     BinaryLint(const QByteArray& bytes, bool isBinaryFile)
-        : m_walk(bytes, isBinaryFile, [this](const WireField& field) { Take(field); })
+        : m_inspector(bytes, isBinaryFile, [this](const WireField& field) { Take(field); })
     {
     }
 
     Problems Find()
     {
-        m_walk.Frame();
-        m_isInBody = true;
-        m_walk.Body();
+        m_inspector.Envelope();
+        m_inspector.Body();
         return std::move(m_problems);
     }
 
 private:
     void Take(const WireField& field)
     {
-        if (!m_isInBody || !field.path || field.path->IsEmpty() || field.IsFaulty())
+        if (!m_inspector.IsInBody() || !field.IsOfValue() || field.IsFaulty())
             return;
-        const Field& last = *field.path->Last().field;
-        const FilePlace place = {0, 0, field.bytes.Offset(), m_walk.IsCompressed()};
-        if (field.kind == Kind::Tag && !last.HasObjects())
+        const FilePlace place = m_inspector.PlaceOf(field.begin);
+        if (field.kind == Kind::Tag)
             TakeElement(*field.path, place);
         const bool isText = field.kind == Kind::Utf8 || field.kind == Kind::Utf16;
-        if (!isText || last.Kind() != FieldKind::Number)
-            return;
-        const QString text = field.kind == Kind::Utf8 ? field.bytes.Utf8() : field.bytes.Utf16();
-        if (!IsFiniteNumber(text))
-            m_problems.push_back(NoNumber(place, *field.path, text));
+        if (isText && field.path->Last().field->Kind() == FieldKind::Number && !IsFiniteNumber(field.value))
+            m_problems.push_back(NoNumber(place, *field.path, field.value));
     }
 
     void TakeElement(const FieldPath& path, const FilePlace& place)
@@ -54,22 +49,21 @@ private:
                                   place, path.Text()});
     }
 
-    Walk m_walk;
-    bool m_isInBody = false;
+    BinaryInspector m_inspector;
     std::unordered_set<FieldPath, FieldPathHash> m_seen;
     Problems m_problems;
 };
 
 /// Whether the data hold all that they are to hold without their last bytes.
-bool AreWholeWithout(qint64 count, const ByteRange& data)
+bool AreWholeWithout(qint64 count, const FileRange& data)
 {
-    ByteRange rest = data;
+    FileRange rest = data;
     return count < data.Size() &&
            !IRGObject::UncompressBinary(rest.Take(data.Size() - count).Bytes()).isEmpty();
 }
 
 /// How many bytes could be left out. There are few, if there are any.
-qint64 CountDataBehind(const ByteRange& data)
+qint64 CountDataBehind(const FileRange& data)
 {
     qint64 fewest = 0;
     qint64 tooMany = 1;
@@ -88,7 +82,7 @@ qint64 CountDataBehind(const ByteRange& data)
 
 Problems FindDataBehind(const QByteArray& bytes, bool isBinaryFile)
 {
-    const ByteRange data = CompressedData(bytes, isBinaryFile);
+    const FileRange data = CompressedData(bytes, isBinaryFile);
     const qint64 count = CountDataBehind(data);
     if (count == 0)
         return {};

@@ -1,8 +1,8 @@
 #include <reportcore/linting/linting.h>
 
 #include <reportcore/areapoints.h>
+#include <reportcore/inspect/sourcemap.h>
 #include <reportcore/ring.h>
-#include <reportcore/sourcemap.h>
 
 #include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reflection/texts.h>

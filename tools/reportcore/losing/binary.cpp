@@ -1,7 +1,7 @@
 #include <reportcore/losing/losing.h>
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/losing/lostvalues.h>
-#include <reportcore/walk.h>
 
 #include <utility>
 
@@ -14,15 +14,14 @@ class BinaryLosses
 public:
     BinaryLosses(const QByteArray& bytes, const ReportFile& file)
         : m_bytes(bytes), m_values(file),
-          m_walk(bytes, file.form.isBinaryFile, [this](const WireField& field) { Take(field); })
+          m_inspector(bytes, file.form.isBinaryFile, [this](const WireField& field) { Take(field); })
     {
     }
 
     Problems Find()
     {
-        m_walk.Frame();
-        m_isInBody = true;
-        m_walk.Body();
+        m_inspector.Envelope();
+        m_inspector.Body();
         const Problems values = m_values.Find(m_bytes);
         m_losses.insert(m_losses.end(), values.begin(), values.end());
         return std::move(m_losses);
@@ -31,33 +30,15 @@ public:
 private:
     void Take(const WireField& field)
     {
-        if (!m_isInBody)
-            return;
-        const FilePlace place = {0, 0, field.bytes.Offset(), m_walk.IsCompressed()};
-        if (field.kind == Kind::Tag) {
-            // The first one is the report's own.
-            if (m_isBehindRoot && IsUnknown(field))
-                m_losses.push_back({QLatin1String(UNKNOWN_ELEMENT),
-                                    QStringLiteral("element with tag %1").arg(TagText(field)), place,
-                                    field.path->Text()});
-            m_isBehindRoot = true;
-        } else if (!field.path->IsEmpty() && !field.path->Last().field->HasObjects()) {
-            TakeValue(field, place);
-        }
-    }
-
-    void TakeValue(const WireField& field, const FilePlace& place)
-    {
-        if (field.kind == Kind::Utf8)
+        const FilePlace place = m_inspector.PlaceOf(field.begin);
+        if (field.role == Event::Role::Unknown)
+            m_losses.push_back({QLatin1String(UNKNOWN_ELEMENT),
+                                QStringLiteral("element with tag %1").arg(TagText(field)), place,
+                                field.path->Text()});
+        else if (field.role == Event::Role::Value && field.kind == Kind::Utf8)
             m_values.TakeUtf8(*field.path, place, field.bytes.Bytes());
-        else if (field.kind == Kind::Bool)
+        else if (field.role == Event::Role::Value && field.kind == Kind::Bool)
             m_values.TakeSwitch(*field.path, place, field.bytes.At(0) != 0);
-    }
-
-    /// The walk calls what it knows by its own name.
-    static bool IsUnknown(const WireField& field)
-    {
-        return field.path->IsEmpty() || field.name != field.path->Last().field->WireLabel();
     }
 
     static QString TagText(const WireField& field)
@@ -69,9 +50,7 @@ private:
 
     const QByteArray& m_bytes;
     LostValues m_values;
-    Walk m_walk;
-    bool m_isInBody = false;
-    bool m_isBehindRoot = false;
+    BinaryInspector m_inspector;
     Problems m_losses;
 };
 

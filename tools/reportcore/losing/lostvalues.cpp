@@ -1,6 +1,6 @@
 #include <reportcore/losing/lostvalues.h>
 
-#include <reportcore/sourcemap.h>
+#include <reportcore/inspect/sourcemap.h>
 
 #include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reflection/texts.h>

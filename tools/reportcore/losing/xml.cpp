@@ -1,16 +1,11 @@
 #include <reportcore/losing/losing.h>
 
-#include <reportcore/form.h>
+#include <reportcore/inspect/sourcetext.h>
+#include <reportcore/inspect/xmlinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/losing/lostvalues.h>
-#include <reportcore/sourcemap.h>
-#include <reportcore/xmlelements.h>
-#include <reportcore/xmlwalk.h>
 
-#include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reflection/texts.h>
-
-#include <QtCore/QXmlStreamReader>
 
 #include <algorithm>
 #include <cstddef>
@@ -20,52 +15,33 @@
 namespace ReportCore {
 
 using REPORTGENERATOR::Place;
+using Kind = XmlEvent::Kind;
 
 namespace {
 
-/// Goes through a document, and keeps what no field of its first report holds.
-class Leftovers
+class XmlLosses
 {
 public:
-    Leftovers(const QByteArray& bytes, const QString& text, const SourceMap& places)
-        : m_text(text), m_places(places), m_reader(ForXmlReader(bytes))
+    XmlLosses(const QByteArray& bytes, const ReportFile& file) : m_bytes(bytes), m_text(bytes), m_values(file)
     {
     }
 
     Problems Find()
     {
-        while (!m_reader.atEnd()) {
-            m_before = m_reader.characterOffset();
-            switch (m_reader.readNext()) {
-            case QXmlStreamReader::StartElement:
-                Start();
-                break;
-            case QXmlStreamReader::EndElement:
-                End();
-                break;
-            case QXmlStreamReader::Characters:
-                TakeText();
-                break;
-            case QXmlStreamReader::EntityReference:
-                TakeEntity();
-                break;
-            default:
-                break;
-            }
-        }
+        XmlInspector(
+            m_bytes, m_text.Text(), [this](const XmlEvent& event) { Take(event); },
+            XmlInspector::Extent::Document)
+            .Run();
         while (!m_around.empty())
             EndAround();
+        m_losses.insert(m_losses.end(), m_returns.begin(), m_returns.end());
+        const Problems values = m_values.Find(m_bytes);
+        m_losses.insert(m_losses.end(), values.begin(), values.end());
         return std::move(m_losses);
     }
 
 private:
-    /// An element of the report.
-    struct Element : XmlElement
-    {
-        bool hasText = false;
-    };
-
-    /// An element outside of it.
+    /// An element around or beside the report.
     struct Surrounding
     {
         QString name;
@@ -73,79 +49,51 @@ private:
         bool holdsReport = false;
     };
 
-    FilePlace PlaceOfTag() const { return m_places.PlaceOf(m_places.StartOfTag(m_reader.characterOffset())); }
-
-    void Lose(const char* name, const QString& text, const FilePlace& place)
+    void Lose(const char* name, const QString& text, const XmlEvent& event)
     {
-        const FieldPath path = m_elements.empty() ? FieldPath() : m_elements.back().path;
-        m_losses.push_back({QLatin1String(name), text, place, path.Text()});
+        m_losses.push_back({QLatin1String(name), text, m_text.PlaceOf(event.begin), event.path->Text()});
     }
 
-    void Start()
+    void Take(const XmlEvent& event)
     {
-        const QString name = m_reader.name().toString();
-        if (m_skipped > 0)
-            ++m_skipped;
-        else if (!m_elements.empty())
-            StartWithin(name);
-        else if (name == ReportInfo().ObjectName())
-            StartReport();
-        else
-            StartAround(name);
+        TakeAround(event);
+        // An unknown element is lost as a whole.
+        if (event.kind == Kind::UnknownTag && m_unknown++ == 0)
+            Lose(UNKNOWN_ELEMENT, QStringLiteral("element '%1'").arg(event.name), event);
+        else if (event.kind == Kind::UnknownEnd)
+            --m_unknown;
+        if (m_unknown == 0 && event.element)
+            TakeWithin(event);
     }
 
-    void StartReport()
+    void TakeAround(const XmlEvent& event)
+    {
+        switch (event.kind) {
+        case Kind::Surrounding:
+            m_around.push_back({event.name, m_losses.size()});
+            Lose(SURROUNDING_ELEMENT, QStringLiteral("element '%1' around the report").arg(event.name),
+                 event);
+            break;
+        case Kind::SurroundingEnd:
+            EndAround();
+            break;
+        case Kind::AnotherReport:
+            MarkAround();
+            Lose(SECOND_REPORT, QStringLiteral("another report"), event);
+            break;
+        case Kind::StartTag:
+            if (event.path->IsEmpty())
+                MarkAround();
+            break;
+        default:
+            break;
+        }
+    }
+
+    void MarkAround()
     {
         for (Surrounding& around : m_around)
             around.holdsReport = true;
-        if (m_hasReport) {
-            Lose(SECOND_REPORT, QStringLiteral("another report"), PlaceOfTag());
-            m_skipped = 1;
-            return;
-        }
-        m_hasReport = true;
-        Push({XmlElements::Report()});
-    }
-
-    void StartAround(const QString& name)
-    {
-        m_around.push_back({name, m_losses.size()});
-        Lose(SURROUNDING_ELEMENT, QStringLiteral("element '%1' around the report").arg(name), PlaceOfTag());
-    }
-
-    void StartWithin(const QString& name)
-    {
-        const Element& parent = m_elements.back();
-        const Element element = parent.object ? Element{m_known.Within(parent, name)} : Element();
-        if (element.object || element.field) {
-            Push(element);
-            return;
-        }
-        Lose(UNKNOWN_ELEMENT, QStringLiteral("element '%1'").arg(name), PlaceOfTag());
-        m_skipped = 1;
-    }
-
-    void Push(const Element& element)
-    {
-        m_elements.push_back(element);
-        const QXmlStreamAttributes attributes = m_reader.attributes();
-        if (element.object)
-            m_known.TakeVersion(element, attributes);
-        for (const QXmlStreamAttribute& attribute : attributes) {
-            const QString name = attribute.name().toString();
-            if (!element.object || !element.object->FindElement(name, Place::Attribute))
-                Lose(UNKNOWN_ATTRIBUTE, QStringLiteral("attribute '%1'").arg(name), PlaceOfTag());
-        }
-    }
-
-    void End()
-    {
-        if (m_skipped > 0)
-            --m_skipped;
-        else if (!m_elements.empty())
-            m_elements.pop_back();
-        else
-            EndAround();
     }
 
     /// What is beside the report is lost as a whole.
@@ -159,30 +107,49 @@ private:
         m_losses.back().text = QStringLiteral("element '%1'").arg(around.name);
     }
 
-    /// Of several pieces of a text only the last one is read.
-    void TakeText()
+    void TakeWithin(const XmlEvent& event)
     {
-        if (m_skipped > 0 || m_elements.empty())
+        switch (event.kind) {
+        case Kind::StartTag:
+            m_hasText.push_back(false);
+            break;
+        case Kind::EndTag:
+            m_hasText.pop_back();
+            break;
+        case Kind::UnknownAttribute:
+            Lose(UNKNOWN_ATTRIBUTE, QStringLiteral("attribute '%1'").arg(event.name), event);
+            break;
+        case Kind::Characters:
+            TakeCharacters(event);
+            break;
+        case Kind::Entity:
+            Lose(UNRESOLVED_ENTITY, QStringLiteral("entity '&%1;'").arg(event.name), event);
+            break;
+        default:
+            break;
+        }
+        if (event.role == Event::Role::Value)
+            TakeValue(event);
+    }
+
+    /// Of several pieces of a text only the last one is read.
+    void TakeCharacters(const XmlEvent& event)
+    {
+        const bool hadText = m_hasText.back();
+        if (event.isBlank && !hadText)
             return;
-        const bool hadText = m_elements.back().hasText;
-        if (m_reader.isWhitespace() && !hadText)
-            return;
-        if (hadText || !HoldsText(m_elements.back()))
+        XmlEvent text = event;
+        while (text.begin < m_text.Text().size() && m_text.Text().at(static_cast<int>(text.begin)).isSpace())
+            ++text.begin;
+        if (hadText || !HoldsText(*event.element))
             Lose(UNKNOWN_TEXT,
                  hadText ? QStringLiteral("a piece of a text that something divides")
-                         : QStringLiteral("text ") + Quoted(m_reader.text().toString().trimmed()),
-                 m_places.PlaceOf(BehindBlanks(m_before)));
-        m_elements.back().hasText = true;
+                         : QStringLiteral("text ") + Quoted(event.value.trimmed()),
+                 text);
+        m_hasText.back() = true;
     }
 
-    qint64 BehindBlanks(qint64 position) const
-    {
-        while (position < m_text.size() && m_text.at(static_cast<int>(position)).isSpace())
-            ++position;
-        return position;
-    }
-
-    static bool HoldsText(const Element& element)
+    static bool HoldsText(const XmlElement& element)
     {
         if (!element.object)
             return true;
@@ -192,85 +159,39 @@ private:
         });
     }
 
-    void TakeEntity()
+    void TakeValue(const XmlEvent& event)
     {
-        if (m_skipped > 0 || m_elements.empty())
-            return;
-        const QString name = m_reader.name().toString();
-        Lose(UNRESOLVED_ENTITY, QStringLiteral("entity '&%1;'").arg(name),
-             m_places.PlaceOf(m_reader.characterOffset() - name.size() - 2));
-    }
-
-    const QString& m_text;
-    const SourceMap& m_places;
-    QXmlStreamReader m_reader;
-    qint64 m_before = 0; ///< where the token begins that the reader stands behind
-    XmlElements m_known;
-    std::vector<Surrounding> m_around;
-    std::vector<Element> m_elements;
-    int m_skipped = 0; ///< elements that are open in one that is lost, with that one
-    bool m_hasReport = false;
-    Problems m_losses;
-};
-
-/// The values of the first report.
-class Values
-{
-public:
-    Values(const QByteArray& bytes, const QString& text, const SourceMap& places, const ReportFile& file)
-        : m_text(text), m_places(places), m_values(file),
-          m_walk(bytes, text, [this](const XmlPiece& piece) { Take(piece); })
-    {
-    }
-
-    Problems Find(const QByteArray& bytes)
-    {
-        m_walk.Run();
-        const Problems values = m_values.Find(bytes);
-        m_losses.insert(m_losses.end(), values.begin(), values.end());
-        return std::move(m_losses);
-    }
-
-private:
-    void Take(const XmlPiece& piece)
-    {
-        const bool isElement = piece.kind == XmlPiece::Kind::EndTag && !piece.isObject;
-        const bool isAttribute = piece.kind == XmlPiece::Kind::Attribute;
-        if (!isElement && !isAttribute && piece.kind != XmlPiece::Kind::Text)
-            return;
-        const FilePlace place = m_places.PlaceOf(piece.valueBegin);
-        m_values.TakeText(piece.path, place, piece.value);
-        const qint64 end = isAttribute ? piece.end : piece.begin;
-        if (piece.path.Last().field->Kind() == FieldKind::Text && HasCarriageReturn(piece.valueBegin, end))
-            m_losses.push_back({QLatin1String(CARRIAGE_RETURNS),
-                                QStringLiteral("carriage returns in ") + piece.path.Text(), place,
-                                piece.path.Text()});
+        const FilePlace place = m_text.PlaceOf(event.place);
+        m_values.TakeText(*event.path, place, event.value);
+        const qint64 end = event.kind == Kind::EndTag ? event.begin : event.end;
+        if (event.path->Last().field->Kind() == FieldKind::Text && HasCarriageReturn(event.place, end))
+            m_returns.push_back({QLatin1String(CARRIAGE_RETURNS),
+                                 QStringLiteral("carriage returns in ") + event.path->Text(), place,
+                                 event.path->Text()});
     }
 
     bool HasCarriageReturn(qint64 begin, qint64 end) const
     {
-        return std::find(m_text.cbegin() + begin, m_text.cbegin() + end, QLatin1Char('\r')) !=
-               m_text.cbegin() + end;
+        const QString& text = m_text.Text();
+        return std::find(text.cbegin() + begin, text.cbegin() + end, QLatin1Char('\r')) !=
+               text.cbegin() + end;
     }
 
-    const QString& m_text;
-    const SourceMap& m_places;
+    const QByteArray& m_bytes;
+    SourceText m_text;
     LostValues m_values;
-    XmlWalk m_walk;
+    std::vector<Surrounding> m_around;
+    std::vector<bool> m_hasText; ///< of each element of the report that is open
+    int m_unknown = 0;           ///< unknown elements that are open
     Problems m_losses;
+    Problems m_returns;
 };
 
 } // namespace
 
 Problems FindXmlLosses(const QByteArray& bytes, const ReportFile& file)
 {
-    const QString text = DecodeXml(bytes);
-    SourceMap places;
-    places.TakeText(bytes);
-    Problems losses = Leftovers(bytes, text, places).Find();
-    const Problems values = Values(bytes, text, places, file).Find(bytes);
-    losses.insert(losses.end(), values.begin(), values.end());
-    return losses;
+    return XmlLosses(bytes, file).Find();
 }
 
 } // namespace ReportCore

@@ -1,12 +1,12 @@
 #include <reportcore/reading/reading.h>
 
-#include <reportcore/byterange.h>
 #include <reportcore/files.h>
+#include <reportcore/inspect/binaryinspector.h>
+#include <reportcore/inspect/filerange.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/diagnostics.h>
 #include <reportcore/reading/faultlist.h>
 #include <reportcore/reportfile.h>
-#include <reportcore/walk.h>
 
 #include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/envelope/wholereading.h>
@@ -62,7 +62,7 @@ void ReadBody(ReportBase& report, QIODevice& body)
 }
 
 /// A text of the frame, if it is that one.
-bool TakeName(ByteRange& range, const REPORTGENERATOR::Name& name)
+bool TakeName(FileRange& range, const REPORTGENERATOR::Name& name)
 {
     if (!range.Has(wire::WORD_SIZE))
         return false;
@@ -71,13 +71,13 @@ bool TakeName(ByteRange& range, const REPORTGENERATOR::Name& name)
 }
 
 /// The rest, if a number in front says how many bytes it has.
-bool TakeSizeOfRest(ByteRange& range)
+bool TakeSizeOfRest(FileRange& range)
 {
     return range.Has(wire::WORD_SIZE) && qint64(range.TakeWord()) == range.Size();
 }
 
 /// What compressed data hold; null when they are not what they claim to be, or are too large to be tried.
-QByteArray Uncompressed(ByteRange data)
+QByteArray Uncompressed(FileRange data)
 {
     const QByteArray prefixed = data.Bytes();
     if (!data.Has(wire::WORD_SIZE))
@@ -92,7 +92,7 @@ QByteArray Uncompressed(ByteRange data)
 /// Root tag, root length and elements of a report; null when there is anything odd about what is around them.
 QByteArray RootElement(const QByteArray& bytes, const FileForm& form)
 {
-    ByteRange range(bytes);
+    FileRange range(bytes);
     if (form.isBinaryFile && !TakeSizeOfRest(range))
         return QByteArray();
     const bool isCompressed = form.form == Form::Compressed;
@@ -160,11 +160,11 @@ bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file)
 void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file)
 {
     FaultList faults;
-    Walk walk(bytes, file.form.isBinaryFile, faults.Visitor());
-    walk.Frame();
+    BinaryInspector inspector(bytes, file.form.isBinaryFile, faults.Visitor());
+    inspector.Envelope();
     const FilePlace placeOfName = faults.PlaceOfName();
-    walk.End();
-    file.objectName = walk.ObjectName();
+    inspector.End();
+    file.objectName = inspector.ObjectName();
     const bool isReport = file.objectName == ReportBase::GetStaticObjectName();
     // A name that is cut off has been told already.
     if (!isReport && !faults.HasFault())
@@ -174,13 +174,13 @@ void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file)
     file.problems.insert(file.problems.end(), faults.Found().begin(), faults.Found().end());
     if (!isReport)
         return;
-    if (walk.IsCompressed())
+    if (inspector.IsCompressed())
         faults.BeginUncompressed();
-    walk.Body();
+    inspector.Body();
     const Problems ofBody(faults.Found().begin() + behindFrame, faults.Found().end());
     // The library counts lengths only as far as it needs them; other readers may go by them. Where it breaks off, the
     // claim that doesn't come out is the reason.
-    const bool isRead = ReadBodyDiagnosing(bytes, walk.BodyBytes(), FirstFault(faults.Found()), file);
+    const bool isRead = ReadBodyDiagnosing(bytes, inspector.BodyBytes(), FirstFault(faults.Found()), file);
     std::copy_if(
         ofBody.begin(), ofBody.end(), std::back_inserter(file.problems),
         [isRead](const Problem& fault) { return isRead || fault.name == QLatin1String(LENGTH_MISMATCH); });

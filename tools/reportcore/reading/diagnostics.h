@@ -1,9 +1,9 @@
 #ifndef REPORTCORE_READING_DIAGNOSTICS_H
 #define REPORTCORE_READING_DIAGNOSTICS_H
 
+#include <reportcore/inspect/sourcemap.h>
 #include <reportcore/problem.h>
 #include <reportcore/problemlogger.h>
-#include <reportcore/sourcemap.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>

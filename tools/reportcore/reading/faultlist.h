@@ -1,8 +1,8 @@
 #ifndef REPORTCORE_READING_FAULTLIST_H
 #define REPORTCORE_READING_FAULTLIST_H
 
+#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/problem.h>
-#include <reportcore/walk.h>
 
 namespace ReportCore {
 
@@ -10,7 +10,7 @@ namespace ReportCore {
 class FaultList
 {
 public:
-    Walk::Visitor Visitor()
+    BinaryInspector::Visitor Visitor()
     {
         return [this](const WireField& field) {
             if (field.kind == Kind::Utf16 && field.path->IsEmpty())

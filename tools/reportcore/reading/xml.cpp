@@ -109,10 +109,10 @@ void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file)
     diagnostics.Places().SearchXml(bytes);
     file.problems = diagnostics.Tell();
     if (!reading.hasReport && read.empty()) {
-        file.problems.push_back({QLatin1String(NO_REPORT),
-                                 QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
-                                 diagnostics.Places().PlaceOf(diagnostics.Places().StartOfTag(reading.root)),
-                                 QString(), file.objectName});
+        file.problems.push_back(
+            {QLatin1String(NO_REPORT), QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
+             diagnostics.Places().PlaceOf(sourcetext::StartOfTag(diagnostics.Places().Text(), reading.root)),
+             QString(), file.objectName});
     }
     if (!reading.trailing.isNull())
         file.problems.push_back({QLatin1String(TRAILING_DATA), reading.trailing,

@@ -1,4 +1,4 @@
-#include <reportcore/walk.h>
+#include <reportcore/inspect/binaryinspector.h>
 
 #include <reportgenerator/reportbase/codec/wireformat.h>
 

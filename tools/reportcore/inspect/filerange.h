@@ -1,5 +1,5 @@
-#ifndef REPORTCORE_BYTERANGE_H
-#define REPORTCORE_BYTERANGE_H
+#ifndef REPORTCORE_INSPECT_FILERANGE_H
+#define REPORTCORE_INSPECT_FILERANGE_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -9,11 +9,11 @@ namespace ReportCore {
 
 /// A part of a byte array that is taken from its front. It never gives more than it has, whatever a number in
 /// the data claims. The array must outlive it.
-class ByteRange
+class FileRange
 {
 public:
-    ByteRange() = default;
-    explicit ByteRange(const QByteArray& bytes);
+    FileRange() = default;
+    explicit FileRange(const QByteArray& bytes);
 
     /// Of the first byte, counted from the start of the array.
     qint64 Offset() const { return m_begin; }
@@ -24,9 +24,9 @@ public:
     bool Has(qint64 count) const { return count >= 0 && count <= Size(); }
 
     /// Cuts off and returns the first `count` bytes, or all that there are, if there are fewer.
-    ByteRange Take(qint64 count)
+    FileRange Take(qint64 count)
     {
-        ByteRange taken = *this;
+        FileRange taken = *this;
         if (Has(count))
             taken.m_end = m_begin + count;
         m_begin = taken.m_end;

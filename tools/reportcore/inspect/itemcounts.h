@@ -1,5 +1,5 @@
-#ifndef REPORTCORE_ITEMCOUNTS_H
-#define REPORTCORE_ITEMCOUNTS_H
+#ifndef REPORTCORE_INSPECT_ITEMCOUNTS_H
+#define REPORTCORE_INSPECT_ITEMCOUNTS_H
 
 #include <reportgenerator/reflection/fieldpath.h>
 

@@ -1,7 +1,7 @@
-#ifndef REPORTCORE_XMLELEMENTS_H
-#define REPORTCORE_XMLELEMENTS_H
+#ifndef REPORTCORE_INSPECT_XMLELEMENTS_H
+#define REPORTCORE_INSPECT_XMLELEMENTS_H
 
-#include <reportcore/itemcounts.h>
+#include <reportcore/inspect/itemcounts.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
 

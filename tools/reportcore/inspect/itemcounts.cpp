@@ -1,4 +1,4 @@
-#include <reportcore/itemcounts.h>
+#include <reportcore/inspect/itemcounts.h>
 
 #include <iterator>
 

@@ -1,4 +1,4 @@
-#include <reportcore/xmlelements.h>
+#include <reportcore/inspect/xmlelements.h>
 
 #include <reportgenerator/reflection/reportfields.h>
 

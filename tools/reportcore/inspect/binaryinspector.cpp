@@ -1,4 +1,4 @@
-#include <reportcore/walk.h>
+#include <reportcore/inspect/binaryinspector.h>
 
 #include <reportcore/files.h>
 
@@ -29,9 +29,40 @@ qint64 Claimed(Kind kind, quint32 word)
 }
 
 /// What stands behind a size, or what there is of it.
-ByteRange TakeCounted(ByteRange& range)
+FileRange TakeCounted(FileRange& range)
 {
-    return range.Has(wire::WORD_SIZE) ? range.Take(range.TakeWord()) : ByteRange();
+    return range.Has(wire::WORD_SIZE) ? range.Take(range.TakeWord()) : FileRange();
+}
+
+WireField FieldOf(Kind kind, const FileRange& bytes, int depth, const QString& name)
+{
+    WireField field;
+    field.kind = kind;
+    field.bytes = bytes;
+    field.depth = depth;
+    field.name = name;
+    return field;
+}
+
+/// Whether a value stands there, or the size of one that may be empty.
+bool HoldsValue(Kind kind)
+{
+    return kind == Kind::SizeOfUtf8 || kind == Kind::SizeOfUtf16 || kind == Kind::Utf8 ||
+           kind == Kind::Utf16 || kind == Kind::Bool;
+}
+
+QString ValueOf(const WireField& field)
+{
+    switch (field.kind) {
+    case Kind::Utf8:
+        return field.bytes.Utf8();
+    case Kind::Utf16:
+        return field.bytes.Utf16();
+    case Kind::Bool:
+        return Describe(field);
+    default:
+        return QLatin1String("");
+    }
 }
 
 QString ClaimedAndLeft(qint64 claimed, qint64 left)
@@ -41,9 +72,9 @@ QString ClaimedAndLeft(qint64 claimed, qint64 left)
 
 } // namespace
 
-ByteRange CompressedData(const QByteArray& bytes, bool isBinaryFile)
+FileRange CompressedData(const QByteArray& bytes, bool isBinaryFile)
 {
-    ByteRange range(bytes);
+    FileRange range(bytes);
     if (isBinaryFile)
         range = TakeCounted(range);
     TakeCounted(range); // marker
@@ -51,18 +82,18 @@ ByteRange CompressedData(const QByteArray& bytes, bool isBinaryFile)
     return TakeCounted(range);
 }
 
-Walk::Walk(const QByteArray& bytes, bool isBinaryFile, Visitor visit)
+BinaryInspector::BinaryInspector(const QByteArray& bytes, bool isBinaryFile, Visitor visit)
     : m_visit(std::move(visit)), m_all(bytes), m_isBinaryFile(isBinaryFile)
 {
 }
 
-void Walk::Frame()
+void BinaryInspector::Envelope()
 {
-    ByteRange range = m_all;
+    FileRange range = m_all;
     if (m_isBinaryFile) {
         const auto content = Counted(range, Kind::SizeOfBytes, m_depth, QStringLiteral("representation"));
         m_behindRepresentation = range;
-        range = content.value_or(ByteRange());
+        range = content.value_or(FileRange());
         ++m_depth;
     }
     m_representation = range;
@@ -79,13 +110,14 @@ void Walk::Frame()
         Uncompress(*data, m_depth + 1);
 }
 
-void Walk::Body()
+void BinaryInspector::Body()
 {
-    // That there is nothing to walk has been told already.
+    m_isInBody = true;
+    // That there is nothing to inspect has been told already.
     if (m_isCompressed && m_body.IsEmpty())
         return;
     const int depth = m_isCompressed ? 0 : m_depth;
-    ByteRange range = m_body;
+    FileRange range = m_body;
     if (!range.Has(wire::WORD_SIZE)) {
         Fault(range, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for a root element"));
         return;
@@ -97,7 +129,7 @@ void Walk::Body()
     Behind(range, depth);
 }
 
-void Walk::End()
+void BinaryInspector::End()
 {
     Behind(m_behindData, m_depth);
     Behind(m_behindRepresentation, 0);
@@ -105,18 +137,19 @@ void Walk::End()
 
 /// Visits a length or size, and cuts off what it counts, or what there is when it claims more. Nothing if
 /// there is not even the number.
-std::optional<ByteRange> Walk::Counted(ByteRange& range, Kind kind, int depth, const QString& name,
-                                       qint64 number)
+std::optional<FileRange> BinaryInspector::Counted(FileRange& range, Kind kind, int depth, const QString& name,
+                                                  qint64 number)
 {
     if (!range.Has(wire::WORD_SIZE)) {
         Fault(range.Take(range.Size()), depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for the size of %1").arg(name));
         return std::nullopt;
     }
-    const ByteRange word = range.Take(wire::WORD_SIZE);
+    const FileRange word = range.Take(wire::WORD_SIZE);
     const qint64 count = Claimed(kind, word.Word());
     const bool isSound = range.Has(count);
-    WireField field{kind, word, depth, name, number};
+    WireField field = FieldOf(kind, word, depth, name);
+    field.number = number;
     if (!isSound) {
         field.fault = LENGTH_MISMATCH;
         field.faultText = ClaimedAndLeft(count, range.Size());
@@ -126,25 +159,25 @@ std::optional<ByteRange> Walk::Counted(ByteRange& range, Kind kind, int depth, c
 }
 
 /// A text with its size in front. Returns the text.
-ByteRange Walk::Text(ByteRange& range, Kind sizeKind, const QString& name, int depth)
+FileRange BinaryInspector::Text(FileRange& range, Kind sizeKind, const QString& name, int depth)
 {
     const auto text = Counted(range, sizeKind, depth, name);
     if (!text)
-        return ByteRange();
+        return FileRange();
     if (!text->IsEmpty())
         Visit(sizeKind == Kind::SizeOfUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
     return *text;
 }
 
-void Walk::Uncompress(ByteRange data, int depth)
+void BinaryInspector::Uncompress(FileRange data, int depth)
 {
     const QByteArray prefixed = data.Bytes();
     if (!data.Has(wire::WORD_SIZE)) {
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("too few bytes for compressed data"));
         return;
     }
-    WireField prefix{Kind::Prefix, data.Take(wire::WORD_SIZE), depth,
-                     QStringLiteral("bytes when uncompressed")};
+    WireField prefix =
+        FieldOf(Kind::Prefix, data.Take(wire::WORD_SIZE), depth, QStringLiteral("bytes when uncompressed"));
     const qint64 claimed = prefix.bytes.Word();
     if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION) {
         Visit(prefix);
@@ -152,7 +185,7 @@ void Walk::Uncompress(ByteRange data, int depth)
         return;
     }
     m_uncompressed = REPORTGENERATOR::IRGObject::UncompressBinary(prefixed);
-    m_body = ByteRange(m_uncompressed);
+    m_body = FileRange(m_uncompressed);
     if (m_body.IsEmpty()) {
         Visit(prefix);
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("compressed data that cannot be uncompressed"));
@@ -166,25 +199,27 @@ void Walk::Uncompress(ByteRange data, int depth)
     Visit(Kind::Other, data, depth, QStringLiteral("zlib data"));
 }
 
-void Walk::Elements(ByteRange range, const ObjectInfo* object, int depth)
+void BinaryInspector::Elements(FileRange range, const ObjectInfo* object, int depth)
 {
     while (!range.IsEmpty())
         Element(range, object, depth);
 }
 
-void Walk::Element(ByteRange& range, const ObjectInfo* object, int depth)
+void BinaryInspector::Element(FileRange& range, const ObjectInfo* object, int depth)
 {
     if (!range.Has(wire::WORD_SIZE)) {
         Fault(range.Take(range.Size()), depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for an element"));
         return;
     }
-    const ByteRange tag = range.Take(wire::WORD_SIZE);
+    const FileRange tag = range.Take(wire::WORD_SIZE);
     const Field* const type = object ? object->FindTag(static_cast<qint32>(tag.Word())) : nullptr;
     const QString& name = type ? type->WireLabel() : UnknownElement();
     if (type)
         m_path.Enter(*type);
+    m_isUnknown = !type;
     Visit(Kind::Tag, tag, depth, name);
+    m_isUnknown = false;
     if (const auto payload = Counted(range, Kind::Length, depth, name)) {
         if (type)
             Payload(*payload, *type, depth + 1);
@@ -195,7 +230,7 @@ void Walk::Element(ByteRange& range, const ObjectInfo* object, int depth)
         m_path.Leave();
 }
 
-void Walk::Payload(ByteRange payload, const Field& type, int depth)
+void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
 {
     switch (type.Kind()) {
     case FieldKind::Object:
@@ -216,7 +251,7 @@ void Walk::Payload(ByteRange payload, const Field& type, int depth)
 }
 
 /// A number travels as its text.
-void Walk::Value(ByteRange& payload, const Field& type, int depth)
+void BinaryInspector::Value(FileRange& payload, const Field& type, int depth)
 {
     if (type.Kind() == FieldKind::Switch)
         Bool(payload, type, depth);
@@ -227,7 +262,7 @@ void Walk::Value(ByteRange& payload, const Field& type, int depth)
         Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);
 }
 
-void Walk::Bool(ByteRange& payload, const Field& type, int depth)
+void BinaryInspector::Bool(FileRange& payload, const Field& type, int depth)
 {
     if (payload.IsEmpty())
         Fault(payload, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for %1").arg(type.WireLabel()));
@@ -235,14 +270,14 @@ void Walk::Bool(ByteRange& payload, const Field& type, int depth)
         Visit(Kind::Bool, payload.Take(1), depth, type.WireLabel());
 }
 
-void Walk::Items(ByteRange& payload, const Field& list, int depth)
+void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
 {
     if (!payload.Has(wire::WORD_SIZE)) {
         Fault(payload.Take(payload.Size()), depth, LENGTH_MISMATCH,
               QStringLiteral("too few bytes for a count"));
         return;
     }
-    const ByteRange word = payload.Take(wire::WORD_SIZE);
+    const FileRange word = payload.Take(wire::WORD_SIZE);
     Visit(Kind::Count, word, depth, list.WireLabel() + QStringLiteral(" that follow"));
     const qint64 count = static_cast<qint32>(word.Word());
     const FieldPath whole = m_path;
@@ -261,29 +296,50 @@ void Walk::Items(ByteRange& payload, const Field& list, int depth)
               QStringLiteral("%1 %2 claimed, %3 there").arg(count).arg(list.WireLabel()).arg(number));
 }
 
-void Walk::Visit(Kind kind, const ByteRange& bytes, int depth, const QString& name)
+void BinaryInspector::Visit(Kind kind, const FileRange& bytes, int depth, const QString& name)
 {
-    Visit(WireField{kind, bytes, depth, name});
+    Visit(FieldOf(kind, bytes, depth, name));
 }
 
-void Walk::Visit(WireField field)
+void BinaryInspector::Visit(WireField field)
 {
     m_hasFault = m_hasFault || field.IsFaulty();
+    field.begin = field.bytes.Offset();
+    field.end = field.begin + field.bytes.Size();
     field.path = &m_path;
+    if (m_isInBody)
+        GiveRole(field);
     m_visit(field);
 }
 
-void Walk::Fault(const ByteRange& bytes, int depth, const char* fault, const QString& text)
+/// An object begins with its tag, an item with its length. A text takes the place of its size, behind which it stands.
+void BinaryInspector::GiveRole(WireField& field) const
 {
-    WireField field;
-    field.bytes = bytes;
-    field.depth = depth;
+    field.place = field.begin;
+    if (field.kind == Kind::Tag) {
+        if (m_isUnknown)
+            field.role = Event::Role::Unknown;
+        else if (m_path.IsEmpty() || m_path.Last().field->HasObjects())
+            field.role = Event::Role::Object;
+    } else if (field.kind == Kind::Length && m_path.IsItem()) {
+        field.role = Event::Role::Object;
+        field.readTo = field.end + static_cast<qint32>(field.bytes.Word());
+    } else if (field.IsOfValue() && HoldsValue(field.kind)) {
+        field.role = Event::Role::Value;
+        field.readTo = field.end;
+        field.value = ValueOf(field);
+    }
+}
+
+void BinaryInspector::Fault(const FileRange& bytes, int depth, const char* fault, const QString& text)
+{
+    WireField field = FieldOf(Kind::Other, bytes, depth, QString());
     field.fault = fault;
     field.faultText = text;
     Visit(std::move(field));
 }
 
-void Walk::Behind(const ByteRange& bytes, int depth)
+void BinaryInspector::Behind(const FileRange& bytes, int depth)
 {
     if (!bytes.IsEmpty())
         Fault(bytes, depth, TRAILING_DATA, QStringLiteral("%1 bytes behind the end").arg(bytes.Size()));

@@ -1,4 +1,4 @@
-#include <reportcore/byterange.h>
+#include <reportcore/inspect/filerange.h>
 
 #include <QtCore/QtEndian>
 
@@ -13,19 +13,19 @@ constexpr qint64 UTF16_UNIT = 2;
 
 } // namespace
 
-ByteRange::ByteRange(const QByteArray& bytes) : m_data(bytes.constData()), m_end(bytes.size()) {}
+FileRange::FileRange(const QByteArray& bytes) : m_data(bytes.constData()), m_end(bytes.size()) {}
 
-QByteArray ByteRange::Bytes() const
+QByteArray FileRange::Bytes() const
 {
     return QByteArray::fromRawData(m_data + m_begin, static_cast<ByteCount>(Size()));
 }
 
-QString ByteRange::Utf8() const
+QString FileRange::Utf8() const
 {
     return QString::fromUtf8(m_data + m_begin, static_cast<ByteCount>(Size()));
 }
 
-QString ByteRange::Utf16() const
+QString FileRange::Utf16() const
 {
     QString text;
     for (qint64 i = m_begin; m_end - i >= UTF16_UNIT; i += UTF16_UNIT)

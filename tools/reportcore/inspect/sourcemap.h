@@ -1,13 +1,14 @@
-#ifndef REPORTCORE_SOURCEMAP_H
-#define REPORTCORE_SOURCEMAP_H
+#ifndef REPORTCORE_INSPECT_SOURCEMAP_H
+#define REPORTCORE_INSPECT_SOURCEMAP_H
 
-#include <reportcore/form.h>
+#include <reportcore/inspect/event.h>
+#include <reportcore/inspect/sourcetext.h>
 #include <reportcore/problem.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
 
+#include <optional>
 #include <unordered_map>
-#include <vector>
 
 namespace ReportCore {
 
@@ -55,38 +56,24 @@ public:
     /// The place of an end.
     FilePlace PlaceOf(qint64 end) const;
 
-    /// Of XML, where the start tag begins that ends there.
-    qint64 StartOfTag(qint64 end) const;
-
-    /// Of XML, where the value of an attribute begins in the start tag that ends there.
-    qint64 StartOfValue(qint64 end, const QString& attribute) const;
-
-    /// Of XML: all that places of ends, tags and attributes need.
-    void TakeText(const QByteArray& bytes);
+    /// Of XML.
+    const QString& Text() const { return m_text.Text(); }
 
 private:
-    friend class XmlSearch;
-    friend class BinarySearch;
-
-    void Add(const SourceEntry& entry);
-    void AddEnd(qint64 end, const SourceEntry& entry, bool isObject);
+    void Take(const Event& event);
 
     struct Ending
     {
-        bool hasValue = false;
-        bool hasObject = false;
-        SourceEntry value;
-        SourceEntry object;
+        std::optional<SourceEntry> value;
+        std::optional<SourceEntry> object;
     };
 
     std::unordered_map<qint64, Ending> m_ends;
     std::unordered_map<FieldPath, SourceEntry, FieldPathHash> m_paths;
 
-    // Of XML: the text, where its lines begin, and where a character takes a second unit.
+    // Of XML.
     bool m_isXml = false;
-    QString m_text;
-    std::vector<qint64> m_lines;
-    std::vector<qint64> m_secondUnits;
+    SourceText m_text;
 
     // Of binary forms.
     qint64 m_bodyOffset = 0;

@@ -1,0 +1,76 @@
+#include <reportcore/inspect/sourcetext.h>
+
+#include <reportcore/form.h>
+
+#include <algorithm>
+
+namespace ReportCore {
+
+namespace {
+
+bool IsXmlBlank(QChar character)
+{
+    return character == QLatin1Char(' ') || character == QLatin1Char('\t') ||
+           character == QLatin1Char('\r') || character == QLatin1Char('\n');
+}
+
+} // namespace
+
+SourceText::SourceText(const QByteArray& bytes) : m_text(DecodeXml(bytes)) {}
+
+void SourceText::FindLines() const
+{
+    m_lines = {0};
+    for (int i = 0; i < m_text.size(); ++i) {
+        if (m_text.at(i) == QLatin1Char('\n'))
+            m_lines.push_back(i + 1);
+        else if (m_text.at(i).isLowSurrogate())
+            m_secondUnits.push_back(i);
+    }
+}
+
+FilePlace SourceText::PlaceOf(qint64 position) const
+{
+    if (m_lines.empty())
+        FindLines();
+    position = std::min<qint64>(position, m_text.size());
+    const auto next = std::upper_bound(m_lines.begin(), m_lines.end(), position);
+    const qint64 lineStart = *(next - 1);
+    const auto firstOfLine = std::lower_bound(m_secondUnits.begin(), m_secondUnits.end(), lineStart);
+    const qint64 secondUnits = std::lower_bound(firstOfLine, m_secondUnits.end(), position) - firstOfLine;
+    FilePlace place;
+    place.line = next - m_lines.begin();
+    place.column = position - lineStart - secondUnits + 1;
+    return place;
+}
+
+qint64 sourcetext::StartOfTag(const QString& text, qint64 end)
+{
+    if (end <= 0 || end > text.size())
+        return end;
+    // No tag has another "<" in it.
+    const auto start = text.lastIndexOf(QLatin1Char('<'), static_cast<int>(end) - 1);
+    return start < 0 ? end : start;
+}
+
+sourcetext::Attribute sourcetext::FindAttribute(const QString& text, qint64 begin, qint64 end,
+                                                const QString& name)
+{
+    for (auto i = text.indexOf(name, static_cast<int>(begin)); i >= 0 && i < end;
+         i = text.indexOf(name, i + 1)) {
+        auto next = i + name.size();
+        while (next < end && IsXmlBlank(text.at(next)))
+            ++next;
+        const bool isName = IsXmlBlank(text.at(i - 1)) && next < end && text.at(next) == QLatin1Char('=');
+        if (!isName)
+            continue;
+        do
+            ++next;
+        while (next < end && IsXmlBlank(text.at(next)));
+        const auto close = next < end ? text.indexOf(text.at(next), next + 1) : -1;
+        return {i, close < 0 ? end : std::min<qint64>(close + 1, end), next + 1};
+    }
+    return {begin, end, begin};
+}
+
+} // namespace ReportCore
