@@ -82,6 +82,24 @@ TEST(QuickReading, ReportAloneIsReadWhole)
     ExpectSame(Lake("Lake", "L\xC3\xA4ke"), true);
 }
 
+TEST(QuickReading, ReferencesToWhatXmlItselfUsesAreReadWhole)
+{
+    for (const char* const name : {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;", "L&amp;", "&amp;L",
+                                   "&lt;&gt;", "&amp;lt;", "L &amp; \xC3\xA4 &lt; M"})
+        ExpectSame(Lake("Lake", name), true);
+    EXPECT_TEXT(ReadReport(Lake("Lake", "&lt;A&amp;amp; &quot;B&quot;&gt;&apos;")).report.GetArea().GetName(),
+                "<A&amp; \"B\">'");
+}
+
+TEST(QuickReading, OtherReferencesAreNot)
+{
+    for (const char* const name : {"&#76;", "&#x4C;", "&ake;", "&amp", "&amp ;", "&AMP;", "&", "L&", "&;",
+                                   "&&amp;", "&amp;&ake;", "&amp;\xC3"})
+        ExpectSame(Lake("Lake", name), false);
+    ExpectSame(Lake("2.00", "2&amp;"), false);
+    ExpectSame(Lake("1.00", "1.00&quot;"), false);
+}
+
 TEST(QuickReading, CommentsBetweenTagsAreLeftOut)
 {
     ExpectSame("<!-- a --> <!-- b = c & d -->" + Lake() + "<!-- </ReportBase -->", true);

@@ -14,8 +14,8 @@
 namespace REPORTGENERATOR {
 
 /// Reads XML of the shape that the library writes: start tags with attributes in double quotes, end tags,
-/// blanks between them, and texts without references and markup. Whatever else XML knows, it calls odd by
-/// returning false. `Unit` is the unit of UTF-16 or a byte of UTF-8.
+/// blanks between them, and texts without markup and with no other references than to the characters that XML
+/// itself uses. Whatever else XML knows, it calls odd by returning false. `Unit` is the unit of UTF-16 or a byte of UTF-8.
 template <class Unit>
 class XmlScanner
 {
@@ -105,19 +105,17 @@ public:
         return value || Take(FALSE);
     }
 
-    /// Takes a text only if it holds nothing that a reader looks at twice.
+    /// Takes a text only if it holds nothing that a reader looks at twice, but for the characters that are always
+    /// written as references.
     bool Read(QString& value)
     {
-        const Unit* const begin = m_next;
-        m_next = std::find_if_not(m_next, m_end, IsContent);
-        const auto size = static_cast<int>(m_next - begin);
-        if constexpr (sizeof(Unit) == sizeof(QChar)) {
-            value = QString(reinterpret_cast<const QChar*>(begin), size);
-        } else {
-            value = QString::fromUtf8(begin, size);
-            // What is not UTF-8 does not come back.
-            if (value.toUtf8() != QByteArray::fromRawData(begin, size))
+        if (!ReadPiece(value))
+            return false;
+        while (m_next != m_end && *m_next == '&') {
+            QString piece;
+            if (!TakeReference(value) || !ReadPiece(piece))
                 return false;
+            value += piece;
         }
         return std::all_of(value.cbegin(), value.cend(), IsPlain);
     }
@@ -135,6 +133,46 @@ private:
 
     static constexpr Name TRUE = REPORTBASE_NAME("true");
     static constexpr Name FALSE = REPORTBASE_NAME("false");
+
+    /// A character that XML has a name for.
+    struct Reference
+    {
+        Name name;
+        char character;
+    };
+
+    static constexpr Reference REFERENCES[] = {{REPORTBASE_NAME("&amp;"), '&'},
+                                               {REPORTBASE_NAME("&lt;"), '<'},
+                                               {REPORTBASE_NAME("&gt;"), '>'},
+                                               {REPORTBASE_NAME("&quot;"), '"'},
+                                               {REPORTBASE_NAME("&apos;"), '\''}};
+
+    /// The units that stand for themselves.
+    bool ReadPiece(QString& piece)
+    {
+        const Unit* const begin = m_next;
+        m_next = std::find_if_not(m_next, m_end, IsContent);
+        const auto size = static_cast<int>(m_next - begin);
+        if constexpr (sizeof(Unit) == sizeof(QChar)) {
+            piece = QString(reinterpret_cast<const QChar*>(begin), size);
+            return true;
+        } else {
+            piece = QString::fromUtf8(begin, size);
+            // What is not UTF-8 does not come back.
+            return piece.toUtf8() == QByteArray::fromRawData(begin, size);
+        }
+    }
+
+    bool TakeReference(QString& text)
+    {
+        for (const Reference& reference : REFERENCES) {
+            if (Take(reference.name)) {
+                text += QLatin1Char(reference.character);
+                return true;
+            }
+        }
+        return false;
+    }
 
     static bool IsSame(char left, Unit right) { return static_cast<Unit>(left) == right; }
 
