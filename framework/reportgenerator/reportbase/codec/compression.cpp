@@ -24,7 +24,7 @@ QByteArray UncompressClaimed(const QByteArray& data, qint64 claimed)
     if (!bytes.isEmpty())
         return bytes;
     // Nothing comes of damaged data, but also for want of memory. Then there is none here either, or there is again.
-    const QByteArray room(static_cast<int>(std::max(claimed, UNPACKER_SIZE)), Qt::Uninitialized);
+    static_cast<void>(QByteArray(static_cast<int>(std::max(claimed, UNPACKER_SIZE)), Qt::Uninitialized));
     return qUncompress(data);
 }
 
