@@ -1,4 +1,4 @@
-// The road of one report: a writer fills it and packs it, a reader unpacks it and shows it as XML, and both
+// The way of one report: a writer fills it and packs it, a reader unpacks it and shows it as XML, and both
 // keep a log of what they did.
 
 #include <reportgenerator/reportbase/listlogger.h>

@@ -1,4 +1,4 @@
-// Takes reports down the whole road and back: XML, plain representation, compressed representation, binary
+// Takes reports through every form and back: XML, plain representation, compressed representation, binary
 // file, and XML again. Each stop writes what came out of the one before and reads it into a new report; all
 // of them have to equal the report that was loaded.
 //
@@ -97,10 +97,10 @@ struct Stop
     Arrival (*travel)(const ReportBase& report, const QString& folder);
 };
 
-constexpr Stop ROAD[] = {{"plain", ThroughPlain},
-                         {"compressed", ThroughCompressed},
-                         {"binary file", ThroughBinaryFile},
-                         {"XML", ThroughXml}};
+constexpr Stop FORMS[] = {{"plain", ThroughPlain},
+                          {"compressed", ThroughCompressed},
+                          {"binary file", ThroughBinaryFile},
+                          {"XML", ThroughXml}};
 
 void PrintRow(int nameWidth, const QString& name, const char* form, const char* bytes, const char* equal)
 {
@@ -121,7 +121,7 @@ bool Travel(const QString& path, int nameWidth)
 
     bool allAgree = true;
     ReportBase traveller = original;
-    for (const Stop& stop : ROAD) {
+    for (const Stop& stop : FORMS) {
         const Arrival arrival = stop.travel(traveller, folder.path());
         const bool isEqual = arrival.report == original;
         PrintRow(nameWidth, name, stop.form, QByteArray::number(arrival.bytes).constData(),

@@ -90,38 +90,38 @@ QString RangeText(const Bounds& bounds, double low, double high)
     return QStringLiteral("%1 to %2").arg(NumberText(low), NumberText(high));
 }
 
-void ShowItems(const IRGObject& holder, const Field& list, int depth, bool withAllItems, Page& page)
+void ShowItems(const IRGObject& parent, const Field& list, int depth, bool withAllItems, Page& page)
 {
-    const int count = list.CountIn(holder);
+    const int count = list.CountIn(parent);
     const int shown = withAllItems ? count : std::min(count, FIRST_ITEMS);
     for (int i = 0; i < shown; ++i)
-        page.Row(depth, QString::number(i + 1), ItemLine(list.ItemIn(holder, i), list.Object()));
+        page.Row(depth, QString::number(i + 1), ItemLine(list.ItemIn(parent, i), list.Object()));
     if (shown < count)
         page.Row(depth, "...", QStringLiteral("%1 more (--all shows them)").arg(count - shown));
 }
 
-void ShowList(const IRGObject& holder, const Field& list, int depth, bool withAllItems, Page& page)
+void ShowList(const IRGObject& parent, const Field& list, int depth, bool withAllItems, Page& page)
 {
     if (ReportCore::HoldsPoints(list)) {
-        const Bounds bounds = ReportCore::BoundsOf(holder, list);
+        const Bounds bounds = ReportCore::BoundsOf(parent, list);
         page.Row(depth, "longitude", RangeText(bounds, bounds.west, bounds.east));
         page.Row(depth, "latitude", RangeText(bounds, bounds.south, bounds.north));
     }
-    const QString count = QString::number(list.CountIn(holder));
-    page.Row(depth, list.Label(), list.IsSetIn(holder) ? count : NotSet());
-    ShowItems(holder, list, depth + 1, withAllItems, page);
+    const QString count = QString::number(list.CountIn(parent));
+    page.Row(depth, list.Label(), list.IsSetIn(parent) ? count : NotSet());
+    ShowItems(parent, list, depth + 1, withAllItems, page);
 }
 
 void ShowFields(const IRGObject& object, const ObjectInfo& info, int depth, bool withAllItems, Page& page);
 
-void ShowMember(const IRGObject& holder, const Field& member, int depth, bool withAllItems, Page& page)
+void ShowMember(const IRGObject& parent, const Field& member, int depth, bool withAllItems, Page& page)
 {
-    if (!member.IsSetIn(holder)) {
+    if (!member.IsSetIn(parent)) {
         page.Row(depth, member.Label(), QStringLiteral("not present"));
         return;
     }
     page.Row(depth, member.Label(), QString());
-    ShowFields(member.ItemIn(holder, 0), member.Object(), depth + 1, withAllItems, page);
+    ShowFields(member.ItemIn(parent, 0), member.Object(), depth + 1, withAllItems, page);
 }
 
 void ShowFields(const IRGObject& object, const ObjectInfo& info, int depth, bool withAllItems, Page& page)

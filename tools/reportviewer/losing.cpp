@@ -25,8 +25,8 @@ namespace {
 
 QVariant ValueAt(const ReportBase& report, const FieldPath& path)
 {
-    const auto* const holder = ReportCore::FindParent(report, path);
-    return holder && path.Last().field->IsSetIn(*holder) ? path.Last().field->ValueIn(*holder) : QVariant();
+    const auto* const parent = ReportCore::FindParent(report, path);
+    return parent && path.Last().field->IsSetIn(*parent) ? path.Last().field->ValueIn(*parent) : QVariant();
 }
 
 /// Two places of which each is that of a value.

@@ -232,8 +232,8 @@ void TreePane::UnsetAll(const QModelIndexList& rows)
         }
         try {
             if (path.IsItem())
-                ReportCore::ChangeParent(changed, path, [&](REPORTGENERATOR::IRGObject& holder) {
-                    path.Last().field->RemoveIn(holder, first, last.row() - first + 1);
+                ReportCore::ChangeParent(changed, path, [&](REPORTGENERATOR::IRGObject& parent) {
+                    path.Last().field->RemoveIn(parent, first, last.row() - first + 1);
                 });
             else
                 ReportCore::Unset(changed, path);

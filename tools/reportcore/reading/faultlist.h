@@ -6,7 +6,7 @@
 
 namespace ReportCore {
 
-/// The faults that a walk finds, as problems.
+/// The faults that an inspector finds, as problems.
 class FaultList
 {
 public:

@@ -63,8 +63,8 @@ QVariant ValueAt(const ReportFile& file, const char* path)
 QVariant CountOfPoints(const ReportFile& file)
 {
     const FieldPath points = ReportCore::PathOfPoints();
-    const auto* const holder = ReportCore::FindParent(file.report, points);
-    return holder ? QVariant(points.Last().field->CountIn(*holder)) : QVariant();
+    const auto* const parent = ReportCore::FindParent(file.report, points);
+    return parent ? QVariant(points.Last().field->CountIn(*parent)) : QVariant();
 }
 
 Entry EntryOf(const QString& name, const ReportFile& file)

@@ -64,9 +64,9 @@ def only_number(value):
 
 def record_of(thing):
     """The record of an object, None while there is none."""
-    holder = thing["m_record"]
-    data = holder["m_data"]
-    if "SharedRecord<" in holder.type.strip_typedefs().name:
+    storage = thing["m_record"]
+    data = storage["m_data"]
+    if "SharedRecord<" in storage.type.strip_typedefs().name:
         pointer = only_number(data)
         return pointer.dereference() if int(pointer) else None
     return data if int(only_number(data["made"])) else None

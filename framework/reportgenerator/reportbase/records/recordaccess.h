@@ -19,7 +19,7 @@ struct Schema;
 template <class Data>
 const ObjectIdentity& ClassIdentity();
 
-/// What the walks along the fields know of an object with a record.
+/// What the operations on fields know of an object with a record.
 struct RecordAccess
 {
     /// Null while there is none.
