@@ -170,6 +170,44 @@ TEST(AreaSettling, ALoggerThatIsTakenAwayWithinAReadingIsTakenFromTheCoordinates
     ExpectSettled(area);
 }
 
+/// Leaves one coordinate in the area whose warning it is given, and that one without a logger.
+class LoggerThatShortens : public REPORTGENERATOR::Logger
+{
+public:
+    explicit LoggerThatShortens(Area& area) : Logger(REPORTGENERATOR::WARNING), m_area(area) {}
+
+    using Logger::Trace;
+    void Trace(REPORTGENERATOR::LogLevel, const QString&, bool) override
+    {
+        QVector<Coordinate>& points = m_area.GetCoordinate();
+        points.resize(1);
+        points[0].ResetLogger();
+    }
+    bool HasErrors() const override { return false; }
+    void Reset(bool) override {}
+
+private:
+    Area& m_area;
+};
+
+TEST(AreaSettling, AListThatIsShortenedInItsPlaceWithinAReadingIsServedFromItsBeginning)
+{
+    // The list stays in its place unless the incomplete one has made it grow.
+    for (int points = 2; points < 10; ++points) {
+        SCOPED_TRACE(points);
+        Area area;
+        area.SetValidate(false);
+        area.SetLogger(std::make_shared<LoggerThatShortens>(area));
+        QString xml = QStringLiteral("<Area Version=\"1.0\">");
+        for (int i = 0; i < points; ++i)
+            xml += QStringLiteral("<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>");
+        ReadElement(area, xml + QStringLiteral("<Coordinate><Longitude>3</Longitude></Coordinate>"
+                                               "<Name>N</Name></Area>"));
+        EXPECT_EQ(std::as_const(area).GetCoordinate().size(), 1);
+        ExpectSettled(area);
+    }
+}
+
 /// Lets a test read single children.
 class OpenArea : public Area
 {

@@ -173,21 +173,19 @@ TEST(Compression, LengthPrefixNeedNotBeTrue)
 {
     const Bytes content = Raw("text with text with text");
     const QByteArray zlib = Stored(content).Data().mid(4);
-    for (const long long prefix : {0LL, 1LL, 23LL, 25LL, 1000000LL, 0x10000000LL}) {
+    for (const long long prefix : {0LL, 1LL, 23LL, 25LL, 1000000LL, 0x10000000LL, 0x7fffffdfLL}) {
         SCOPED_TRACE(prefix);
         EXPECT_BYTES(IRGObject::UncompressBinary(Int32(prefix).Data() + zlib), content);
     }
 }
 
-TEST(Compression, AbsurdLengthPrefixGivesTheContentOrNothing)
+/// More than a byte array holds.
+TEST(Compression, AbsurdLengthPrefixGivesNothing)
 {
-    // Which of the two is left to Qt; memory of that size must not be asked for in either case.
-    const QByteArray content("text with text with text");
-    const QByteArray zlib = Stored(Raw(content.toStdString())).Data().mid(4);
-    for (const long long prefix : {0x7fffffffLL, 0x80000000LL, 0xfffffff0LL, 0xffffffffLL}) {
+    const QByteArray zlib = Stored(Raw("text with text with text")).Data().mid(4);
+    for (const long long prefix : {0x7fffffe0LL, 0x7fffffffLL, 0x80000000LL, 0xfffffff0LL, 0xffffffffLL}) {
         SCOPED_TRACE(prefix);
-        const QByteArray result = IRGObject::UncompressBinary(Int32(prefix).Data() + zlib);
-        EXPECT_TRUE(result.isEmpty() || result == content);
+        EXPECT_TRUE(IRGObject::UncompressBinary(Int32(prefix).Data() + zlib).isEmpty());
     }
 }
 

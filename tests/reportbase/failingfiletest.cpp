@@ -12,7 +12,6 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QFile>
-#include <QtCore/QFileDevice>
 #include <QtCore/QString>
 
 #include <algorithm>
@@ -174,18 +173,6 @@ TEST(FailingFile, AFileThatDoesNotGoBackIsReadAllTheSame)
     EXPECT_TRUE(second.LoadXml(&malformed));
     OneWayFile incomplete("<ReportBase><Frequency>");
     EXPECT_RG_THROW(second.LoadXml(&incomplete), "RGException", PREMATURE);
-}
-
-TEST(FailingFile, AFileThatHasFailedBeforeIsReadAllTheSame)
-{
-    const TemporaryFolder folder;
-    QFile file(folder.Write("report.xml", "<ReportBase><Frequency>5</Frequency></ReportBase>"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    ASSERT_FALSE(file.copy(file.fileName()));
-    ASSERT_NE(file.error(), QFileDevice::NoError);
-    ReportBase report;
-    EXPECT_TRUE(report.LoadXml(&file));
-    EXPECT_EQ(report.GetFrequency().GetValue(), 5.0);
 }
 
 /// A reader takes 8192 bytes at a time, and none behind the element's end.

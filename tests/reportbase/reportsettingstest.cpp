@@ -167,19 +167,22 @@ TEST(ReportSettings, CheckingAfterReadingPassesThemOn)
 
 TEST(ReportSettings, AMemberKeepsItsVersionConverterAndGetsNoneOfItsReport)
 {
-    ReportBase report;
-    const auto ofReport = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
-    const auto ofMember = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
-    report.InjectVersionConverter(ofReport);
-    report.GetFrequency().InjectVersionConverter(ofMember);
-    report.GetFrequency().SetValue(1.0);
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.GetFrequency().ResetLogger();
-    report.Check();
-    EXPECT_EQ(report.GetFrequency().GetLogger(), logger);
-    EXPECT_EQ(ofMember.use_count(), 2);
-    EXPECT_EQ(ofReport.use_count(), 2);
+    for (const bool hasReportOne : {false, true}) {
+        ReportBase report;
+        const auto ofReport = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
+        const auto ofMember = std::make_shared<REPORTGENERATOR::VersionConverterProxy>();
+        if (hasReportOne)
+            report.InjectVersionConverter(ofReport);
+        report.GetFrequency().InjectVersionConverter(ofMember);
+        report.GetFrequency().SetValue(1.0);
+        const auto logger = Support::NewLogger();
+        report.SetLogger(logger);
+        report.GetFrequency().ResetLogger();
+        report.Check();
+        EXPECT_EQ(report.GetFrequency().GetLogger(), logger);
+        EXPECT_EQ(ofMember.use_count(), 2);
+        EXPECT_EQ(ofReport.use_count(), hasReportOne ? 2 : 1);
+    }
 }
 
 } // namespace

@@ -316,4 +316,38 @@ TEST(StreamStatus, ARawListBehindACorruptTextInATransactionIsEmpty)
     EXPECT_TRUE(std::as_const(area).GetCoordinate().isEmpty());
 }
 
+/// Takes the device away from a stream when it is given a warning.
+class TakingDevice : public REPORTGENERATOR::Logger
+{
+public:
+    explicit TakingDevice(QDataStream& stream) : Logger(REPORTGENERATOR::WARNING), m_stream(stream) {}
+
+    using Logger::Trace;
+    void Trace(REPORTGENERATOR::LogLevel, const QString&, bool) override { m_stream.setDevice(nullptr); }
+    bool HasErrors() const override { return false; }
+    void Reset(bool) override {}
+
+private:
+    QDataStream& m_stream;
+};
+
+TEST(StreamStatus, ARawListOfAStreamThatLosesItsDeviceLacksTheNextCoordinate)
+{
+    QBuffer device;
+    const Bytes raw = RawHead(3) + Support::RawPoint(1, 5.0, 0.0) + Support::RawPoint(3, 1.0, 2.0) +
+                      Support::RawPoint(3, 1.0, 2.0);
+    device.setData(raw.Data());
+    ASSERT_TRUE(device.open(QIODevice::ReadOnly));
+    QDataStream stream(&device);
+    stream.setVersion(QDataStream::Qt_4_6);
+    Area area;
+    area.SetValidate(false);
+    area.SetLogger(std::make_shared<TakingDevice>(stream));
+    area.SetVersionSpecificBinaryWithoutValidation(stream);
+    const auto& points = std::as_const(area).GetCoordinate();
+    ASSERT_EQ(points.size(), 2);
+    EXPECT_EQ(points.at(0).GetLongitude(), 5.0);
+    EXPECT_FALSE(points.at(1).AnyData());
+}
+
 } // namespace

@@ -183,8 +183,7 @@ QString ReadUtf8(QDataStream& stream)
 QString TextOfUtf8(const char* bytes, qint64 size)
 {
     const auto length = qstrnlen(bytes, static_cast<uint>(size));
-    const QString text = QString::fromUtf8(bytes, static_cast<int>(length));
-    return text.isNull() ? QLatin1String("") : text;
+    return QString::fromUtf8(bytes, static_cast<int>(length));
 }
 
 int Skip(QDataStream& stream, qint32 length)
