@@ -11,6 +11,33 @@
 
 namespace REPORTGENERATOR {
 
+// Neither `detach` nor `reserve` of Qt 6 look whether they have got the memory for what they copy. Appending does.
+
+/// Shared with nobody.
+template <class Item>
+QVector<Item> DetachedCopy(const QVector<Item>& items)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QVector<Item> copy = items;
+    copy.detach();
+#else
+    QVector<Item> copy;
+    copy.append(items);
+#endif
+    return copy;
+}
+
+/// For what is appended; where there are items already, they may get room one by one.
+template <class Item>
+void ReserveIn(QVector<Item>& items, int count)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    if (!items.isEmpty())
+        return;
+#endif
+    items.reserve(count);
+}
+
 /// The items of one record.
 ///
 /// A copy has items of its own, as copying each would give them, but shares those of its source until
@@ -32,8 +59,7 @@ public:
         if (items.isEmpty())
             return;
         if (other.IsMarked(HANDED_OUT) || !other.AreAlike()) {
-            m_items = items;
-            m_items.detach();
+            m_items = DetachedCopy(items);
             return;
         }
         other.SetMark(COPIED);
@@ -72,7 +98,7 @@ public:
         return m_items;
     }
 
-    void Reserve(int count) { Detached().reserve(count); }
+    void Reserve(int count) { ReserveIn(Detached(), count); }
 
     void Append(const Item& item)
     {
@@ -101,8 +127,7 @@ public:
     /// Replaces the items by copies of others.
     void Assign(const QVector<Item>& items)
     {
-        QVector<Item> copies = items;
-        copies.detach();
+        QVector<Item> copies = DetachedCopy(items);
         Take(copies);
     }
 
@@ -271,9 +296,7 @@ private:
     {
         // Only one may give those of a source that has gone other settings.
         const bool takes = IsSole(m_source) && !SetMark(TAKING);
-        QVector<Item> items = m_source;
-        if (!takes)
-            items.detach();
+        QVector<Item> items = takes ? m_source : DetachedCopy(m_source);
         while (true) {
             const ObjectSettings noted = Noted().Get();
             if (noted.IsNone())
@@ -291,8 +314,7 @@ private:
     /// Copies the items for whom else shares them.
     void Separate() const
     {
-        QVector<Item> items = m_items;
-        items.detach();
+        QVector<Item> items = DetachedCopy(m_items);
         if (IsMarked(COPIED)) {
             for (int i = 0; i < items.size(); ++i)
                 ObjectAccess::PassSettings(m_items.at(i), items.at(i));
