@@ -6,9 +6,11 @@
 #include <reportcore/files.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
+#include <vector>
 
 namespace ReportTool {
 
@@ -16,9 +18,25 @@ namespace {
 
 constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
 
-bool ComesBefore(const QFileInfo& left, const QFileInfo& right)
+/// With its name, which is cut out of its path each time that it is asked for.
+struct Entry
 {
-    return left.fileName() < right.fileName();
+    QString name;
+    QFileInfo info;
+
+    friend bool operator<(const Entry& left, const Entry& right) { return left.name < right.name; }
+};
+
+std::vector<Entry> EntriesOf(const QDir& folder)
+{
+    std::vector<Entry> entries;
+    QDirIterator iterator(folder.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    while (iterator.hasNext()) {
+        iterator.next();
+        entries.push_back({iterator.fileName(), iterator.fileInfo()});
+    }
+    std::sort(entries.begin(), entries.end());
+    return entries;
 }
 
 /// Those that fit the pattern, or all without one.
@@ -30,14 +48,11 @@ void TakeFiles(const QString& folder, const NamePattern* pattern, QStringList& f
         files << folder;
         return;
     }
-    QFileInfoList entries =
-        dir.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::NoSort);
-    std::sort(entries.begin(), entries.end(), ComesBefore);
-    for (const QFileInfo& entry : entries) {
-        if (entry.isDir() && !entry.isSymLink())
-            TakeFiles(entry.filePath(), pattern, files);
-        else if (entry.isFile() && (!pattern || pattern->Fits(entry.fileName())))
-            files << entry.filePath();
+    for (const Entry& entry : EntriesOf(dir)) {
+        if (entry.info.isDir() && !entry.info.isSymLink())
+            TakeFiles(entry.info.filePath(), pattern, files);
+        else if (entry.info.isFile() && (!pattern || pattern->Fits(entry.name)))
+            files << entry.info.filePath();
     }
 }
 
