@@ -255,18 +255,17 @@ TEST(Area, ACountThatIsLargerThanWhatFollowsReadsWhatIsThereAndEndsInTheLengthEr
     }
 }
 
-TEST(Area, ACountThatALongBodyLeavesNothingForEndsInTheLengthError)
+/// Three of them take the room of four short ones.
+TEST(Area, ACountThatLongBodiesLeaveNothingForEndsInTheLengthError)
 {
-    Bytes elements;
-    for (int i = 0; i < 5; ++i)
-        elements += Support::Longitude("1") + Support::Latitude("2");
-    const Bytes longBody = Support::Body(elements);
+    const Bytes point = Point("-179.12345678901", "-89.123456789012");
     for (const bool validate : {true, false}) {
         Area area;
         area.SetValidate(validate);
-        EXPECT_RG_THROW(ReadElements(area, Coordinates(2, longBody)), "BinaryParsingException", LENGTH_ERROR);
+        EXPECT_RG_THROW(ReadElements(area, Coordinates(4, point + point + point)), "BinaryParsingException",
+                        LENGTH_ERROR);
         AreaState state;
-        state.coordinates = {{1.0, 2.0}};
+        state.coordinates.assign(3, {-179.12345678901, -89.123456789012});
         EXPECT_STATE(area, state);
     }
 }

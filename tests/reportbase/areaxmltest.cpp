@@ -3,6 +3,7 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/files.h"
 #include "support/paths.h"
 #include "support/points.h"
 #include "support/readererror.h"
@@ -18,6 +19,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
 #include <QtCore/QString>
+#include <QtCore/QXmlStreamReader>
 #include <QtCore/QXmlStreamWriter>
 
 #include <optional>
@@ -383,5 +385,25 @@ TEST(Area, AMalformedCoordinateElementBehindAGoodOneIsNotTaken)
                             Text(point);
         ExpectOnlyTheGoodPoint<Area>(xml);
         ExpectOnlyTheGoodPoint<StreamPathOnly<Area>>(xml);
+    }
+}
+
+TEST(Area, BytesThatAreNotUtf8AreRefusedWhereverTheyStandInAText)
+{
+    for (const QByteArray& name :
+         {QByteArray("\xfc"), QByteArray("a\xfc"), QByteArray("&amp;\xfc"), QByteArray("\xfc&amp;")}) {
+        SCOPED_TRACE(name.constData());
+        const QByteArray xml = "<Area Version=\"1.0\"><Name>" + name + "</Name></Area>";
+        QXmlStreamReader reader(xml);
+        while (!reader.atEnd())
+            reader.readNext();
+        Area area;
+        StreamPathOnly<Area> derived;
+        for (Area* object : {&area, static_cast<Area*>(&derived)}) {
+            Support::OpenFile file(xml);
+            EXPECT_RG_THROW(static_cast<REPORTGENERATOR::IRGObject*>(object)->LoadXml(file.Get()),
+                            "RGException", reader.errorString());
+            EXPECT_FALSE(object->IsNameSet());
+        }
     }
 }
