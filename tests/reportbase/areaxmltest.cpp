@@ -407,3 +407,63 @@ TEST(Area, BytesThatAreNotUtf8AreRefusedWhereverTheyStandInAText)
         }
     }
 }
+
+namespace {
+
+/// The second of three points; the others are good ones of the same shape.
+struct OddPoint
+{
+    const char* fields;
+    Support::CoordinateState state;
+    const char* name;
+    const char* error;
+};
+
+template <class Object>
+void ExpectReported(const OddPoint& odd)
+{
+    SCOPED_TRACE(odd.fields);
+    const QString xml = Text("<Area Version=\"1.0\"><Name>N</Name>"
+                             "<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>"
+                             "<Coordinate>%1</Coordinate>"
+                             "<Coordinate><Longitude>5</Longitude><Latitude>6</Latitude></Coordinate></Area>")
+                            .arg(Text(odd.fields));
+    AreaState state;
+    state.name = QStringLiteral("N");
+    state.coordinates = {{1.0, 2.0}};
+    state.initialVersionLoaded = QStringLiteral("1.0");
+    Object area;
+    EXPECT_RG_THROW(area.SetXmlString(xml, true), odd.name, odd.error);
+    EXPECT_STATE(static_cast<const Area&>(area), state);
+
+    area.SetValidate(false);
+    const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+    area.SetLogger(logger);
+    EXPECT_TRUE(area.SetXmlString(xml, true));
+    state.coordinates.push_back(odd.state);
+    state.coordinates.push_back({5.0, 6.0});
+    EXPECT_STATE(static_cast<const Area&>(area), state);
+    EXPECT_LOG(logger, QStringList(Text("WARNING: %1: %2").arg(Text(odd.name), Text(odd.error))));
+}
+
+} // namespace
+
+TEST(Area, AnIncompleteOrOutOfRangeCoordinateElementBehindAGoodOneIsReported)
+{
+    const OddPoint points[] = {
+        {"<Longitude>3</Longitude>", {3.0, std::nullopt}, "IncompleteDefinitionException", INCOMPLETE_ITEM},
+        {"<Latitude>4</Latitude>", {std::nullopt, 4.0}, "IncompleteDefinitionException", INCOMPLETE_ITEM},
+        {"<Longitude>3</Longitude><Latitude>95</Latitude>",
+         {3.0, 95.0},
+         "OutOfRangeException",
+         "Parameters for m_latitude are not set within range (-90, 90) in 'Coordinate'."},
+        {"<Longitude>200</Longitude><Latitude>4</Latitude>",
+         {200.0, 4.0},
+         "OutOfRangeException",
+         "Parameters for m_longitude are not set within range (-180, 180) in 'Coordinate'."},
+    };
+    for (const OddPoint& odd : points) {
+        ExpectReported<Area>(odd);
+        ExpectReported<StreamPathOnly<Area>>(odd);
+    }
+}
