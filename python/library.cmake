@@ -29,7 +29,7 @@ set(REPORTGENERATOR_BUILD_MODELS OFF)
 add_subdirectory("${sources}" library EXCLUDE_FROM_ALL)
 foreach(library IN ITEMS reportbase wendbase)
     # Without links: an archive of Python has none.
-    set_target_properties(${library} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    set_target_properties(${library} PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON)
     install(FILES "$<TARGET_FILE:${library}>"
         RENAME "$<TARGET_SONAME_FILE_NAME:${library}>"
         DESTINATION reportgenerator

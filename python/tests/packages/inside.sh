@@ -28,8 +28,9 @@ case "$part" in
         ! find / -xdev -name 'libQt5Core*' | grep . >&2 || fail "this system has Qt"
         install_from /tmp/wheel /wheels/reportgenerator-*.whl
         try_package /tmp/wheel
-        ! grep -v '^/tmp/wheel/' /tmp/wheel/loaded | grep -E 'libreportbase|libwendbase|libQt5|libicu' >&2 ||
+        ! grep -v '^/tmp/wheel/' /tmp/wheel/loaded | grep -E 'libreportbase|libwendbase|libQt5|libicu|libglib|libpcre2' >&2 ||
             fail "the wheel takes libraries from elsewhere"
+        [[ $(find /tmp/wheel -name 'libwendbase*' | wc -l) == 1 ]] || fail "the wheel has a library twice"
         ;;
     sdist)
         install_from /tmp/alone /wheels/reportgenerator-*.tar.gz
