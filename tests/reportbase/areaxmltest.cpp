@@ -426,7 +426,8 @@ void ExpectReported(const OddPoint& odd)
     const QString xml = Text("<Area Version=\"1.0\"><Name>N</Name>"
                              "<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>"
                              "<Coordinate>%1</Coordinate>"
-                             "<Coordinate><Longitude>5</Longitude><Latitude>6</Latitude></Coordinate></Area>")
+                             "<Coordinate><Longitude>5</Longitude><Latitude>6</Latitude></Coordinate>"
+                             "<ScriptID>S</ScriptID></Area>")
                             .arg(Text(odd.fields));
     AreaState state;
     state.name = QStringLiteral("N");
@@ -442,6 +443,7 @@ void ExpectReported(const OddPoint& odd)
     EXPECT_TRUE(area.SetXmlString(xml, true));
     state.coordinates.push_back(odd.state);
     state.coordinates.push_back({5.0, 6.0});
+    state.scriptID = QStringLiteral("S");
     EXPECT_STATE(static_cast<const Area&>(area), state);
     EXPECT_LOG(logger, QStringList(Text("WARNING: %1: %2").arg(Text(odd.name), Text(odd.error))));
 }
