@@ -9,4 +9,13 @@ export WINEDEBUG=-all
 # Without a display a message box could only be waited for.
 export WINEDLLOVERRIDES="winemenubuilder.exe=d;mscoree=d;mshtml=d"
 unset DISPLAY
-exec /usr/lib/wine/wine64 "$@"
+[ -p /dev/stdout ] && [ /dev/stdout -ef /dev/stderr ] || exec /usr/lib/wine/wine64 "$@"
+
+# Who reads both outputs waits for their end. A service of Windows that the program is the first to need holds them open
+# for minutes, so that it gets a file instead.
+output="$(mktemp)"
+trap 'rm -f "$output"' EXIT
+result=0
+/usr/lib/wine/wine64 "$@" >"$output" 2>&1 || result=$?
+cat "$output"
+exit $result
