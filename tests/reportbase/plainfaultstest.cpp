@@ -29,6 +29,7 @@ using Support::CallingLogger;
 using Support::Fault;
 using Support::Faulty;
 using Support::g_calls;
+using Support::Overridden;
 using Support::Sample;
 
 template <class T>
@@ -118,48 +119,6 @@ TYPED_TEST(PlainDevices, WritingLeavesTheObjectAsItWasWhereverOneIsFaulty)
 }
 
 // --- Callbacks
-
-/// A class whose operations are called before they are what they were.
-template <class T>
-class Overridden : public T
-{
-public:
-    Overridden() = default;
-    explicit Overridden(const T& other) : T(other) {}
-
-    bool HasData() const override
-    {
-        g_calls.Note();
-        return T::HasData();
-    }
-    void Reset() override
-    {
-        g_calls.Note();
-        T::Reset();
-    }
-    void Check() const override
-    {
-        g_calls.Note();
-        T::Check();
-    }
-    void GetXml(QXmlStreamWriter& writer) const override
-    {
-        g_calls.Note();
-        T::GetXml(writer);
-    }
-    void ProcessXml(QXmlStreamReader& reader) override
-    {
-        g_calls.Note();
-        T::ProcessXml(reader);
-    }
-
-protected:
-    void ProcessXmlStartElement(QXmlStreamReader& reader) override
-    {
-        g_calls.Note();
-        T::ProcessXmlStartElement(reader);
-    }
-};
 
 template <class T>
 using Deeds = std::vector<std::function<void(T&)>>;
