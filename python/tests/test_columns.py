@@ -2,10 +2,14 @@
 
 from __future__ import annotations
 
+import _thread
+import operator
 import os
 import subprocess
 import sys
 import threading
+from collections.abc import Callable
+from functools import partial
 from pathlib import Path
 
 import numpy as np
@@ -143,6 +147,8 @@ def test_a_stream_can_be_taken_once() -> None:
     stream.__arrow_c_stream__()
     with pytest.raises(ValueError, match="taken already"):
         stream.__arrow_c_stream__()
+    with pytest.raises(ValueError, match="taken already"):
+        next(stream)
 
 
 def test_threads_share_a_stream(tmp_path: Path) -> None:
@@ -161,6 +167,27 @@ def test_threads_share_a_stream(tmp_path: Path) -> None:
     for thread in threads:
         thread.join()
     assert sorted(found) == [i + 0.25 for i in range(200)]
+
+
+def interrupted(work: Callable[[], object]) -> bool:
+    """Whether Ctrl-C, pressed just before, ends the work. Nothing of Python's own runs between the steps, which would see it."""
+    done: list[int] = []
+    with pytest.raises(KeyboardInterrupt):
+        list(map(operator.call, [_thread.interrupt_main, work, partial(done.append, 1)]))
+    return done == []
+
+
+def test_ctrl_c_ends_the_work(tmp_path: Path) -> None:
+    rows = arrow.decode(lakes(10))
+    for number, report in enumerate(lakes(10)):
+        (tmp_path / f"{number}").write_bytes(report)
+    assert not interrupted(partial(len, rows))
+    assert interrupted(partial(arrow._columns.decode, lakes(10)))
+    encoded = arrow.encode(rows)
+    assert isinstance(encoded, arrow.Stream)
+    for stream in (arrow.scan(tmp_path), encoded):
+        assert interrupted(partial(next, stream))
+        assert len(next(stream)) == 10
 
 
 def test_capsules_that_nobody_takes_are_released() -> None:

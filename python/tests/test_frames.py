@@ -2,11 +2,14 @@
 
 from __future__ import annotations
 
+import _thread
+import operator
 import os
 import signal
 import subprocess
 import sys
 import time
+from functools import partial
 from pathlib import Path
 from typing import Any
 
@@ -54,6 +57,24 @@ def test_all_layouts_of_bytes_are_taken(kind: str) -> None:
         False,
     ]
     table.validate(full=True)
+
+
+def test_ctrl_c_is_an_error_of_the_package_that_reads(folder: Path) -> None:
+    steps = [_thread.interrupt_main, partial(pa.table, arrow.scan(folder))]
+    with pytest.raises(OSError, match="KeyboardInterrupt"):
+        list(map(operator.call, steps))
+
+
+def test_ctrl_c_ends_the_making_of_a_frame(folder: Path, monkeypatch: pytest.MonkeyPatch) -> None:
+    record_batch = pa.record_batch
+
+    def taken(batch: object) -> Any:
+        _thread.interrupt_main()
+        return record_batch(batch)
+
+    monkeypatch.setattr(pa, "record_batch", taken)
+    with pytest.raises(KeyboardInterrupt):
+        arrow.to_pandas(folder)
 
 
 def test_streams_are_decoded_as_they_come() -> None:

@@ -35,10 +35,11 @@ inline std::vector<Part> PartsOf(std::int64_t length, std::int64_t batchRows)
 
 /// The batches that `job` makes for each number below `count`, in the order of the numbers.
 template <class Job>
-std::deque<SharedValues> InOrder(std::size_t count, int threads, Job&& job)
+std::deque<SharedValues> InOrder(std::size_t count, int threads, const Checkpoint& checkpoint, Job&& job)
 {
     std::vector<std::vector<SharedValues>> made(count);
-    ForEach(count, threads, [&](std::size_t i) { made[i] = job(i); });
+    ForEach(
+        count, threads, [&](std::size_t i) { made[i] = job(i); }, checkpoint);
     std::deque<SharedValues> all;
     for (std::vector<SharedValues>& batches : made)
         std::move(batches.begin(), batches.end(), std::back_inserter(all));

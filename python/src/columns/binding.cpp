@@ -4,6 +4,7 @@
 #include "columnbuilder.h"
 #include "decoding.h"
 #include "encoding.h"
+#include "signals.h"
 
 #include <pybind11/stl.h>
 
@@ -101,10 +102,9 @@ public:
         {
             const py::gil_scoped_release others;
             const std::lock_guard<std::mutex> lock(m_held->mutex);
+            m_held->Require();
             source = std::move(m_held->source);
         }
-        if (!source)
-            throw py::value_error("the batches of this stream have been taken already");
         return StreamCapsule(std::move(source));
     }
 
@@ -114,7 +114,8 @@ public:
         {
             const py::gil_scoped_release others;
             const std::lock_guard<std::mutex> lock(m_held->mutex);
-            batch = m_held->source ? m_held->source->Next() : nullptr;
+            m_held->Require();
+            batch = m_held->source->Next();
         }
         if (!batch)
             throw py::stop_iteration();
@@ -124,6 +125,12 @@ public:
 private:
     struct Held
     {
+        void Require() const
+        {
+            if (!source)
+                throw py::value_error("the batches of this stream have been taken already");
+        }
+
         std::mutex mutex;
         std::unique_ptr<Source> source;
     };
@@ -141,6 +148,7 @@ DecodeOptions OptionsOf(const Names& columns, int threads, std::int64_t batchRow
         options.columns = ColumnChoice(*columns);
     options.threads = threads;
     options.batchRows = batchRows;
+    options.checkpoint = HandleSignals;
     return options;
 }
 
@@ -219,6 +227,7 @@ py::object EncodeAny(const py::object& table, const std::string& form, int level
     options.skipsRefused = skips;
     options.threads = threads;
     options.batchRows = batchRows;
+    options.checkpoint = HandleSignals;
     // A table may be both; as a stream it comes whole.
     if (GivesStream(table))
         return py::cast(Stream(EncodeStream(TakeStream(table), options)));
@@ -256,6 +265,7 @@ PYBIND11_MODULE(_columns, module)
 {
     module.doc() = "What reportgenerator.arrow stands on.";
     otherMessages = qInstallMessageHandler(TakeMessage);
+    PrepareSignals();
 
     py::class_<Columns>(
         module, "Columns",

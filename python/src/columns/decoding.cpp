@@ -108,11 +108,11 @@ public:
 
     SharedValues Next() override
     {
-        OwnedArray array;
-        while (m_ready.empty() && m_input.Next(array)) {
+        while (m_ready.empty() && m_input.HasArray()) {
             const std::vector<SharedValues> batches =
-                Decode(BytesInput(m_input.Schema(), *array, COLUMN), m_options);
+                Decode(BytesInput(m_input.Schema(), m_input.Array(), COLUMN), m_options);
             m_ready.assign(batches.begin(), batches.end());
+            m_input.Advance();
         }
         return TakeFirst(m_ready);
     }
@@ -162,7 +162,8 @@ private:
         const int threads = ThreadsFor(m_options.threads);
         const std::size_t count =
             std::min(m_parts.size() - m_next, static_cast<std::size_t>(threads) * BATCHES_AHEAD);
-        m_ready = InOrder(count, threads, [this](std::size_t i) { return DecodePart(m_parts[m_next + i]); });
+        m_ready = InOrder(count, threads, m_options.checkpoint,
+                          [this](std::size_t i) { return DecodePart(m_parts[m_next + i]); });
         m_next += count;
     }
 
@@ -203,7 +204,7 @@ std::vector<SharedValues> Decode(const BytesInput& input, const DecodeOptions& o
 {
     const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
     const std::deque<SharedValues> batches =
-        InOrder(parts.size(), ThreadsFor(options.threads),
+        InOrder(parts.size(), ThreadsFor(options.threads), options.checkpoint,
                 [&](std::size_t i) { return DecodePart(input, parts[i], options.columns); });
     return {batches.begin(), batches.end()};
 }

@@ -5,6 +5,7 @@
 #include "columntable.h"
 #include "inputcolumn.h"
 #include "source.h"
+#include "workers.h"
 
 #include <cstdint>
 #include <memory>
@@ -22,6 +23,9 @@ struct DecodeOptions
 
     /// In a batch, unless there is so much in them that fewer fit; 0 for all in one.
     std::int64_t batchRows = 16384;
+
+    /// Called between batches.
+    Checkpoint checkpoint = {};
 };
 
 /// Batches of rows, a row for each value of the array, in its order.

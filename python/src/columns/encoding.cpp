@@ -32,7 +32,7 @@ QByteArray Written(const ReportInput& input, std::int64_t row, const EncodeOptio
     ReportBase report;
     RecordAccess::Init(report);
     REPORTGENERATOR::TakeRecord(RecordAccess::Make(report), data,
-                                 REPORTGENERATOR::ObjectAccess::SettingsToPass(report));
+                                REPORTGENERATOR::ObjectAccess::SettingsToPass(report));
     return isPlain ? ReportCore::WriteReport(report, options.form, options.level)
                    : ReportCore::WriteWhole(report, options.form, options.level);
 }
@@ -88,11 +88,11 @@ public:
 
     SharedValues Next() override
     {
-        OwnedArray array;
-        while (m_ready.empty() && m_input.Next(array)) {
-            const std::vector<SharedValues> batches = Encode(m_input.Schema(), *array, m_options);
+        while (m_ready.empty() && m_input.HasArray()) {
+            const std::vector<SharedValues> batches = Encode(m_input.Schema(), m_input.Array(), m_options);
             m_ready.assign(batches.begin(), batches.end());
-            m_options.firstRow += array->length;
+            m_options.firstRow += m_input.Array().length;
+            m_input.Advance();
         }
         return TakeFirst(m_ready);
     }
@@ -117,7 +117,7 @@ std::vector<SharedValues> Encode(const ArrowSchema& schema, const ArrowArray& ar
     const ReportInput input(schema, array);
     const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
     const std::deque<SharedValues> batches =
-        InOrder(parts.size(), ThreadsFor(options.threads),
+        InOrder(parts.size(), ThreadsFor(options.threads), options.checkpoint,
                 [&](std::size_t i) { return EncodePart(input, parts[i], options); });
     return {batches.begin(), batches.end()};
 }

@@ -4,6 +4,7 @@
 #include "column.h"
 #include "inputcolumn.h"
 #include "source.h"
+#include "workers.h"
 
 #include <reportcore/form.h>
 
@@ -22,6 +23,9 @@ struct EncodeOptions
 
     int threads = 0;
     std::int64_t batchRows = 16384;
+
+    /// Called between batches.
+    Checkpoint checkpoint = {};
 
     /// Whether a row that is no good report becomes null. Otherwise it ends the encoding.
     bool skipsRefused = false;

@@ -8,7 +8,8 @@
 
 namespace ReportColumns {
 
-/// The arrays of a stream of somebody else's. What goes wrong there is thrown as `std::runtime_error`.
+/// The arrays of a stream of somebody else's, each until it is done with, so that none is lost by what throws meanwhile. What goes
+/// wrong in the stream is thrown as `std::runtime_error`.
 class StreamInput
 {
 public:
@@ -20,12 +21,17 @@ public:
     const ArrowSchema& Schema() const { return *m_schema; }
 
     /// False at the end.
-    bool Next(OwnedArray& array)
+    bool HasArray()
     {
-        array = OwnedArray();
-        Demand(m_stream.Get()->get_next(m_stream.Get(), array.Get()));
-        return !array.IsEmpty();
+        if (m_array.IsEmpty())
+            Demand(m_stream.Get()->get_next(m_stream.Get(), m_array.Get()));
+        return !m_array.IsEmpty();
     }
+
+    const ArrowArray& Array() const { return *m_array; }
+
+    /// Done with the array.
+    void Advance() { m_array = OwnedArray(); }
 
 private:
     void Demand(int result)
@@ -38,6 +44,7 @@ private:
 
     OwnedStream m_stream;
     OwnedSchema m_schema;
+    OwnedArray m_array;
 };
 
 } // namespace ReportColumns

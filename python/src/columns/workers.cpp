@@ -17,10 +17,12 @@ class Work
 public:
     Work(std::size_t count, const std::function<void(std::size_t)>& job) : m_count(count), m_job(job) {}
 
-    void Run()
+    void Run(const Checkpoint& checkpoint = {})
     {
         for (std::size_t next = m_next++; next < m_count; next = m_next++) {
             try {
+                if (checkpoint)
+                    checkpoint();
                 m_job(next);
             } catch (...) {
                 const std::lock_guard<std::mutex> lock(m_mutex);
@@ -55,7 +57,8 @@ int ThreadsFor(int requested)
     return requested > 0 ? requested : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
 }
 
-void ForEach(std::size_t count, int threads, const std::function<void(std::size_t)>& job)
+void ForEach(std::size_t count, int threads, const std::function<void(std::size_t)>& job,
+             const Checkpoint& checkpoint)
 {
     Work work(count, job);
     std::vector<std::thread> helpers;
@@ -66,7 +69,7 @@ void ForEach(std::size_t count, int threads, const std::function<void(std::size_
     } catch (const std::system_error&) {
         // Those that the system gives do.
     }
-    work.Run();
+    work.Run(checkpoint);
     for (std::thread& helper : helpers)
         helper.join();
     work.ThrowFailure();

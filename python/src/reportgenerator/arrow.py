@@ -168,7 +168,12 @@ def _table(reports: object) -> Any:
     """An Arrow table of decoded reports, or of files."""
     is_table = hasattr(reports, "__arrow_c_stream__") or hasattr(reports, "__arrow_c_array__")
     given = reports if is_table else scan(reports)  # type: ignore[arg-type]
-    return _package("pyarrow").table(given)
+    pyarrow = _package("pyarrow")
+    if isinstance(given, Stream):
+        # Batch by batch, so that Ctrl-C is a KeyboardInterrupt.
+        batches = [pyarrow.record_batch(batch) for batch in given]
+        return pyarrow.Table.from_batches(batches, schema=pyarrow.schema(given))
+    return pyarrow.table(given)
 
 
 def to_pandas(reports: object) -> Any:
