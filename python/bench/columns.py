@@ -1,7 +1,8 @@
 """Measures columns of reports beside the C++ library, JSON, Protocol Buffers and GeoJSON, and in Spark.
 
-`./dev bench --python` runs it. What is compared is run in turns, and ratios are the medians of those of each turn: the machine may
-have other work. Processor time is that of the process; clock time counts where cores do.
+`./dev bench --python` runs it. What is compared is run in turns on the same core, and ratios are the medians of those of each turn:
+the machine may have other work, and one core of a virtual machine isn't as fast as another. Processor time is that of the process;
+clock time counts where cores do.
 """
 
 from __future__ import annotations
@@ -17,7 +18,8 @@ import subprocess
 import sys
 import tempfile
 import time
-from collections.abc import Callable
+from collections.abc import Callable, Iterator
+from contextlib import contextmanager
 from functools import partial
 from pathlib import Path
 from typing import Any
@@ -68,6 +70,22 @@ def timed(action: Callable[[], object]) -> Seconds:
     return taken
 
 
+CORES = sorted(os.sched_getaffinity(0))
+
+
+@contextmanager
+def on_core(core: int, *others: int) -> Iterator[None]:
+    """Keeps this process, and others by their numbers, on one core."""
+    processes = (0, *others)
+    for process in processes:
+        os.sched_setaffinity(process, {core})
+    try:
+        yield
+    finally:
+        for process in processes:
+            os.sched_setaffinity(process, CORES)
+
+
 class Library:
     """The C++ library, reading a column in a process of its own."""
 
@@ -81,6 +99,10 @@ class Library:
         self._process = subprocess.Popen(
             [program, form, str(path)], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True
         )
+
+    @property
+    def number(self) -> int:
+        return self._process.pid
 
     def read(self) -> Seconds:
         assert self._process.stdin and self._process.stdout
@@ -108,21 +130,27 @@ def against_library(options: Any, table: Any, folder: Path) -> dict[str, Any]:
         if isinstance(column, pa.ChunkedArray):  # more than one array can hold
             column = column.cast(pa.large_binary()).combine_chunks()
         library = Library(options.reading, form, column, folder)
-        turns: dict[str, list[Seconds]] = {"library": [], "one": [], "two": []}
+        read: list[Seconds] = []
+        one: list[Seconds] = []
+        two_cores: list[float] = []
         for _ in range(options.repetitions):
-            turns["library"].append(library.read())
-            turns["one"].append(timed(partial(arrow.decode, column, threads=1)))
-            turns["two"].append(timed(partial(arrow.decode, column, threads=2)))
+            for core in CORES[:2]:
+                with on_core(core, library.number):
+                    read.append(library.read())
+                    one.append(timed(partial(arrow.decode, column, threads=1)))
+            both = timed(partial(arrow.decode, column, threads=2))
+            rates = [1 / turn[0] for turn in one[-2:]]
+            two_cores.append(1 / both[0] / statistics.mean(rates))
         library.close()
         rows = arrow.decode(column)
         assert isinstance(rows, arrow.Columns)
         count = len(rows)
         found[form] = {
             "bytes": column.nbytes / count,
-            "library_us": 1e6 * statistics.median(turn[1] for turn in turns["library"]) / count,
-            "decode_us": 1e6 * statistics.median(turn[1] for turn in turns["one"]) / count,
-            "decode_to_library": ratios(turns["one"], turns["library"], 1),
-            "two_cores": ratios(turns["one"], turns["two"], 0),
+            "library_us": 1e6 * statistics.median(turn[1] for turn in read) / count,
+            "decode_us": 1e6 * statistics.median(turn[1] for turn in one) / count,
+            "decode_to_library": ratios(one, read, 1),
+            "two_cores": statistics.median(two_cores),
             "bytes_in_memory": rows.nbytes / count,
         }
     return found
@@ -382,9 +410,10 @@ def main() -> None:
         figures["forms"] = against_library(options, table, folder)
         sample = table.slice(0, few)
         column = pa.chunked_array(arrow.encode(sample, form="plain")).combine_chunks()
-        figures["json"] = against_json(options, column, folder)
-        figures["geojson"] = against_geojson(options, column, folder)
-        figures["protobuf"] = against_protobuf(options, sample, column, folder)
+        with on_core(CORES[0]):
+            figures["json"] = against_json(options, column, folder)
+            figures["geojson"] = against_geojson(options, column, folder)
+            figures["protobuf"] = against_protobuf(options, sample, column, folder)
         plain = pa.chunked_array(arrow.encode(table, form="plain"))
         figures["spark"] = in_spark(options, plain, folder)
     figures["peak_mib"] = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss / 1024
