@@ -4,7 +4,6 @@
 #include "errors.h"
 
 #include <reportcore/files.h>
-#include <reportcore/inspect/binaryinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/problemlogger.h>
 #include <reportcore/reading/faultlist.h>
@@ -71,16 +70,15 @@ bool ReadElement(IRGObject& object, const QString& text, bool checkRoot)
 /// Of any class but reports: the first fault of what is around the body, and what the library says of the body.
 ReportCore::Problems ReadRepresentation(IRGObject& object, const QByteArray& bytes, const FileForm& form)
 {
-    ReportCore::FaultList faults;
-    ReportCore::BinaryInspector inspector(bytes, form.isBinaryFile, faults.Visitor());
+    ReportCore::FaultList faults(bytes, form.isBinaryFile);
+    ReportCore::BinaryInspector& inspector = faults.Inspector();
     inspector.Envelope();
-    const ReportCore::FilePlace placeOfName = faults.PlaceOfName();
     inspector.End();
     if (faults.HasFault())
         return faults.Found();
     if (inspector.ObjectName() != object.GetObjectName())
         return {{QLatin1String(ReportCore::NO_REPORT),
-                 QStringLiteral("this is an object '%1'").arg(inspector.ObjectName()), placeOfName}};
+                 QStringLiteral("this is an object '%1'").arg(inspector.ObjectName()), faults.PlaceOfName()}};
     QByteArray representation = inspector.RepresentationBytes();
     object.SetBinaryRepresentation(representation);
     if (object.GetValidate())

@@ -17,9 +17,9 @@
 namespace {
 
 using ReportCore::BinaryInspector;
+using ReportCore::Event;
 using ReportCore::ReadReport;
 using ReportCore::ReportFile;
-using ReportCore::WireField;
 using Support::Element;
 using ToolTest::Plain;
 namespace Tag = Support::Tag;
@@ -27,7 +27,7 @@ namespace Tag = Support::Tag;
 /// Whether the walk finds all lengths of a plain representation as they should be.
 bool IsSound(const QByteArray& representation)
 {
-    BinaryInspector inspector(representation, false, [](const WireField&) {});
+    BinaryInspector inspector(representation, false, [](const Event&) {});
     inspector.Envelope();
     EXPECT_FALSE(inspector.HasFault());
     inspector.Body();
@@ -42,14 +42,14 @@ void ExpectNothingOdd(const QByteArray& representation)
         return;
     SCOPED_TRACE(::testing::PrintToString(representation));
     EXPECT_TRUE(IsSound(representation));
-    EXPECT_TRUE(ReportCore::FindBinaryLint(representation, false).empty());
+    EXPECT_TRUE(ReportCore::FindDocumentLint(representation, file.form).empty());
     file.wasReadWhole = false;
     EXPECT_TRUE(ReportCore::FindLosses(representation, file).empty());
 }
 
 int SizeOfFrame(const QByteArray& representation)
 {
-    BinaryInspector inspector(representation, false, [](const WireField&) {});
+    BinaryInspector inspector(representation, false, [](const Event&) {});
     inspector.Envelope();
     return static_cast<int>(inspector.BodyOffset());
 }

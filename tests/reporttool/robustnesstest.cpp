@@ -12,11 +12,11 @@
 namespace {
 
 using ReportCore::BinaryInspector;
+using ReportCore::Event;
 using ReportCore::FileForm;
 using ReportCore::Form;
 using ReportCore::ReadReport;
 using ReportCore::Recognise;
-using ReportCore::WireField;
 using ToolTest::FullCompressed;
 using ToolTest::FullPlain;
 using ToolTest::FullXml;
@@ -46,7 +46,7 @@ QByteArray WalkedBytes(const QByteArray& bytes, bool isBinaryFile)
 {
     QByteArray walked;
     BinaryInspector inspector(bytes, isBinaryFile,
-                              [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
+                              [&walked](const Event& field) { walked += field.bytes.Bytes(); });
     inspector.Envelope();
     if (!inspector.IsCompressed())
         inspector.Body();
@@ -137,8 +137,7 @@ TEST_F(ToolRobustness, FieldsOfAnUncompressedReportAreThoseOfThePlainOne)
 {
     QByteArray walked;
     const QByteArray bytes = FullCompressed();
-    BinaryInspector inspector(bytes, false,
-                              [&walked](const WireField& field) { walked += field.bytes.Bytes(); });
+    BinaryInspector inspector(bytes, false, [&walked](const Event& field) { walked += field.bytes.Bytes(); });
     inspector.Envelope();
     walked.clear();
     inspector.Body();

@@ -64,11 +64,6 @@ char AsciiAt(const FileRange& range, const Encoding& encoding)
     return static_cast<char>(range.At(encoding.lowestByte));
 }
 
-bool IsXmlBlank(char character)
-{
-    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
-}
-
 QByteArray MarkOf(const Encoding& encoding)
 {
     return QByteArray(encoding.byteOrderMark, static_cast<int>(encoding.markSize));

@@ -34,6 +34,13 @@ QLatin1String WordFor(const FileForm& form);
 /// Recognises the form by the content alone.
 FileForm Recognise(const QByteArray& bytes);
 
+/// Whether a byte or a unit of UTF-16 is a blank of XML.
+template <class Unit>
+constexpr bool IsXmlBlank(Unit unit)
+{
+    return unit == ' ' || unit == '\t' || unit == '\r' || unit == '\n';
+}
+
 /// XML as Qt's reader is to get it: UTF-16 and UTF-32 have a byte order mark. Without one the reader doesn't know the order
 /// of the bytes, or counts those of a character as characters.
 QByteArray ForXmlReader(const QByteArray& bytes);

@@ -58,13 +58,6 @@ bool IsWorthUncompressing(const QByteArray& bytes, const ReportFile& file, Look 
            !Has(file.problems, TOO_LARGE) && !Has(file.problems, DAMAGED_DATA);
 }
 
-Problems ReadingProblems(const QByteArray& bytes, const ReportFile& file, Look look)
-{
-    if (!MayBeOdd(bytes, file, look))
-        return {};
-    return file.form.IsBinary() ? FindBinaryLint(bytes, file.form.isBinaryFile) : FindXmlLint(bytes);
-}
-
 /// Takes away what is about the field of a problem. How a name is spelt, no problem tells.
 void RemoveTold(const Problems& problems, Problems& lint)
 {
@@ -87,7 +80,9 @@ Problems FindLint(const QByteArray& bytes, const ReportFile& file, Look look)
 {
     if (file.form.form == Form::Unknown)
         return {};
-    Problems lint = ReadingProblems(bytes, file, look);
+    Problems lint;
+    if (MayBeOdd(bytes, file, look))
+        lint = FindDocumentLint(bytes, file.form);
     if (IsWorthUncompressing(bytes, file, look)) {
         const Problems behind = FindDataBehind(bytes, file.form.isBinaryFile);
         lint.insert(lint.end(), behind.begin(), behind.end());

@@ -39,7 +39,7 @@ bool IsWhole(const ReportFile& file)
 /// Where the bytes end that hold the fields.
 FilePlace EndOf(const QByteArray& bytes, const ReportFile& file)
 {
-    BinaryInspector inspector(bytes, file.form.isBinaryFile, [](const WireField& /*field*/) {});
+    BinaryInspector inspector(bytes, file.form.isBinaryFile, [](const Event& /*event*/) {});
     inspector.Envelope();
     return {0, 0, inspector.BodyOffset() + inspector.BodyBytes().size(), inspector.IsCompressed()};
 }
@@ -90,7 +90,7 @@ Problems FindLosses(const QByteArray& bytes, const ReportFile& file)
     }
     Problems losses;
     if (!IsWhole(file))
-        losses = file.form.IsBinary() ? FindBinaryLosses(bytes, file) : FindXmlLosses(bytes, file);
+        losses = FindDocumentLosses(bytes, file);
     std::stable_sort(losses.begin(), losses.end(), StandsBefore);
     AddProblems(bytes, file, losses);
     if (file.form.form == Form::Compressed) {

@@ -27,10 +27,9 @@ public:
         QString behind;
     };
 
-    ReportRanges(const QByteArray& bytes, const SourceText& text)
+    explicit ReportRanges(const QByteArray& bytes)
         : m_inspector(
-              bytes, text.Text(), [this](const XmlEvent& event) { Take(event); },
-              XmlInspector::Extent::Document)
+              bytes, [this](const Event& event) { Take(event); }, Inspector::Extent::Document)
     {
     }
 
@@ -43,27 +42,30 @@ public:
 
     const QString& RootName() const { return m_rootName; }
 
+    /// Knows the document.
+    const XmlInspector& Source() const { return m_inspector; }
+
 private:
-    void Take(const XmlEvent& event)
+    void Take(const Event& event)
     {
         switch (event.kind) {
-        case XmlEvent::Kind::DocumentType:
+        case Event::Kind::DocumentType:
             m_documentType = event.value;
             break;
-        case XmlEvent::Kind::Surrounding:
+        case Event::Kind::Surrounding:
             TakeRoot(event);
             m_namespaces.push_back(m_inspector.Namespaces());
             break;
-        case XmlEvent::Kind::SurroundingEnd:
+        case Event::Kind::SurroundingEnd:
             m_namespaces.pop_back();
             break;
-        case XmlEvent::Kind::StartTag:
-        case XmlEvent::Kind::AnotherReport:
+        case Event::Kind::StartTag:
+        case Event::Kind::AnotherReport:
             if (event.path->IsEmpty())
                 Begin(event);
             break;
-        case XmlEvent::Kind::EndTag:
-        case XmlEvent::Kind::AnotherReportEnd:
+        case Event::Kind::EndTag:
+        case Event::Kind::AnotherReportEnd:
             if (event.path->IsEmpty())
                 m_ranges.back().end = event.end;
             break;
@@ -72,13 +74,13 @@ private:
         }
     }
 
-    void TakeRoot(const XmlEvent& event)
+    void TakeRoot(const Event& event)
     {
         if (m_rootName.isNull())
             m_rootName = event.name;
     }
 
-    void Begin(const XmlEvent& event)
+    void Begin(const Event& event)
     {
         TakeRoot(event);
         m_ranges.push_back(
@@ -167,12 +169,12 @@ ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
 {
     if (Recognise(bytes).form != Form::Xml)
         return;
-    const SourceText source(bytes);
-    ReportRanges ranges(bytes, source);
+    ReportRanges ranges(bytes);
     const std::vector<ReportRanges::Range> found = ranges.Find();
     m_rootName = ranges.RootName();
     if (found.size() < 2)
         return;
+    const XmlInspector& source = ranges.Source();
     for (const ReportRanges::Range& range : found) {
         const auto size = static_cast<int>(range.end - range.begin);
         const QByteArray part =

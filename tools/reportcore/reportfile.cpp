@@ -1,6 +1,5 @@
 #include <reportcore/reportfile.h>
 
-#include <reportcore/problemlogger.h>
 #include <reportcore/reading/diagnostics.h>
 #include <reportcore/reading/reading.h>
 
@@ -10,22 +9,6 @@ namespace ReportCore {
 
 using REPORTGENERATOR::ReportBase;
 
-void Prepare(const ReportBase& report, const std::shared_ptr<ProblemLogger>& logger)
-{
-    report.SetValidate(false);
-    report.SetLogger(logger);
-}
-
-LogRecords LogRecordsOfCheck(const ReportBase& report, ProblemLogger& logger)
-{
-    try {
-        report.Check(true);
-    } catch (const ReportException& exception) {
-        logger.Catch(exception);
-    }
-    return logger.Take();
-}
-
 bool TakeIfGood(const ReportBase& report, ReportFile& file)
 {
     try {
@@ -34,6 +17,7 @@ bool TakeIfGood(const ReportBase& report, ReportFile& file)
         return false;
     }
     file.report = report;
+    file.wasReadWhole = true;
     return true;
 }
 
@@ -49,15 +33,11 @@ ReportFile ReadReport(const QByteArray& bytes)
                                                  : QStringLiteral("not a report in any known form")});
         break;
     case Form::Xml:
-        file.wasReadWhole = ReadXmlWhole(bytes, file);
-        if (!file.wasReadWhole)
-            ReadXmlDiagnosing(bytes, file);
+        ReadXml(bytes, file);
         break;
     case Form::Plain:
     case Form::Compressed:
-        file.wasReadWhole = ReadBinaryWhole(bytes, file);
-        if (!file.wasReadWhole)
-            ReadBinaryDiagnosing(bytes, file);
+        ReadBinary(bytes, file);
         break;
     }
     file.report.ResetLogger();
@@ -71,16 +51,8 @@ ReportFile CheckReport(const ReportBase& report, const QByteArray& bytes)
     file.size = bytes.size();
     file.objectName = ReportBase::GetStaticObjectName();
     file.report = report;
-    const auto logger = std::make_shared<ProblemLogger>();
-    Prepare(file.report, logger);
-    const LogRecords checked = LogRecordsOfCheck(file.report, *logger);
-    const LogRecords read;
-    Diagnostics diagnostics(file.report, read, checked, true);
-    if (file.form.IsBinary())
-        diagnostics.Places().SearchBinary(bytes, file.form.isBinaryFile);
-    else
-        diagnostics.Places().SearchXml(bytes);
-    file.problems = diagnostics.Tell();
+    const auto isThere = [] { return true; };
+    file.problems = Diagnostics(file.report, isThere, nullptr).Find(bytes, file.form);
     file.report.ResetLogger();
     return file;
 }

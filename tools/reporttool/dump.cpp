@@ -12,10 +12,10 @@ namespace ReportTool {
 
 using ReportCore::BinaryInspector;
 using ReportCore::Describe;
+using ReportCore::Event;
 using ReportCore::FileRange;
-using ReportCore::Kind;
 using ReportCore::Printable;
-using ReportCore::WireField;
+using Kind = ReportCore::Event::Kind;
 
 namespace {
 
@@ -47,13 +47,13 @@ QLatin1String KindText(Kind kind)
         return QLatin1String("text");
     case Kind::Bool:
         return QLatin1String("bool");
-    case Kind::Other:
+    default:
         break;
     }
     return QLatin1String("bytes");
 }
 
-bool IsText(const WireField& field)
+bool IsText(const Event& field)
 {
     return field.kind == Kind::Utf8 || field.kind == Kind::Utf16;
 }
@@ -64,7 +64,7 @@ bool ContinuesCharacter(const FileRange& bytes, qint64 index)
 }
 
 /// How many bytes go on a line; a character is not torn apart unless it is broken anyway.
-qint64 LineSize(const WireField& field, const FileRange& rest)
+qint64 LineSize(const Event& field, const FileRange& rest)
 {
     if (!rest.Has(BYTES_PER_LINE + 1))
         return rest.Size();
@@ -74,7 +74,7 @@ qint64 LineSize(const WireField& field, const FileRange& rest)
     return size > 0 ? size : BYTES_PER_LINE;
 }
 
-QString Meaning(const WireField& field, const FileRange& line, bool isFirst)
+QString Meaning(const Event& field, const FileRange& line, bool isFirst)
 {
     const QString kind = isFirst ? KindText(field.kind) + QLatin1String(field.IsFaulty() ? "!: " : ": ")
                                  : QStringLiteral("... ");
@@ -94,7 +94,7 @@ QString Line(const FileRange& bytes, int depth, const QString& meaning)
            QString(depth * INDENT, QLatin1Char(' ')) + meaning;
 }
 
-void WriteField(const WireField& field, TextOutput& output)
+void WriteField(const Event& field, TextOutput& output)
 {
     FileRange rest = field.bytes;
     bool isFirst = true;
@@ -110,7 +110,7 @@ void WriteField(const WireField& field, TextOutput& output)
 void Dump(const QByteArray& bytes, bool isBinaryFile, TextOutput& output)
 {
     BinaryInspector inspector(bytes, isBinaryFile,
-                              [&output](const WireField& field) { WriteField(field, output); });
+                              [&output](const Event& field) { WriteField(field, output); });
     inspector.Envelope();
     if (!inspector.IsCompressed()) {
         inspector.Body();

@@ -3,7 +3,6 @@
 #include <reportviewer/losing.h>
 
 #include <reportcore/inspect/binaryinspector.h>
-#include <reportcore/inspect/xmlinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/losses.h>
 #include <reportcore/reportwriting.h>
@@ -11,6 +10,8 @@
 #include <algorithm>
 
 namespace ReportViewer {
+
+using ReportCore::Event;
 
 namespace {
 
@@ -43,12 +44,22 @@ private:
     int m_pieces = 0;
 };
 
-/// Whether an event is about what no field holds, or about a part of what comes up whole.
-bool IsBesideFields(ReportCore::XmlEvent::Kind kind)
+/// Whether an event is about a field, or what holds fields, as a whole.
+bool IsOfFields(const Event& event)
 {
-    using Kind = ReportCore::XmlEvent::Kind;
-    return kind == Kind::UnknownAttribute || kind == Kind::UnknownTag || kind == Kind::UnknownEnd ||
-           kind == Kind::Characters || kind == Kind::Entity;
+    using Kind = Event::Kind;
+    switch (event.kind) {
+    case Kind::Entity:
+    case Kind::UnknownTag:
+    case Kind::UnknownEnd:
+    case Kind::UnknownAttribute:
+    case Kind::UnknownText:
+    case Kind::DividedText:
+        return false;
+    default:
+        // What lacks its bytes has no place.
+        return event.isInReport && !(event.IsFaulty() && event.begin == event.end);
+    }
 }
 
 void MapText(Contents& contents, const ReadingSteps& steps)
@@ -56,21 +67,21 @@ void MapText(Contents& contents, const ReadingSteps& steps)
     contents.text = ReportCore::DecodeXml(contents.bytes);
     contents.rows = TextRows(contents.text);
     MappingSteps reached(steps, contents.text.size());
-    ReportCore::XmlInspector(contents.bytes, contents.text, [&](const ReportCore::XmlEvent& event) {
+    ReportCore::Inspector::Of(contents.bytes, contents.file.form, [&](const Event& event) {
         reached.Reach(event.end);
-        if (event.element && !IsBesideFields(event.kind))
+        if (IsOfFields(event))
             contents.fields.Take(*event.path, {event.begin, event.end});
-    }).Run();
+    })->Run();
 }
 
 void MapBytes(Contents& contents, const ReadingSteps& steps)
 {
     MappingSteps reached(steps, contents.bytes.size());
     ReportCore::BinaryInspector inspector(contents.bytes, contents.file.form.isBinaryFile,
-                                          [&](const ReportCore::WireField& field) {
-                                              reached.Reach(field.begin);
-                                              if (inspector.IsInBody() && !field.bytes.IsEmpty())
-                                                  contents.fields.Take(*field.path, {field.begin, field.end});
+                                          [&](const Event& event) {
+                                              reached.Reach(event.begin);
+                                              if (IsOfFields(event))
+                                                  contents.fields.Take(*event.path, {event.begin, event.end});
                                           });
     inspector.Envelope();
     if (inspector.IsCompressed()) {

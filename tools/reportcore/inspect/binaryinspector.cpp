@@ -10,15 +10,12 @@
 
 namespace ReportCore {
 
+using Kind = Event::Kind;
+using Role = Event::Role;
+
 namespace {
 
 namespace wire = REPORTGENERATOR::wire;
-
-const QString& UnknownElement()
-{
-    static const QString name = QStringLiteral("unknown element");
-    return name;
-}
 
 /// Sizes have no sign, lengths have one. No bytes belong to what is null.
 qint64 Claimed(Kind kind, quint32 word)
@@ -34,40 +31,29 @@ FileRange TakeCounted(FileRange& range)
     return range.Has(wire::WORD_SIZE) ? range.Take(range.TakeWord()) : FileRange();
 }
 
-WireField FieldOf(Kind kind, const FileRange& bytes, int depth, const QString& name)
+Event EventOf(Kind kind, const FileRange& bytes, int depth, const QString& name)
 {
-    WireField field;
-    field.kind = kind;
-    field.bytes = bytes;
-    field.depth = depth;
-    field.name = name;
-    return field;
+    Event event;
+    event.kind = kind;
+    event.bytes = bytes;
+    event.begin = bytes.Offset();
+    event.end = bytes.Offset() + bytes.Size();
+    event.depth = depth;
+    event.name = name;
+    return event;
 }
 
-/// Whether a value stands there, or the size of one that may be empty.
-bool HoldsValue(Kind kind)
+void GiveValue(Event& event, Role role, const QString& value)
 {
-    return kind == Kind::SizeOfUtf8 || kind == Kind::SizeOfUtf16 || kind == Kind::Utf8 ||
-           kind == Kind::Utf16 || kind == Kind::Bool;
+    event.role = role;
+    event.readTo = event.end;
+    event.value = value;
 }
 
-QString ValueOf(const WireField& field)
+void GiveFault(Event& event, const char* fault, const QString& text)
 {
-    switch (field.kind) {
-    case Kind::Utf8:
-        return field.bytes.Utf8();
-    case Kind::Utf16:
-        return field.bytes.Utf16();
-    case Kind::Bool:
-        return Describe(field);
-    default:
-        return QLatin1String("");
-    }
-}
-
-QString ClaimedAndLeft(qint64 claimed, qint64 left)
-{
-    return QStringLiteral("%1 claimed, %2 left").arg(claimed).arg(left);
+    event.fault = fault;
+    event.faultText = text;
 }
 
 } // namespace
@@ -83,8 +69,14 @@ FileRange CompressedData(const QByteArray& bytes, bool isBinaryFile)
 }
 
 BinaryInspector::BinaryInspector(const QByteArray& bytes, bool isBinaryFile, Visitor visit)
-    : m_visit(std::move(visit)), m_all(bytes), m_isBinaryFile(isBinaryFile)
+    : Inspector(std::move(visit)), m_all(bytes), m_isBinaryFile(isBinaryFile)
 {
+}
+
+void BinaryInspector::Run()
+{
+    Envelope();
+    Body();
 }
 
 void BinaryInspector::Envelope()
@@ -122,7 +114,7 @@ void BinaryInspector::Body()
         Fault(range, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for a root element"));
         return;
     }
-    Visit(Kind::Tag, range.Take(wire::WORD_SIZE), depth, QStringLiteral("root"));
+    HandOut(Kind::Tag, range.Take(wire::WORD_SIZE), depth, QStringLiteral("root"));
     const auto elements = Counted(range, Kind::Length, depth, QStringLiteral("elements"));
     if (elements)
         Elements(*elements, FindObject(m_objectName), depth + 1);
@@ -147,14 +139,11 @@ std::optional<FileRange> BinaryInspector::Counted(FileRange& range, Kind kind, i
     }
     const FileRange word = range.Take(wire::WORD_SIZE);
     const qint64 count = Claimed(kind, word.Word());
-    const bool isSound = range.Has(count);
-    WireField field = FieldOf(kind, word, depth, name);
-    field.number = number;
-    if (!isSound) {
-        field.fault = LENGTH_MISMATCH;
-        field.faultText = ClaimedAndLeft(count, range.Size());
-    }
-    Visit(std::move(field));
+    Event size = EventOf(kind, word, depth, name);
+    size.number = number;
+    if (!range.Has(count))
+        GiveFault(size, LENGTH_MISMATCH, QStringLiteral("%1 claimed, %2 left").arg(count).arg(range.Size()));
+    HandOut(std::move(size));
     return range.Take(count);
 }
 
@@ -165,7 +154,7 @@ FileRange BinaryInspector::Text(FileRange& range, Kind sizeKind, const QString& 
     if (!text)
         return FileRange();
     if (!text->IsEmpty())
-        Visit(sizeKind == Kind::SizeOfUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
+        HandOut(sizeKind == Kind::SizeOfUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
     return *text;
 }
 
@@ -176,27 +165,26 @@ void BinaryInspector::Uncompress(FileRange data, int depth)
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("too few bytes for compressed data"));
         return;
     }
-    WireField prefix =
-        FieldOf(Kind::Prefix, data.Take(wire::WORD_SIZE), depth, QStringLiteral("bytes when uncompressed"));
+    Event prefix =
+        EventOf(Kind::Prefix, data.Take(wire::WORD_SIZE), depth, QStringLiteral("bytes when uncompressed"));
     const qint64 claimed = prefix.bytes.Word();
     if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION) {
-        Visit(prefix);
+        HandOut(prefix);
         Fault(data, depth, TOO_LARGE, QStringLiteral("%1 bytes when uncompressed").arg(claimed));
         return;
     }
     m_uncompressed = REPORTGENERATOR::IRGObject::UncompressBinary(prefixed);
     m_body = FileRange(m_uncompressed);
     if (m_body.IsEmpty()) {
-        Visit(prefix);
+        HandOut(prefix);
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("compressed data that cannot be uncompressed"));
         return;
     }
-    if (claimed != m_body.Size()) {
-        prefix.fault = LENGTH_MISMATCH;
-        prefix.faultText = QStringLiteral("%1 claimed, %2 there").arg(claimed).arg(m_body.Size());
-    }
-    Visit(prefix);
-    Visit(Kind::Other, data, depth, QStringLiteral("zlib data"));
+    if (claimed != m_body.Size())
+        GiveFault(prefix, LENGTH_MISMATCH,
+                  QStringLiteral("%1 claimed, %2 there").arg(claimed).arg(m_body.Size()));
+    HandOut(prefix);
+    HandOut(Kind::Other, data, depth, QStringLiteral("zlib data"));
 }
 
 void BinaryInspector::Elements(FileRange range, const ObjectInfo* object, int depth)
@@ -214,22 +202,23 @@ void BinaryInspector::Element(FileRange& range, const ObjectInfo* object, int de
     }
     const FileRange tag = range.Take(wire::WORD_SIZE);
     const Field* const type = object ? object->FindTag(static_cast<qint32>(tag.Word())) : nullptr;
-    const QString& name = type ? type->WireLabel() : UnknownElement();
+    const QString name = type ? type->WireLabel() : QStringLiteral("unknown element");
     if (type)
         m_path.Enter(*type);
-    m_isUnknown = !type;
-    Visit(Kind::Tag, tag, depth, name);
-    m_isUnknown = false;
+    Event event = EventOf(Kind::Tag, tag, depth, name);
+    event.role = type ? Role::None : Role::Unknown;
+    HandOut(std::move(event));
     if (const auto payload = Counted(range, Kind::Length, depth, name)) {
         if (type)
             Payload(*payload, *type, depth + 1);
         else if (!payload->IsEmpty())
-            Visit(Kind::Other, *payload, depth + 1, QStringLiteral("payload"));
+            HandOut(Kind::Other, *payload, depth + 1, QStringLiteral("payload"));
     }
     if (type)
         m_path.Leave();
 }
 
+/// A number travels as its text.
 void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
 {
     switch (type.Kind()) {
@@ -241,8 +230,15 @@ void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
     case FieldKind::List:
         Items(payload, type, depth);
         break;
+    case FieldKind::Switch:
+        Bool(payload, type, depth);
+        break;
+    case FieldKind::Version:
+        m_counts.TakeVersion(m_path.Parent(), type,
+                             Text(payload, Kind::SizeOfUtf16, type.WireLabel(), depth).Utf16());
+        break;
     default:
-        Value(payload, type, depth);
+        Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);
         break;
     }
     if (!payload.IsEmpty())
@@ -250,24 +246,12 @@ void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
               QStringLiteral("bytes that are no part of %1").arg(type.WireLabel()));
 }
 
-/// A number travels as its text.
-void BinaryInspector::Value(FileRange& payload, const Field& type, int depth)
-{
-    if (type.Kind() == FieldKind::Switch)
-        Bool(payload, type, depth);
-    else if (type.Kind() == FieldKind::Version)
-        m_counts.TakeVersion(m_path.Parent(), type,
-                             Text(payload, Kind::SizeOfUtf16, type.WireLabel(), depth).Utf16());
-    else
-        Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);
-}
-
 void BinaryInspector::Bool(FileRange& payload, const Field& type, int depth)
 {
     if (payload.IsEmpty())
         Fault(payload, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for %1").arg(type.WireLabel()));
     else
-        Visit(Kind::Bool, payload.Take(1), depth, type.WireLabel());
+        HandOut(Kind::Bool, payload.Take(1), depth, type.WireLabel());
 }
 
 void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
@@ -278,7 +262,7 @@ void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
         return;
     }
     const FileRange word = payload.Take(wire::WORD_SIZE);
-    Visit(Kind::Count, word, depth, list.WireLabel() + QStringLiteral(" that follow"));
+    HandOut(Kind::Count, word, depth, list.WireLabel() + QStringLiteral(" that follow"));
     const qint64 count = static_cast<qint32>(word.Word());
     const FieldPath whole = m_path;
     int number = 0;
@@ -296,47 +280,49 @@ void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
               QStringLiteral("%1 %2 claimed, %3 there").arg(count).arg(list.WireLabel()).arg(number));
 }
 
-void BinaryInspector::Visit(Kind kind, const FileRange& bytes, int depth, const QString& name)
+void BinaryInspector::HandOut(Kind kind, const FileRange& bytes, int depth, const QString& name)
 {
-    Visit(FieldOf(kind, bytes, depth, name));
+    HandOut(EventOf(kind, bytes, depth, name));
 }
 
-void BinaryInspector::Visit(WireField field)
+void BinaryInspector::HandOut(Event event)
 {
-    m_hasFault = m_hasFault || field.IsFaulty();
-    field.begin = field.bytes.Offset();
-    field.end = field.begin + field.bytes.Size();
-    field.path = &m_path;
-    if (m_isInBody)
-        GiveRole(field);
-    m_visit(field);
+    m_hasFault = m_hasFault || event.IsFaulty();
+    event.isInReport = m_isInBody;
+    event.path = &m_path;
+    event.place = event.begin;
+    event.contentBegin = event.begin;
+    if (m_isInBody && event.role == Role::None)
+        GiveRole(event);
+    Visit(event);
 }
 
 /// An object begins with its tag, an item with its length. A text takes the place of its size, behind which it stands.
-void BinaryInspector::GiveRole(WireField& field) const
+void BinaryInspector::GiveRole(Event& event) const
 {
-    field.place = field.begin;
-    if (field.kind == Kind::Tag) {
-        if (m_isUnknown)
-            field.role = Event::Role::Unknown;
-        else if (m_path.IsEmpty() || m_path.Last().field->HasObjects())
-            field.role = Event::Role::Object;
-    } else if (field.kind == Kind::Length && m_path.IsItem()) {
-        field.role = Event::Role::Object;
-        field.readTo = field.end + static_cast<qint32>(field.bytes.Word());
-    } else if (field.IsOfValue() && HoldsValue(field.kind)) {
-        field.role = Event::Role::Value;
-        field.readTo = field.end;
-        field.value = ValueOf(field);
+    if (event.kind == Kind::Length && m_path.IsItem()) {
+        event.role = Role::Object;
+        event.readTo = event.end + static_cast<qint32>(event.bytes.Word());
+    } else if (event.kind == Kind::Tag) {
+        event.role = event.IsOfValue() ? Role::Element : Role::Object;
+    } else if (!event.IsOfValue()) {
+        return;
+    } else if (event.kind == Kind::SizeOfUtf8 || event.kind == Kind::SizeOfUtf16) {
+        GiveValue(event, Role::Size, QLatin1String(""));
+    } else if (event.kind == Kind::Utf8) {
+        GiveValue(event, Role::Value, event.bytes.Utf8());
+    } else if (event.kind == Kind::Utf16) {
+        GiveValue(event, Role::Value, event.bytes.Utf16());
+    } else if (event.kind == Kind::Bool) {
+        GiveValue(event, Role::Value, Describe(event));
     }
 }
 
 void BinaryInspector::Fault(const FileRange& bytes, int depth, const char* fault, const QString& text)
 {
-    WireField field = FieldOf(Kind::Other, bytes, depth, QString());
-    field.fault = fault;
-    field.faultText = text;
-    Visit(std::move(field));
+    Event event = EventOf(Kind::Other, bytes, depth, QString());
+    GiveFault(event, fault, text);
+    HandOut(std::move(event));
 }
 
 void BinaryInspector::Behind(const FileRange& bytes, int depth)

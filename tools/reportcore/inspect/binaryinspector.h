@@ -1,15 +1,12 @@
 #ifndef REPORTCORE_INSPECT_BINARYINSPECTOR_H
 #define REPORTCORE_INSPECT_BINARYINSPECTOR_H
 
-#include <reportcore/inspect/event.h>
-#include <reportcore/inspect/filerange.h>
+#include <reportcore/inspect/inspector.h>
 #include <reportcore/inspect/itemcounts.h>
-#include <reportcore/problem.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-#include <functional>
 #include <optional>
 
 namespace ReportCore {
@@ -18,49 +15,18 @@ namespace ReportCore {
 /// none. The array holds a compressed representation, or is a binary file that holds one.
 FileRange CompressedData(const QByteArray& bytes, bool isBinaryFile);
 
-/// What the bytes of a field are.
-enum class Kind
-{
-    Tag,
-    Length,
-    SizeOfBytes,
-    SizeOfUtf8,
-    SizeOfUtf16,
-    Count,
-    Prefix,
-    Utf8,
-    Utf16,
-    Bool,
-    Other
-};
-
-/// Whether it is a number of bytes that follow, with a value that stands for none at all.
-bool IsSize(Kind kind);
-
-/// Whether the word is that value.
-bool IsNull(Kind kind, quint32 word);
-
-/// One field of a binary form.
-struct WireField : Event
-{
-    Kind kind = Kind::Other;
-    FileRange bytes = {};
-    QString name = {}; ///< what it is, or of which element it is a part
-    qint64 number = 0; ///< which of several items of a list, from 1; 0 for what is none
-};
-
-/// Goes through a binary form field by field and hands each to the visitor. Those around the report have no role.
+/// Goes through a binary form field by field. Those around the report have no role.
 ///
 /// No length is trusted: an element that claims more than there is gets what there is, and the field with the
-/// claim is told to be faulty. The inspector tells what the bytes are; what they mean to a report is the library's
-/// to say.
-class BinaryInspector
+/// claim is told to be faulty.
+class BinaryInspector : public Inspector
 {
 public:
-    using Visitor = std::function<void(const WireField& field)>;
-
     /// The array, which must outlive the inspector, holds a representation, or is a binary file that holds one.
     BinaryInspector(const QByteArray& bytes, bool isBinaryFile, Visitor visit);
+
+    /// `Envelope` and `Body`.
+    void Run() override;
 
     /// The fields around the report: marker, object name, compressed data.
     void Envelope();
@@ -90,36 +56,29 @@ public:
     /// Whether a fault has come up so far.
     bool HasFault() const { return m_hasFault; }
 
-    /// Whether the fields that come up are the report's own.
-    bool IsInBody() const { return m_isInBody; }
-
-    /// The place of a byte of the body.
-    FilePlace PlaceOf(qint64 offset) const { return {0, 0, offset, m_isCompressed}; }
+    FilePlace PlaceOf(qint64 position) const override { return {0, 0, position, m_isCompressed}; }
 
 private:
-    std::optional<FileRange> Counted(FileRange& range, Kind kind, int depth, const QString& name,
+    std::optional<FileRange> Counted(FileRange& range, Event::Kind kind, int depth, const QString& name,
                                      qint64 number = 0);
-    FileRange Text(FileRange& range, Kind sizeKind, const QString& name, int depth);
+    FileRange Text(FileRange& range, Event::Kind sizeKind, const QString& name, int depth);
     void Uncompress(FileRange data, int depth);
     void Elements(FileRange range, const ObjectInfo* object, int depth);
     void Element(FileRange& range, const ObjectInfo* object, int depth);
     void Payload(FileRange payload, const Field& type, int depth);
-    void Value(FileRange& payload, const Field& type, int depth);
     void Bool(FileRange& payload, const Field& type, int depth);
     void Items(FileRange& payload, const Field& list, int depth);
-    void Visit(Kind kind, const FileRange& bytes, int depth, const QString& name);
-    void Visit(WireField field);
-    void GiveRole(WireField& field) const;
+    void HandOut(Event::Kind kind, const FileRange& bytes, int depth, const QString& name);
+    void HandOut(Event event);
+    void GiveRole(Event& event) const;
     void Fault(const FileRange& bytes, int depth, const char* fault, const QString& text);
     void Behind(const FileRange& bytes, int depth);
 
-    Visitor m_visit;
     FileRange m_all;
     bool m_isBinaryFile;
     bool m_isCompressed = false;
     bool m_hasFault = false;
     bool m_isInBody = false;
-    bool m_isUnknown = false; ///< of the element whose tag comes up
     int m_depth = 0;
     FieldPath m_path;
     ItemCounts m_counts;
@@ -130,13 +89,6 @@ private:
     FileRange m_behindData;
     FileRange m_behindRepresentation;
 };
-
-/// What a field is, without its kind: "bytes of longitude"; what is wrong with it stands behind: "bytes of
-/// longitude: 12 claimed, 8 left".
-QString Describe(const WireField& field);
-
-/// A faulty field for those who don't see its bytes: "length of longitude: 12 claimed, 8 left".
-QString DescribeFault(const WireField& field);
 
 } // namespace ReportCore
 

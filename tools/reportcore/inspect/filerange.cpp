@@ -27,9 +27,11 @@ QString FileRange::Utf8() const
 
 QString FileRange::Utf16() const
 {
-    QString text;
-    for (qint64 i = m_begin; m_end - i >= UTF16_UNIT; i += UTF16_UNIT)
-        text += QChar(qFromBigEndian<quint16>(m_data + i));
+    const auto count = static_cast<ByteCount>(Size() / UTF16_UNIT);
+    if (count == 0)
+        return QString();
+    QString text(count, Qt::Uninitialized);
+    qFromBigEndian<quint16>(m_data + m_begin, count, text.data());
     return text;
 }
 

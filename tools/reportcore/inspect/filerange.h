@@ -34,7 +34,7 @@ public:
     }
 
     /// The first four bytes as a number, most significant byte first; there must be so many.
-    quint32 Word() const { return qFromBigEndian<quint32>(Data()); }
+    quint32 Word() const { return qFromBigEndian<quint32>(m_data + m_begin); }
 
     /// The same, and cuts them off.
     quint32 TakeWord()
@@ -43,11 +43,6 @@ public:
         m_begin += qint64(sizeof word);
         return word;
     }
-
-    /// The same as a number with a sign.
-    qint64 TakeLength() { return static_cast<qint32>(TakeWord()); }
-
-    const char* Data() const { return m_data + m_begin; }
 
     quint8 At(qint64 index) const { return static_cast<quint8>(m_data[m_begin + index]); }
 

@@ -1,8 +1,5 @@
 #include <reportcore/inspect/sourcemap.h>
 
-#include <reportcore/inspect/binaryinspector.h>
-#include <reportcore/inspect/xmlinspector.h>
-
 namespace ReportCore {
 
 void SourceMap::WantEnd(qint64 end)
@@ -17,36 +14,28 @@ void SourceMap::WantPath(const FieldPath& path)
         wanted = wanted.Parent();
 }
 
-void SourceMap::SearchXml(const QByteArray& bytes)
+void SourceMap::Search(const QByteArray& bytes, const FileForm& form)
 {
-    m_isXml = true;
-    m_text = SourceText(bytes);
+    m_inspector = Inspector::Of(bytes, form, [this](const Event& event) { Take(event); });
     if (!m_ends.empty() || !m_paths.empty())
-        XmlInspector(bytes, m_text.Text(), [this](const XmlEvent& event) { Take(event); }).Run();
-}
-
-void SourceMap::SearchBinary(const QByteArray& bytes, bool isBinaryFile)
-{
-    BinaryInspector inspector(bytes, isBinaryFile, [this](const WireField& field) { Take(field); });
-    inspector.Envelope();
-    m_isCompressed = inspector.IsCompressed();
-    m_bodyOffset = inspector.BodyOffset();
-    inspector.Body();
+        m_inspector->Run();
 }
 
 void SourceMap::Take(const Event& event)
 {
-    if (event.role == Event::Role::None)
+    if (event.role == Event::Role::None || event.role == Event::Role::Element)
         return;
     const auto path = event.role == Event::Role::Unknown ? m_paths.end() : m_paths.find(*event.path);
-    const auto end = event.readTo < 0 ? m_ends.end() : m_ends.find(event.readTo - m_bodyOffset);
+    const auto end = event.readTo < 0 ? m_ends.end() : m_ends.find(event.readTo);
     if (path == m_paths.end() && end == m_ends.end())
         return;
-    const SourceEntry entry = {PlaceOf(event.place - m_bodyOffset), *event.path, event.value};
+    const SourceEntry entry = {PlaceOf(event.place), *event.path, event.value};
     if (path != m_paths.end())
         path->second = entry;
-    if (end != m_ends.end())
-        (event.role == Event::Role::Value ? end->second.value : end->second.object) = entry;
+    if (end != m_ends.end()) {
+        const bool isOfValue = event.role == Event::Role::Value || event.role == Event::Role::Size;
+        (isOfValue ? end->second.value : end->second.object) = entry;
+    }
 }
 
 const SourceEntry* SourceMap::FindEnd(qint64 end, bool isObject) const
@@ -66,20 +55,20 @@ const SourceEntry* SourceMap::FindPath(const FieldPath& path) const
     return found == m_paths.end() || !found->second.place.IsKnown() ? nullptr : &found->second;
 }
 
-const SourceEntry* SourceMap::FindNearest(const FieldPath& path) const
+void SourceMap::Locate(Problem& problem, const FieldPath& path) const
 {
+    problem.path = path.Text();
     FieldPath next = path;
     const SourceEntry* entry = FindPath(next);
     while (!entry && !next.IsEmpty()) {
         next = next.Parent();
         entry = FindPath(next);
     }
-    return entry;
-}
-
-FilePlace SourceMap::PlaceOf(qint64 end) const
-{
-    return m_isXml ? m_text.PlaceOf(end) : FilePlace{0, 0, m_bodyOffset + end, m_isCompressed};
+    if (!entry)
+        return;
+    problem.place = entry->place;
+    if (next == path)
+        problem.value = entry->value;
 }
 
 } // namespace ReportCore

@@ -1,12 +1,11 @@
 #ifndef REPORTCORE_INSPECT_SOURCEMAP_H
 #define REPORTCORE_INSPECT_SOURCEMAP_H
 
-#include <reportcore/inspect/event.h>
-#include <reportcore/inspect/sourcetext.h>
-#include <reportcore/problem.h>
+#include <reportcore/inspect/inspector.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
 
+#include <memory>
 #include <optional>
 #include <unordered_map>
 
@@ -28,19 +27,15 @@ class SourceMap
 public:
     // What is asked for
 
-    /// What ends where a reader had got to when it told something.
+    /// What ends where a reader had got to when it told something: units of the text, as Qt's reader counts them, or bytes
+    /// of the file or of the uncompressed data.
     void WantEnd(qint64 end);
 
     /// What stands at the path, and the objects that hold it.
     void WantPath(const FieldPath& path);
 
-    // The pass
-
-    /// Ends are counted in units of the text, as Qt's reader counts them.
-    void SearchXml(const QByteArray& bytes);
-
-    /// Ends are counted from the start of the report's body.
-    void SearchBinary(const QByteArray& bytes, bool isBinaryFile);
+    /// The pass. The bytes must outlive this.
+    void Search(const QByteArray& bytes, const FileForm& form);
 
     // What was found
 
@@ -50,14 +45,12 @@ public:
     /// Null when it doesn't stand in the file.
     const SourceEntry* FindPath(const FieldPath& path) const;
 
-    /// The entry of the path, or else of the innermost object around it that stands in the file.
-    const SourceEntry* FindNearest(const FieldPath& path) const;
+    /// Gives a problem the path, and its place and value in the file, or the place of the innermost object around it that
+    /// stands there.
+    void Locate(Problem& problem, const FieldPath& path) const;
 
     /// The place of an end.
-    FilePlace PlaceOf(qint64 end) const;
-
-    /// Of XML.
-    const QString& Text() const { return m_text.Text(); }
+    FilePlace PlaceOf(qint64 end) const { return m_inspector->PlaceOf(end); }
 
 private:
     void Take(const Event& event);
@@ -70,14 +63,7 @@ private:
 
     std::unordered_map<qint64, Ending> m_ends;
     std::unordered_map<FieldPath, SourceEntry, FieldPathHash> m_paths;
-
-    // Of XML.
-    bool m_isXml = false;
-    SourceText m_text;
-
-    // Of binary forms.
-    qint64 m_bodyOffset = 0;
-    bool m_isCompressed = false;
+    std::unique_ptr<Inspector> m_inspector;
 };
 
 } // namespace ReportCore

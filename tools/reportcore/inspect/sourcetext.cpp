@@ -6,16 +6,6 @@
 
 namespace ReportCore {
 
-namespace {
-
-bool IsXmlBlank(QChar character)
-{
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t') ||
-           character == QLatin1Char('\r') || character == QLatin1Char('\n');
-}
-
-} // namespace
-
 SourceText::SourceText(const QByteArray& bytes) : m_text(DecodeXml(bytes)) {}
 
 void SourceText::FindLines() const
@@ -59,14 +49,15 @@ sourcetext::Attribute sourcetext::FindAttribute(const QString& text, qint64 begi
     for (auto i = text.indexOf(name, static_cast<int>(begin)); i >= 0 && i < end;
          i = text.indexOf(name, i + 1)) {
         auto next = i + name.size();
-        while (next < end && IsXmlBlank(text.at(next)))
+        while (next < end && IsXmlBlank(text.at(next).unicode()))
             ++next;
-        const bool isName = IsXmlBlank(text.at(i - 1)) && next < end && text.at(next) == QLatin1Char('=');
+        const bool isName =
+            IsXmlBlank(text.at(i - 1).unicode()) && next < end && text.at(next) == QLatin1Char('=');
         if (!isName)
             continue;
         do
             ++next;
-        while (next < end && IsXmlBlank(text.at(next)));
+        while (next < end && IsXmlBlank(text.at(next).unicode()));
         const auto close = next < end ? text.indexOf(text.at(next), next + 1) : -1;
         return {i, close < 0 ? end : std::min<qint64>(close + 1, end), next + 1};
     }

@@ -115,18 +115,11 @@ Problems FindFieldLint(const QByteArray& bytes, const ReportFile& file, Look loo
     SourceMap map;
     for (const FieldLintRule& warning : lint)
         map.WantPath(warning.path);
-    if (file.form.IsBinary())
-        map.SearchBinary(bytes, file.form.isBinaryFile);
-    else
-        map.SearchXml(bytes);
+    map.Search(bytes, file.form);
     Problems problems;
     for (const FieldLintRule& warning : lint) {
-        Problem problem = {QLatin1String(warning.name), warning.text, {}, warning.path.Text()};
-        if (const SourceEntry* const entry = map.FindNearest(warning.path)) {
-            problem.place = entry->place;
-            problem.value = entry->path == warning.path ? entry->value : QString();
-        }
-        problems.push_back(problem);
+        problems.push_back({QLatin1String(warning.name), warning.text});
+        map.Locate(problems.back(), warning.path);
     }
     return problems;
 }

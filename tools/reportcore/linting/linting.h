@@ -3,30 +3,18 @@
 
 #include <reportcore/lint.h>
 
-#include <reportgenerator/reflection/fieldpath.h>
-
 namespace ReportCore {
 
 // The places where `FindLint` looks.
 
-/// What stands oddly in XML: names, numbers, entities, what comes twice.
-Problems FindXmlLint(const QByteArray& bytes);
-
-/// The same in a binary form.
-Problems FindBinaryLint(const QByteArray& bytes, bool isBinaryFile);
+/// What stands oddly in the bytes of either form: names, numbers, entities, what comes twice.
+Problems FindDocumentLint(const QByteArray& bytes, const FileForm& form);
 
 /// What stands behind compressed data where they are thought to end, in one that can be uncompressed.
 Problems FindDataBehind(const QByteArray& bytes, bool isBinaryFile);
 
 /// What the report's fields say, in whichever form.
 Problems FindFieldLint(const QByteArray& bytes, const ReportFile& file, Look look);
-
-// What they have in common
-
-bool IsFiniteNumber(const QString& text);
-
-/// That the text at the path is none.
-Problem NoNumber(const FilePlace& place, const FieldPath& path, const QString& text);
 
 } // namespace ReportCore
 

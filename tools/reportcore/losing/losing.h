@@ -5,13 +5,8 @@
 
 namespace ReportCore {
 
-// The places where `FindLosses` looks.
-
-/// What XML holds beside what its report has taken.
-Problems FindXmlLosses(const QByteArray& bytes, const ReportFile& file);
-
-/// The same of the body of a binary form.
-Problems FindBinaryLosses(const QByteArray& bytes, const ReportFile& file);
+/// What the bytes hold beside what their report has taken; in binary forms, what their body holds. `FindLosses` looks there.
+Problems FindDocumentLosses(const QByteArray& bytes, const ReportFile& file);
 
 } // namespace ReportCore
 

@@ -39,17 +39,22 @@ bool IsSameSwitch(const QString& text, bool value)
                  : lower == QLatin1String("false") || lower == QLatin1String("0");
 }
 
-bool IsSame(const Field& field, const QString& text, const QVariant& value)
+bool IsSame(const Event& event, const QVariant& value)
 {
-    switch (field.Kind()) {
+    const FieldKind kind = event.path->Last().field->Kind();
+    // A text in UTF-8 need not be any: then its bytes are others than those of what was read.
+    if (event.kind == Event::Kind::Utf8 && kind == FieldKind::Text)
+        return value.toString().toUtf8() == event.bytes.Bytes();
+    // Nothing was said where nothing is read.
+    if (!value.isValid())
+        return event.value.isEmpty();
+    switch (kind) {
     case FieldKind::Number:
-        return IsSameNumber(text, value);
+        return IsSameNumber(event.value, value);
     case FieldKind::Switch:
-        return IsSameSwitch(text, value.toBool());
-    case FieldKind::Text:
-        return text == value.toString();
+        return IsSameSwitch(event.value, value.toBool());
     default:
-        return true;
+        return event.value == value.toString();
     }
 }
 
@@ -62,37 +67,21 @@ bool Follows(const FieldPath& next, const FieldPath& item)
 
 } // namespace
 
-void LostValues::TakeText(const FieldPath& path, const FilePlace& place, const QString& text)
+void LostValues::Take(const Event& event, const Inspector& inspector)
 {
-    // Nothing was said where nothing is read.
-    const QVariant value = ValueAt(m_file.report, path);
-    const bool isNothing = text.isEmpty() && !value.isValid();
-    Compare(path, place, isNothing || (value.isValid() && IsSame(*path.Last().field, text, value)), text);
-}
-
-void LostValues::TakeUtf8(const FieldPath& path, const FilePlace& place, const QByteArray& text)
-{
-    const QString decoded = QString::fromUtf8(text.constData(), text.size());
-    if (path.Last().field->Kind() == FieldKind::Text && !text.isEmpty())
-        Compare(path, place, ValueAt(m_file.report, path).toString().toUtf8() == text, decoded);
-    else
-        TakeText(path, place, decoded);
-}
-
-void LostValues::TakeSwitch(const FieldPath& path, const FilePlace& place, bool value)
-{
-    TakeText(path, place, value ? QStringLiteral("true") : QStringLiteral("false"));
-}
-
-void LostValues::Compare(const FieldPath& path, const FilePlace& place, bool isSame, const QString& text)
-{
-    if (path.Last().field->Kind() == FieldKind::Version || isSame || IsParentLost(path, place))
+    const FieldPath& path = *event.path;
+    if (path.Last().field->Kind() == FieldKind::Version)
         return;
     const QVariant value = ValueAt(m_file.report, path);
-    const QString was = QStringLiteral("%1 %2").arg(path.Text(), Quoted(text));
+    if (IsSame(event, value))
+        return;
+    const FilePlace place = inspector.PlaceOf(event.place);
+    if (IsParentLost(path, place))
+        return;
+    const QString was = QStringLiteral("%1 %2").arg(path.Text(), Quoted(event.value));
     m_lost.push_back({path, path, place,
                       value.isValid() ? QStringLiteral("%1 becomes %2").arg(was, ValueText(value)) : was,
-                      text});
+                      event.value});
 }
 
 /// The outermost object that isn't there takes all that it held with it.
@@ -136,10 +125,7 @@ Problems LostValues::Find(const QByteArray& bytes) const
         if (lost.text.isNull())
             map.WantPath(lost.path);
     }
-    if (m_file.form.IsBinary())
-        map.SearchBinary(bytes, m_file.form.isBinaryFile);
-    else
-        map.SearchXml(bytes);
+    map.Search(bytes, m_file.form);
     Problems problems;
     for (const Lost& lost : m_lost) {
         const SourceEntry* const entry = lost.text.isNull() ? map.FindPath(lost.path) : nullptr;

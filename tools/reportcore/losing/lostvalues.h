@@ -1,6 +1,7 @@
 #ifndef REPORTCORE_LOSING_LOSTVALUES_H
 #define REPORTCORE_LOSING_LOSTVALUES_H
 
+#include <reportcore/inspect/inspector.h>
 #include <reportcore/losses.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
@@ -15,12 +16,8 @@ class LostValues
 public:
     explicit LostValues(const ReportFile& file) : m_file(file) {}
 
-    /// A value as it stands in the file.
-    void TakeText(const FieldPath& path, const FilePlace& place, const QString& text);
-
-    /// The same in UTF-8, which need not be any.
-    void TakeUtf8(const FieldPath& path, const FilePlace& place, const QByteArray& text);
-    void TakeSwitch(const FieldPath& path, const FilePlace& place, bool value);
+    /// One that the inspector has come to.
+    void Take(const Event& event, const Inspector& inspector);
 
     /// Those that are not in the report, or as others. What an object held that isn't there is one of them, and so are
     /// items that follow each other. The bytes are searched for where objects begin.
@@ -38,7 +35,6 @@ private:
 
     bool IsParentLost(const FieldPath& path, const FilePlace& place);
     void Lose(const FieldPath& object, const FilePlace& place);
-    void Compare(const FieldPath& path, const FilePlace& place, bool isSame, const QString& text);
     static QString TextOf(const Lost& lost);
 
     const ReportFile& m_file;

@@ -1,24 +1,18 @@
 #include <reportcore/reading/reading.h>
 
-#include <reportcore/files.h>
-#include <reportcore/inspect/binaryinspector.h>
-#include <reportcore/inspect/filerange.h>
-#include <reportcore/problemlogger.h>
 #include <reportcore/reading/diagnostics.h>
 #include <reportcore/reading/faultlist.h>
 #include <reportcore/reportfile.h>
 
 #include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/envelope/wholereading.h>
-#include <reportgenerator/reportbase/reportexception.h>
 
+#include <QtCore/QBuffer>
 #include <QtCore/QDataStream>
-#include <QtCore/QIODevice>
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
 #include <iterator>
-#include <memory>
 
 namespace ReportCore {
 
@@ -28,26 +22,16 @@ namespace {
 
 namespace wire = REPORTGENERATOR::wire;
 
-/// Bytes that are read bit by bit, so that their position tells how far a reader has got.
-class WatchedBytes : public QIODevice
+/// Bytes that the library reads bit by bit, as it reads devices that it doesn't know: their position tells how far it has
+/// got.
+class WatchedBytes : public QBuffer
 {
 public:
-    explicit WatchedBytes(const QByteArray& bytes) : m_bytes(bytes) { open(ReadOnly | Unbuffered); }
-
-    qint64 size() const override { return m_bytes.size(); }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override
+    explicit WatchedBytes(const QByteArray& bytes)
     {
-        const qint64 size = std::min(maxSize, m_bytes.size() - pos());
-        if (size > 0)
-            std::memcpy(data, m_bytes.constData() + pos(), static_cast<std::size_t>(size));
-        return std::max<qint64>(size, 0);
+        setData(bytes);
+        open(ReadOnly);
     }
-    qint64 writeData(const char* /*data*/, qint64 /*maxSize*/) override { return -1; }
-
-private:
-    const QByteArray m_bytes;
 };
 
 /// Reads root tag, root length and elements as the library reads them.
@@ -61,49 +45,6 @@ void ReadBody(ReportBase& report, QIODevice& body)
     report.SetBinary(stream, length);
 }
 
-/// A text of the frame, if it is that one.
-bool TakeName(FileRange& range, const REPORTGENERATOR::Name& name)
-{
-    if (!range.Has(wire::WORD_SIZE))
-        return false;
-    const qint64 size = range.TakeWord();
-    return range.Has(size) && range.Take(size).Utf16() == name;
-}
-
-/// The rest, if a number in front says how many bytes it has.
-bool TakeSizeOfRest(FileRange& range)
-{
-    return range.Has(wire::WORD_SIZE) && qint64(range.TakeWord()) == range.Size();
-}
-
-/// What compressed data hold; null when they are not what they claim to be, or are too large to be tried.
-QByteArray Uncompressed(FileRange data)
-{
-    const QByteArray prefixed = data.Bytes();
-    if (!data.Has(wire::WORD_SIZE))
-        return QByteArray();
-    const qint64 claimed = data.TakeWord();
-    if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION)
-        return QByteArray();
-    const QByteArray bytes = ReportBase::UncompressBinary(prefixed);
-    return bytes.size() == claimed ? bytes : QByteArray();
-}
-
-/// Root tag, root length and elements of a report; null when there is anything odd about what is around them.
-QByteArray RootElement(const QByteArray& bytes, const FileForm& form)
-{
-    FileRange range(bytes);
-    if (form.isBinaryFile && !TakeSizeOfRest(range))
-        return QByteArray();
-    const bool isCompressed = form.form == Form::Compressed;
-    if (!TakeName(range, isCompressed ? wire::COMPRESSED_MARKER : wire::PLAIN_MARKER) ||
-        !TakeName(range, wire::REPORT))
-        return QByteArray();
-    if (!isCompressed)
-        return range.Bytes();
-    return TakeSizeOfRest(range) ? Uncompressed(range) : QByteArray();
-}
-
 /// The fault that the library could not go on with: the first one that isn't just something behind the end.
 const Problem* FirstFault(const Problems& faults)
 {
@@ -115,74 +56,61 @@ const Problem* FirstFault(const Problems& faults)
     return faults.empty() ? nullptr : &faults.back();
 }
 
-/// Reads the body, and tells what the library says of it. Returns whether it came to the end.
-bool ReadBodyDiagnosing(const QByteArray& bytes, const QByteArray& body, const Problem* firstFault,
+/// Reads the body on the fast path, if that reads it whole.
+bool IsReadWhole(const QByteArray& body, ReportFile& file)
+{
+    ReportBase report;
+    report.SetValidate(false);
+    return REPORTGENERATOR::ReadWholeBody(report, body) && TakeIfGood(report, file);
+}
+
+/// Reads the body along the stream path, and tells what the library says of it. Returns whether it came to the end.
+bool ReadBodyDiagnosing(const QByteArray& bytes, const BinaryInspector& inspector, const Problem* firstFault,
                         ReportFile& file)
 {
-    const auto logger = std::make_shared<ProblemLogger>();
-    Prepare(file.report, logger);
-    WatchedBytes device(body);
-    logger->Follow([&device] { return device.pos(); });
-    bool isRead = false;
-    try {
+    WatchedBytes device(inspector.BodyBytes());
+    const auto read = [&] {
         ReadBody(file.report, device);
-        isRead = true;
-    } catch (const ReportException& exception) {
-        logger->Catch(exception);
+        return true;
+    };
+    Diagnostics diagnostics(file.report, read, [&] { return inspector.BodyOffset() + device.pos(); });
+    Problems found = diagnostics.Find(bytes, file.form);
+    if (!diagnostics.IsRead() && firstFault) {
+        found.back().place = firstFault->place;
+        found.back().path = firstFault->path;
+        found.back().value = QString();
     }
-    logger->Follow(nullptr);
-    const LogRecords read = logger->Take();
-    const LogRecords checked = isRead ? LogRecordsOfCheck(file.report, *logger) : LogRecords();
-    Diagnostics diagnostics(file.report, read, checked, isRead);
-    diagnostics.Places().SearchBinary(bytes, file.form.isBinaryFile);
-    Problems told = diagnostics.Tell();
-    if (!isRead && firstFault) {
-        told.back().place = firstFault->place;
-        told.back().path = firstFault->path;
-        told.back().value = QString();
-    }
-    file.problems.insert(file.problems.end(), told.begin(), told.end());
-    return isRead;
+    file.problems.insert(file.problems.end(), found.begin(), found.end());
+    return diagnostics.IsRead();
 }
 
 } // namespace
 
-bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file)
+void ReadBinary(const QByteArray& bytes, ReportFile& file)
 {
-    ReportBase report;
-    report.SetValidate(false);
-    if (!REPORTGENERATOR::ReadWholeBody(report, RootElement(bytes, file.form)) || !TakeIfGood(report, file))
-        return false;
-    file.objectName = ReportBase::GetStaticObjectName();
-    return true;
-}
-
-void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file)
-{
-    FaultList faults;
-    BinaryInspector inspector(bytes, file.form.isBinaryFile, faults.Visitor());
+    FaultList faults(bytes, file.form.isBinaryFile);
+    BinaryInspector& inspector = faults.Inspector();
     inspector.Envelope();
-    const FilePlace placeOfName = faults.PlaceOfName();
     inspector.End();
     file.objectName = inspector.ObjectName();
     const bool isReport = file.objectName == ReportBase::GetStaticObjectName();
+    if (isReport && faults.Found().empty() && IsReadWhole(inspector.BodyBytes(), file))
+        return;
     // A name that is cut off has been told already.
     if (!isReport && !faults.HasFault())
         file.problems.push_back({QLatin1String(NO_REPORT),
-                                 QStringLiteral("this is an object '%1'").arg(file.objectName), placeOfName});
-    const auto behindFrame = static_cast<std::ptrdiff_t>(faults.Found().size());
+                                 QStringLiteral("this is an object '%1'").arg(file.objectName),
+                                 faults.PlaceOfName()});
+    const auto behindEnvelope = static_cast<std::ptrdiff_t>(faults.Found().size());
     file.problems.insert(file.problems.end(), faults.Found().begin(), faults.Found().end());
     if (!isReport)
         return;
-    if (inspector.IsCompressed())
-        faults.BeginUncompressed();
     inspector.Body();
-    const Problems ofBody(faults.Found().begin() + behindFrame, faults.Found().end());
     // The library counts lengths only as far as it needs them; other readers may go by them. Where it breaks off, the
     // claim that doesn't come out is the reason.
-    const bool isRead = ReadBodyDiagnosing(bytes, inspector.BodyBytes(), FirstFault(faults.Found()), file);
+    const bool isRead = ReadBodyDiagnosing(bytes, inspector, FirstFault(faults.Found()), file);
     std::copy_if(
-        ofBody.begin(), ofBody.end(), std::back_inserter(file.problems),
+        faults.Found().begin() + behindEnvelope, faults.Found().end(), std::back_inserter(file.problems),
         [isRead](const Problem& fault) { return isRead || fault.name == QLatin1String(LENGTH_MISMATCH); });
 }
 

@@ -1,9 +1,13 @@
 #include <reportcore/reading/diagnostics.h>
 
 #include <reportgenerator/reflection/reportfields.h>
+#include <reportgenerator/reportbase/reportexception.h>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <unordered_set>
+#include <utility>
 
 namespace ReportCore {
 
@@ -12,12 +16,11 @@ using REPORTGENERATOR::ReportBase;
 
 namespace {
 
-/// A problem whose path is known, so that it can be told once.
+/// A problem, and what it is about where that is known.
 struct Finding
 {
     Problem problem;
-    bool hasPath = false;
-    FieldPath path = {};
+    std::optional<FieldPath> path = {};
 };
 
 using Findings = std::vector<Finding>;
@@ -52,21 +55,16 @@ bool IsIncomplete(const QString& name)
     return name == QLatin1String("IncompleteDefinitionException");
 }
 
-Paths PathsOf(const Findings& findings, bool ofHolders)
+/// Calls what the library does; what is thrown is kept among what it has told. Returns whether it came to the end.
+template <typename Call>
+bool Keeping(ProblemLogger& logger, const Call& call)
 {
-    Paths paths;
-    for (const Finding& finding : findings) {
-        if (finding.hasPath)
-            paths.insert(ofHolders ? finding.path.Parent() : finding.path);
+    try {
+        return call();
+    } catch (const ReportException& exception) {
+        logger.Catch(exception);
+        return false;
     }
-    return paths;
-}
-
-void TakePath(Finding& finding, const FieldPath& path)
-{
-    finding.hasPath = true;
-    finding.path = path;
-    finding.problem.path = path.Text();
 }
 
 Findings FindingsOfReading(const LogRecords& read, const SourceMap& map)
@@ -76,8 +74,9 @@ Findings FindingsOfReading(const LogRecords& read, const SourceMap& map)
         Finding finding{{record.name, record.text}};
         if (const SourceEntry* const entry = map.FindEnd(record.end, IsIncomplete(record.name))) {
             finding.problem.place = entry->place;
+            finding.problem.path = entry->path.Text();
             finding.problem.value = entry->value;
-            TakePath(finding, entry->path);
+            finding.path = entry->path;
         } else if (record.end >= 0) {
             finding.problem.place = map.PlaceOf(record.end);
         }
@@ -90,55 +89,76 @@ Findings FindingsOfCheck(const LogRecords& checked, const Complaints& complaints
 {
     Findings findings;
     for (std::size_t i = 0; i < checked.size(); ++i) {
-        Finding finding{{checked.at(i).name, checked.at(i).text}};
+        Finding finding{{checked[i].name, checked[i].text}};
         if (!complaints.empty()) {
-            const FieldPath& path = complaints.at(i).path;
-            TakePath(finding, path);
-            if (const SourceEntry* const entry = map.FindNearest(path)) {
-                finding.problem.place = entry->place;
-                finding.problem.value = entry->path == path ? entry->value : QString();
-            }
+            finding.path = complaints[i].path;
+            map.Locate(finding.problem, *finding.path);
         }
         findings.push_back(finding);
     }
     return findings;
 }
 
-} // namespace
-
-Diagnostics::Diagnostics(const ReportBase& report, const LogRecords& read, const LogRecords& checked,
-                         bool isChecked)
-    : m_read(read), m_checked(checked)
+Problems ToldOnce(const Findings& read, const Findings& checked)
 {
-    FieldPath path;
-    if (isChecked)
-        Complain(report, ReportInfo(), path, m_complaints);
-    // The words are the library's; where they are others than expected, they are told without a path.
-    if (!AreOf(m_complaints, checked))
-        m_complaints.clear();
-    for (const LogRecord& record : read)
-        m_map.WantEnd(record.end);
-    for (const Complaint& complaint : m_complaints)
-        m_map.WantPath(complaint.path);
-}
-
-Problems Diagnostics::Tell() const
-{
-    const Findings read = FindingsOfReading(m_read, m_map);
-    const Findings checked = FindingsOfCheck(m_checked, m_complaints, m_map);
-    const Paths refused = PathsOf(read, false);
-    const Paths incomplete = PathsOf(checked, true);
     Problems problems;
+    Paths incomplete;
+    for (const Finding& finding : checked) {
+        if (finding.path)
+            incomplete.insert(finding.path->Parent());
+    }
+    Paths refused;
     for (const Finding& finding : read) {
-        // An item is incomplete because of a field that the check names.
-        if (!IsIncomplete(finding.problem.name) || incomplete.count(finding.path) == 0)
+        if (finding.path)
+            refused.insert(*finding.path);
+        // An item is incomplete because of a field that the check names; what has no path is the report.
+        if (!IsIncomplete(finding.problem.name) || incomplete.count(finding.path.value_or(FieldPath())) == 0)
             problems.push_back(finding.problem);
     }
     for (const Finding& finding : checked) {
-        if (!finding.hasPath || refused.count(finding.path) == 0)
+        if (!finding.path || refused.count(*finding.path) == 0)
             problems.push_back(finding.problem);
     }
     return problems;
+}
+
+} // namespace
+
+Diagnostics::Diagnostics(const ReportBase& report, const std::function<bool()>& read,
+                         std::function<qint64()> position)
+{
+    const auto logger = std::make_shared<ProblemLogger>();
+    report.SetValidate(false);
+    report.SetLogger(logger);
+    logger->Follow(std::move(position));
+    m_isRead = Keeping(*logger, read);
+    // The members keep the logger, and what tells the position is gone when they use it.
+    logger->Follow(nullptr);
+    m_read = logger->Take();
+    if (!m_isRead)
+        return;
+    Keeping(*logger, [&report] {
+        report.Check(true);
+        return true;
+    });
+    m_checked = logger->Take();
+    if (m_checked.empty())
+        return;
+    FieldPath path;
+    Complain(report, ReportInfo(), path, m_complaints);
+    // The words are the library's; where they are others than expected, they are told without a path.
+    if (!AreOf(m_complaints, m_checked))
+        m_complaints.clear();
+}
+
+Problems Diagnostics::Find(const QByteArray& bytes, const FileForm& form)
+{
+    for (const LogRecord& record : m_read)
+        m_map.WantEnd(record.end);
+    for (const Complaint& complaint : m_complaints)
+        m_map.WantPath(complaint.path);
+    m_map.Search(bytes, form);
+    return ToldOnce(FindingsOfReading(m_read, m_map), FindingsOfCheck(m_checked, m_complaints, m_map));
 }
 
 } // namespace ReportCore

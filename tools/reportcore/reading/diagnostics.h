@@ -8,8 +8,10 @@
 #include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <functional>
 #include <vector>
 
 namespace ReportCore {
@@ -28,19 +30,27 @@ using Complaints = std::vector<Complaint>;
 class Diagnostics
 {
 public:
-    /// The records must outlive this. The report is not checked where its reading was given up.
-    Diagnostics(const REPORTGENERATOR::ReportBase& report, const LogRecords& read, const LogRecords& checked,
-                bool isChecked);
+    /// Reads the report, which takes what is wrong, and checks it. `read` returns whether there is one; `position` tells how
+    /// far the input has been read, and is not asked later.
+    Diagnostics(const REPORTGENERATOR::ReportBase& report, const std::function<bool()>& read,
+                std::function<qint64()> position);
 
-    /// Know what is to be looked for in the bytes, before `Tell`.
-    SourceMap& Places() { return m_map; }
+    /// Whether the reading came to its end, and there is a report.
+    bool IsRead() const { return m_isRead; }
 
-    Problems Tell() const;
+    bool HasFindings() const { return !m_read.empty() || !m_checked.empty(); }
+
+    /// All of it, with its places in the bytes that were read, which must outlive this.
+    Problems Find(const QByteArray& bytes, const FileForm& form);
+
+    /// Knows these bytes after `Find`.
+    const SourceMap& Places() const { return m_map; }
 
 private:
-    const LogRecords& m_read;
-    const LogRecords& m_checked;
-    Complaints m_complaints;
+    LogRecords m_read;
+    LogRecords m_checked;
+    bool m_isRead = false;
+    Complaints m_complaints; ///< one for each record of the check, or none where that isn't certain
     SourceMap m_map;
 };
 

@@ -10,45 +10,39 @@ namespace ReportCore {
 class FaultList
 {
 public:
-    BinaryInspector::Visitor Visitor()
+    FaultList(const QByteArray& bytes, bool isBinaryFile)
+        : m_inspector(bytes, isBinaryFile, [this](const Event& event) { Take(event); })
     {
-        return [this](const WireField& field) {
-            if (field.kind == Kind::Utf16 && field.path->IsEmpty())
-                m_lastText = field.bytes.Offset();
-            if (field.IsFaulty())
-                Keep(field);
-        };
     }
 
-    /// From now on offsets are those of the uncompressed data.
-    void BeginUncompressed() { m_isUncompressed = true; }
+    BinaryInspector& Inspector() { return m_inspector; }
 
     /// Whether there was one that isn't just something behind the end.
     bool HasFault() const { return m_hasFault; }
 
     const Problems& Found() const { return m_problems; }
 
-    /// Where the last text of the frame begins, which is the object name.
-    FilePlace PlaceOfName() const { return PlaceAt(m_lastText); }
+    /// Where the last text of the envelope begins, which is the object name.
+    FilePlace PlaceOfName() const { return {0, 0, m_lastText}; }
 
 private:
     /// Lengths stand within lengths: when one is wrong, others follow from it. So only the first fault
     /// counts, and what stands behind the end.
-    void Keep(const WireField& field)
+    void Take(const Event& event)
     {
-        const QLatin1String name(field.fault);
-        if (name != QLatin1String(TRAILING_DATA)) {
-            if (m_hasFault)
-                return;
-            m_hasFault = true;
-        }
-        m_problems.push_back(
-            {name, DescribeFault(field), PlaceAt(field.bytes.Offset()), field.path->Text(), QString()});
+        if (event.kind == Event::Kind::Utf16 && !event.isInReport)
+            m_lastText = event.begin;
+        const QLatin1String fault(event.fault);
+        const bool isBehind = fault == QLatin1String(TRAILING_DATA);
+        if (!event.IsFaulty() || (m_hasFault && !isBehind))
+            return;
+        m_hasFault = m_hasFault || !isBehind;
+        const FilePlace place =
+            event.isInReport ? m_inspector.PlaceOf(event.begin) : FilePlace{0, 0, event.begin};
+        m_problems.push_back({fault, DescribeFault(event), place, event.path->Text()});
     }
 
-    FilePlace PlaceAt(qint64 offset) const { return {0, 0, offset, m_isUncompressed}; }
-
-    bool m_isUncompressed = false;
+    BinaryInspector m_inspector;
     bool m_hasFault = false;
     qint64 m_lastText = -1;
     Problems m_problems;

@@ -1,41 +1,25 @@
 #ifndef REPORTCORE_READING_READING_H
 #define REPORTCORE_READING_READING_H
 
-#include <reportcore/problemlogger.h>
-
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QByteArray>
-
-#include <memory>
 
 namespace ReportCore {
 
 struct ReportFile;
 
-// The ways in which `ReadReport` reads, by form and by whether there is something to tell.
+// The ways in which `ReadReport` reads. A good report that is the only one in its file is read on the fast path; whenever
+// that has not read it whole, nothing is known of it, and it is read diagnosing: along the stream path, and with a search
+// for the place of all that is wrong.
 
-/// A report that takes what is wrong and tells it to the logger.
-void Prepare(const REPORTGENERATOR::ReportBase& report, const std::shared_ptr<ProblemLogger>& logger);
+void ReadXml(const QByteArray& bytes, ReportFile& file);
+void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file);
 
-/// What the library's check says of a report that tells it to this logger.
-LogRecords LogRecordsOfCheck(const REPORTGENERATOR::ReportBase& report, ProblemLogger& logger);
+void ReadBinary(const QByteArray& bytes, ReportFile& file);
 
 /// Takes a report over that the fast path has read whole, if it is good.
 bool TakeIfGood(const REPORTGENERATOR::ReportBase& report, ReportFile& file);
-
-/// Reads a good report that is the only one in its document on the fast path. Returns whether that has read it whole;
-/// otherwise nothing is known of it.
-bool ReadXmlWhole(const QByteArray& bytes, ReportFile& file);
-
-/// Reads any XML, and finds the place of all that is wrong.
-void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file);
-
-/// The same of a binary form.
-bool ReadBinaryWhole(const QByteArray& bytes, ReportFile& file);
-
-/// Reads any binary form, and finds the place of all that is wrong.
-void ReadBinaryDiagnosing(const QByteArray& bytes, ReportFile& file);
 
 } // namespace ReportCore
 

@@ -1,15 +1,14 @@
 #include <reportcore/reading/reading.h>
 
 #include <reportcore/form.h>
-#include <reportcore/problemlogger.h>
+#include <reportcore/inspect/sourcetext.h>
 #include <reportcore/reading/diagnostics.h>
+#include <reportcore/reading/xmlcut.h>
 #include <reportcore/reportfile.h>
 
-#include <reportgenerator/reportbase/reportexception.h>
+#include <reportgenerator/reportbase/envelope/wholereading.h>
 
 #include <QtCore/QXmlStreamReader>
-
-#include <memory>
 
 namespace ReportCore {
 
@@ -82,42 +81,43 @@ void FindWrongEncoding(const QByteArray& bytes, const SourceMap& places, Problem
 
 } // namespace
 
+void ReadXml(const QByteArray& bytes, ReportFile& file)
+{
+    const XmlCut cut = CutReport(bytes);
+    ReportBase report;
+    report.SetValidate(false);
+    if (REPORTGENERATOR::ReadWholeXml(report, cut.element) && TakeIfGood(report, file))
+        file.objectName = cut.rootName;
+    else
+        ReadXmlDiagnosing(bytes, file);
+}
+
 void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file)
 {
-    const auto logger = std::make_shared<ProblemLogger>();
     XmlReport report;
-    Prepare(report, logger);
     QXmlStreamReader reader(ForXmlReader(bytes));
-    logger->Follow([&reader] { return reader.characterOffset(); });
     XmlReading reading;
-    bool isChecked = false;
-    try {
+    const auto read = [&] {
         reading = ReadElement(report, reader, file.objectName);
-        isChecked = reading.hasReport;
-    } catch (const ReportException& exception) {
-        logger->Catch(exception);
-    }
-    // The members keep the logger, and the reader is gone when they use it.
-    logger->Follow(nullptr);
-    const LogRecords read = logger->Take();
-    const LogRecords checked = isChecked ? LogRecordsOfCheck(report, *logger) : LogRecords();
+        return reading.hasReport;
+    };
+    Diagnostics diagnostics(report, read, [&reader] { return reader.characterOffset(); });
     file.report = report;
     // Places are looked for only when there is something to tell.
-    if (reading.hasReport && read.empty() && checked.empty() && reading.trailing.isNull())
+    if (reading.hasReport && !diagnostics.HasFindings() && reading.trailing.isNull())
         return;
-    Diagnostics diagnostics(report, read, checked, isChecked);
-    diagnostics.Places().SearchXml(bytes);
-    file.problems = diagnostics.Tell();
-    if (!reading.hasReport && read.empty()) {
-        file.problems.push_back(
-            {QLatin1String(NO_REPORT), QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
-             diagnostics.Places().PlaceOf(sourcetext::StartOfTag(diagnostics.Places().Text(), reading.root)),
-             QString(), file.objectName});
+    file.problems = diagnostics.Find(bytes, file.form);
+    const SourceMap& places = diagnostics.Places();
+    if (!reading.hasReport && !diagnostics.HasFindings()) {
+        const qint64 root = sourcetext::StartOfTag(DecodeXml(bytes), reading.root);
+        file.problems.push_back({QLatin1String(NO_REPORT),
+                                 QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
+                                 places.PlaceOf(root), QString(), file.objectName});
     }
     if (!reading.trailing.isNull())
-        file.problems.push_back({QLatin1String(TRAILING_DATA), reading.trailing,
-                                 diagnostics.Places().PlaceOf(reading.trailingAt)});
-    FindWrongEncoding(bytes, diagnostics.Places(), file.problems);
+        file.problems.push_back(
+            {QLatin1String(TRAILING_DATA), reading.trailing, places.PlaceOf(reading.trailingAt)});
+    FindWrongEncoding(bytes, places, file.problems);
 }
 
 } // namespace ReportCore

@@ -1,12 +1,13 @@
 #include <reportcore/reading/xmlcut.h>
 
-#include <reportcore/reading/bytes.h>
+#include <reportcore/form.h>
 
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QXmlStreamReader>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -24,14 +25,16 @@ constexpr Index COMMENT_SIGN_SIZE = 3; ///< of the end, and of the begin without
 /// Stands where the report was cut out. Documents that know it aren't cut.
 constexpr char STAND_IN[] = "cut-out-report";
 
-bool IsXmlBlank(char character)
-{
-    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
-}
-
 bool AreBlanks(const QByteArray& bytes)
 {
-    return std::all_of(bytes.begin(), bytes.end(), IsXmlBlank);
+    return std::all_of(bytes.begin(), bytes.end(), IsXmlBlank<char>);
+}
+
+/// The first such byte, or `end`. Qt looks at one byte after the other; this is many times as fast in large files.
+const char* FindByte(const char* begin, const char* end, char byte)
+{
+    const void* const found = std::memchr(begin, byte, static_cast<std::size_t>(end - begin));
+    return found ? static_cast<const char*>(found) : end;
 }
 
 // --- Comments
@@ -39,7 +42,7 @@ bool AreBlanks(const QByteArray& bytes)
 bool IsXmlCharacter(QChar character)
 {
     return character.unicode() >= 0x20 ? character.unicode() < QChar::ReplacementCharacter
-                                       : IsXmlBlank(character.toLatin1());
+                                       : IsXmlBlank(character.unicode());
 }
 
 /// Whether the text of a comment may stand in one, as far as that is easily told.
