@@ -114,13 +114,8 @@ public:
     template <class Prepare>
     void Make(Prepare&& prepare)
     {
-        if (Get())
-            return;
-        auto made = std::make_unique<CountedData>();
-        prepare(*made);
-        Data* none = nullptr;
-        if (m_data.compare_exchange_strong(none, made.get(), std::memory_order_acq_rel))
-            made.release();
+        if (!Get())
+            MakeNew(prepare);
     }
 
     /// The record that there is, kept while others are called: they may give the object another one.
@@ -142,6 +137,16 @@ public:
     };
 
 private:
+    template <class Prepare>
+    void MakeNew(Prepare& prepare)
+    {
+        auto made = std::make_unique<CountedData>();
+        prepare(*made);
+        Data* none = nullptr;
+        if (m_data.compare_exchange_strong(none, made.get(), std::memory_order_acq_rel))
+            made.release();
+    }
+
     Data* NewCopy() const
     {
         const Data* data = Get();

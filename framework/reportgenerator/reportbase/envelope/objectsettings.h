@@ -114,6 +114,9 @@ public:
     bool Holds(const ObjectSettings& settings) const { return Load() == settings.m_word; }
     bool HoldsSameAs(SettingsSlot other) const { return Load() == other.Load(); }
 
+    /// Two that are equal held the same; where somebody locks one, two that hold the same may differ.
+    std::uintptr_t Now() const { return m_word.load(std::memory_order_acquire); }
+
     ObjectSettings Get() const
     {
         const std::uintptr_t word = Load();

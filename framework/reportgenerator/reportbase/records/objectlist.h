@@ -102,8 +102,8 @@ public:
 
     void Append(const Item& item)
     {
-        if (IsDetached() && m_items.isDetached()) {
-            Detached().append(item);
+        if (IsOnlyOwn()) {
+            m_items.append(item);
             return;
         }
         // It may be one of those that are left now.
@@ -115,6 +115,8 @@ public:
     /// their logger by being copied.
     QVector<Item>& Detached()
     {
+        if (IsOnlyOwn())
+            return m_items;
         Items();
         Drop(m_source);
         Unmark(ALIKE | NOT_ALIKE);
@@ -185,9 +187,11 @@ public:
             PassLogger(parent.GetLogger(), false, first);
             return;
         }
+        if (IsDetached() && m_items.isEmpty())
+            return;
         const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
-        const auto hasAlready = [slot](const Item& item) {
-            return ObjectAccess::SettingsOf(item).HoldsSameAs(slot);
+        const auto hasAlready = [word = slot.Now()](const Item& item) {
+            return ObjectAccess::SettingsOf(item).Now() == word;
         };
         if (IsDetached() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
                          : Noted().HoldsSameAs(slot))
@@ -224,6 +228,13 @@ private:
     {
         if (IsMarked(mark))
             m_marks.fetch_and(static_cast<quint8>(~mark));
+    }
+
+    /// Whether the items are shared with nobody, and nothing is noted that ends when there are others.
+    bool IsOnlyOwn() const
+    {
+        return !IsMarked(COPIED | ALIKE | NOT_ALIKE) && IsDetached() && m_source.isEmpty() &&
+               m_items.isDetached();
     }
 
     SettingsSlot Noted() const { return SettingsSlot(m_noted); }

@@ -44,7 +44,7 @@ RecordObject<Data, Storage>::RecordObject(const RecordObject& other)
     }
     const bool validate = other.GetValidate();
     ObjectAccess::SettingsOf(*this).SetAlone(ObjectSettings(validate, nullptr, nullptr));
-    RecordObject::SetValidate(validate);
+    PassValidateToMembers(*this, validate, false);
 }
 
 template <class Data, class Storage>

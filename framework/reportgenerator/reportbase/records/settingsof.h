@@ -48,12 +48,18 @@ void PassValidateTo(const ObjectList<Item>& items, bool validate, bool isChange)
     items.PassValidate(validate, isChange);
 }
 
+template <class Object>
+void PassValidateToMembers(const Object& object, bool validate, bool isChange)
+{
+    GiveToMembers(object,
+                  [validate, isChange](const auto& member) { PassValidateTo(member, validate, isChange); });
+}
+
 template <class Data, class Storage>
 void PassValidateTo(const RecordObject<Data, Storage>& object, bool validate, bool isChange)
 {
     object.IRGObject::SetValidate(validate);
-    GiveToMembers(object,
-                  [validate, isChange](const auto& member) { PassValidateTo(member, validate, isChange); });
+    PassValidateToMembers(object, validate, isChange);
 }
 
 template <class Item>

@@ -28,13 +28,19 @@ QString NotAdmitted(const IRGObject& object, const FieldOfData& field, const QSt
     return messages::PleaseSetProperlyInSetter(object.GetObjectName(), field.name);
 }
 
+/// Apart from what stores, which is small enough to stand in each setter.
+template <class Object, class FieldOfData, class T>
+Q_NEVER_INLINE void ReportNotAdmitted(const Object& object, const FieldOfData& field, const T& value)
+{
+    reporting::WarnOrThrow(object, OutOfRangeException(NotAdmitted(object, field, value)));
+}
+
 template <class Object, class D, class T>
 void StoreValue(Object& object, const ScalarField<D, T, PresenceBit>& field, const T& value)
 {
     if constexpr (!std::is_same_v<T, bool>) {
-        if (!IsAdmitted(field, value)) {
-            reporting::WarnOrThrow(object, OutOfRangeException(NotAdmitted(object, field, value)));
-        }
+        if (!IsAdmitted(field, value))
+            ReportNotAdmitted(object, field, value);
     }
     auto& data = RecordAccess::Make(object);
     field.In(data) = value;
