@@ -51,6 +51,16 @@ const Coordinate& First(const Area& area)
 
 // --- Copied areas ------------------------------------------------------------------------------------------
 
+TEST(CopiedArea, TakesOtherCoordinates)
+{
+    const Area source = Pair();
+    Area copy = source;
+    copy.SetCoordinate({At(5.0, 6.0)});
+    EXPECT_EQ(copy.GetCoordinate().size(), 1);
+    EXPECT_EQ(First(copy).GetLongitude(), 5.0);
+    EXPECT_EQ(source.GetCoordinate().size(), 2);
+}
+
 TEST(CopiedArea, OutlivesItsSourceWithItsOwnSettings)
 {
     const auto logger = Support::NewLogger();

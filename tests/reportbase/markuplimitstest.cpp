@@ -112,6 +112,7 @@ TEST(MarkupLimits, NamespacesCountWhereTheyAreInScope)
     EXPECT_EQ(Found(Repeated(MOST + 1, [](int) { return "<e xmlns='u'>"; })), Excess::Attributes);
     EXPECT_EQ(Found(Repeated(10 * MOST, [](int) { return "<e xmlns='u'/>"; })), Excess::None);
     EXPECT_EQ(Found(Repeated(10 * MOST, [](int) { return "<e xmlns='u'><f></f></e>"; })), Excess::None);
+    EXPECT_EQ(Found(Repeated(10 * MOST, [](int) { return "<e xmlns='u'><f/></e>"; })), Excess::None);
     EXPECT_EQ(Found(nested(MOST, "") + close(MOST) + nested(MOST, "")), Excess::None);
     EXPECT_EQ(Found(nested(MOST, "") + close(1) + nested(2, "")), Excess::Attributes);
     EXPECT_EQ(Found(Repeated(10 * MOST, [](int) { return "<e xmlnsx='u' a:xmlns='v' x='xmlns='>"; })),
@@ -199,6 +200,26 @@ TEST(MarkupLimits, HoldForTexts)
                     "RGException", TOO_MANY_DECLARED);
 }
 
+TEST(MarkupLimits, LetNamespacesEndWithTheirElements)
+{
+    const QString xml = QString::fromStdString(
+        "<a>" + Repeated(MOST + 1, [](int) { return "<e xmlns:n='u'><f/></e>"; }) + "<ReportBase/></a>");
+    ReportBase object;
+    object.SetValidate(false);
+    EXPECT_TRUE(object.SetXmlString(xml, false));
+}
+
+TEST(MarkupLimits, HoldForTextsBehindWhatIsNoTag)
+{
+    for (const char* const before : {"<!-- <a -->", "<![CDATA[<a>]]>", "<?p <a ?>"}) {
+        SCOPED_TRACE(before);
+        const QString xml =
+            QString::fromStdString("<Outer>" + std::string(before) + Report(MOST + 1) + "</Outer>");
+        ReportBase object;
+        EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", TOO_MANY);
+    }
+}
+
 /// The piece so many times, with the number of each in the place of "%1".
 QString Numbered(const char* piece, int count)
 {
@@ -214,6 +235,8 @@ TEST(MarkupLimits, OfNamespacesInScopeAndOfDeclarationsHoldForTexts)
     for (const int more : {0, 1}) {
         const QString texts[] = {
             Text("<a") + Numbered(" xmlns:n%1=\"u\"", 200) + Text("><b") +
+                Numbered(" xmlns:m%1=\"u\"", INNER + more) + Text("><ReportBase/></b></a>"),
+            Text("<a") + Numbered(" xmlns:n%1=\"u\"", 200) + Text("><c></c><b") +
                 Numbered(" xmlns:m%1=\"u\"", INNER + more) + Text("><ReportBase/></b></a>"),
             Text("<!DOCTYPE a [<!ATTLIST a") + Numbered(" b%1 CDATA \"x\"", MOST_DECLARED + more) +
                 Text(">]><ReportBase/>"),

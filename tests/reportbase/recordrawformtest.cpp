@@ -3,6 +3,7 @@
 
 #include "support/bytes.h"
 #include "support/expect.h"
+#include "support/points.h"
 #include "support/recordclasses.h"
 #include "support/recordelements.h"
 #include "support/records.h"
@@ -270,4 +271,25 @@ TYPED_TEST(RecordRawForm, FollowsByteOrderAndPrecisionOfTheStream)
     EXPECT_BYTES(this->WrittenOn(object, this->SetSinglePrecision), form.singlePrecision);
     EXPECT_TRUE(this->ReadFrom(form.littleEndian, this->SetLittleEndian) == object);
     EXPECT_TRUE(this->ReadFrom(form.singlePrecision, this->SetSinglePrecision) == object);
+}
+
+/// As many bytes as double numbers would take follow, and where the second item would begin then stands the last byte of
+/// a number that looks like its flags.
+TEST(RawFormOfAnArea, OfSingleNumbersEndsWithThem)
+{
+    const QByteArray behind(64, 'x');
+    Area area = Support::Lake();
+    area.AppendCoordinate(Support::At(3.0, 4.0 + 3.0 / (1 << 21)));
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    area.GetVersionSpecificBinaryWithoutValidation(out);
+    bytes += behind;
+
+    QDataStream in(bytes);
+    in.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    Area read;
+    read.SetVersionSpecificBinaryWithoutValidation(in);
+    EXPECT_EQ(read, area);
+    EXPECT_EQ(in.device()->readAll(), behind);
 }

@@ -30,6 +30,7 @@ namespace {
 bool g_counting = false;
 qint64 g_held = 0;
 qint64 g_peak = 0;
+int g_count = 0;
 
 /// How many allocations are left up to the one that fails, none when there is no such one.
 int g_untilFailure = 0;
@@ -51,6 +52,7 @@ bool g_hasFailed = false;
         return;
     g_held += bytes;
     g_peak = std::max(g_peak, g_held);
+    g_count += bytes > 0 ? 1 : 0;
 }
 
 } // namespace
@@ -135,6 +137,7 @@ Allocations::Allocations()
 #endif
     g_held = 0;
     g_peak = 0;
+    g_count = 0;
 }
 
 Allocations::~Allocations()
@@ -150,6 +153,11 @@ qint64 Allocations::Peak() const
 qint64 Allocations::Held() const
 {
     return g_held;
+}
+
+int Allocations::Count() const
+{
+    return g_count;
 }
 
 bool Allocations::AreCounted()

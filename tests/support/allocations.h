@@ -28,6 +28,9 @@ public:
     /// What is held now, beyond what was held at the start.
     qint64 Held() const;
 
+    /// How often memory was asked for.
+    int Count() const;
+
     /// Whether this platform's allocator can be watched.
     static bool AreCounted();
 };

@@ -1,0 +1,173 @@
+// What is as the library writes it stays on the fast path, which asks for memory a few times only.
+
+#include "support/allocations.h"
+#include "support/expect.h"
+#include "support/files.h"
+#include "support/points.h"
+#include "support/reports.h"
+#include "support/scratchfile.h"
+
+#include <reportgenerator/reportbase/reportbase.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QDataStream>
+#include <QtCore/QFile>
+#include <QtCore/QXmlStreamReader>
+#include <QtCore/QXmlStreamWriter>
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace {
+
+using REPORTGENERATOR::ReportBase;
+
+constexpr int POINTS = 1000;
+
+/// Enough for objects, files, buffers and lists that grow; readers and streams of Qt take more with these points.
+constexpr int SOME = 75;
+
+ReportBase ReportOfManyPoints()
+{
+    ReportBase report = Support::CompleteReport();
+    report.GetArea().SetName(QStringLiteral("<Lake> & \"Sea\""));
+    for (int i = 1; i < POINTS; ++i)
+        report.GetArea().AppendCoordinate(Support::At(0.125 * i, 0.0625 * i));
+    return report;
+}
+
+struct Form
+{
+    const char* name;
+    std::function<QByteArray(const ReportBase& report)> write;
+    std::function<void(ReportBase& report, const QByteArray& written)> read;
+};
+
+void PrintTo(const Form& form, std::ostream* stream)
+{
+    *stream << form.name;
+}
+
+QByteArray InFile(const std::function<void()>& write)
+{
+    write();
+    return Support::ReadScratch();
+}
+
+QByteArray InStream(const std::function<void(QDataStream& stream)>& write)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    write(stream);
+    return bytes;
+}
+
+const Form FORMS[] = {
+    {"XmlString", [](const ReportBase& report) { return report.GetXmlString().toUtf8(); },
+     [](ReportBase& report, const QByteArray& written) {
+         report.SetXmlString(QString::fromUtf8(written), true);
+     }},
+    {"XmlFile",
+     [](const ReportBase& report) { return InFile([&] { report.SaveXml(Support::ScratchPath()); }); },
+     [](ReportBase& report, const QByteArray& /*written*/) { report.LoadXml(Support::ScratchPath()); }},
+    {"Plain", [](const ReportBase& report) { return report.GetBinaryRepresentationAsQByteArray(); },
+     [](ReportBase& report, const QByteArray& written) {
+         QByteArray representation = written;
+         report.SetBinaryRepresentation(representation);
+     }},
+    {"Compressed",
+     [](const ReportBase& report) { return report.GetCompressedBinaryRepresentationAsQByteArray(1); },
+     [](ReportBase& report, const QByteArray& written) {
+         QByteArray representation = written;
+         report.SetBinaryRepresentation(representation);
+     }},
+    {"PlainStream",
+     [](const ReportBase& report) {
+         return InStream([&](QDataStream& stream) { report.GetBinaryRepresentation(stream); });
+     },
+     [](ReportBase& report, const QByteArray& written) {
+         QDataStream stream(written);
+         report.SetBinaryRepresentation(stream);
+     }},
+    {"CompressedStream",
+     [](const ReportBase& report) {
+         return InStream([&](QDataStream& stream) { report.GetCompressedBinaryRepresentation(stream, 1); });
+     },
+     [](ReportBase& report, const QByteArray& written) {
+         QDataStream stream(written);
+         report.SetBinaryRepresentation(stream);
+     }},
+    {"Body",
+     [](const ReportBase& report) {
+         return InStream([&](QDataStream& stream) { report.GetBinary(stream, 1, true); });
+     },
+     [](ReportBase& report, const QByteArray& written) {
+         QDataStream stream(written);
+         qint32 tag = 0;
+         qint32 length = 0;
+         stream >> tag >> length;
+         report.SetBinary(stream, length);
+     }},
+    {"Raw",
+     [](const ReportBase& report) {
+         return InStream(
+             [&](QDataStream& stream) { report.GetVersionSpecificBinaryWithoutValidation(stream); });
+     },
+     [](ReportBase& report, const QByteArray& written) {
+         QDataStream stream(written);
+         report.SetVersionSpecificBinaryWithoutValidation(stream);
+     }},
+};
+
+class FastPathForms : public ::testing::TestWithParam<Form>
+{
+protected:
+    void SetUp() override
+    {
+        if (!Support::Allocations::AreCounted())
+            GTEST_SKIP() << "this platform's allocator can't be watched";
+    }
+};
+
+TEST_P(FastPathForms, TakeMemoryAFewTimesWhenWritten)
+{
+    const ReportBase report = ReportOfManyPoints();
+    const Support::Allocations allocations;
+    GetParam().write(report);
+    EXPECT_LT(allocations.Count(), SOME);
+}
+
+TEST_P(FastPathForms, TakeMemoryAFewTimesWhenRead)
+{
+    const ReportBase report = ReportOfManyPoints();
+    const QByteArray written = GetParam().write(report);
+    ReportBase read;
+    {
+        const Support::Allocations allocations;
+        GetParam().read(read, written);
+        EXPECT_LT(allocations.Count(), SOME);
+    }
+    EXPECT_EQ(read, report);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, FastPathForms, ::testing::ValuesIn(FORMS),
+                         [](const auto& form) { return std::string(form.param.name); });
+
+TEST(FastPath, LeavesTextsThatAreNoUtf8ToTheStreamPath)
+{
+    for (const char* const text : {"\xff", "a&amp;\xff"}) {
+        SCOPED_TRACE(::testing::PrintToString(text));
+        Support::OpenFile file(
+            QByteArray("<ReportBase><Area Version=\"1.0\"><Name>") + text +
+            "</Name><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>"
+            "</Area></ReportBase>");
+        ReportBase report;
+        EXPECT_RG_THROW(report.LoadXml(file.Get()), "RGException",
+                        "Encountered incorrectly encoded content.");
+    }
+}
+
+} // namespace
