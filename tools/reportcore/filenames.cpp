@@ -44,22 +44,23 @@ int ClaimedSize(uchar first)
 class Utf8WithOddBytes : public QTextCodec
 {
 public:
+    explicit Utf8WithOddBytes(const QTextCodec& utf8) : m_utf8(utf8) {}
+
     QByteArray name() const override { return "UTF-8 with odd bytes"; }
     int mibEnum() const override { return OWN_MIB; }
 
 protected:
     QString convertToUnicode(const char* bytes, int size, ConverterState* /*state*/) const override
     {
-        const QTextCodec* const utf8 = QTextCodec::codecForMib(UTF8_MIB);
         ConverterState whole(IgnoreHeader);
-        QString text = utf8->toUnicode(bytes, size, &whole);
+        QString text = m_utf8.toUnicode(bytes, size, &whole);
         if (whole.invalidChars == 0 && whole.remainingChars == 0)
             return text;
         text.clear();
         for (int i = 0; i < size;) {
             const int count = std::min(ClaimedSize(static_cast<uchar>(bytes[i])), size - i);
             ConverterState state(IgnoreHeader);
-            const QString character = utf8->toUnicode(bytes + i, count, &state);
+            const QString character = m_utf8.toUnicode(bytes + i, count, &state);
             if (state.invalidChars == 0 && state.remainingChars == 0) {
                 text += character;
                 i += count;
@@ -88,6 +89,9 @@ protected:
         }
         return bytes;
     }
+
+private:
+    const QTextCodec& m_utf8; ///< finding it for each name would take as long as the rest of reading a folder
 };
 
 } // namespace
@@ -97,7 +101,7 @@ void KeepOddFileNames()
     const QTextCodec* const codec = QTextCodec::codecForLocale();
     // Qt owns it.
     if (codec && codec->mibEnum() == UTF8_MIB)
-        QTextCodec::setCodecForLocale(new Utf8WithOddBytes);
+        QTextCodec::setCodecForLocale(new Utf8WithOddBytes(*codec));
 }
 
 #else
