@@ -47,7 +47,7 @@ bool MayBeOdd(const QByteArray& bytes, const ReportFile& file, Look look)
 bool Has(const Problems& problems, const char* name)
 {
     return std::any_of(problems.begin(), problems.end(),
-                       [name](const Problem& problem) { return problem.name == QLatin1String(name); });
+                       [name](const Problem& problem) { return problem.Is(name); });
 }
 
 /// Whether compressed data are to be uncompressed once more.
@@ -68,8 +68,7 @@ void RemoveTold(const Problems& problems, Problems& lint)
     }
     lint.erase(std::remove_if(lint.begin(), lint.end(),
                               [&told](const Problem& warning) {
-                                  return warning.name != QLatin1String(MISSPELT_NAME) &&
-                                         told.contains(warning.path);
+                                  return !warning.Is(MISSPELT_NAME) && told.contains(warning.path);
                               }),
                lint.end());
 }

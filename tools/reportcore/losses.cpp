@@ -5,28 +5,22 @@
 #include <reportcore/losing/losing.h>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace ReportCore {
 
 namespace {
 
-bool IsOneOf(const Problem& problem, std::initializer_list<const char*> names)
-{
-    return std::any_of(names.begin(), names.end(),
-                       [&problem](const char* name) { return problem.name == QLatin1String(name); });
-}
-
 /// With such a problem there is no report.
 bool IsAboutAll(const Problem& problem)
 {
-    return IsOneOf(problem, {UNKNOWN_FORM, NO_REPORT, DAMAGED_DATA, TOO_LARGE});
+    return problem.Is(UNKNOWN_FORM) || problem.Is(NO_REPORT) || problem.Is(DAMAGED_DATA) ||
+           problem.Is(TOO_LARGE);
 }
 
 /// The library's words for what it could not go on with.
 bool EndsReading(const Problem& problem)
 {
-    return IsOneOf(problem, {"RGException", "BinaryParsingException"});
+    return problem.Is("RGException") || problem.Is("BinaryParsingException");
 }
 
 /// Whether the report has all that its file says. What stands around an element in its document has not been read with it.
@@ -47,8 +41,7 @@ FilePlace EndOf(const QByteArray& bytes, const ReportFile& file)
 /// Reading broke off: an object that is lost then goes on to where nobody knows.
 void LoseRest(const FilePlace& end, Problems& losses)
 {
-    const bool isLastObject =
-        !losses.empty() && losses.back().name == QLatin1String(LOST_VALUE) && losses.back().value.isNull();
+    const bool isLastObject = !losses.empty() && losses.back().Is(LOST_VALUE) && losses.back().value.isNull();
     if (!isLastObject)
         losses.push_back({QLatin1String(LOST_REST), QStringLiteral("what stands"), end});
     Problem& last = losses.back();
@@ -65,11 +58,11 @@ void AddProblems(const QByteArray& bytes, const ReportFile& file, Problems& loss
     for (const Problem& problem : file.problems) {
         if (EndsReading(problem))
             LoseRest(isXml ? problem.place : EndOf(bytes, file), losses);
-        else if (isXml && IsOneOf(problem, {TRAILING_DATA}))
+        else if (isXml && problem.Is(TRAILING_DATA))
             losses.push_back({problem.name,
                               QStringLiteral("what stands from %1 on").arg(PlaceText(problem.place)),
                               problem.place});
-        else if (IsOneOf(problem, {TRAILING_DATA}) || (IsOneOf(problem, {LENGTH_MISMATCH}) && !isBrokenOff))
+        else if (problem.Is(TRAILING_DATA) || (problem.Is(LENGTH_MISMATCH) && !isBrokenOff))
             losses.push_back(problem);
     }
 }

@@ -1,6 +1,7 @@
 #ifndef REPORTCORE_PROBLEM_H
 #define REPORTCORE_PROBLEM_H
 
+#include <QtCore/QLatin1String>
 #include <QtCore/QString>
 
 #include <vector>
@@ -37,6 +38,8 @@ struct Problem
 
     /// The value that stands there, as it was found; null where there is none.
     QString value = {};
+
+    bool Is(const char* problemName) const { return name == QLatin1String(problemName); }
 };
 
 using Problems = std::vector<Problem>;

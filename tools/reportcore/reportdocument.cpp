@@ -13,7 +13,10 @@ namespace ReportCore {
 
 namespace {
 
-constexpr char NAMESPACES[] = "namespaces";
+// An element around a report that declares the namespaces of one around it in the document.
+
+constexpr char START_OF_NAMESPACES[] = "<namespaces";
+constexpr char END_OF_NAMESPACES[] = "</namespaces>";
 
 /// Where the reports of a document stand.
 class ReportRanges
@@ -54,7 +57,7 @@ private:
             break;
         case Event::Kind::Surrounding:
             TakeRoot(event);
-            m_namespaces.push_back(m_inspector.Namespaces());
+            m_namespaces.push_back(StartOfNamespaces());
             break;
         case Event::Kind::SurroundingEnd:
             m_namespaces.pop_back();
@@ -83,45 +86,33 @@ private:
     void Begin(const Event& event)
     {
         TakeRoot(event);
-        m_ranges.push_back(
-            {event.begin, event.begin, m_documentType + StartOfNamespaces(), EndOfNamespaces()});
+        Range range = {event.begin, event.begin, m_documentType, QString()};
+        // The inner ones hide the outer ones.
+        for (const QString& start : m_namespaces) {
+            range.before += start;
+            range.behind += QLatin1String(start.isEmpty() ? "" : END_OF_NAMESPACES);
+        }
+        m_ranges.push_back(range);
     }
 
-    bool HasNamespaces() const
-    {
-        return std::any_of(m_namespaces.begin(), m_namespaces.end(),
-                           [](const auto& declarations) { return !declarations.isEmpty(); });
-    }
-
-    /// An element for each that declares one, so that the inner ones hide the outer ones.
+    /// Of the start tag that comes up; empty where it declares none.
     QString StartOfNamespaces() const
     {
-        QString text;
-        for (const QXmlStreamNamespaceDeclarations& declarations : m_namespaces) {
-            text += QLatin1Char('<') + QLatin1String(NAMESPACES);
-            for (const QXmlStreamNamespaceDeclaration& declaration : declarations) {
-                const QString prefix = declaration.prefix().toString();
-                text += QStringLiteral(" xmlns%1=\"%2\"")
-                            .arg(prefix.isEmpty() ? QString() : QLatin1Char(':') + prefix,
-                                 declaration.namespaceUri().toString().toHtmlEscaped());
-            }
-            text += QLatin1Char('>');
+        const QXmlStreamNamespaceDeclarations declarations = m_inspector.Namespaces();
+        QString text = QLatin1String(START_OF_NAMESPACES);
+        for (const QXmlStreamNamespaceDeclaration& declaration : declarations) {
+            const QString prefix = declaration.prefix().toString();
+            text += QStringLiteral(" xmlns%1=\"%2\"")
+                        .arg(prefix.isEmpty() ? QString() : QLatin1Char(':') + prefix,
+                             declaration.namespaceUri().toString().toHtmlEscaped());
         }
-        return HasNamespaces() ? text : QString();
-    }
-
-    QString EndOfNamespaces() const
-    {
-        QString text;
-        for (std::size_t i = 0; i < m_namespaces.size(); ++i)
-            text += QStringLiteral("</%1>").arg(QLatin1String(NAMESPACES));
-        return HasNamespaces() ? text : QString();
+        return declarations.isEmpty() ? QString() : text + QLatin1Char('>');
     }
 
     XmlInspector m_inspector;
     QString m_rootName;
     QString m_documentType;
-    std::vector<QXmlStreamNamespaceDeclarations> m_namespaces;
+    std::vector<QString> m_namespaces; ///< of the elements around
     std::vector<Range> m_ranges;
 };
 
@@ -143,12 +134,12 @@ FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
 
 bool IsAround(const Problem& loss)
 {
-    return loss.name == QLatin1String(SURROUNDING_ELEMENT);
+    return loss.Is(SURROUNDING_ELEMENT);
 }
 
 bool IsBeside(const Problem& loss)
 {
-    return IsAround(loss) || loss.name == QLatin1String(SECOND_REPORT);
+    return IsAround(loss) || loss.Is(SECOND_REPORT);
 }
 
 bool IsWithin(const Problem& loss)

@@ -21,8 +21,8 @@ Problems FalseValues(Problems losses)
 {
     losses.erase(std::remove_if(losses.begin(), losses.end(),
                                 [](const Problem& loss) {
-                                    return loss.name != QLatin1String(ReportCore::LOST_VALUE) &&
-                                           loss.name != QLatin1String(ReportCore::LOST_REST);
+                                    return !loss.Is(ReportCore::LOST_VALUE) &&
+                                           !loss.Is(ReportCore::LOST_REST);
                                 }),
                  losses.end());
     return losses;

@@ -91,7 +91,7 @@ FieldChanges::Assignment FieldChanges::AssignmentOf(const QString& argument)
 
 bool FieldChanges::Mend(const ReportCore::Problem& problem) const
 {
-    if (problem.path.isEmpty() || problem.name == QLatin1String(ReportCore::LENGTH_MISMATCH))
+    if (problem.path.isEmpty() || problem.Is(ReportCore::LENGTH_MISMATCH))
         return false;
     const FieldPath path = FieldPath::Parse(ReportCore::ReportInfo(), problem.path);
     return std::any_of(m_assignments.begin(), m_assignments.end(),

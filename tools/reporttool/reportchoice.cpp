@@ -127,9 +127,8 @@ bool IsWhole(const QString& name, const ChosenReport& report, Console& console)
         console.Complain(name, {QStringLiteral("would be discarded"), losses[i].text, losses[i].place});
     if (losses.size() > shown)
         console.Complain(name, QStringLiteral("and %1 more would be discarded").arg(losses.size() - shown));
-    const auto others = std::count_if(losses.begin(), losses.end(), [](const Problem& loss) {
-        return loss.name == QLatin1String(ReportCore::SECOND_REPORT);
-    });
+    const auto others = std::count_if(losses.begin(), losses.end(),
+                                      [](const Problem& loss) { return loss.Is(ReportCore::SECOND_REPORT); });
     const bool isOneOfMany = others > 0 && report.count == 1;
     console.Complain(name, isOneOfMany
                                ? QStringLiteral("not written; 'convert --report N' takes one of its %1 "

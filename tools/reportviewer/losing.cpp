@@ -43,7 +43,7 @@ Problems LossesLeft(const Contents& file, const ReportBase& changed)
     const bool areNumbered = ReportCore::CountPoints(read) != ReportCore::CountPoints(changed);
     const auto isTakenCareOf = [&](const Problem& loss) {
         // Items that came or went have given others their numbers.
-        const bool isValue = loss.name == QLatin1String(ReportCore::LOST_VALUE) && !loss.value.isNull() &&
+        const bool isValue = loss.Is(ReportCore::LOST_VALUE) && !loss.value.isNull() &&
                              !(areNumbered && loss.path.contains(QLatin1Char('[')));
         const FieldPath path = isValue ? ParsedPath(loss.path) : FieldPath();
         return !path.IsEmpty() && ValueAt(read, path) != ValueAt(changed, path);

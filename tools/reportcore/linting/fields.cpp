@@ -36,10 +36,11 @@ void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath
         const Field* const field = info.FindName(name);
         return field ? field->NumberIn(object) : std::nullopt;
     };
-    const auto at = [&path, &info](const QString& name) {
+    const auto warn = [&](const QString& about, const char* warning, const QString& words, double left,
+                          double right) {
         FieldPath fieldPath = path;
-        fieldPath.Enter(*info.FindName(name));
-        return fieldPath;
+        fieldPath.Enter(*info.FindName(about));
+        lint.push_back({fieldPath, warning, words.arg(NumberText(left), NumberText(right))});
     };
     const std::optional<double> min = number(MIN);
     const std::optional<double> max = number(MAX);
@@ -47,18 +48,13 @@ void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath
         return;
     const std::optional<double> value = number(VALUE);
     if (min && max && *min > *max) {
-        lint.push_back({at(MIN), MIN_ABOVE_MAX,
-                        QStringLiteral("min %1 is above max %2").arg(NumberText(*min), NumberText(*max))});
+        warn(MIN, MIN_ABOVE_MAX, QStringLiteral("min %1 is above max %2"), *min, *max);
         return;
     }
     if (value && min && *value < *min)
-        lint.push_back(
-            {at(VALUE), OUTSIDE_BOUNDS,
-             QStringLiteral("value %1 is below min %2").arg(NumberText(*value), NumberText(*min))});
+        warn(VALUE, OUTSIDE_BOUNDS, QStringLiteral("value %1 is below min %2"), *value, *min);
     if (value && max && *value > *max)
-        lint.push_back(
-            {at(VALUE), OUTSIDE_BOUNDS,
-             QStringLiteral("value %1 is above max %2").arg(NumberText(*value), NumberText(*max))});
+        warn(VALUE, OUTSIDE_BOUNDS, QStringLiteral("value %1 is above max %2"), *value, *max);
 }
 
 void LintRing(const IRGObject& parent, const FieldPath& path, Look look, FieldLint& lint)

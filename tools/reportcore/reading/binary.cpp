@@ -48,9 +48,8 @@ void ReadBody(ReportBase& report, QIODevice& body)
 /// The fault that the library could not go on with: the first one that isn't just something behind the end.
 const Problem* FirstFault(const Problems& faults)
 {
-    const auto found = std::find_if(faults.begin(), faults.end(), [](const Problem& fault) {
-        return fault.name != QLatin1String(TRAILING_DATA);
-    });
+    const auto found = std::find_if(faults.begin(), faults.end(),
+                                    [](const Problem& fault) { return !fault.Is(TRAILING_DATA); });
     if (found != faults.end())
         return &*found;
     return faults.empty() ? nullptr : &faults.back();
@@ -109,9 +108,9 @@ void ReadBinary(const QByteArray& bytes, ReportFile& file)
     // The library counts lengths only as far as it needs them; other readers may go by them. Where it breaks off, the
     // claim that doesn't come out is the reason.
     const bool isRead = ReadBodyDiagnosing(bytes, inspector, FirstFault(faults.Found()), file);
-    std::copy_if(
-        faults.Found().begin() + behindEnvelope, faults.Found().end(), std::back_inserter(file.problems),
-        [isRead](const Problem& fault) { return isRead || fault.name == QLatin1String(LENGTH_MISMATCH); });
+    std::copy_if(faults.Found().begin() + behindEnvelope, faults.Found().end(),
+                 std::back_inserter(file.problems),
+                 [isRead](const Problem& fault) { return isRead || fault.Is(LENGTH_MISMATCH); });
 }
 
 } // namespace ReportCore
