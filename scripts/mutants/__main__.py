@@ -283,7 +283,7 @@ def groups_for(number, suites, first):
 def attempt(number, suites, first):
     for group in groups_for(number, suites, first):
         usual = sum(suites[suite][0] for suite in group)
-        outcome, _ = run_tests(group, int(5 + 3 * usual), MUTANT=str(number))
+        outcome, _ = run_tests(group, int(3 + 2 * usual), MUTANT=str(number))
         if outcome is not None:
             return outcome
     return None
