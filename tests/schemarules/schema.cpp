@@ -76,11 +76,15 @@ constexpr auto PLAIN_SECOND = ElementField(&SampleData::first, REPORTBASE_NAME("
 #else
 constexpr auto PLAIN_SECOND = ElementField(&SampleData::second, REPORTBASE_NAME("Second"));
 #endif
-static_assert(schema::AreFieldsDistinct(std::make_tuple(PLAIN_FIRST, PLAIN_SECOND)),
-              "two fields have the same name or member");
+struct PlainSchema
+{
+    static constexpr auto FIELDS = std::make_tuple(PLAIN_FIRST, PLAIN_SECOND);
+};
 
 void CheckSample()
 {
+    SampleData sample;
+    InitNumbers<PlainSchema>(sample);
     schema::Check<SampleData>();
 }
 

@@ -2,7 +2,6 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
-#include <reportgenerator/reportbase/records/schemarules.h>
 
 #include <algorithm>
 
@@ -10,38 +9,21 @@ namespace REPORTGENERATOR {
 
 struct ChannelSpacing::Schema
 {
-    static const ObjectIdentity& Identity()
-    {
-        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("ChannelSpacing"));
-        return identity;
-    }
-
-    static constexpr auto VISUAL = ElementField(&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"));
+    static constexpr Name NAME = REPORTBASE_NAME("ChannelSpacing");
+    static constexpr auto VISUAL =
+        ElementField(&ChannelSpacing::m_visual, REPORTBASE_NAME("Visual"), NO_DATA);
     // The files spell it with a small d, and so does the message that asks for it.
     static constexpr auto SAME_DISTANCE =
         ElementField(&ChannelSpacing::m_sameDistance, REPORTBASE_NAME("Samedistance")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(VISUAL, SAME_DISTANCE);
-    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 
     static constexpr Name VALUE = REPORTBASE_NAME("Value");
-    static constexpr NumberFormat VALUE_FORMAT = {};
 };
 
-namespace {
-
-QString TrueText()
+ChannelSpacing::ChannelSpacing() : IRGObject(IdentityNamed<Schema::NAME>())
 {
-    return QStringLiteral("true");
+    InitNumbers<Schema>(*this);
 }
-
-QString FalseText()
-{
-    return QStringLiteral("false");
-}
-
-} // namespace
-
-ChannelSpacing::ChannelSpacing() : IRGObject(Schema::Identity()) {}
 
 ChannelSpacing::ChannelSpacing(const ChannelSpacing& other) = default;
 
@@ -74,12 +56,12 @@ void ChannelSpacing::SetVisual(const QString& visual)
 
 bool ChannelSpacing::IsSameDistance() const
 {
-    return m_sameDistance == TrueText();
+    return m_sameDistance == ToText(true, {});
 }
 
 void ChannelSpacing::SetSameDistance(bool sameDistance)
 {
-    m_sameDistance = sameDistance ? TrueText() : FalseText();
+    m_sameDistance = ToText(sameDistance, {});
 }
 
 bool ChannelSpacing::IsValidSameDistance() const
@@ -99,13 +81,12 @@ void ChannelSpacing::SetValues(const QVector<double>& values)
 
 bool ChannelSpacing::AnyData() const
 {
-    // The display text doesn't count.
-    return IsValidSameDistance() || !m_values.isEmpty();
+    return IsAnyFieldSet(*this, Schema::FIELDS) || !m_values.isEmpty();
 }
 
 bool ChannelSpacing::HasData() const
 {
-    return IsValidSameDistance() && !m_values.isEmpty();
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS) && !m_values.isEmpty();
 }
 
 void ChannelSpacing::Reset()
@@ -133,7 +114,7 @@ void ChannelSpacing::GetXml(QXmlStreamWriter& writer) const
     // Held, since the writer's device may change them.
     const QVector<double> values = m_values;
     for (const double value : values)
-        writer.writeTextElement(Schema::VALUE.Text(), numbers::ToFixedText(value, Schema::VALUE_FORMAT));
+        writer.writeTextElement(Schema::VALUE.Text(), ToText(value, {}));
     writer.writeEndElement();
 }
 
@@ -141,8 +122,8 @@ void ChannelSpacing::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
     if (reader.name() == Schema::VALUE.Latin1())
         m_values.append(numbers::FromText(GetTextValue(reader)));
-    else if (!ReadPlainElement(*this, reader, Schema::FIELDS))
-        ThrowUnknownTag(*this, reader);
+    else
+        ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

@@ -2,18 +2,12 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
-#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
 struct Ellipse::Schema
 {
-    static const ObjectIdentity& Identity()
-    {
-        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("Ellipse"));
-        return identity;
-    }
-
+    static constexpr Name NAME = REPORTBASE_NAME("Ellipse");
     static constexpr auto MIN_RADIUS =
         ElementField(&Ellipse::m_minRadius, REPORTBASE_NAME("MinRadius")).Mandatory();
     static constexpr auto MAX_RADIUS =
@@ -21,13 +15,11 @@ struct Ellipse::Schema
     static constexpr auto ROTATION =
         ElementField(&Ellipse::m_rotation, REPORTBASE_NAME("Rotation")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(MIN_RADIUS, MAX_RADIUS, ROTATION);
-    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
-Ellipse::Ellipse()
-    : IRGObject(Schema::Identity()), m_minRadius(INVALID_DOUBLE), m_maxRadius(INVALID_DOUBLE),
-      m_rotation(INVALID_DOUBLE)
+Ellipse::Ellipse() : IRGObject(IdentityNamed<Schema::NAME>())
 {
+    InitNumbers<Schema>(*this);
 }
 
 Ellipse::Ellipse(const Ellipse& other) = default;
@@ -99,17 +91,12 @@ void Ellipse::Check() const
 
 void Ellipse::GetXml(QXmlStreamWriter& writer) const
 {
-    if (!HasData())
-        return;
-    writer.writeStartElement(GetObjectName());
-    WritePlainFields(writer, *this, Schema::FIELDS);
-    writer.writeEndElement();
+    WritePlainObject(writer, *this, Schema::FIELDS);
 }
 
 void Ellipse::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Schema::FIELDS))
-        ThrowUnknownTag(*this, reader);
+    ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

@@ -5,17 +5,20 @@
 
 namespace REPORTGENERATOR {
 
-namespace {
-
-const ObjectIdentity& Identity()
+struct FrequencyInformation::Schema
 {
-    static const ObjectIdentity identity = IdentityNamed(QStringLiteral("FrequencyInformation"));
-    return identity;
+    static constexpr Name NAME = REPORTBASE_NAME("FrequencyInformation");
+    static constexpr auto FREQUENCY =
+        ElementField(&FrequencyInformation::m_frequency, REPORTBASE_NAME("Frequency"));
+    static constexpr auto RANGE =
+        ElementField(&FrequencyInformation::m_range, REPORTBASE_NAME("FrequencyRange"));
+    static constexpr auto FIELDS = std::make_tuple(FREQUENCY, RANGE);
+};
+
+FrequencyInformation::FrequencyInformation() : FrequencyHolder(IdentityNamed<Schema::NAME>())
+{
+    InitNumbers<Schema>(*this);
 }
-
-} // namespace
-
-FrequencyInformation::FrequencyInformation() : FrequencyHolder(Identity()) {}
 
 FrequencyInformation::FrequencyInformation(const FrequencyInformation& other) = default;
 
@@ -25,8 +28,7 @@ FrequencyInformation::~FrequencyInformation() = default;
 
 bool FrequencyInformation::operator==(const FrequencyInformation& other) const
 {
-    return GetFrequency() == other.GetFrequency() && GetFrequencyMin() == other.GetFrequencyMin() &&
-           GetFrequencyMax() == other.GetFrequencyMax() && m_range == other.m_range;
+    return AreValuesEqual(*this, other, Schema::FIELDS);
 }
 
 bool FrequencyInformation::operator!=(const FrequencyInformation& other) const
@@ -51,20 +53,17 @@ void FrequencyInformation::SetFrequencyRange(const FrequencyRangeOld& range)
 
 bool FrequencyInformation::AnyData() const
 {
-    return m_frequency.AnyData() || m_range.AnyData();
+    return IsAnyFieldSet(*this, Schema::FIELDS);
 }
 
 bool FrequencyInformation::HasData() const
 {
-    if (m_frequency.AnyData() && m_range.AnyData())
-        return false;
-    return m_frequency.HasData() || m_range.HasData();
+    return m_frequency.AnyData() != m_range.AnyData() && (m_frequency.HasData() || m_range.HasData());
 }
 
 void FrequencyInformation::Reset()
 {
-    m_frequency.Reset();
-    m_range.Reset();
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void FrequencyInformation::Check() const
@@ -80,25 +79,15 @@ void FrequencyInformation::Check() const
 
 void FrequencyInformation::GetXml(QXmlStreamWriter& writer) const
 {
-    if (!HasData())
-        return;
-    writer.writeStartElement(GetObjectName());
     if (m_frequency.HasData())
-        m_frequency.GetXml(writer);
+        WritePlainObject(writer, *this, std::make_tuple(Schema::FREQUENCY));
     else
-        m_range.GetXml(writer);
-    writer.writeEndElement();
+        WritePlainObject(writer, *this, std::make_tuple(Schema::RANGE));
 }
 
 void FrequencyInformation::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    // The range goes by the name that it was assigned with.
-    if (reader.name() == FrequencyName())
-        m_frequency.ReadValuesFromXml(reader);
-    else if (reader.name() == m_range.GetObjectName())
-        m_range.ProcessXml(reader);
-    else
-        ThrowUnknownTag(*this, reader);
+    ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

@@ -62,6 +62,8 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
+    struct Schema;
+
     FrequencyRangeOld m_range;
 };
 

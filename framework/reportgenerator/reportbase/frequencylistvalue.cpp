@@ -1,24 +1,24 @@
 #include <reportgenerator/reportbase/frequencylistvalue.h>
 
-#include <reportgenerator/reportbase/converters.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
 
 namespace REPORTGENERATOR {
 
-namespace {
-
-const ObjectIdentity& Identity()
+struct FrequencyListValue::Schema
 {
-    static const ObjectIdentity identity = IdentityNamed(QStringLiteral("Value"));
-    return identity;
+    static constexpr Name NAME = REPORTBASE_NAME("Value");
+    static constexpr auto FREQUENCY =
+        ElementField(&FrequencyListValue::m_frequency, REPORTBASE_NAME("Frequency")).Mandatory();
+    static constexpr auto TIME_STAMP =
+        ElementField(&FrequencyListValue::m_timeStamp, REPORTBASE_NAME("TimeStamp"));
+    static constexpr auto FIELDS = std::make_tuple(FREQUENCY, TIME_STAMP);
+};
+
+FrequencyListValue::FrequencyListValue() : FrequencyHolder(IdentityNamed<Schema::NAME>())
+{
+    InitNumbers<Schema>(*this);
 }
-
-constexpr Name TIME_STAMP = REPORTBASE_NAME("TimeStamp");
-
-} // namespace
-
-FrequencyListValue::FrequencyListValue() : FrequencyHolder(Identity()) {}
 
 FrequencyListValue::FrequencyListValue(const FrequencyListValue& other) = default;
 
@@ -44,18 +44,17 @@ const QDateTime& FrequencyListValue::GetTimeStamp() const
 
 bool FrequencyListValue::AnyData() const
 {
-    return m_frequency.AnyData() || IsTimeStampSet();
+    return IsAnyFieldSet(*this, Schema::FIELDS);
 }
 
 bool FrequencyListValue::HasData() const
 {
-    return m_frequency.HasData();
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void FrequencyListValue::Reset()
 {
-    m_frequency.Reset();
-    m_timeStamp = QDateTime();
+    UnsetFields(*this, Schema::FIELDS);
 }
 
 void FrequencyListValue::Check() const
@@ -67,29 +66,12 @@ void FrequencyListValue::Check() const
 
 void FrequencyListValue::GetXml(QXmlStreamWriter& writer) const
 {
-    if (!HasData())
-        return;
-    writer.writeStartElement(GetObjectName());
-    m_frequency.GetXml(writer);
-    if (IsTimeStampSet())
-        writer.writeTextElement(TIME_STAMP.Text(), Converters::ToString(m_timeStamp));
-    writer.writeEndElement();
-}
-
-/// A local time that a clock change leaves out is not null, but is no time either.
-bool FrequencyListValue::IsTimeStampSet() const
-{
-    return m_timeStamp != QDateTime();
+    WritePlainObject(writer, *this, Schema::FIELDS);
 }
 
 void FrequencyListValue::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (reader.name() == FrequencyName())
-        m_frequency.ReadValuesFromXml(reader);
-    else if (reader.name() == TIME_STAMP.Latin1())
-        m_timeStamp = Converters::ToDateTime(GetTextValue(reader));
-    else
-        ThrowUnknownTag(*this, reader);
+    ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

@@ -59,7 +59,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    bool IsTimeStampSet() const;
+    struct Schema;
 
     QDateTime m_timeStamp;
 };

@@ -2,29 +2,22 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
-#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
 struct FrequencyRangeOld::Schema
 {
-    static const ObjectIdentity& Identity()
-    {
-        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("FrequencyRange"));
-        return identity;
-    }
-
+    static constexpr Name NAME = REPORTBASE_NAME("FrequencyRange");
     static constexpr auto START =
         ElementField(&FrequencyRangeOld::m_startFrequency, REPORTBASE_NAME("StartFrequency")).Mandatory();
     static constexpr auto STOP =
         ElementField(&FrequencyRangeOld::m_stopFrequency, REPORTBASE_NAME("StopFrequency")).Mandatory();
     static constexpr auto FIELDS = std::make_tuple(START, STOP);
-    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
 };
 
-FrequencyRangeOld::FrequencyRangeOld()
-    : IRGObject(Schema::Identity()), m_startFrequency(INVALID_DOUBLE), m_stopFrequency(INVALID_DOUBLE)
+FrequencyRangeOld::FrequencyRangeOld() : IRGObject(IdentityNamed<Schema::NAME>())
 {
+    InitNumbers<Schema>(*this);
 }
 
 FrequencyRangeOld::FrequencyRangeOld(const FrequencyRangeOld& other) = default;
@@ -86,17 +79,12 @@ void FrequencyRangeOld::Check() const
 
 void FrequencyRangeOld::GetXml(QXmlStreamWriter& writer) const
 {
-    if (!HasData())
-        return;
-    writer.writeStartElement(GetObjectName());
-    WritePlainFields(writer, *this, Schema::FIELDS);
-    writer.writeEndElement();
+    WritePlainObject(writer, *this, Schema::FIELDS);
 }
 
 void FrequencyRangeOld::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (!ReadPlainElement(*this, reader, Schema::FIELDS))
-        ThrowUnknownTag(*this, reader);
+    ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

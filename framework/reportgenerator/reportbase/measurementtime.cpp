@@ -12,12 +12,6 @@ constexpr Name MEASUREMENT_MODE = REPORTBASE_NAME("MeasurementMode");
 
 constexpr auto INVALID_MODE = static_cast<MeasurementTime::MeasurementModeType>(-1);
 
-const ObjectIdentity& Identity()
-{
-    static const ObjectIdentity identity = IdentityNamed(MEASUREMENT_TIME.Text());
-    return identity;
-}
-
 const QStringList& DefaultModeNames()
 {
     static const QStringList names = {QStringLiteral("Continuous"), QStringLiteral("Periodic")};
@@ -27,7 +21,7 @@ const QStringList& DefaultModeNames()
 } // namespace
 
 MeasurementTime::MeasurementTime()
-    : IRGObject(Identity()), m_modeNames(DefaultModeNames()), m_mode(INVALID_MODE)
+    : IRGObject(IdentityNamed<MEASUREMENT_TIME>()), m_modeNames(DefaultModeNames()), m_mode(INVALID_MODE)
 {
     m_time.SetName(MEASUREMENT_TIME.Text());
 }
@@ -151,9 +145,7 @@ void MeasurementTime::ProcessXmlStartElement(QXmlStreamReader& reader)
     // A mode that was written comes back as an empty text, which names no mode and is refused.
     if (reader.name() == MEASUREMENT_MODE.Latin1())
         SetMeasurementMode(NameToMeasurementModeType(GetTextValue(reader)));
-    else if (reader.name() == m_time.GetObjectName())
-        m_time.ProcessXml(reader);
-    else
+    else if (!ReadObject(m_time, reader))
         ThrowUnknownTag(*this, reader);
 }
 

@@ -3,30 +3,28 @@
 #include <reportgenerator/reportbase/codec/wireformat.h>
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
-#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
 struct ScanParameter::Schema
 {
-    static const ObjectIdentity& Identity()
-    {
-        static const ObjectIdentity identity = IdentityNamed(QStringLiteral("ScanParameter"));
-        return identity;
-    }
-
+    static constexpr Name NAME = REPORTBASE_NAME("ScanParameter");
+    static constexpr auto VERSION =
+        AttributeField(&ScanParameter::m_version, wire::VERSION_ATTRIBUTE).Mandatory();
+    static constexpr auto RANGE =
+        ElementField(&ScanParameter::m_range, REPORTBASE_NAME("FrequencyRange")).Mandatory();
     static constexpr auto STEP =
         ElementField(&ScanParameter::m_stepFrequency, REPORTBASE_NAME("FrequencyStep")).Mandatory();
     static constexpr auto DWELL = ElementField(&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"));
-    static constexpr auto HOLD = ElementField(&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"));
-    static constexpr auto FIELDS = std::make_tuple(STEP, DWELL, HOLD);
-    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
+    static constexpr auto HOLD =
+        ElementField(&ScanParameter::m_holdTime, REPORTBASE_NAME("HoldTime"), NO_DATA);
+    static constexpr auto FIELDS = std::make_tuple(RANGE, STEP, DWELL, HOLD);
+    static constexpr auto WRITTEN = std::tuple_cat(std::make_tuple(VERSION), FIELDS);
 };
 
-ScanParameter::ScanParameter()
-    : IRGObject(Schema::Identity()), m_version(QStringLiteral("1.0")), m_stepFrequency(INVALID_DOUBLE),
-      m_dwellTime(INVALID_DOUBLE), m_holdTime(INVALID_DOUBLE)
+ScanParameter::ScanParameter() : IRGObject(IdentityNamed<Schema::NAME>()), m_version(QStringLiteral("1.0"))
 {
+    InitNumbers<Schema>(*this);
 }
 
 ScanParameter::ScanParameter(const ScanParameter& other) = default;
@@ -82,39 +80,29 @@ void ScanParameter::SetHoldTime(double time)
 
 bool ScanParameter::AnyData() const
 {
-    // The hold time doesn't count.
-    return m_range.AnyData() || Schema::STEP.IsSetIn(*this) || Schema::DWELL.IsSetIn(*this);
+    return IsAnyFieldSet(*this, Schema::FIELDS);
 }
 
 bool ScanParameter::HasData() const
 {
-    return m_range.HasData() && AreMandatoryFieldsSet(*this, Schema::FIELDS);
+    return AreMandatoryFieldsSet(*this, Schema::FIELDS);
 }
 
 void ScanParameter::Reset()
 {
-    m_range.Reset();
     UnsetFields(*this, Schema::FIELDS);
 }
 
 void ScanParameter::Check() const
 {
-    if (!AnyData())
-        return;
-    m_range.Check();
     // The two capitals are part of the message.
-    RequireFields(*this, Schema::FIELDS, messages::PLeaseSet);
+    if (AnyData())
+        RequireFields(*this, Schema::FIELDS, messages::PLeaseSet);
 }
 
 void ScanParameter::GetXml(QXmlStreamWriter& writer) const
 {
-    if (!HasData())
-        return;
-    writer.writeStartElement(GetObjectName());
-    writer.writeAttribute(wire::VERSION_ATTRIBUTE.Text(), m_version);
-    m_range.GetXml(writer);
-    WritePlainFields(writer, *this, Schema::FIELDS);
-    writer.writeEndElement();
+    WritePlainObject(writer, *this, Schema::WRITTEN);
 }
 
 const QString& ScanParameter::GetVersion() const
@@ -124,10 +112,7 @@ const QString& ScanParameter::GetVersion() const
 
 void ScanParameter::ProcessXmlStartElement(QXmlStreamReader& reader)
 {
-    if (reader.name() == m_range.GetObjectName())
-        m_range.ProcessXml(reader);
-    else if (!ReadPlainElement(*this, reader, Schema::FIELDS))
-        ThrowUnknownTag(*this, reader);
+    ReadPlainElement(*this, reader, Schema::FIELDS);
 }
 
 } // namespace REPORTGENERATOR

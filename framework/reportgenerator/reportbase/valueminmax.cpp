@@ -2,7 +2,6 @@
 
 #include <reportgenerator/reportbase/messages_p.h>
 #include <reportgenerator/reportbase/records/plainfield.h>
-#include <reportgenerator/reportbase/records/schemarules.h>
 
 namespace REPORTGENERATOR {
 
@@ -11,13 +10,17 @@ struct ValueMinMax::Schema
     static constexpr auto MIN = AttributeField(&ValueMinMax::m_min, REPORTBASE_NAME("Min"));
     static constexpr auto MAX = AttributeField(&ValueMinMax::m_max, REPORTBASE_NAME("Max"));
     static constexpr auto VALUE = TextField(&ValueMinMax::m_value, REPORTBASE_NAME("Value")).Mandatory();
-    static constexpr auto FIELDS = std::make_tuple(MIN, MAX, VALUE);
-    static_assert(schema::AreFieldsDistinct(FIELDS), "two fields have the same name or member");
+    static constexpr auto BOUNDS = std::make_tuple(MIN, MAX);
+    static constexpr auto FIELDS = std::tuple_cat(BOUNDS, std::make_tuple(VALUE));
 };
 
 ValueMinMax::ValueMinMax() : ValueMinMax(INVALID_DOUBLE) {}
 
-ValueMinMax::ValueMinMax(double value) : m_value(value), m_min(INVALID_DOUBLE), m_max(INVALID_DOUBLE) {}
+ValueMinMax::ValueMinMax(double value)
+{
+    InitNumbers<Schema>(*this);
+    m_value = value;
+}
 
 ValueMinMax::ValueMinMax(const ValueMinMax& other) = default;
 
@@ -114,11 +117,10 @@ void ValueMinMax::GetXml(QXmlStreamWriter& writer) const
 
 void ValueMinMax::ReadValuesFromXml(QXmlStreamReader& reader)
 {
-    const auto store = [this](const auto& field, double value) { StoreField(*this, field, value); };
-    Unset(m_min);
-    Unset(m_max);
+    const auto store = [this](const auto& field, double value) { field.In(*this) = value; };
+    UnsetFields(*this, Schema::BOUNDS);
     const QXmlStreamAttributes attributes = reader.attributes();
-    ForEachField(Schema::FIELDS, [&](const auto& field) { ReadXmlAttribute(attributes, field, store); });
+    ForEachField(Schema::BOUNDS, [&](const auto& field) { ReadXmlAttribute(attributes, field, store); });
     ReadXmlText(GetTextValue(reader), Schema::VALUE, store);
 }
 

@@ -49,6 +49,25 @@ struct PresenceBit
     }
 };
 
+template <class T>
+bool IsValueSet(const T& value);
+
+/// Of a plain class's field: it is set unless it holds the value that stands for "not set".
+struct ByValue
+{
+    /// Whether an object has data when this field is set.
+    bool isData = true;
+
+    template <class Data, class T>
+    bool IsSetIn(const Data& /*data*/, const T& value) const
+    {
+        return IsValueSet(value);
+    }
+};
+
+/// Of a field that is no data by itself.
+constexpr ByValue NO_DATA = {false};
+
 /// All that there is to know of the form of one value: a number, a switch or a text. A class's schema is
 /// a tuple of such fields in the order in which they are written.
 ///
@@ -95,20 +114,20 @@ struct ScalarField
     bool IsWrittenOf(const Data& data) const { return isMandatory || IsSetIn(data); }
 };
 
-template <class Data, class T, class SetBy>
-constexpr ScalarField<Data, T, SetBy> AttributeField(T Data::*member, Name name, SetBy setBy)
+template <class Data, class T, class SetBy = ByValue>
+constexpr ScalarField<Data, T, SetBy> AttributeField(T Data::*member, Name name, SetBy setBy = {})
 {
     return {member, name, Place::Attribute, setBy};
 }
 
-template <class Data, class T, class SetBy>
-constexpr ScalarField<Data, T, SetBy> ElementField(T Data::*member, Name name, SetBy setBy)
+template <class Data, class T, class SetBy = ByValue>
+constexpr ScalarField<Data, T, SetBy> ElementField(T Data::*member, Name name, SetBy setBy = {})
 {
     return {member, name, Place::Element, setBy};
 }
 
-template <class Data, class T, class SetBy>
-constexpr ScalarField<Data, T, SetBy> TextField(T Data::*member, Name name, SetBy setBy)
+template <class Data, class T, class SetBy = ByValue>
+constexpr ScalarField<Data, T, SetBy> TextField(T Data::*member, Name name, SetBy setBy = {})
 {
     return {member, name, Place::Text, setBy};
 }

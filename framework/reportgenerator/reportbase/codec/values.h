@@ -3,13 +3,14 @@
 
 #include <reportgenerator/reportbase/codec/numbers.h>
 #include <reportgenerator/reportbase/codec/scalarfield.h>
+#include <reportgenerator/reportbase/converters.h>
 
 #include <QtCore/QString>
 
 namespace REPORTGENERATOR {
 
-// The values that fields have, numbers, switches and texts: what is admitted, and their form as a text, which
-// XML and tagged form share. A type without these functions does not compile.
+// The values that fields have, numbers, switches, texts and times: what is admitted, and their form as a text,
+// which XML and tagged form share. A type without these functions does not compile.
 
 /// Whether a value may be set: a number within its range, a text that is not null, any switch.
 template <class FieldOfData>
@@ -45,6 +46,11 @@ inline QString ToText(const QString& value, NumberFormat /*format*/)
     return value;
 }
 
+inline QString ToText(const QDateTime& value, NumberFormat /*format*/)
+{
+    return Converters::ToString(value);
+}
+
 inline QString ToText(const Name& value, NumberFormat /*format*/)
 {
     return value.Text();
@@ -66,6 +72,11 @@ inline void FromText(const QString& text, bool& value)
 inline void FromText(const QString& text, QString& value)
 {
     value = text.isNull() ? QLatin1String("") : text;
+}
+
+inline void FromText(const QString& text, QDateTime& value)
+{
+    value = Converters::ToDateTime(text);
 }
 
 } // namespace REPORTGENERATOR

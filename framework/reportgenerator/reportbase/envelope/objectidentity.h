@@ -1,9 +1,8 @@
 #ifndef REPORTGENERATOR_ENVELOPE_OBJECTIDENTITY_H
 #define REPORTGENERATOR_ENVELOPE_OBJECTIDENTITY_H
 
+#include <reportgenerator/reportbase/codec/name.h>
 #include <reportgenerator/reportbase/objecttypes.h>
-
-#include <QtCore/QString>
 
 namespace REPORTGENERATOR {
 
@@ -31,9 +30,11 @@ const ObjectIdentity* IdentityOfKind(ObjectTypes type);
 const ObjectIdentity& NamelessIdentity();
 
 /// The identity of a class that is of the kind `AnyType` and has a name of its own.
-inline ObjectIdentity IdentityNamed(const QString& name)
+template <const Name& NAME>
+const ObjectIdentity& IdentityNamed()
 {
-    return {AnyType, AnyType, name, nullptr, false};
+    static const ObjectIdentity identity = {AnyType, AnyType, NAME.Text(), nullptr, false};
+    return identity;
 }
 
 } // namespace REPORTGENERATOR

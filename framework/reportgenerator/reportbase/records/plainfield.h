@@ -2,69 +2,69 @@
 #define REPORTGENERATOR_RECORDS_PLAINFIELD_H
 
 #include <reportgenerator/reportbase/codec/invalidvalues.h>
-#include <reportgenerator/reportbase/codec/scalarfield.h>
 #include <reportgenerator/reportbase/codec/xmlfields.h>
 #include <reportgenerator/reportbase/envelope/elementtext.h>
-#include <reportgenerator/reportbase/envelope/objectaccess.h>
+#include <reportgenerator/reportbase/envelope/objectidentity.h>
+#include <reportgenerator/reportbase/records/schemarules.h>
 #include <reportgenerator/reportbase/rgexception.h>
+#include <reportgenerator/reportbase/valueminmax.h>
+
+#include <type_traits>
 
 namespace REPORTGENERATOR {
 
-// The fields of the plainer classes: members of the object itself, unset when they hold the value of their
-// type that stands for "not set". Their failures are thrown, never logged.
+// The fields of the plainer classes: members of the object itself, values and objects. A value is unset when it is
+// the one of its type that stands for "not set". Failures are thrown, never logged.
 
-inline void Unset(double& value)
+template <class T>
+constexpr bool IS_OBJECT = std::is_base_of_v<IRGObject, T>;
+template <class Field>
+constexpr bool IS_OF_OBJECT = IS_OBJECT<typename std::decay_t<Field>::Value>;
+
+template <class T>
+void Unset(T& value)
 {
-    value = INVALID_DOUBLE;
+    if constexpr (IS_OBJECT<T>)
+        value.Reset();
+    else if constexpr (std::is_same_v<T, double>)
+        value = INVALID_DOUBLE;
+    else if constexpr (std::is_same_v<T, QString>)
+        value.clear();
+    else
+        value = T();
 }
 
-inline void Unset(QString& value)
+template <class T>
+bool IsValueSet(const T& value)
 {
-    value.clear();
+    if constexpr (IS_OBJECT<T>)
+        return value.AnyData();
+    else if constexpr (std::is_same_v<T, double>)
+        return value != INVALID_DOUBLE;
+    else if constexpr (std::is_same_v<T, QString>)
+        return !value.isEmpty();
+    else // A local time that a clock change leaves out is not null, but is no time either.
+        return value != T();
 }
 
-inline bool IsValueSet(double value)
+template <class T>
+bool IsValueEqual(const T& left, const T& right)
 {
-    return value != INVALID_DOUBLE;
+    return left == right;
 }
 
-inline bool IsValueSet(const QString& value)
-{
-    return !value.isEmpty();
-}
+/// The name is that of the element.
+bool IsValueEqual(const ValueMinMax& left, const ValueMinMax& right);
 
-/// Of a plain field: it is set unless it holds the value that stands for "not set".
-struct ByValue
+/// Gives the numbers of a new object the value that stands for "not set", which all other fields begin with.
+template <class Schema, class Object>
+void InitNumbers(Object& object)
 {
-    template <class Object, class T>
-    bool IsSetIn(const Object& /*object*/, const T& value) const
-    {
-        return IsValueSet(value);
-    }
-};
-
-template <class Object, class T>
-constexpr ScalarField<Object, T, ByValue> AttributeField(T Object::*member, Name name)
-{
-    return AttributeField(member, name, ByValue());
-}
-
-template <class Object, class T>
-constexpr ScalarField<Object, T, ByValue> ElementField(T Object::*member, Name name)
-{
-    return ElementField(member, name, ByValue());
-}
-
-template <class Object, class T>
-constexpr ScalarField<Object, T, ByValue> TextField(T Object::*member, Name name)
-{
-    return TextField(member, name, ByValue());
-}
-
-template <class Object, class T>
-void StoreField(Object& object, const ScalarField<Object, T, ByValue>& field, const T& value)
-{
-    field.In(object) = value;
+    static_assert(schema::AreFieldsDistinct(Schema::FIELDS), "two fields have the same name or member");
+    ForEachField(Schema::FIELDS, [&object](const auto& field) {
+        if constexpr (std::is_same_v<decltype(field.In(object)), double&>)
+            Unset(field.In(object));
+    });
 }
 
 template <class Object, class... Fields>
@@ -73,34 +73,43 @@ void UnsetFields(Object& object, const std::tuple<Fields...>& fields)
     ForEachField(fields, [&object](const auto& field) { Unset(field.In(object)); });
 }
 
+/// Whether a field is set that is data.
 template <class Object, class... Fields>
 bool IsAnyFieldSet(const Object& object, const std::tuple<Fields...>& fields)
 {
-    return AnyOfFields(fields, [&object](const auto& field) { return field.IsSetIn(object); });
+    return AnyOfFields(fields,
+                       [&object](const auto& field) { return field.setBy.isData && field.IsSetIn(object); });
 }
 
-/// Whether all fields are set that are always written.
+/// Whether all values are set, and all objects complete, that are always written.
 template <class Object, class... Fields>
 bool AreMandatoryFieldsSet(const Object& object, const std::tuple<Fields...>& fields)
 {
-    return AllOfFields(fields,
-                       [&object](const auto& field) { return !field.isMandatory || field.IsSetIn(object); });
+    return AllOfFields(fields, [&object](const auto& field) {
+        if constexpr (IS_OF_OBJECT<decltype(field)>)
+            return !field.isMandatory || field.In(object).HasData();
+        else
+            return !field.isMandatory || field.IsSetIn(object);
+    });
 }
 
 /// Whether all values are equal, set or not. A NaN equals nothing.
 template <class Object, class... Fields>
 bool AreValuesEqual(const Object& left, const Object& right, const std::tuple<Fields...>& fields)
 {
-    return AllOfFields(fields, [&](const auto& field) { return field.In(left) == field.In(right); });
+    return AllOfFields(fields,
+                       [&](const auto& field) { return IsValueEqual(field.In(left), field.In(right)); });
 }
 
-/// Throws the class's message for the first field that is missing.
+/// Throws the class's message for the first value that is missing. Objects have messages of their own.
 template <class Object, class... Fields>
 void RequireFields(const Object& object, const std::tuple<Fields...>& fields,
                    QString (*message)(const QString& objectName, const QString& field))
 {
     ForEachField(fields, [&](const auto& field) {
-        if (field.isMandatory && !field.IsSetIn(object))
+        if constexpr (IS_OF_OBJECT<decltype(field)>)
+            field.In(object).Check();
+        else if (field.isMandatory && !field.IsSetIn(object))
             throw RGException(message(object.GetObjectName(), field.name.Text()));
     });
 }
@@ -109,21 +118,48 @@ template <class Object, class... Fields>
 void WritePlainFields(QXmlStreamWriter& writer, const Object& object, const std::tuple<Fields...>& fields)
 {
     XmlWriterSink sink(writer);
-    WriteXmlFields(sink, object, fields);
+    ForEachField(fields, [&](const auto& field) {
+        if constexpr (IS_OF_OBJECT<decltype(field)>)
+            field.In(object).GetXml(writer);
+        else
+            WriteXmlField(sink, object, field);
+    });
 }
 
-/// Reads the child element that the reader stands on into its field. Returns whether it was one.
+/// Writes the element of an object that is complete, and nothing of another one.
 template <class Object, class... Fields>
-bool ReadPlainElement(Object& object, QXmlStreamReader& reader, const std::tuple<Fields...>& fields)
+void WritePlainObject(QXmlStreamWriter& writer, const Object& object, const std::tuple<Fields...>& fields)
 {
-    const auto readText = [&](auto& value) { ReadElementText(object, reader, value); };
-    const auto store = [&object](const auto& field, const auto& value) { StoreField(object, field, value); };
-    return AnyOfFields(
-        fields, [&](const auto& field) { return ReadXmlElement(reader.name(), field, readText, store); });
+    if (!object.HasData())
+        return;
+    writer.writeStartElement(object.GetObjectName());
+    WritePlainFields(writer, object, fields);
+    writer.writeEndElement();
 }
+
+/// Reads the child element that the reader stands on if it bears the name that the object goes by. Returns whether
+/// it does.
+bool ReadObject(IRGObject& object, QXmlStreamReader& reader);
+bool ReadObject(ValueMinMax& object, QXmlStreamReader& reader);
 
 /// Refuses the child element that the reader stands on.
 [[noreturn]] void ThrowUnknownTag(const IRGObject& object, const QXmlStreamReader& reader);
+
+/// Reads the child element that the reader stands on into its field, and refuses one that is of none.
+template <class Object, class... Fields>
+void ReadPlainElement(Object& object, QXmlStreamReader& reader, const std::tuple<Fields...>& fields)
+{
+    const auto readText = [&](auto& value) { ReadElementText(object, reader, value); };
+    const auto store = [&object](const auto& field, const auto& value) { field.In(object) = value; };
+    const auto read = [&](const auto& field) {
+        if constexpr (IS_OF_OBJECT<decltype(field)>)
+            return ReadObject(field.In(object), reader);
+        else
+            return ReadXmlElement(reader.name(), field, readText, store);
+    };
+    if (!AnyOfFields(fields, read))
+        ThrowUnknownTag(object, reader);
+}
 
 } // namespace REPORTGENERATOR
 
