@@ -1,18 +1,13 @@
 #ifndef REPORTGENERATOR_QT_ASWRITTEN_H
 #define REPORTGENERATOR_QT_ASWRITTEN_H
 
-#include <reportgenerator/reportbase/channelspacing.h>
-#include <reportgenerator/reportbase/ellipse.h>
-#include <reportgenerator/reportbase/frequencyinformation.h>
-#include <reportgenerator/reportbase/frequencylistvalue.h>
-#include <reportgenerator/reportbase/measurementtime.h>
-#include <reportgenerator/reportbase/reportbase.h>
-#include <reportgenerator/reportbase/scanparameter.h>
+#include <reportgenerator/qt/optional.h>
 
 #include <QtCore/QString>
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 // XML and the binary representations keep six decimals of degrees and of a `Double`, and two decimals of all other
 // numbers. A report that is read back therefore differs by `==` from the one that was written, as soon as a number has
@@ -49,32 +44,45 @@ inline bool EqualAsWritten(double left, double right)
     return EqualWithDecimals(left, right, DECIMALS);
 }
 
-/// A number that may be unset.
-inline bool EqualFields(bool isLeftSet, double left, bool isRightSet, double right, int decimals = DECIMALS)
-{
-    return isLeftSet == isRightSet && (!isLeftSet || EqualWithDecimals(left, right, decimals));
-}
-
 /// A number of a class in which one number stands for "not set".
 inline bool EqualNumbersOf(const IRGObject& leftObject, double left, const IRGObject& rightObject,
                            double right, int decimals = DECIMALS)
 {
-    return EqualFields(leftObject.IsValid(left), left, rightObject.IsValid(right), right, decimals);
+    const bool isSet = leftObject.IsValid(left);
+    return isSet == rightObject.IsValid(right) && (!isSet || EqualWithDecimals(left, right, decimals));
 }
 
-template <class Data>
-bool EqualBoundedValues(const BoundedValue<Data>& left, const BoundedValue<Data>& right)
+// --- A field of two objects
+
+template <class Value>
+bool EqualValues(const Value& left, const Value& right, int decimals)
 {
-    return EqualFields(left.IsValueSet(), left.GetValue(), right.IsValueSet(), right.GetValue()) &&
-           EqualFields(left.IsMinSet(), left.GetMin(), right.IsMinSet(), right.GetMin()) &&
-           EqualFields(left.IsMaxSet(), left.GetMax(), right.IsMaxSet(), right.GetMax());
+    if constexpr (std::is_same_v<Value, double>)
+        return EqualWithDecimals(left, right, decimals);
+    else
+        return left == right;
 }
 
-inline bool EqualFrequencies(const FrequencyHolder& left, const FrequencyHolder& right)
+template <class Object, class Base, class Value>
+bool EqualFields(const Object& left, const Object& right, const Field<Base, Value>& field)
 {
-    return EqualNumbersOf(left, left.GetFrequency(), right, right.GetFrequency()) &&
-           EqualNumbersOf(left, left.GetFrequencyMin(), right, right.GetFrequencyMin()) &&
-           EqualNumbersOf(left, left.GetFrequencyMax(), right, right.GetFrequencyMax());
+    constexpr int DECIMALS_OF_CLASS = std::is_same_v<Object, Coordinate> ? DECIMALS_OF_DEGREES : DECIMALS;
+    const bool isSet = field.IsSetIn(left);
+    return isSet == field.IsSetIn(right) &&
+           (!isSet || EqualValues(field.In(left), field.In(right), DECIMALS_OF_CLASS));
+}
+
+inline bool EqualFields(const Area& left, const Area& right, const PointsField& field);
+
+template <class Object>
+bool EqualFields(const Object& left, const Object& right, const RangeField& field);
+
+/// All fields of the class.
+template <class Object>
+bool EqualInFields(const Object& left, const Object& right)
+{
+    return std::apply([&](const auto&... field) { return (EqualFields(left, right, field) && ...); },
+                      FieldsOf(left));
 }
 
 } // namespace detail
@@ -84,39 +92,34 @@ inline bool EqualFrequencies(const FrequencyHolder& left, const FrequencyHolder&
 /// Six decimals of a degree, a decimetre.
 inline bool EqualAsWritten(const Coordinate& left, const Coordinate& right)
 {
-    const auto equal = [](bool isLeftSet, double leftValue, bool isRightSet, double rightValue) {
-        return detail::EqualFields(isLeftSet, leftValue, isRightSet, rightValue, detail::DECIMALS_OF_DEGREES);
-    };
-    return equal(left.IsLongitudeSet(), left.GetLongitude(), right.IsLongitudeSet(), right.GetLongitude()) &&
-           equal(left.IsLatitudeSet(), left.GetLatitude(), right.IsLatitudeSet(), right.GetLatitude());
+    return detail::EqualInFields(left, right);
 }
 
 /// Two decimals of value and bounds.
 inline bool EqualAsWritten(const Frequency& left, const Frequency& right)
 {
-    return detail::EqualBoundedValues(left, right) && left.IsUseSet() == right.IsUseSet() &&
-           (!left.IsUseSet() || left.GetUse() == right.GetUse());
+    return detail::EqualInFields(left, right);
 }
 
 /// Two decimals of value and bounds.
 inline bool EqualAsWritten(const IFBandwidth& left, const IFBandwidth& right)
 {
-    return detail::EqualBoundedValues(left, right);
+    return detail::EqualInFields(left, right);
 }
 
 /// Name, script identifier and the coordinates one by one, in their order. An empty list is the same as none, on either
 /// side.
 inline bool EqualAsWritten(const Area& left, const Area& right)
 {
+    return detail::EqualInFields(left, right);
+}
+
+inline bool detail::EqualFields(const Area& left, const Area& right, const PointsField& /*field*/)
+{
     const QVector<Coordinate>& leftPoints = left.GetCoordinate();
     const QVector<Coordinate>& rightPoints = right.GetCoordinate();
-    return left.IsNameSet() == right.IsNameSet() &&
-           (!left.IsNameSet() || left.GetName() == right.GetName()) &&
-           left.IsScriptIDSet() == right.IsScriptIDSet() &&
-           (!left.IsScriptIDSet() || left.GetScriptID() == right.GetScriptID()) &&
-           std::equal(
-               leftPoints.cbegin(), leftPoints.cend(), rightPoints.cbegin(), rightPoints.cend(),
-               [](const Coordinate& one, const Coordinate& other) { return EqualAsWritten(one, other); });
+    return std::equal(leftPoints.cbegin(), leftPoints.cend(), rightPoints.cbegin(), rightPoints.cend(),
+                      EqualInFields<Coordinate>);
 }
 
 /// The members that the reports carry. A member that only one of them carries makes them differ, whatever it holds.
@@ -145,38 +148,37 @@ inline bool EqualAsWritten(const Double& left, const Double& right)
 /// Two decimals, and the name.
 inline bool EqualAsWritten(const ValueMinMax& left, const ValueMinMax& right)
 {
-    return left.GetName() == right.GetName() &&
-           detail::EqualNumbersOf(left, left.GetValue(), right, right.GetValue()) &&
-           detail::EqualNumbersOf(left, left.GetMin(), right, right.GetMin()) &&
-           detail::EqualNumbersOf(left, left.GetMax(), right, right.GetMax());
+    return left.GetName() == right.GetName() && detail::EqualInFields(left, right);
 }
 
 /// Two decimals.
 inline bool EqualAsWritten(const FrequencyRangeOld& left, const FrequencyRangeOld& right)
 {
-    return detail::EqualNumbersOf(left, left.GetStartFrequency(), right, right.GetStartFrequency()) &&
-           detail::EqualNumbersOf(left, left.GetStopFrequency(), right, right.GetStopFrequency());
+    return detail::EqualInFields(left, right);
+}
+
+template <class Object>
+bool detail::EqualFields(const Object& left, const Object& right, const RangeField& /*field*/)
+{
+    return EqualInFields(left.GetFrequencyRange(), right.GetFrequencyRange());
 }
 
 /// Two decimals of frequency, bounds and range.
 inline bool EqualAsWritten(const FrequencyInformation& left, const FrequencyInformation& right)
 {
-    return detail::EqualFrequencies(left, right) &&
-           EqualAsWritten(left.GetFrequencyRange(), right.GetFrequencyRange());
+    return detail::EqualInFields(left, right);
 }
 
 /// Two decimals of frequency and bounds, and the time stamp, none of which but the frequency counts in `==`.
 inline bool EqualAsWritten(const FrequencyListValue& left, const FrequencyListValue& right)
 {
-    return detail::EqualFrequencies(left, right) && left.GetTimeStamp() == right.GetTimeStamp();
+    return detail::EqualInFields<FrequencyHolder>(left, right) && left.GetTimeStamp() == right.GetTimeStamp();
 }
 
 /// Two decimals.
 inline bool EqualAsWritten(const Ellipse& left, const Ellipse& right)
 {
-    return detail::EqualNumbersOf(left, left.GetMinRadius(), right, right.GetMinRadius()) &&
-           detail::EqualNumbersOf(left, left.GetMaxRadius(), right, right.GetMaxRadius()) &&
-           detail::EqualNumbersOf(left, left.GetRotation(), right, right.GetRotation());
+    return detail::EqualInFields(left, right);
 }
 
 /// Two decimals of the spacings, one by one; the display text; and "same distance", of which "false" and unset are the
@@ -193,10 +195,7 @@ inline bool EqualAsWritten(const ChannelSpacing& left, const ChannelSpacing& rig
 /// Two decimals of range, step and times.
 inline bool EqualAsWritten(const ScanParameter& left, const ScanParameter& right)
 {
-    return EqualAsWritten(left.GetFrequencyRange(), right.GetFrequencyRange()) &&
-           detail::EqualNumbersOf(left, left.GetStepFrequency(), right, right.GetStepFrequency()) &&
-           detail::EqualNumbersOf(left, left.GetDwellTime(), right, right.GetDwellTime()) &&
-           detail::EqualNumbersOf(left, left.GetHoldTime(), right, right.GetHoldTime());
+    return detail::EqualInFields(left, right);
 }
 
 /// The mode, and the time with six decimals. The mode is compared although its element is written empty.

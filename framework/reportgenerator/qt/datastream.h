@@ -1,14 +1,8 @@
 #ifndef REPORTGENERATOR_QT_DATASTREAM_H
 #define REPORTGENERATOR_QT_DATASTREAM_H
 
-#include <reportgenerator/reportbase/channelspacing.h>
+#include <reportgenerator/qt/optional.h>
 #include <reportgenerator/reportbase/converters.h>
-#include <reportgenerator/reportbase/ellipse.h>
-#include <reportgenerator/reportbase/frequencyinformation.h>
-#include <reportgenerator/reportbase/frequencylistvalue.h>
-#include <reportgenerator/reportbase/measurementtime.h>
-#include <reportgenerator/reportbase/reportbase.h>
-#include <reportgenerator/reportbase/scanparameter.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
@@ -20,7 +14,7 @@
 //
 // Whatever the stream's version and precision, an object is one byte array in it. It holds, as a stream of version 12
 // with numbers of 8 bytes writes them: of `Frequency`, `IFBandwidth`, `Coordinate`, `Area` and `ReportBase` the raw
-// form; of the other classes the fields in the order in which they are below. So all numbers are kept as they are,
+// form; of the other classes the fields in the order in which they are below and in `optional.h`. So all numbers are kept as they are,
 // which the XML and binary representations don't, and an object needn't be complete or valid.
 //
 // Validate flag, logger and version converter don't travel: the object that is read into keeps its own. Nothing
@@ -34,6 +28,50 @@ namespace detail {
 constexpr QDataStream::Version OBJECT_STREAM_VERSION = QDataStream::Qt_4_6;
 
 // --- The fields of a class, written and read
+
+template <class Object>
+constexpr bool IsRecordClass =
+    std::is_same_v<Object, Area> || std::is_same_v<Object, Coordinate> || std::is_same_v<Object, Frequency> ||
+    std::is_same_v<Object, IFBandwidth> || std::is_same_v<Object, ReportBase>;
+
+/// Those that `FieldsOf` has.
+template <class Object, std::enable_if_t<!IsRecordClass<Object>, int> = 0>
+void WriteFields(QDataStream& stream, const Object& object)
+{
+    ForEachField(object, [&](const auto& field) { WriteField(stream, object, field); });
+}
+
+template <class Object, std::enable_if_t<!IsRecordClass<Object>, int> = 0>
+void ReadFields(QDataStream& stream, Object& object)
+{
+    ForEachField(object, [&](const auto& field) { ReadField(stream, object, field); });
+}
+
+template <class Object, class Base>
+void WriteField(QDataStream& stream, const Object& object, const Field<Base, double>& field)
+{
+    stream << field.In(object);
+}
+
+template <class Object, class Base>
+void ReadField(QDataStream& stream, Object& object, const Field<Base, double>& field)
+{
+    double number = 0.0;
+    stream >> number;
+    (object.*field.set)(number);
+}
+
+template <class Object>
+void WriteField(QDataStream& stream, const Object& object, const RangeField& /*field*/)
+{
+    WriteFields(stream, object.GetFrequencyRange());
+}
+
+template <class Object>
+void ReadField(QDataStream& stream, Object& object, const RangeField& /*field*/)
+{
+    ReadFields(stream, object.GetFrequencyRange());
+}
 
 template <class Data, class Holder>
 void WriteFields(QDataStream& stream, const RecordObject<Data, Holder>& object)
@@ -101,61 +139,16 @@ inline void ReadFields(QDataStream& stream, Double& object)
 
 inline void WriteFields(QDataStream& stream, const ValueMinMax& object)
 {
-    stream << object.GetName() << object.GetValue() << object.GetMin() << object.GetMax();
+    stream << object.GetName();
+    WriteFields<ValueMinMax>(stream, object);
 }
 
 inline void ReadFields(QDataStream& stream, ValueMinMax& object)
 {
     QString name;
-    double value = 0.0;
-    double min = 0.0;
-    double max = 0.0;
-    stream >> name >> value >> min >> max;
+    stream >> name;
     object.SetName(name);
-    object.SetValue(value);
-    object.SetMin(min);
-    object.SetMax(max);
-}
-
-inline void WriteFields(QDataStream& stream, const FrequencyRangeOld& object)
-{
-    stream << object.GetStartFrequency() << object.GetStopFrequency();
-}
-
-inline void ReadFields(QDataStream& stream, FrequencyRangeOld& object)
-{
-    double start = 0.0;
-    double stop = 0.0;
-    stream >> start >> stop;
-    object.SetStartFrequency(start);
-    object.SetStopFrequency(stop);
-}
-
-inline void WriteFrequency(QDataStream& stream, const FrequencyHolder& object)
-{
-    stream << object.GetFrequency() << object.GetFrequencyMin() << object.GetFrequencyMax();
-}
-
-inline void ReadFrequency(QDataStream& stream, FrequencyHolder& object)
-{
-    double frequency = 0.0;
-    double min = 0.0;
-    double max = 0.0;
-    stream >> frequency >> min >> max;
-    object.SetFrequency(frequency);
-    object.SetFrequencyMinMax(min, max);
-}
-
-inline void WriteFields(QDataStream& stream, const FrequencyInformation& object)
-{
-    WriteFrequency(stream, object);
-    WriteFields(stream, object.GetFrequencyRange());
-}
-
-inline void ReadFields(QDataStream& stream, FrequencyInformation& object)
-{
-    ReadFrequency(stream, object);
-    ReadFields(stream, object.GetFrequencyRange());
+    ReadFields<ValueMinMax>(stream, object);
 }
 
 /// The time stamp as the text of its XML form, in UTC, null when there is none. One that this text doesn't give
@@ -166,14 +159,14 @@ inline void WriteFields(QDataStream& stream, const FrequencyListValue& object)
     const QString text = Converters::ToString(time);
     if (Converters::ToDateTime(text) != time)
         stream.setStatus(QDataStream::WriteFailed);
-    WriteFrequency(stream, object);
+    WriteFields<FrequencyHolder>(stream, object);
     stream << text;
 }
 
 inline void ReadFields(QDataStream& stream, FrequencyListValue& object)
 {
     QString text;
-    ReadFrequency(stream, object);
+    ReadFields<FrequencyHolder>(stream, object);
     stream >> text;
     if (text.isEmpty())
         return;
@@ -185,22 +178,6 @@ inline void ReadFields(QDataStream& stream, FrequencyListValue& object)
     QXmlStreamReader xml(QStringLiteral("<Value><TimeStamp>%1</TimeStamp></Value>").arg(text));
     xml.readNextStartElement();
     object.ProcessXml(xml);
-}
-
-inline void WriteFields(QDataStream& stream, const Ellipse& object)
-{
-    stream << object.GetMinRadius() << object.GetMaxRadius() << object.GetRotation();
-}
-
-inline void ReadFields(QDataStream& stream, Ellipse& object)
-{
-    double minRadius = 0.0;
-    double maxRadius = 0.0;
-    double rotation = 0.0;
-    stream >> minRadius >> maxRadius >> rotation;
-    object.SetMinRadius(minRadius);
-    object.SetMaxRadius(maxRadius);
-    object.SetRotation(rotation);
 }
 
 /// What "same distance" holds, as a byte: 0 when it isn't set, 1 for true, 2 for false, which is how any other text
@@ -235,24 +212,6 @@ inline void ReadFields(QDataStream& stream, ChannelSpacing& object)
     object.SetValues(values);
 }
 
-inline void WriteFields(QDataStream& stream, const ScanParameter& object)
-{
-    WriteFields(stream, object.GetFrequencyRange());
-    stream << object.GetStepFrequency() << object.GetDwellTime() << object.GetHoldTime();
-}
-
-inline void ReadFields(QDataStream& stream, ScanParameter& object)
-{
-    double step = 0.0;
-    double dwell = 0.0;
-    double hold = 0.0;
-    ReadFields(stream, object.GetFrequencyRange());
-    stream >> step >> dwell >> hold;
-    object.SetStepFrequency(step);
-    object.SetDwellTime(dwell);
-    object.SetHoldTime(hold);
-}
-
 /// Whether the modes have their own names: others can't be asked for.
 inline bool HasOwnModeNames(const MeasurementTime& object)
 {
@@ -283,11 +242,6 @@ inline void ReadFields(QDataStream& stream, MeasurementTime& object)
 }
 
 // --- An object's byte array
-
-template <class Object>
-constexpr bool IsRecordClass =
-    std::is_same_v<Object, Area> || std::is_same_v<Object, Coordinate> || std::is_same_v<Object, Frequency> ||
-    std::is_same_v<Object, IFBandwidth> || std::is_same_v<Object, ReportBase>;
 
 template <class Object>
 constexpr bool IsStreamed =

@@ -1,6 +1,7 @@
 #ifndef REPORTGENERATOR_QT_DIFFERENCE_H
 #define REPORTGENERATOR_QT_DIFFERENCE_H
 
+#include <reportgenerator/qt/optional.h>
 #include <reportgenerator/qt/totext.h>
 
 #include <QtCore/QString>
@@ -34,17 +35,23 @@ inline QString TextOrUnset(bool isSet, const QString& text)
     return isSet ? text : QStringLiteral("not set");
 }
 
-inline void AddTextDifference(QStringList& lines, const QString& path, bool isLeftSet, const QString& left,
-                              bool isRightSet, const QString& right)
+/// Of a field of two areas, behind the path of these.
+inline void AddDifference(QStringList& lines, const QString& path, const Area& left, const Area& right,
+                          const Field<Area, QString>& field)
 {
-    if (isLeftSet != isRightSet || (isLeftSet && left != right))
-        lines.append(DifferenceLine(path, TextOrUnset(isLeftSet, QuotedText(left)),
-                                    TextOrUnset(isRightSet, QuotedText(right))));
+    const bool isLeftSet = field.IsSetIn(left);
+    const bool isRightSet = field.IsSetIn(right);
+    if (isLeftSet != isRightSet || (isLeftSet && field.In(left) != field.In(right)))
+        lines.append(DifferenceLine(path + QLatin1String(field.path),
+                                    TextOrUnset(isLeftSet, QuotedText(field.In(left))),
+                                    TextOrUnset(isRightSet, QuotedText(field.In(right)))));
 }
 
-inline void AddPointDifferences(QStringList& lines, const QString& path, const QVector<Coordinate>& left,
-                                const QVector<Coordinate>& right)
+inline void AddDifference(QStringList& lines, const QString& path, const Area& leftArea,
+                          const Area& rightArea, const PointsField& /*field*/)
 {
+    const QVector<Coordinate>& left = leftArea.GetCoordinate();
+    const QVector<Coordinate>& right = rightArea.GetCoordinate();
     const int leftCount = static_cast<int>(left.size());
     const int rightCount = static_cast<int>(right.size());
     if (leftCount != rightCount)
@@ -65,11 +72,7 @@ inline void AddPointDifferences(QStringList& lines, const QString& path, const Q
 inline QStringList DifferencesOf(const Area& left, const Area& right, const QString& path)
 {
     QStringList lines;
-    AddTextDifference(lines, path + QStringLiteral("name"), left.IsNameSet(), left.GetName(),
-                      right.IsNameSet(), right.GetName());
-    AddPointDifferences(lines, path, left.GetCoordinate(), right.GetCoordinate());
-    AddTextDifference(lines, path + QStringLiteral("scriptId"), left.IsScriptIDSet(), left.GetScriptID(),
-                      right.IsScriptIDSet(), right.GetScriptID());
+    ForEachField(left, [&](const auto& field) { AddDifference(lines, path, left, right, field); });
     // The comparison asks, of the right side, whether the coordinates that are there are set.
     if (lines.isEmpty() && left != right)
         lines.append(DifferenceLine(path + QStringLiteral("coordinates"), ToText(left), ToText(right)));

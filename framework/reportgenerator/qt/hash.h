@@ -1,12 +1,7 @@
 #ifndef REPORTGENERATOR_QT_HASH_H
 #define REPORTGENERATOR_QT_HASH_H
 
-#include <reportgenerator/reportbase/channelspacing.h>
-#include <reportgenerator/reportbase/ellipse.h>
-#include <reportgenerator/reportbase/frequencyinformation.h>
-#include <reportgenerator/reportbase/frequencylistvalue.h>
-#include <reportgenerator/reportbase/measurementtime.h>
-#include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/qt/optional.h>
 
 #include <QtCore/QHash>
 
@@ -53,12 +48,29 @@ inline HashValue HashOfField(HashValue seed, bool isSet, const QString& value)
     return HashOf(seed, isSet ? 1 : 0, isSet ? value : QString());
 }
 
-template <class Data>
-HashValue HashOfBoundedValue(const BoundedValue<Data>& object, HashValue seed)
+/// A number that stands for "not set" counts like any other.
+template <class Object, class Base, class Value>
+HashValue HashOfField(HashValue seed, const Object& object, const Field<Base, Value>& field)
 {
-    seed = HashOfField(seed, object.IsValueSet(), object.GetValue());
-    seed = HashOfField(seed, object.IsMinSet(), object.GetMin());
-    return HashOfField(seed, object.IsMaxSet(), object.GetMax());
+    // Asking for a value makes the record, which the comparison of coordinates doesn't.
+    const bool isSet = !field.isSet || field.IsSetIn(object);
+    return HashOf(seed, isSet ? 1 : 0, isSet ? field.In(object) : Value());
+}
+
+inline HashValue HashOfField(HashValue seed, const Area& object, const PointsField& /*field*/);
+
+template <class Object>
+HashValue HashOfField(HashValue seed, const Object& object, const RangeField& /*field*/)
+{
+    return qHash(object.GetFrequencyRange(), seed);
+}
+
+/// Of all fields of the class.
+template <class Object>
+HashValue HashOfFields(const Object& object, HashValue seed)
+{
+    ForEachField(object, [&](const auto& field) { seed = HashOfField(seed, object, field); });
+    return seed;
 }
 
 template <class Member>
@@ -71,31 +83,29 @@ HashValue HashOfMember(HashValue seed, bool isSet, const Member& member);
 /// Longitude and latitude, as far as they are set.
 inline HashValue qHash(const Coordinate& object, HashValue seed = 0)
 {
-    // Asking for a number makes the record, which the comparison doesn't either.
-    seed = detail::HashOfField(seed, object.IsLongitudeSet(),
-                               object.IsLongitudeSet() ? object.GetLongitude() : 0.0);
-    return detail::HashOfField(seed, object.IsLatitudeSet(),
-                               object.IsLatitudeSet() ? object.GetLatitude() : 0.0);
+    return detail::HashOfFields(object, seed);
 }
 
 /// Value, bounds and use, as far as they are set.
 inline HashValue qHash(const Frequency& object, HashValue seed = 0)
 {
-    seed = detail::HashOfBoundedValue(object, seed);
-    return detail::HashOfField(seed, object.IsUseSet(), object.GetUse() ? 1.0 : 0.0);
+    return detail::HashOfFields(object, seed);
 }
 
 /// Value and bounds, as far as they are set.
 inline HashValue qHash(const IFBandwidth& object, HashValue seed = 0)
 {
-    return detail::HashOfBoundedValue(object, seed);
+    return detail::HashOfFields(object, seed);
 }
 
 /// Name, script identifier and all coordinates. An empty list is the same as none.
 inline HashValue qHash(const Area& object, HashValue seed = 0)
 {
-    seed = detail::HashOfField(seed, object.IsNameSet(), object.GetName());
-    seed = detail::HashOfField(seed, object.IsScriptIDSet(), object.GetScriptID());
+    return detail::HashOfFields(object, seed);
+}
+
+inline HashValue detail::HashOfField(HashValue seed, const Area& object, const PointsField& /*field*/)
+{
     for (const Coordinate& point : object.GetCoordinate())
         seed = qHash(point, seed);
     return seed;
@@ -128,20 +138,19 @@ inline HashValue qHash(const Double& object, HashValue seed = 0)
 /// Name, value and bounds.
 inline HashValue qHash(const ValueMinMax& object, HashValue seed = 0)
 {
-    return detail::HashOf(seed, object.GetName(), object.GetValue(), object.GetMin(), object.GetMax());
+    return detail::HashOfFields(object, detail::HashOf(seed, object.GetName()));
 }
 
 /// Both ends.
 inline HashValue qHash(const FrequencyRangeOld& object, HashValue seed = 0)
 {
-    return detail::HashOf(seed, object.GetStartFrequency(), object.GetStopFrequency());
+    return detail::HashOfFields(object, seed);
 }
 
 /// Frequency, bounds and range.
 inline HashValue qHash(const FrequencyInformation& object, HashValue seed = 0)
 {
-    seed = detail::HashOf(seed, object.GetFrequency(), object.GetFrequencyMin(), object.GetFrequencyMax());
-    return qHash(object.GetFrequencyRange(), seed);
+    return detail::HashOfFields(object, seed);
 }
 
 /// The frequency alone.
@@ -153,7 +162,7 @@ inline HashValue qHash(const FrequencyListValue& object, HashValue seed = 0)
 /// Both radii and the rotation.
 inline HashValue qHash(const Ellipse& object, HashValue seed = 0)
 {
-    return detail::HashOf(seed, object.GetMinRadius(), object.GetMaxRadius(), object.GetRotation());
+    return detail::HashOfFields(object, seed);
 }
 
 /// Display text, whether the distance is the same, and the spacings.

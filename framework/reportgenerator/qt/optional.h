@@ -13,6 +13,8 @@
 #include <QtCore/QString>
 
 #include <optional>
+#include <tuple>
+#include <type_traits>
 
 // Fields that may be unset, as `std::optional`: `OptionalX` gives what `GetX` gives when the field is set, and nothing
 // when it isn't; `SetOptionalX` sets the field as `SetX` does, exceptions included, and unsets it for nothing. Asking
@@ -20,6 +22,8 @@
 //
 //     const double shown = OptionalMin(frequency).value_or(0.0);
 //     SetOptionalMax(frequency, std::nullopt);
+//
+// At the end stands for each class which fields it has. What the other headers do with all fields goes by that.
 
 namespace REPORTGENERATOR {
 
@@ -476,6 +480,134 @@ OptionalMeasurementMode(const MeasurementTime& object)
     const Mode mode = object.GetMeasurementMode();
     return object.IsValidMeasurementModeType(mode) ? std::optional<Mode>(mode) : std::nullopt;
 }
+
+// --- The fields of each class
+
+namespace detail {
+
+/// A value. Of a class that doesn't remember which fields are set it is a number, one of which stands for "not set".
+template <class Object, class Value>
+struct Field
+{
+    const char* name; ///< in a line of text
+    Value (Object::*get)() const;
+    void (Object::*set)(Value);
+    bool (Object::*isSet)() const;
+    const char* path; ///< as `reporttool` has it
+
+    Value In(const Object& object) const { return (object.*get)(); }
+
+    bool IsSetIn(const Object& object) const
+    {
+        if constexpr (std::is_same_v<Value, double>) {
+            if (!isSet)
+                return static_cast<const IRGObject&>(object).IsValid(In(object));
+        }
+        return (object.*isSet)();
+    }
+};
+
+template <class Object, class Value>
+Field<Object, Value> MakeField(const char* name, Value (Object::*get)() const, void (Object::*set)(Value),
+                               bool (Object::*isSet)() const = nullptr, const char* path = nullptr)
+{
+    return {name, get, set, isSet, path ? path : name};
+}
+
+/// The coordinates of an area.
+struct PointsField
+{
+};
+
+/// The range of a `FrequencyInformation` or a `ScanParameter`.
+struct RangeField
+{
+};
+
+template <class Data>
+auto FieldsOf(const BoundedValue<Data>& /*object*/)
+{
+    using Object = BoundedValue<Data>;
+    return std::make_tuple(MakeField("value", &Object::GetValue, &Object::SetValue, &Object::IsValueSet),
+                           MakeField("min", &Object::GetMin, &Object::SetMin, &Object::IsMinSet),
+                           MakeField("max", &Object::GetMax, &Object::SetMax, &Object::IsMaxSet));
+}
+
+inline auto FieldsOf(const Frequency& object)
+{
+    const BoundedValue<FrequencyData>& bounded = object;
+    return std::tuple_cat(
+        FieldsOf(bounded),
+        std::make_tuple(MakeField("use", &Frequency::GetUse, &Frequency::SetUse, &Frequency::IsUseSet)));
+}
+
+inline auto FieldsOf(const Coordinate& /*object*/)
+{
+    using Object = Coordinate;
+    return std::make_tuple(
+        MakeField("longitude", &Object::GetLongitude, &Object::SetLongitude, &Object::IsLongitudeSet),
+        MakeField("latitude", &Object::GetLatitude, &Object::SetLatitude, &Object::IsLatitudeSet));
+}
+
+inline auto FieldsOf(const Area& /*object*/)
+{
+    return std::make_tuple(
+        MakeField("name", &Area::GetName, &Area::SetName, &Area::IsNameSet), PointsField(),
+        MakeField("script", &Area::GetScriptID, &Area::SetScriptID, &Area::IsScriptIDSet, "scriptId"));
+}
+
+inline auto FieldsOf(const ValueMinMax& /*object*/)
+{
+    return std::make_tuple(MakeField("value", &ValueMinMax::GetValue, &ValueMinMax::SetValue),
+                           MakeField("min", &ValueMinMax::GetMin, &ValueMinMax::SetMin),
+                           MakeField("max", &ValueMinMax::GetMax, &ValueMinMax::SetMax));
+}
+
+inline auto FieldsOf(const FrequencyRangeOld& /*object*/)
+{
+    using Object = FrequencyRangeOld;
+    return std::make_tuple(MakeField("start", &Object::GetStartFrequency, &Object::SetStartFrequency),
+                           MakeField("stop", &Object::GetStopFrequency, &Object::SetStopFrequency));
+}
+
+inline auto FieldsOf(const FrequencyHolder& /*object*/)
+{
+    using Object = FrequencyHolder;
+    return std::make_tuple(MakeField("frequency", &Object::GetFrequency, &Object::SetFrequency),
+                           MakeField("min", &Object::GetFrequencyMin, &Object::SetFrequencyMin),
+                           MakeField("max", &Object::GetFrequencyMax, &Object::SetFrequencyMax));
+}
+
+inline auto FieldsOf(const FrequencyInformation& object)
+{
+    const FrequencyHolder& holder = object;
+    return std::tuple_cat(FieldsOf(holder), std::make_tuple(RangeField()));
+}
+
+inline auto FieldsOf(const Ellipse& /*object*/)
+{
+    return std::make_tuple(MakeField("minRadius", &Ellipse::GetMinRadius, &Ellipse::SetMinRadius),
+                           MakeField("maxRadius", &Ellipse::GetMaxRadius, &Ellipse::SetMaxRadius),
+                           MakeField("rotation", &Ellipse::GetRotation, &Ellipse::SetRotation));
+}
+
+inline auto FieldsOf(const ScanParameter& /*object*/)
+{
+    using Object = ScanParameter;
+    return std::make_tuple(RangeField(),
+                           MakeField("step", &Object::GetStepFrequency, &Object::SetStepFrequency),
+                           MakeField("dwell", &Object::GetDwellTime, &Object::SetDwellTime),
+                           MakeField("hold", &Object::GetHoldTime, &Object::SetHoldTime));
+}
+
+/// Calls `visit` with each field of the object's class.
+template <class Object, class Visit>
+void ForEachField(const Object& object, Visit&& visit)
+{
+    std::apply([&visit](const auto&... field) { (visit(field), ...); }, FieldsOf(object));
+}
+
+} // namespace detail
 
 } // namespace REPORTGENERATOR
 

@@ -1,19 +1,13 @@
 #ifndef REPORTGENERATOR_QT_TOTEXT_H
 #define REPORTGENERATOR_QT_TOTEXT_H
 
-#include <reportgenerator/reportbase/channelspacing.h>
+#include <reportgenerator/qt/optional.h>
 #include <reportgenerator/reportbase/converters.h>
-#include <reportgenerator/reportbase/ellipse.h>
-#include <reportgenerator/reportbase/frequencyinformation.h>
-#include <reportgenerator/reportbase/frequencylistvalue.h>
 #include <reportgenerator/reportbase/logger.h>
-#include <reportgenerator/reportbase/measurementtime.h>
 #include <reportgenerator/reportbase/measurementtype.h>
 #include <reportgenerator/reportbase/registercenter.h>
-#include <reportgenerator/reportbase/reportbase.h>
 #include <reportgenerator/reportbase/reportexception.h>
 #include <reportgenerator/reportbase/resourcetype.h>
-#include <reportgenerator/reportbase/scanparameter.h>
 #include <reportgenerator/reportbase/tasktype.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
@@ -58,6 +52,21 @@ inline QString QuotedText(const QString& text)
     else
         QDebug(&quoted).nospace() << text;
     return quoted;
+}
+
+inline QString ValueText(double value)
+{
+    return NumberText(value);
+}
+
+inline QString ValueText(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+inline QString ValueText(const QString& value)
+{
+    return QuotedText(value);
 }
 
 /// The fields of an object that are set, in one line behind its name.
@@ -148,22 +157,40 @@ QString ListText(const QVector<Item>& items)
            QLatin1Char(']');
 }
 
-template <class Data>
-void AddBoundedValue(FieldLine& line, const BoundedValue<Data>& object)
+// --- A field of an object
+
+template <class Object, class Base, class Value>
+void AddField(FieldLine& line, const Object& object, const Field<Base, Value>& field)
 {
-    if (object.IsValueSet())
-        line.AddNumber("value", object.GetValue());
-    if (object.IsMinSet())
-        line.AddNumber("min", object.GetMin());
-    if (object.IsMaxSet())
-        line.AddNumber("max", object.GetMax());
+    if (field.IsSetIn(object))
+        line.AddText(field.name, ValueText(field.In(object)));
 }
 
-inline void AddFrequency(FieldLine& line, const FrequencyHolder& object)
+inline void AddField(FieldLine& line, const Area& object, const PointsField& /*field*/)
 {
-    line.AddNumberOf(object, "frequency", object.GetFrequency());
-    line.AddNumberOf(object, "min", object.GetFrequencyMin());
-    line.AddNumberOf(object, "max", object.GetFrequencyMax());
+    if (object.IsCoordinateSet())
+        line.AddText("coordinates", ListText(object.GetCoordinate()));
+}
+
+template <class Object>
+void AddField(FieldLine& line, const Object& object, const RangeField& /*field*/)
+{
+    if (object.GetFrequencyRange().AnyData())
+        line.AddObject(ToText(object.GetFrequencyRange()));
+}
+
+template <class Object>
+void AddFields(FieldLine& line, const Object& object)
+{
+    ForEachField(object, [&](const auto& field) { AddField(line, object, field); });
+}
+
+template <class Object>
+QString LineOf(const char* name, const Object& object)
+{
+    FieldLine line(name);
+    AddFields(line, object);
+    return line.Take();
 }
 
 /// The name of a number of an enumeration, or the number behind the name of the enumeration.
@@ -245,44 +272,26 @@ inline QString ToText(const ReportException& exception)
 /// `Frequency(value: 121500000, min: 121487500)`.
 inline QString ToText(const Frequency& object)
 {
-    detail::FieldLine line("Frequency");
-    detail::AddBoundedValue(line, object);
-    if (object.IsUseSet())
-        line.AddText("use", object.GetUse() ? QStringLiteral("true") : QStringLiteral("false"));
-    return line.Take();
+    return detail::LineOf("Frequency", object);
 }
 
 /// `IFBandwidth(value: 8333.33)`.
 inline QString ToText(const IFBandwidth& object)
 {
-    detail::FieldLine line("IFBandwidth");
-    detail::AddBoundedValue(line, object);
-    return line.Take();
+    return detail::LineOf("IFBandwidth", object);
 }
 
 /// `Coordinate(longitude: 9.5, latitude: 47.5)`.
 inline QString ToText(const Coordinate& object)
 {
-    detail::FieldLine line("Coordinate");
-    if (object.IsLongitudeSet())
-        line.AddNumber("longitude", object.GetLongitude());
-    if (object.IsLatitudeSet())
-        line.AddNumber("latitude", object.GetLatitude());
-    return line.Take();
+    return detail::LineOf("Coordinate", object);
 }
 
 /// `Area(name: "Lake", coordinates: 2 [(9.5, 47.5), (9.6, 47.5)])`, with three coordinates at most when there are
 /// more than four.
 inline QString ToText(const Area& object)
 {
-    detail::FieldLine line("Area");
-    if (object.IsNameSet())
-        line.AddText("name", detail::QuotedText(object.GetName()));
-    if (object.IsCoordinateSet())
-        line.AddText("coordinates", detail::ListText(object.GetCoordinate()));
-    if (object.IsScriptIDSet())
-        line.AddText("script", detail::QuotedText(object.GetScriptID()));
-    return line.Take();
+    return detail::LineOf("Area", object);
 }
 
 /// The members that the report carries.
@@ -329,36 +338,27 @@ inline QString ToText(const ValueMinMax& object)
     detail::FieldLine line("ValueMinMax");
     if (!object.GetName().isEmpty())
         line.AddText("name", detail::QuotedText(object.GetName()));
-    line.AddNumberOf(object, "value", object.GetValue());
-    line.AddNumberOf(object, "min", object.GetMin());
-    line.AddNumberOf(object, "max", object.GetMax());
+    detail::AddFields(line, object);
     return line.Take();
 }
 
 /// `FrequencyRangeOld(start: 87.5, stop: 108)`.
 inline QString ToText(const FrequencyRangeOld& object)
 {
-    detail::FieldLine line("FrequencyRangeOld");
-    line.AddNumberOf(object, "start", object.GetStartFrequency());
-    line.AddNumberOf(object, "stop", object.GetStopFrequency());
-    return line.Take();
+    return detail::LineOf("FrequencyRangeOld", object);
 }
 
 /// `FrequencyInformation(frequency: 121.5)`, or with a `FrequencyRangeOld(...)`.
 inline QString ToText(const FrequencyInformation& object)
 {
-    detail::FieldLine line("FrequencyInformation");
-    detail::AddFrequency(line, object);
-    if (object.GetFrequencyRange().AnyData())
-        line.AddObject(ToText(object.GetFrequencyRange()));
-    return line.Take();
+    return detail::LineOf("FrequencyInformation", object);
 }
 
 /// `FrequencyListValue(frequency: 2, time: 2014-07-03T08:05:09.120Z)`, the time in UTC.
 inline QString ToText(const FrequencyListValue& object)
 {
     detail::FieldLine line("FrequencyListValue");
-    detail::AddFrequency(line, object);
+    detail::AddFields<FrequencyHolder>(line, object);
     if (!object.GetTimeStamp().isNull())
         line.AddText("time", Converters::ToString(object.GetTimeStamp()));
     return line.Take();
@@ -367,11 +367,7 @@ inline QString ToText(const FrequencyListValue& object)
 /// `Ellipse(minRadius: 100, maxRadius: 250.5, rotation: 30)`.
 inline QString ToText(const Ellipse& object)
 {
-    detail::FieldLine line("Ellipse");
-    line.AddNumberOf(object, "minRadius", object.GetMinRadius());
-    line.AddNumberOf(object, "maxRadius", object.GetMaxRadius());
-    line.AddNumberOf(object, "rotation", object.GetRotation());
-    return line.Take();
+    return detail::LineOf("Ellipse", object);
 }
 
 /// `ChannelSpacing(sameDistance: true, values: 1 [8.25])`, with three spacings at most when there are more than four.
@@ -381,8 +377,7 @@ inline QString ToText(const ChannelSpacing& object)
     if (!object.GetVisual().isEmpty())
         line.AddText("visual", detail::QuotedText(object.GetVisual()));
     if (object.IsValidSameDistance())
-        line.AddText("sameDistance",
-                     object.IsSameDistance() ? QStringLiteral("true") : QStringLiteral("false"));
+        line.AddText("sameDistance", detail::ValueText(object.IsSameDistance()));
     if (!object.GetValues().isEmpty())
         line.AddText("values", detail::ListText(object.GetValues()));
     return line.Take();
@@ -391,13 +386,7 @@ inline QString ToText(const ChannelSpacing& object)
 /// `ScanParameter(FrequencyRangeOld(start: 118, stop: 137), step: 12.5)`.
 inline QString ToText(const ScanParameter& object)
 {
-    detail::FieldLine line("ScanParameter");
-    if (object.GetFrequencyRange().AnyData())
-        line.AddObject(ToText(object.GetFrequencyRange()));
-    line.AddNumberOf(object, "step", object.GetStepFrequency());
-    line.AddNumberOf(object, "dwell", object.GetDwellTime());
-    line.AddNumberOf(object, "hold", object.GetHoldTime());
-    return line.Take();
+    return detail::LineOf("ScanParameter", object);
 }
 
 /// `MeasurementTime(mode: Periodic, Double(name: "MeasurementTime", value: 2.5))`.
@@ -462,7 +451,7 @@ inline QString ToText(const RegisterCenter& center)
 inline QString ToText(const Logger& logger)
 {
     detail::FieldLine line("Logger");
-    line.AddText("errors", logger.HasErrors() ? QStringLiteral("true") : QStringLiteral("false"));
+    line.AddText("errors", detail::ValueText(logger.HasErrors()));
     return line.Take();
 }
 

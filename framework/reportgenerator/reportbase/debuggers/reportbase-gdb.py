@@ -14,34 +14,17 @@ NOT_INITIALIZED = "not initialized"
 UNREADABLE = "unreadable"
 NO_LAYOUT = "no debug information of libreportbase"
 
-# --- What the records of the classes hold: field, member, bit of the flag byte
+# --- The classes. Their fields are their members; a member has the presence bit of its place among those of its record.
 
-BOUNDED_VALUE = (("Value", "value", 0), ("Min", "min", 1), ("Max", "max", 2))
+RECORDS = ("Area", "Coordinate", "Frequency", "IFBandwidth", "ReportBase")
+PLAIN = ("ChannelSpacing", "Double", "Ellipse", "FrequencyInformation", "FrequencyListValue", "FrequencyRangeOld",
+         "MeasurementTime", "MinMax", "ScanParameter", "ValueMinMax")
 
-RECORDS = {
-    "Coordinate": (("Longitude", "longitude", 0), ("Latitude", "latitude", 1)),
-    "Frequency": BOUNDED_VALUE + (("Use", "use", 3),),
-    "IFBandwidth": BOUNDED_VALUE,
-    "Area": (("Name", "name", 0), ("ScriptID", "scriptID", 2), ("Coordinates", "coordinates", 1)),
-    "ReportBase": (("Frequency", "frequency", 0), ("IFBandwidth", "bandwidth", 1), ("Area", "area", 2)),
-}
+NO_FIELDS = ("flags", "made", "initialVersionLoaded", "m_version", "m_modeNames", "m_format", "m_precision",
+             "m_defaultInvalidValue")
+OTHER_NAMES = {"bandwidth": "IFBandwidth", "m_range": "FrequencyRange"}
 
-# --- What the plainer classes hold: field, member. A value of its type says that a field is unset.
-
-PLAIN = {
-    "Double": (("Value", "m_value"), ("Minimum", "m_minimum"), ("Maximum", "m_maximum"), ("Default", "m_default"),
-               ("Unit", "m_unit")),
-    "MinMax": (("Min", "m_min"), ("Max", "m_max")),
-    "ValueMinMax": (("Name", "m_name"), ("Value", "m_value"), ("Min", "m_min"), ("Max", "m_max")),
-    "FrequencyRangeOld": (("StartFrequency", "m_startFrequency"), ("StopFrequency", "m_stopFrequency")),
-    "FrequencyInformation": (("Frequency", "m_frequency"), ("FrequencyRange", "m_range")),
-    "FrequencyListValue": (("Frequency", "m_frequency"), ("TimeStamp", "m_timeStamp")),
-    "Ellipse": (("MinRadius", "m_minRadius"), ("MaxRadius", "m_maxRadius"), ("Rotation", "m_rotation")),
-    "ChannelSpacing": (("Visual", "m_visual"), ("SameDistance", "m_sameDistance"), ("Values", "m_values")),
-    "ScanParameter": (("FrequencyRange", "m_range"), ("StepFrequency", "m_stepFrequency"),
-                      ("DwellTime", "m_dwellTime"), ("HoldTime", "m_holdTime")),
-    "MeasurementTime": (("Mode", "m_mode"), ("Time", "m_time")),
-}
+SHOWN_LAST = ("coordinates", "m_minimum", "m_maximum", "m_default", "m_unit")
 
 INVALID_DOUBLE = -111111.11
 INVALID_MODE = -1
@@ -105,6 +88,25 @@ def after(data, offset):
     return data.cast(gdb.lookup_type("char").pointer()) + int(data[offset])
 
 
+def members_of(kind):
+    """The members of a class and its bases, without those of every object."""
+    for field in gdb.types.get_basic_type(kind).fields():
+        if not field.is_base_class:
+            if field.name not in NO_FIELDS:
+                yield field
+        elif field.name not in (NAMESPACE + "Record", NAMESPACE + "IRGObject"):
+            yield from members_of(field.type)
+
+
+def rows_of(kind):
+    """Field, member and place, in the order in which they are shown."""
+    rows = []
+    for place, member in enumerate(members_of(kind)):
+        name = member.name[2:] if member.name.startswith("m_") else member.name
+        rows.append((OTHER_NAMES.get(member.name, name[0].upper() + name[1:]), member.name, place))
+    return sorted(rows, key=lambda row: row[1] in SHOWN_LAST)
+
+
 # --- Printing
 
 
@@ -144,8 +146,7 @@ def fields(rows, read):
 
 
 class RecordPrinter:
-    def __init__(self, thing, rows):
-        self._rows = rows
+    def __init__(self, thing):
         self._record = None
         self._state = None
         try:
@@ -166,7 +167,7 @@ class RecordPrinter:
         return self._state
 
     def children(self):
-        return fields(self._rows if self._record is not None else (), self._read)
+        return fields(rows_of(self._record.type) if self._record is not None else (), self._read)
 
     def _read(self, row):
         _, member, bit = row
@@ -231,9 +232,9 @@ class Printers(gdb.printing.PrettyPrinter):
             return ContainerPrinter(value)
         own_name = name[len(NAMESPACE):] if name.startswith(NAMESPACE) else ""
         if own_name in RECORDS:
-            return RecordPrinter(value, RECORDS[own_name])
+            return RecordPrinter(value)
         if own_name in PLAIN:
-            return PlainPrinter(value, PLAIN[own_name])
+            return PlainPrinter(value, rows_of(value.type))
         if name in EXCEPTIONS:
             return PlainPrinter(value, EXCEPTION)
         return None
@@ -241,7 +242,7 @@ class Printers(gdb.printing.PrettyPrinter):
     @staticmethod
     def _is_ours(kind):
         name = kind.strip_typedefs().tag or ""
-        return name.startswith(NAMESPACE) and name[len(NAMESPACE):] in {**RECORDS, **PLAIN}
+        return name.startswith(NAMESPACE) and name[len(NAMESPACE):] in RECORDS + PLAIN
 
 
 gdb.printing.register_pretty_printer(gdb.current_objfile(), Printers(), replace=True)
