@@ -62,7 +62,7 @@ bench_python() {
     local measure=() results=build/bench/results
     while (($# > 0)); do
         case "$1" in
-            --quick) measure+=(--reports 20000 --repetitions 3) ;;
+            --quick) measure+=(--reports 65536 --repetitions 3) ;;
             --reports)
                 (($# >= 2)) || fail "--reports takes a number"
                 measure+=(--reports "$2")

@@ -61,6 +61,12 @@ def made_up(count: int) -> Any:
     )
 
 
+def encoded(table: Any, form: str) -> Any:
+    """The reports as one array, which may have more bytes than 32 bits count."""
+    batches = pa.chunked_array(arrow.encode(table, form=form))
+    return pa.concat_arrays(batches.cast(pa.large_binary()).chunks)
+
+
 def timed(action: Callable[[], object]) -> Seconds:
     gc.collect()
     begin, processor = time.perf_counter(), time.process_time()
@@ -126,9 +132,7 @@ def ratios(over: list[Seconds], under: list[Seconds], what: int) -> float:
 def against_library(options: Any, table: Any, folder: Path) -> dict[str, Any]:
     found: dict[str, Any] = {}
     for form in FORMS:
-        column = pa.chunked_array(arrow.encode(table, form=form)).combine_chunks()
-        if isinstance(column, pa.ChunkedArray):  # more than one array can hold
-            column = column.cast(pa.large_binary()).combine_chunks()
+        column = encoded(table, form)
         library = Library(options.reading, form, column, folder)
         read: list[Seconds] = []
         one: list[Seconds] = []
@@ -409,7 +413,7 @@ def main() -> None:
         table = made_up(options.reports)
         figures["forms"] = against_library(options, table, folder)
         sample = table.slice(0, few)
-        column = pa.chunked_array(arrow.encode(sample, form="plain")).combine_chunks()
+        column = encoded(sample, "plain")
         with on_core(CORES[0]):
             figures["json"] = against_json(options, column, folder)
             figures["geojson"] = against_geojson(options, column, folder)
