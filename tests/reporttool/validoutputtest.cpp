@@ -142,7 +142,7 @@ QVector<QByteArray> DamagedFiles()
         else if (path.endsWith(QLatin1String("hex")))
             files << Support::LoadVector(path).Data();
     }
-    for (quint64 seed = 1; seed <= 400; ++seed) {
+    for (quint64 seed = 1; seed <= 500; ++seed) {
         Choices choices(seed);
         if (seed % 2 == 0) {
             const QString xml = Support::ComposeXml(Support::Kind::Report, choices);

@@ -4,20 +4,27 @@
 #include "support/oddvalues.h"
 #include "support/records.h"
 
+#include <reportgenerator/reportbase/records/raw.h>
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
+
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
 
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
 namespace Support {
 namespace {
 
-constexpr double MOST_LONGITUDE = 180.0;
-constexpr double MOST_LATITUDE = 90.0;
-constexpr double USUAL = 1e9;
+using namespace REPORTGENERATOR;
+
+/// A bit for each field of a record.
+template <class Data>
+constexpr int ALL_BITS = (1 << std::tuple_size_v<std::decay_t<decltype(Schema<Data>::FIELDS)>>)-1;
 
 /// Lays out elements as the library does, but for an oddity now and then.
 class BytesComposer
@@ -44,12 +51,31 @@ private:
     QByteArray Joined(Payloads payloads);
     QByteArray Number(double limit, int decimals);
     QByteArray Utf8();
-    QByteArray Bounds(bool withUse);
-    QByteArray Point();
-    QByteArray Points();
-    QByteArray Region();
-    QByteArray Report();
     QByteArray Float(double value, bool singlePrecision) const;
+
+    template <class Data>
+    QByteArray ElementsOf();
+    template <class Data, class T>
+    void Add(Payloads& payloads, const ScalarField<Data, T, PresenceBit>& field);
+    template <class Data>
+    void Add(Payloads& payloads, const FormatVersion<Data>& field);
+    template <class Data, class Item>
+    void Add(Payloads& payloads, const ItemList<Data, Item>& field);
+    template <class Data, class Object>
+    void Add(Payloads& payloads, const Member<Data, Object>& field);
+
+    template <class Data>
+    int AnyFlags();
+    template <class Data>
+    QByteArray RawOf(int flags, bool singlePrecision);
+    template <class Data, class T>
+    QByteArray RawField(const ScalarField<Data, T, PresenceBit>& field, bool isSet, bool singlePrecision);
+    template <class Data>
+    QByteArray RawField(const FormatVersion<Data>& field, bool isSet, bool singlePrecision);
+    template <class Data, class Item>
+    QByteArray RawField(const ItemList<Data, Item>& field, bool isSet, bool singlePrecision);
+    template <class Data, class Object>
+    QByteArray RawField(const Member<Data, Object>& field, bool isSet, bool singlePrecision);
 
     Choices& m_choices;
     Order m_order;
@@ -156,58 +182,52 @@ QByteArray BytesComposer::Utf8()
     }
 }
 
-QByteArray BytesComposer::Bounds(bool withUse)
+template <class Data, class T>
+void BytesComposer::Add(Payloads& payloads, const ScalarField<Data, T, PresenceBit>& field)
 {
-    Payloads payloads;
-    if (m_choices.Below(2) == 1)
-        payloads.emplace_back(Tag::FREQUENCY_MIN, Number(USUAL, 2));
-    if (m_choices.Below(2) == 1)
-        payloads.emplace_back(Tag::FREQUENCY_MAX, Number(USUAL, 2));
-    if (withUse && m_choices.Below(2) == 1)
-        payloads.emplace_back(Tag::FREQUENCY_USE,
-                              QByteArray(1, Odd() ? '\x7f' : static_cast<char>(m_choices.Below(2))));
-    payloads.emplace_back(Tag::FREQUENCY_VALUE, Number(USUAL, 2));
-    return Joined(payloads);
+    constexpr double USUAL = 1e9;
+    if (!field.isMandatory && m_choices.Below(2) == 0)
+        return;
+    QByteArray payload;
+    if constexpr (std::is_same_v<T, double>)
+        payload = Number(field.range.IsUnbounded() ? USUAL : field.range.high, field.format.decimals);
+    else if constexpr (std::is_same_v<T, bool>)
+        payload = QByteArray(1, Odd() ? '\x7f' : static_cast<char>(m_choices.Below(2)));
+    else
+        payload = Utf8();
+    payloads.emplace_back(field.setBy.tag, payload);
 }
 
-QByteArray BytesComposer::Point()
+template <class Data>
+void BytesComposer::Add(Payloads& payloads, const FormatVersion<Data>& field)
 {
-    return Joined({{Tag::COORDINATE_LONGITUDE, Number(MOST_LONGITUDE, 6)},
-                   {Tag::COORDINATE_LATITUDE, Number(MOST_LATITUDE, 6)}});
+    payloads.emplace_back(field.tag, Text(Odd() ? AnyVersionText(m_choices) : field.model.Text()));
 }
 
-QByteArray BytesComposer::Points()
+template <class Data, class Item>
+void BytesComposer::Add(Payloads& payloads, const ItemList<Data, Item>& field)
 {
     const int count = m_choices.Below(4);
     QByteArray bytes = Int32(Odd() ? OddLength(count) : count);
     for (int i = 0; i < count; ++i) {
-        const QByteArray point = Point();
-        bytes += Int32(Odd() ? OddLength(point.size()) : point.size()) + point;
+        const QByteArray item = ElementsOf<typename Item::RecordData>();
+        bytes += Int32(Odd() ? OddLength(item.size()) : item.size()) + item;
     }
-    return bytes;
+    payloads.emplace_back(field.setBy.tag, bytes);
 }
 
-QByteArray BytesComposer::Region()
+template <class Data, class Object>
+void BytesComposer::Add(Payloads& payloads, const Member<Data, Object>& field)
 {
-    Payloads payloads = {
-        {Tag::AREA_VERSION, Text(Odd() ? AnyVersionText(m_choices) : QStringLiteral("1.0"))},
-        {Tag::AREA_NAME, Utf8()},
-        {Tag::AREA_COORDINATES, Points()},
-    };
-    if (m_choices.Below(2) == 1)
-        payloads.emplace_back(Tag::AREA_SCRIPT_ID, Utf8());
-    return Joined(payloads);
+    if (m_choices.Below(4) != 3)
+        payloads.emplace_back(field.setBy.tag, ElementsOf<typename Object::RecordData>());
 }
 
-QByteArray BytesComposer::Report()
+template <class Data>
+QByteArray BytesComposer::ElementsOf()
 {
     Payloads payloads;
-    if (m_choices.Below(4) != 3)
-        payloads.emplace_back(Tag::REPORT_FREQUENCY, Bounds(true));
-    if (m_choices.Below(4) != 3)
-        payloads.emplace_back(Tag::REPORT_IF_BANDWIDTH, Bounds(false));
-    if (m_choices.Below(4) != 3)
-        payloads.emplace_back(Tag::REPORT_AREA, Region());
+    ForEachField(Schema<Data>::FIELDS, [&](const auto& field) { Add(payloads, field); });
     return Joined(payloads);
 }
 
@@ -215,70 +235,92 @@ QByteArray BytesComposer::Elements(Kind kind)
 {
     switch (kind) {
     case Kind::Report:
-        return Report();
+        return ElementsOf<ReportBaseData>();
     case Kind::Area:
-        return Region();
+        return ElementsOf<AreaData>();
     case Kind::Coordinate:
-        return Point();
+        return ElementsOf<CoordinateData>();
     case Kind::Frequency:
-        return Bounds(true);
+        return ElementsOf<FrequencyData>();
     case Kind::Bandwidth:
         break;
     }
-    return Bounds(false);
+    return ElementsOf<IFBandwidthData>();
+}
+
+/// What must be set is there whatever its bit says.
+template <class Data, class T>
+QByteArray BytesComposer::RawField(const ScalarField<Data, T, PresenceBit>& field, bool isSet,
+                                   bool singlePrecision)
+{
+    if (!isSet && !field.isMandatory)
+        return {};
+    if constexpr (std::is_same_v<T, double>)
+        return Float(AnyNumber(m_choices), singlePrecision);
+    else if constexpr (std::is_same_v<T, bool>)
+        return QByteArray(1, static_cast<char>(m_choices.Below(3)));
+    else
+        return Text(Odd() ? AnyText(m_choices) : PlainText(m_choices));
+}
+
+template <class Data>
+QByteArray BytesComposer::RawField(const FormatVersion<Data>& field, bool /*isSet*/, bool /*singlePrecision*/)
+{
+    return Text(Odd() ? AnyVersionText(m_choices) : field.model.Text());
+}
+
+template <class Data, class Item>
+QByteArray BytesComposer::RawField(const ItemList<Data, Item>& /*field*/, bool /*isSet*/,
+                                   bool singlePrecision)
+{
+    using ItemData = typename Item::RecordData;
+    const int count = m_choices.Below(4);
+    QByteArray bytes = Int32(Odd() ? OddLength(count) : count);
+    for (int i = 0; i < count; ++i)
+        bytes += RawOf<ItemData>(Odd() ? AnyFlags<ItemData>() : ALL_BITS<ItemData>, singlePrecision);
+    return bytes;
+}
+
+template <class Data, class Object>
+QByteArray BytesComposer::RawField(const Member<Data, Object>& /*field*/, bool isSet, bool singlePrecision)
+{
+    using MemberData = typename Object::RecordData;
+    return isSet ? RawOf<MemberData>(AnyFlags<MemberData>(), singlePrecision) : QByteArray();
+}
+
+template <class Data>
+int BytesComposer::AnyFlags()
+{
+    constexpr int ALL_FLAGS = 256;
+    return m_choices.Below(Odd() ? ALL_FLAGS : ALL_BITS<Data> + 1);
+}
+
+template <class Data>
+QByteArray BytesComposer::RawOf(int flags, bool singlePrecision)
+{
+    QByteArray bytes(1, static_cast<char>(flags));
+    ForEachFieldByBit(Schema<Data>::FIELDS, [&](const auto& field) {
+        const bool isSet = BitOf(field) != BIT_OF_VERSION && (flags >> BitOf(field) & 1) != 0;
+        bytes += RawField(field, isSet, singlePrecision);
+    });
+    return bytes;
 }
 
 QByteArray BytesComposer::Raw(Kind kind, bool singlePrecision)
 {
-    constexpr int ALL_FLAGS = 256;
-    constexpr int USUAL_FLAGS = 8;
-    const int flags = m_choices.Below(Odd() ? ALL_FLAGS : USUAL_FLAGS);
-    const auto isSet = [flags](int bit) { return (flags >> bit & 1) != 0; };
-    const auto number = [&] { return Float(AnyNumber(m_choices), singlePrecision); };
-    const auto point = [&] {
-        QByteArray bytes(1, '\3');
-        bytes += number();
-        bytes += number();
-        return bytes;
-    };
-    QByteArray bytes(1, static_cast<char>(flags));
     switch (kind) {
     case Kind::Report:
-        for (int bit = 0; bit < 3; ++bit) {
-            if (isSet(bit))
-                bytes += Raw(bit == 0   ? Kind::Frequency
-                             : bit == 1 ? Kind::Bandwidth
-                                        : Kind::Area,
-                             singlePrecision);
-        }
-        break;
-    case Kind::Area: {
-        bytes += Text(Odd() ? AnyVersionText(m_choices) : QStringLiteral("1.0"));
-        bytes += Text(Odd() ? AnyText(m_choices) : PlainText(m_choices));
-        const int count = m_choices.Below(4);
-        bytes += Int32(Odd() ? OddLength(count) : count);
-        for (int i = 0; i < count; ++i)
-            bytes += Odd() ? Raw(Kind::Coordinate, singlePrecision) : point();
-        if (isSet(2))
-            bytes += Text(PlainText(m_choices));
-        break;
-    }
+        return RawOf<ReportBaseData>(AnyFlags<ReportBaseData>(), singlePrecision);
+    case Kind::Area:
+        return RawOf<AreaData>(AnyFlags<AreaData>(), singlePrecision);
     case Kind::Coordinate:
-        bytes += number();
-        bytes += number();
-        break;
+        return RawOf<CoordinateData>(AnyFlags<CoordinateData>(), singlePrecision);
     case Kind::Frequency:
+        return RawOf<FrequencyData>(AnyFlags<FrequencyData>(), singlePrecision);
     case Kind::Bandwidth:
-        bytes += number();
-        for (int bit = 1; bit < 3; ++bit) {
-            if (isSet(bit))
-                bytes += number();
-        }
-        if (kind == Kind::Frequency && isSet(3))
-            bytes += static_cast<char>(m_choices.Below(3));
         break;
     }
-    return bytes;
+    return RawOf<IFBandwidthData>(AnyFlags<IFBandwidthData>(), singlePrecision);
 }
 
 int AnyOddness(Choices& choices)

@@ -3,19 +3,32 @@
 #include "support/composedinput.h"
 #include "support/oddvalues.h"
 
+#include <reportgenerator/reportbase/schema/reportbaseschema.h>
+
 #include <QtCore/QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
 namespace Support {
 namespace {
 
+using namespace REPORTGENERATOR;
+
 struct Attribute
 {
     QString name;
     QString value;
+};
+
+/// What stands in an element.
+struct Parts
+{
+    std::vector<Attribute> attributes;
+    std::vector<std::function<void()>> children;
+    QString text;
 };
 
 QString Escaped(const QString& text)
@@ -46,12 +59,23 @@ private:
     void Unknown();
     QString Number(double limit, int decimals);
 
+    QString Value(double type, const NumberFormat& format, const Range& range);
+    QString Value(bool type, const NumberFormat& format, const Range& range);
+    QString Value(const QString& type, const NumberFormat& format, const Range& range);
+
+    template <class Data, class T>
+    void Plan(Parts& parts, const ScalarField<Data, T, PresenceBit>& field);
+    template <class Data>
+    void Plan(Parts& parts, const FormatVersion<Data>& field);
+    template <class Data, class Item>
+    void Plan(Parts& parts, const ItemList<Data, Item>& field);
+    template <class Data, class Object>
+    void Plan(Parts& parts, const Member<Data, Object>& field);
+
     void Element(Kind kind);
-    void Bounds(const QString& name, bool withUse);
-    void Point();
-    void Region();
-    void AreaChild(int child);
-    void Report();
+    template <class Data>
+    void ElementOf();
+    void Children(std::vector<std::function<void()>> children);
 
     Choices& m_choices;
     int m_oddEvery;
@@ -275,152 +299,130 @@ QString XmlComposer::Number(double limit, int decimals)
     return QString::number(NumberWithin(limit, m_choices), 'f', decimals);
 }
 
+// --- Values of fields
+
+QString XmlComposer::Value(double /*type*/, const NumberFormat& format, const Range& range)
+{
+    constexpr double USUAL = 1e9;
+    return Number(range.IsUnbounded() ? USUAL : range.high, format.decimals);
+}
+
+QString XmlComposer::Value(bool /*type*/, const NumberFormat& /*format*/, const Range& /*range*/)
+{
+    return Odd() ? m_choices.Of({QStringLiteral("FALSE"), QStringLiteral("0"), QStringLiteral("False"),
+                                 QStringLiteral("no"), QString(), QStringLiteral(" false"),
+                                 QStringLiteral("fal\u017fe"), QStringLiteral("1"), QStringLiteral("TRUE")})
+                 : m_choices.Of({QStringLiteral("true"), QStringLiteral("false")});
+}
+
+QString XmlComposer::Value(const QString& /*type*/, const NumberFormat& /*format*/, const Range& /*range*/)
+{
+    return Odd() ? AnyText(m_choices) : PlainText(m_choices);
+}
+
+// --- What fields add to their element
+
+template <class Data, class T>
+void XmlComposer::Plan(Parts& parts, const ScalarField<Data, T, PresenceBit>& field)
+{
+    if (!field.isMandatory && m_choices.Below(2) == 0)
+        return;
+    if (field.place == Place::Attribute)
+        parts.attributes.push_back({field.name.Text(), Value(T(), field.format, field.range)});
+    else if (field.place == Place::Text)
+        parts.text = Value(T(), field.format, field.range);
+    else
+        parts.children.push_back(
+            [this, field] { TextElement(field.name.Text(), Value(T(), field.format, field.range)); });
+}
+
+template <class Data>
+void XmlComposer::Plan(Parts& parts, const FormatVersion<Data>& field)
+{
+    if (!Odd())
+        parts.attributes.push_back(
+            {field.name.Text(), Odd() ? AnyVersionText(m_choices) : field.model.Text()});
+}
+
+template <class Data, class Item>
+void XmlComposer::Plan(Parts& parts, const ItemList<Data, Item>& /*field*/)
+{
+    parts.children.insert(parts.children.end(), static_cast<std::size_t>(m_choices.Below(4)), [this] {
+        Gap();
+        ElementOf<typename Item::RecordData>();
+    });
+}
+
+template <class Data, class Object>
+void XmlComposer::Plan(Parts& parts, const Member<Data, Object>& /*field*/)
+{
+    if (m_choices.Below(4) != 3)
+        parts.children.push_back([this] {
+            Gap();
+            ElementOf<typename Object::RecordData>();
+        });
+}
+
+// --- Elements
+
+template <class Data>
+void XmlComposer::ElementOf()
+{
+    Parts parts;
+    ForEachField(Schema<Data>::FIELDS, [&](const auto& field) { Plan(parts, field); });
+    const QString name = Schema<Data>::NAME.Text();
+    Open(name, parts.attributes);
+    if (parts.children.empty() && !parts.text.isNull())
+        Content(parts.text);
+    else
+        Children(parts.children);
+    Close(name);
+}
+
+void XmlComposer::Children(std::vector<std::function<void()>> children)
+{
+    if (Odd())
+        std::reverse(children.begin(), children.end());
+    if (Odd() && !children.empty())
+        children.push_back(children.front());
+    if (Odd() && !children.empty())
+        children.pop_back();
+    if (Odd() && !children.empty())
+        children.erase(children.begin());
+    if (Odd())
+        children.push_back([this] { Element(m_choices.Of({Kind::Coordinate, Kind::Frequency})); });
+    for (const auto& child : children) {
+        if (Odd())
+            Unknown();
+        child();
+    }
+    if (Odd())
+        Unknown();
+    --m_depth;
+    Gap();
+    ++m_depth;
+}
+
 void XmlComposer::Element(Kind kind)
 {
     Gap();
     switch (kind) {
     case Kind::Report:
-        Report();
+        ElementOf<ReportBaseData>();
         break;
     case Kind::Area:
-        Region();
+        ElementOf<AreaData>();
         break;
     case Kind::Coordinate:
-        Point();
+        ElementOf<CoordinateData>();
         break;
     case Kind::Frequency:
-        Bounds(QStringLiteral("Frequency"), true);
+        ElementOf<FrequencyData>();
         break;
     case Kind::Bandwidth:
-        Bounds(QStringLiteral("IFBandwidth"), false);
+        ElementOf<IFBandwidthData>();
         break;
     }
-}
-
-void XmlComposer::Bounds(const QString& name, bool withUse)
-{
-    constexpr double USUAL = 1e9;
-    std::vector<Attribute> attributes;
-    if (m_choices.Below(2) == 1)
-        attributes.push_back({QStringLiteral("Min"), Number(USUAL, 2)});
-    if (m_choices.Below(2) == 1)
-        attributes.push_back({QStringLiteral("Max"), Number(USUAL, 2)});
-    if (withUse && m_choices.Below(2) == 1)
-        attributes.push_back(
-            {QStringLiteral("Use"),
-             Odd() ? m_choices.Of({QStringLiteral("FALSE"), QStringLiteral("0"), QStringLiteral("False"),
-                                   QStringLiteral("no"), QString(), QStringLiteral(" false"),
-                                   QStringLiteral("fal\u017fe"), QStringLiteral("1"), QStringLiteral("TRUE")})
-                   : m_choices.Of({QStringLiteral("true"), QStringLiteral("false")})});
-    Open(name, attributes);
-    Content(Number(USUAL, 2));
-    Close(name);
-}
-
-void XmlComposer::Point()
-{
-    constexpr double MOST_LONGITUDE = 180.0;
-    constexpr double MOST_LATITUDE = 90.0;
-    const QString name = QStringLiteral("Coordinate");
-    std::vector<std::pair<QString, QString>> children = {
-        {QStringLiteral("Longitude"), Number(MOST_LONGITUDE, 6)},
-        {QStringLiteral("Latitude"), Number(MOST_LATITUDE, 6)}};
-    if (Odd())
-        std::reverse(children.begin(), children.end());
-    if (Odd())
-        children.push_back(children.front());
-    if (Odd())
-        children.pop_back();
-    if (Odd())
-        children.clear();
-    Open(name);
-    for (const auto& child : children) {
-        if (Odd())
-            Unknown();
-        TextElement(child.first, child.second);
-    }
-    if (Odd())
-        Unknown();
-    --m_depth;
-    Gap();
-    ++m_depth;
-    Close(name);
-}
-
-void XmlComposer::AreaChild(int child)
-{
-    switch (child) {
-    case 0:
-        TextElement(QStringLiteral("Name"), Odd() ? AnyText(m_choices) : PlainText(m_choices));
-        break;
-    case 1:
-        Gap();
-        Point();
-        break;
-    default:
-        TextElement(QStringLiteral("ScriptID"), Odd() ? AnyText(m_choices) : PlainText(m_choices));
-        break;
-    }
-}
-
-void XmlComposer::Region()
-{
-    const QString name = QStringLiteral("Area");
-    std::vector<Attribute> attributes;
-    if (!Odd())
-        attributes.push_back(
-            {QStringLiteral("Version"), Odd() ? AnyVersionText(m_choices) : QStringLiteral("1.0")});
-    std::vector<int> children = {0};
-    for (int i = m_choices.Below(4); i > 0; --i)
-        children.push_back(1);
-    if (m_choices.Below(2) == 1)
-        children.push_back(2);
-    if (Odd())
-        std::reverse(children.begin(), children.end());
-    if (Odd())
-        children.insert(children.end(), children.begin(), children.begin() + 1);
-    if (Odd())
-        children.erase(children.begin());
-    Open(name, attributes);
-    for (const int child : children) {
-        if (Odd())
-            Unknown();
-        AreaChild(child);
-    }
-    if (Odd())
-        Unknown();
-    --m_depth;
-    Gap();
-    ++m_depth;
-    Close(name);
-}
-
-void XmlComposer::Report()
-{
-    const QString name = QStringLiteral("ReportBase");
-    std::vector<Kind> children;
-    for (const Kind kind : {Kind::Frequency, Kind::Bandwidth, Kind::Area}) {
-        if (m_choices.Below(4) != 3)
-            children.push_back(kind);
-    }
-    if (Odd())
-        std::reverse(children.begin(), children.end());
-    if (Odd() && !children.empty())
-        children.push_back(children.front());
-    if (Odd())
-        children.push_back(Kind::Coordinate);
-    Open(name);
-    for (const Kind child : children) {
-        if (Odd())
-            Unknown();
-        Element(child);
-    }
-    if (Odd())
-        Unknown();
-    --m_depth;
-    Gap();
-    ++m_depth;
-    Close(name);
 }
 
 /// What an object of the kind writes.

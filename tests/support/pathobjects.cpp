@@ -4,16 +4,13 @@
 #include "support/oddvalues.h"
 #include "support/paths.h"
 
-#include <reportgenerator/reportbase/area.h>
-#include <reportgenerator/reportbase/coordinate.h>
-#include <reportgenerator/reportbase/frequency.h>
-#include <reportgenerator/reportbase/ifbandwidth.h>
-#include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/qt/optional.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QIODevice>
 #include <QtCore/QVector>
 
+#include <type_traits>
 #include <utility>
 
 namespace Support {
@@ -25,6 +22,8 @@ using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;
+using REPORTGENERATOR::detail::ForEachField;
+using REPORTGENERATOR::detail::PointsField;
 
 constexpr double MOST_LONGITUDE = 180.0;
 constexpr double MOST_LATITUDE = 90.0;
@@ -96,15 +95,68 @@ void ReadRawNumbers(Object& object, int numbers, Choices& choices)
     object.SetVersionSpecificBinaryWithoutValidation(stream);
 }
 
-template <class Object>
-void FillBounds(Object& object, Choices& choices)
+// --- Values of fields
+
+double UsualValue(double /*type*/, Choices& choices)
 {
     constexpr double USUAL = 1e9;
-    object.SetValue(NumberWithin(USUAL, choices));
-    if (choices.Below(2) == 1)
-        object.SetMin(NumberWithin(USUAL, choices));
-    if (choices.Below(2) == 1)
-        object.SetMax(NumberWithin(USUAL, choices));
+    return NumberWithin(USUAL, choices);
+}
+
+bool UsualValue(bool /*type*/, Choices& choices)
+{
+    return choices.Below(2) == 1;
+}
+
+QString UsualValue(const QString& /*type*/, Choices& choices)
+{
+    return PlainText(choices);
+}
+
+double AnyValue(double /*type*/, Choices& choices)
+{
+    return AnyNumber(choices);
+}
+
+bool AnyValue(bool /*type*/, Choices& choices)
+{
+    return choices.Below(2) == 1;
+}
+
+QString AnyValue(const QString& /*type*/, Choices& choices)
+{
+    return AnyText(choices);
+}
+
+/// Sets each value or not.
+template <class Object>
+void FillOptional(Object& object, Choices& choices)
+{
+    const auto fill = [&](const auto& field) {
+        if (choices.Below(2) == 1)
+            (object.*field.set)(UsualValue(decltype(field.In(object))(), choices));
+    };
+    ForEachField(object, [&](const auto& field) {
+        if constexpr (!std::is_same_v<decltype(field), const PointsField&>)
+            fill(field);
+    });
+}
+
+/// Sets one of the values to anything.
+template <class Object>
+void SetAny(Object& object, Choices& choices)
+{
+    int left = 0;
+    const auto count = [&left](const auto& /*field*/) { ++left; };
+    ForEachField(object, count);
+    left = choices.Below(left);
+    ForEachField(object, [&](const auto& field) {
+        if constexpr (!std::is_same_v<decltype(field), const PointsField&>) {
+            if (left == 0)
+                (object.*field.set)(AnyValue(decltype(field.In(object))(), choices));
+        }
+        --left;
+    });
 }
 
 /// Returns whether there was something to do.
@@ -113,13 +165,9 @@ bool DisturbBounds(Object& object, Choices& choices)
 {
     switch (choices.Below(13)) {
     case 0:
-        object.SetValue(AnyNumber(choices));
-        return true;
     case 1:
-        object.SetMin(AnyNumber(choices));
-        return true;
     case 2:
-        object.SetMax(AnyNumber(choices));
+        SetAny(object, choices);
         return true;
     case 3:
         object.ResetValue();
@@ -201,14 +249,14 @@ void ReadFlagsOnly(Area& area, Choices& choices)
 
 void Fill(Frequency& frequency, Choices& choices)
 {
-    FillBounds(frequency, choices);
-    if (choices.Below(2) == 1)
-        frequency.SetUse(choices.Below(2) == 1);
+    FillOptional(frequency, choices);
+    frequency.SetValue(UsualValue(0.0, choices));
 }
 
 void Fill(IFBandwidth& bandwidth, Choices& choices)
 {
-    FillBounds(bandwidth, choices);
+    FillOptional(bandwidth, choices);
+    bandwidth.SetValue(UsualValue(0.0, choices));
 }
 
 void Fill(Coordinate& coordinate, Choices& choices)
@@ -219,6 +267,7 @@ void Fill(Coordinate& coordinate, Choices& choices)
 
 void Fill(Area& area, Choices& choices)
 {
+    FillOptional(area, choices);
     QString name = choices.Below(2) == 0 ? PlainText(choices) : AnyText(choices);
     area.SetName(name.isNull() ? QLatin1String("") : name);
     // An empty list that counts as set passes the check, and then there is nothing to write.
@@ -228,8 +277,6 @@ void Fill(Area& area, Choices& choices)
         Fill(coordinate, choices);
         area.AppendCoordinate(coordinate);
     }
-    if (choices.Below(2) == 1)
-        area.SetScriptID(PlainText(choices));
 }
 
 void Fill(ReportBase& report, Choices& choices)
@@ -249,17 +296,10 @@ void Disturb(Frequency& frequency, CodePath& codePath, Choices& choices)
 {
     if (DisturbBounds(frequency, choices))
         return;
-    switch (choices.Below(3)) {
-    case 0:
-        frequency.SetUse(choices.Below(2) == 1);
-        break;
-    case 1:
+    if (choices.Below(3) == 1)
         frequency.ResetUse();
-        break;
-    default:
+    else
         DisturbOneSetting(frequency, codePath, choices);
-        break;
-    }
 }
 
 void Disturb(IFBandwidth& bandwidth, CodePath& codePath, Choices& choices)
@@ -272,10 +312,8 @@ void Disturb(Coordinate& coordinate, CodePath& codePath, Choices& choices)
 {
     switch (choices.Below(9)) {
     case 0:
-        coordinate.SetLongitude(AnyNumber(choices));
-        break;
     case 1:
-        coordinate.SetLatitude(AnyNumber(choices));
+        SetAny(coordinate, choices);
         break;
     case 2:
         coordinate.ResetLongitude();
@@ -305,10 +343,8 @@ void Disturb(Area& area, CodePath& codePath, Choices& choices)
 {
     switch (choices.Below(13)) {
     case 0:
-        area.SetName(AnyText(choices));
-        break;
     case 1:
-        area.SetScriptID(AnyText(choices));
+        SetAny(area, choices);
         break;
     case 2:
         area.AppendCoordinate(OddCoordinate(codePath, choices));

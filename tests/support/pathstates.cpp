@@ -2,11 +2,9 @@
 
 #include "support/paths.h"
 
-#include <reportgenerator/reportbase/area.h>
-#include <reportgenerator/reportbase/coordinate.h>
-#include <reportgenerator/reportbase/frequency.h>
-#include <reportgenerator/reportbase/ifbandwidth.h>
-#include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/qt/optional.h>
+
+#include <string>
 
 namespace Support {
 namespace {
@@ -17,25 +15,52 @@ using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;
+using REPORTGENERATOR::detail::Field;
+using REPORTGENERATOR::detail::ForEachField;
+using REPORTGENERATOR::detail::PointsField;
+
+template <class Object, class Base, class Value>
+void NoteFlag(Transcript& transcript, const Object& object, const Field<Base, Value>& field)
+{
+    transcript.Note((std::string(field.name) + " is set").c_str(), field.IsSetIn(object));
+}
+
+void NoteFlag(Transcript& transcript, const Area& area, const PointsField& /*field*/)
+{
+    transcript.Note("coordinates are set", area.IsCoordinateSet());
+}
 
 template <class Object>
-void NoteBoundFlags(Transcript& transcript, const Object& object)
+void NoteFlagsOf(Transcript& transcript, const Object& object)
 {
     transcript.Note("has record", object.IsInitialized());
     transcript.Note("any data", object.AnyData());
     transcript.Note("has data", object.HasData());
-    transcript.Note("value is set", object.IsValueSet());
-    transcript.Note("min is set", object.IsMinSet());
-    transcript.Note("max is set", object.IsMaxSet());
+    ForEachField(object, [&](const auto& field) { NoteFlag(transcript, object, field); });
 }
 
 /// What unset fields have left behind counts too: the raw form may bring it out again.
-template <class Object>
-void NoteBounds(Transcript& transcript, const Object& object)
+template <class Object, class Base, class Value>
+void NoteValue(Transcript& transcript, const Object& object, const Field<Base, Value>& field)
 {
-    transcript.Note("value", object.GetValue());
-    transcript.Note("min", object.GetMin());
-    transcript.Note("max", object.GetMax());
+    transcript.Note(field.name, field.In(object));
+}
+
+void NoteValue(Transcript& transcript, const Area& area, const PointsField& /*field*/)
+{
+    transcript.Note("coordinates", static_cast<qint64>(area.GetCoordinate().size()));
+    for (const Coordinate& coordinate : area.GetCoordinate())
+        NoteState(transcript, coordinate);
+}
+
+/// A getter makes the record, so that an object without one is asked for no more.
+template <class Object>
+void NoteStateOf(Transcript& transcript, const Object& object)
+{
+    NoteSettings(transcript, object);
+    NoteFlagsOf(transcript, object);
+    if (object.IsInitialized())
+        ForEachField(object, [&](const auto& field) { NoteValue(transcript, object, field); });
 }
 
 } // namespace
@@ -55,32 +80,22 @@ void NoteSettings(Transcript& transcript, const IRGObject& object)
 
 void NoteFlags(Transcript& transcript, const Frequency& frequency)
 {
-    NoteBoundFlags(transcript, frequency);
-    transcript.Note("use is set", frequency.IsUseSet());
+    NoteFlagsOf(transcript, frequency);
 }
 
 void NoteFlags(Transcript& transcript, const IFBandwidth& bandwidth)
 {
-    NoteBoundFlags(transcript, bandwidth);
+    NoteFlagsOf(transcript, bandwidth);
 }
 
 void NoteFlags(Transcript& transcript, const Coordinate& coordinate)
 {
-    transcript.Note("has record", coordinate.IsInitialized());
-    transcript.Note("any data", coordinate.AnyData());
-    transcript.Note("has data", coordinate.HasData());
-    transcript.Note("longitude is set", coordinate.IsLongitudeSet());
-    transcript.Note("latitude is set", coordinate.IsLatitudeSet());
+    NoteFlagsOf(transcript, coordinate);
 }
 
 void NoteFlags(Transcript& transcript, const Area& area)
 {
-    transcript.Note("has record", area.IsInitialized());
-    transcript.Note("any data", area.AnyData());
-    transcript.Note("has data", area.HasData());
-    transcript.Note("name is set", area.IsNameSet());
-    transcript.Note("coordinates are set", area.IsCoordinateSet());
-    transcript.Note("script identifier is set", area.IsScriptIDSet());
+    NoteFlagsOf(transcript, area);
 }
 
 void NoteFlags(Transcript& transcript, const ReportBase& report)
@@ -93,49 +108,30 @@ void NoteFlags(Transcript& transcript, const ReportBase& report)
     transcript.Note("area is set", report.IsAreaSet());
 }
 
-// --- State. A getter makes the record, so that an object without one is asked for no more.
+// --- State
 
 void NoteState(Transcript& transcript, const Frequency& frequency)
 {
-    NoteSettings(transcript, frequency);
-    NoteFlags(transcript, frequency);
-    if (!frequency.IsInitialized())
-        return;
-    NoteBounds(transcript, frequency);
-    transcript.Note("use", frequency.GetUse());
+    NoteStateOf(transcript, frequency);
 }
 
 void NoteState(Transcript& transcript, const IFBandwidth& bandwidth)
 {
-    NoteSettings(transcript, bandwidth);
-    NoteFlags(transcript, bandwidth);
-    if (bandwidth.IsInitialized())
-        NoteBounds(transcript, bandwidth);
+    NoteStateOf(transcript, bandwidth);
 }
 
 void NoteState(Transcript& transcript, const Coordinate& coordinate)
 {
-    NoteSettings(transcript, coordinate);
-    NoteFlags(transcript, coordinate);
-    if (!coordinate.IsInitialized())
-        return;
-    transcript.Note("longitude", coordinate.GetLongitude());
-    transcript.Note("latitude", coordinate.GetLatitude());
+    NoteStateOf(transcript, coordinate);
 }
 
 void NoteState(Transcript& transcript, const Area& area)
 {
-    NoteSettings(transcript, area);
-    NoteFlags(transcript, area);
+    NoteStateOf(transcript, area);
     if (!area.IsInitialized())
         return;
-    transcript.Note("name", area.GetName());
-    transcript.Note("script identifier", area.GetScriptID());
     transcript.Note("version", area.GetVersion());
     transcript.Note("initial version", area.GetInitialVersionLoaded());
-    transcript.Note("coordinates", static_cast<qint64>(area.GetCoordinate().size()));
-    for (const Coordinate& coordinate : area.GetCoordinate())
-        NoteState(transcript, coordinate);
 }
 
 void NoteState(Transcript& transcript, const ReportBase& report)
