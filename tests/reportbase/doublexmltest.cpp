@@ -3,7 +3,7 @@
 #include "support/doubles.h"
 #include "support/expect.h"
 #include "support/files.h"
-#include "support/readererror.h"
+#include "support/plainrows.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/double.h>
@@ -12,17 +12,12 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 #include <QtCore/QXmlStreamWriter>
-
-#include <cmath>
-#include <limits>
 
 namespace {
 
 using REPORTGENERATOR::Double;
 using Support::Filled;
-using Support::INFINITE;
 using Support::MISSING_VALUE;
 using Support::Named;
 using Support::NewLogger;
@@ -129,120 +124,36 @@ TEST(Double, ReadsWhatItWrites)
     EXPECT_EQ(read, number);
 }
 
-TEST(Double, ReadsAttributesInAnyOrder)
+TEST(Double, ReadsItsAttributesAndTheLastValueBeforeAnUnknownChild)
 {
-    Double number = Named("N");
-    EXPECT_TRUE(
-        number.SetXmlString(Text("<N Unit=\"s\" Default=\"4\" Other=\"x\" Maximum=\"1e3\" Version=\"2.0\" "
-                                 "Minimum=\" -1.5 \"><DoubleValue> 5 </DoubleValue></N>"),
-                            true));
-    EXPECT_EQ(number.GetMinimum(), -1.5);
-    EXPECT_EQ(number.GetMaximum(), 1000.0);
-    EXPECT_EQ(number.GetDefault(), 4.0);
-    EXPECT_EQ(number.GetValue(), 5.0);
-    EXPECT_TEXT(number.GetUnit(), "s");
-    EXPECT_TEXT(number.GetVersion(), "");
-}
-
-TEST(Double, DefaultGivesTheValueToo)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(Text("<N Default=\"5\"/>"), true));
-    EXPECT_EQ(number.GetDefault(), 5.0);
-    EXPECT_EQ(number.GetValue(), 5.0);
-
-    EXPECT_TRUE(number.SetXmlString(Text("<N Default=\"5\"><DoubleValue>6</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetDefault(), 5.0);
-    EXPECT_EQ(number.GetValue(), 6.0);
-}
-
-TEST(Double, AttributesAreToldApartByCase)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N minimum=\"1\" MAXIMUM=\"2\" default=\"3\" unit=\"s\"><DoubleValue>4</DoubleValue></N>"),
-        true));
-    EXPECT_FALSE(number.IsValid(number.GetMinimum()));
-    EXPECT_FALSE(number.IsValid(number.GetMaximum()));
-    EXPECT_FALSE(number.IsValid(number.GetDefault()));
-    EXPECT_TEXT(number.GetUnit(), "");
-}
-
-TEST(Double, TextsThatAreNotNumbersReadAsZero)
-{
-    for (const char* text : {"", "abc", "1,5", "5 dB", "0x5"}) {
-        SCOPED_TRACE(text);
-        const QString attribute = Text("=\"") + Text(text) + Text("\"");
-        Double number = Named("N");
-        EXPECT_TRUE(number.SetXmlString(Text("<N Minimum") + attribute + Text(" Maximum") + attribute +
-                                            Text(" Default") + attribute + Text("/>"),
-                                        true));
-        EXPECT_EQ(number.GetMinimum(), 0.0);
-        EXPECT_EQ(number.GetMaximum(), 0.0);
-        EXPECT_EQ(number.GetDefault(), 0.0);
-        EXPECT_EQ(number.GetValue(), 0.0);
-        EXPECT_TRUE(number.HasData());
-    }
-}
-
-TEST(Double, ReadsNumbersThatAreNotFinite)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N Minimum=\"-inf\" Maximum=\"inf\"><DoubleValue>nan</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetMinimum(), -INFINITE);
-    EXPECT_EQ(number.GetMaximum(), INFINITE);
-    EXPECT_TRUE(std::isnan(number.GetValue()));
-}
-
-TEST(Double, LastOfSeveralValuesCounts)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><DoubleValue>6</DoubleValue> <!-- --> <DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 7.0);
-}
-
-TEST(Double, ValueInPiecesIsItsLastPiece)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(Text("<N><DoubleValue>12<!-- -->34</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 34.0);
-}
-
-TEST(Double, UnknownChildEndsTheReadingWithoutAnError)
-{
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><DoubleValue>6</DoubleValue><Extra>1</Extra><DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_LOG(logger, {"INFO: N: Loading xml string."});
-
-    const QString before = Text("<N Minimum=\"1\"><Extra/><DoubleValue>7</DoubleValue></N>");
-    EXPECT_RG_THROW(number.SetXmlString(before, true), "RGException", Text("N") + Text(MISSING_VALUE));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_FALSE(number.HasData());
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(before, true));
-    EXPECT_FALSE(number.HasData());
-}
-
-TEST(Double, ValueInsideAnUnknownChildIsRead)
-{
-    Double number = Named("N");
-    EXPECT_TRUE(number.SetXmlString(
-        Text("<N><Extra><DoubleValue>6</DoubleValue></Extra><DoubleValue>7</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-}
-
-TEST(Double, ChildrenAreToldApartByCase)
-{
-    Double number = Named("N");
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(Text("<N><doublevalue>6</doublevalue></N>"), true));
-    EXPECT_FALSE(number.HasData());
+    const char* const missing = "NThe double has not been set! Please use SetValue first";
+    Support::ExpectReadings(
+        Filled(),
+        {
+            {"<DoubleValue> 5 </DoubleValue>", "N: 5 -1.5 1000 4 s", nullptr, nullptr,
+             "Unit='s' Default='4' Other='x' Maximum='1e3' Version='2.0' Minimum=' -1.5 '"},
+            {"<DoubleValue>4</DoubleValue>", "N: 4 - - - ", nullptr, nullptr,
+             "minimum='1' MAXIMUM='2' default='3' unit='s'"},
+            {"", "N: - 1 - - dB", nullptr, missing, "Minimum='1' Unit='dB'"},
+            // The default is the value too.
+            {"", "N: 5 - - 5 ", nullptr, nullptr, "Default='5'"},
+            {"<DoubleValue>6</DoubleValue>", "N: 6 - - 5 ", nullptr, nullptr, "Default='5'"},
+            {"<DoubleValue>nan</DoubleValue>", "N: nan -inf inf - ", nullptr, nullptr,
+             "Minimum='-inf' Maximum='inf'"},
+            {"", "N: 0 0 0 0 ", nullptr, nullptr, "Minimum='' Maximum='' Default=''"},
+            {"", "N: 0 0 0 0 ", nullptr, nullptr, "Minimum='abc' Maximum='abc' Default='abc'"},
+            {"", "N: 0 0 0 0 ", nullptr, nullptr, "Minimum='1,5' Maximum='1,5' Default='1,5'"},
+            {"", "N: 0 0 0 0 ", nullptr, nullptr, "Minimum='5 dB' Maximum='5 dB' Default='5 dB'"},
+            {"", "N: 0 0 0 0 ", nullptr, nullptr, "Minimum='0x5' Maximum='0x5' Default='0x5'"},
+            {"<DoubleValue>6</DoubleValue> <!-- --> <DoubleValue>7</DoubleValue>", "N: 7 - - - "},
+            {"<DoubleValue>12<!-- -->34</DoubleValue>", "N: 34 - - - "},
+            {"<doublevalue>6</doublevalue>", "N: - - - - ", nullptr, missing},
+            {"<DoubleValue>6</DoubleValue><Extra>1</Extra><DoubleValue>7</DoubleValue>", "N: 6 - - - "},
+            {"<Extra/><DoubleValue>7</DoubleValue>", "N: - 1 - - ", nullptr, missing, "Minimum='1'"},
+            {"<Extra><DoubleValue>6</DoubleValue></Extra><DoubleValue>7</DoubleValue>", "N: 6 - - - "},
+        });
+    Support::ExpectMalformed(Filled(),
+                             {{"<N Minimum=\"1\"><DoubleValue>6</DoubleValue>", "N: 6 1 - - ", true}});
 }
 
 TEST(Double, AbsentAttributesLeaveTheirFieldsAlone)
@@ -261,46 +172,6 @@ TEST(Double, AbsentAttributesLeaveTheirFieldsAlone)
     Support::ReadElement(number, Text("<N><DoubleValue>6</DoubleValue></N>"));
     EXPECT_EQ(number.GetValue(), 6.0);
     EXPECT_EQ(number.GetDefault(), 4.0);
-}
-
-TEST(Double, LoadingResetsFirst)
-{
-    Double number = Filled();
-    EXPECT_TRUE(number.SetXmlString(Text("<N><DoubleValue>6</DoubleValue></N>"), true));
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_EQ(number.GetMinimum(), -1.0);
-    EXPECT_TEXT(number.GetUnit(), "");
-}
-
-TEST(Double, LoadedElementWithoutValueFailsTheCheckWhenValidating)
-{
-    const QString xml = Text("<N Minimum=\"1\" Unit=\"dB\"/>");
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    EXPECT_RG_THROW(number.SetXmlString(xml, true), "RGException", Text("N") + Text(MISSING_VALUE));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_TEXT(number.GetUnit(), "dB");
-    EXPECT_LOG(logger, {"INFO: N: Loading xml string."});
-
-    number.SetValidate(false);
-    EXPECT_TRUE(number.SetXmlString(xml, true));
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_FALSE(number.HasData());
-}
-
-TEST(Double, MalformedXmlIsReported)
-{
-    const QString xml = Text("<N Minimum=\"1\"><DoubleValue>6</DoubleValue>");
-    const auto logger = NewLogger();
-    Double number = Named("N");
-    number.SetLogger(logger);
-    const QString error = Support::ReaderError(xml);
-    EXPECT_RG_THROW(number.SetXmlString(xml, true), "RGException", error);
-    EXPECT_EQ(number.GetMinimum(), 1.0);
-    EXPECT_EQ(number.GetValue(), 6.0);
-    EXPECT_LOG(logger, QStringList({Text("INFO: N: Loading xml string."),
-                                    Text("FATAL ERROR: RGException: ") + error}));
 }
 
 TEST(Double, ElementOfAnotherNameIsNotFound)

@@ -1,24 +1,21 @@
-#include "support/expect.h"
-#include "support/records.h"
+#include "support/plainrows.h"
 
 #include <reportgenerator/reportbase/ellipse.h>
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QString>
-
-#include <cmath>
-#include <limits>
-
 namespace {
 
 using REPORTGENERATOR::Ellipse;
-using Support::NewLogger;
-using Support::Text;
+using Support::Data;
+using Support::INFINITE;
+using Support::NextToUnset;
+using Support::NOT_A_NUMBER;
+using Support::NOT_SET;
 
-constexpr double NOT_SET = -111111.11;
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr const char* NO_MIN_RADIUS = "Ellipse: Please set MinRadius!";
+constexpr const char* NO_MAX_RADIUS = "Ellipse: Please set MaxRadius!";
+constexpr const char* NO_ROTATION = "Ellipse: Please set Rotation!";
 
 Ellipse Of(double minRadius, double maxRadius, double rotation)
 {
@@ -31,138 +28,67 @@ Ellipse Of(double minRadius, double maxRadius, double rotation)
 
 } // namespace
 
-TEST(Ellipse, StartsWithNothingSetAndPasses)
+TEST(Ellipse, NeedsAllItsValuesOrNoneAndNamesTheFirstMissing)
 {
-    const Ellipse ellipse;
-    EXPECT_EQ(ellipse.GetMinRadius(), NOT_SET);
-    EXPECT_EQ(ellipse.GetMaxRadius(), NOT_SET);
-    EXPECT_EQ(ellipse.GetRotation(), NOT_SET);
-    EXPECT_NO_RG_THROW(ellipse.Check());
-    EXPECT_XML(ellipse, "");
+    Support::ExpectObjects<Ellipse>({
+        {Ellipse(), "- - -", Data::None, nullptr, ""},
+        {Of(NOT_SET, NOT_SET, 30.0), "- - 30", Data::Some, NO_MIN_RADIUS, ""},
+        {Of(NOT_SET, 2.0, NOT_SET), "- 2 -", Data::Some, NO_MIN_RADIUS, ""},
+        {Of(NOT_SET, 2.0, 30.0), "- 2 30", Data::Some, NO_MIN_RADIUS, ""},
+        {Of(1.0, NOT_SET, NOT_SET), "1 - -", Data::Some, NO_MAX_RADIUS, ""},
+        {Of(1.0, NOT_SET, 30.0), "1 - 30", Data::Some, NO_MAX_RADIUS, ""},
+        {Of(1.0, 2.0, NOT_SET), "1 2 -", Data::Some, NO_ROTATION, ""},
+        {Of(500.0, 100.0, 0.0), "500 100 0", Data::Whole, nullptr,
+         "<Ellipse><MinRadius>500.00</MinRadius><MaxRadius>100.00</MaxRadius><Rotation>0.00</Rotation>"
+         "</Ellipse>"},
+        {Of(-1.0, -2.0, -720.0), "-1 -2 -720", Data::Whole, nullptr,
+         "<Ellipse><MinRadius>-1.00</MinRadius><MaxRadius>-2.00</MaxRadius><Rotation>-720.00</Rotation>"
+         "</Ellipse>"},
+        {Of(1.005, 0.125, -0.001), "1.005 0.125 -0.001", Data::Whole, nullptr,
+         "<Ellipse><MinRadius>1.00</MinRadius><MaxRadius>0.13</MaxRadius><Rotation>-0.00</Rotation>"
+         "</Ellipse>"},
+        {Of(NOT_A_NUMBER, INFINITE, -INFINITE), "nan inf -inf", Data::Whole, nullptr,
+         "<Ellipse><MinRadius>nan</MinRadius><MaxRadius>inf</MaxRadius><Rotation>-inf</Rotation></Ellipse>"},
+        {Of(-111111.0, NextToUnset(), 0.0), "-111111 ~ 0", Data::Whole, nullptr,
+         "<Ellipse><MinRadius>-111111.00</MinRadius><MaxRadius>-111111.11</MaxRadius>"
+         "<Rotation>0.00</Rotation></Ellipse>"},
+    });
 }
 
-TEST(Ellipse, CheckNamesTheFirstMissingValue)
+TEST(Ellipse, ReadsItsChildrenInAnyOrderAndTheLastOfEach)
 {
-    const struct
-    {
-        double minRadius, maxRadius, rotation;
-        const char* missing;
-    } rows[] = {
-        {NOT_SET, NOT_SET, 30.0, "MinRadius"}, {NOT_SET, 2.0, NOT_SET, "MinRadius"},
-        {NOT_SET, 2.0, 30.0, "MinRadius"},     {1.0, NOT_SET, NOT_SET, "MaxRadius"},
-        {1.0, NOT_SET, 30.0, "MaxRadius"},     {1.0, 2.0, NOT_SET, "Rotation"},
-    };
-    for (const auto& row : rows) {
-        const Ellipse ellipse = Of(row.minRadius, row.maxRadius, row.rotation);
-        EXPECT_TRUE(ellipse.AnyData());
-        EXPECT_FALSE(ellipse.HasData());
-        EXPECT_TEXT(Support::UnindentedXmlOf(ellipse), "");
-        for (const bool validate : {true, false}) {
-            const auto logger = NewLogger();
-            ellipse.SetValidate(validate);
-            ellipse.SetLogger(logger);
-            EXPECT_RG_THROW(ellipse.Check(), "RGException",
-                            Text("Ellipse: Please set ") + Text(row.missing) + Text("!"));
-            EXPECT_LOG(logger, {});
-        }
-    }
-}
-
-TEST(Ellipse, NoRelationBetweenTheValuesIsEnforced)
-{
-    EXPECT_NO_RG_THROW(Of(500.0, 100.0, 0.0).Check());
-    EXPECT_NO_RG_THROW(Of(-1.0, -2.0, -720.0).Check());
-    EXPECT_NO_RG_THROW(Of(NOT_A_NUMBER, INFINITE, NOT_A_NUMBER).Check());
-    EXPECT_EQ(Of(500.0, 100.0, 0.0).GetMinRadius(), 500.0);
-}
-
-TEST(Ellipse, OnlyTheNumberForNotSetCountsAsUnset)
-{
-    EXPECT_FALSE(Of(NOT_SET, NOT_SET, NOT_SET).AnyData());
-    EXPECT_RG_THROW(Of(1.0, 2.0, NOT_SET).Check(), "RGException", "Ellipse: Please set Rotation!");
-    EXPECT_TRUE(Of(-111111.0, std::nextafter(NOT_SET, 0.0), NOT_A_NUMBER).HasData());
-    EXPECT_TRUE(Of(0.0, 0.0, 0.0).HasData());
+    Support::ExpectReadings(
+        Of(7.0, 8.0, 9.0),
+        {
+            {"", "- - -"},
+            {"<Rotation>3</Rotation><MaxRadius>2</MaxRadius><MinRadius>9</MinRadius><MinRadius>1</MinRadius>",
+             "1 2 3"},
+            {"<MinRadius>1</MinRadius><MaxRadius>2</MaxRadius>", "1 2 -", nullptr, NO_ROTATION},
+            {"<MinRadius>1</MinRadius><MaxRadius>-111111.11</MaxRadius><Rotation>3</Rotation>", "1 - 3",
+             nullptr, NO_MAX_RADIUS},
+            {"<Rotation>3</Rotation><Radius>1</Radius><MinRadius>1</MinRadius>", "- - 3",
+             "Unknown Tag 'Radius' in 'Ellipse'."},
+        });
 }
 
 TEST(Ellipse, ComparesTheThreeValues)
 {
-    EXPECT_TRUE(Of(1.0, 2.0, 3.0) == Of(1.0, 2.0, 3.0));
-    EXPECT_FALSE(Of(1.0, 2.0, 3.0) != Of(1.0, 2.0, 3.0));
-    EXPECT_TRUE(Ellipse() == Ellipse());
-    EXPECT_TRUE(Of(0.0, 0.0, 0.0) == Of(-0.0, -0.0, -0.0));
-    for (const Ellipse& other : {Of(9.0, 2.0, 3.0), Of(1.0, 9.0, 3.0), Of(1.0, 2.0, 9.0)}) {
-        EXPECT_FALSE(Of(1.0, 2.0, 3.0) == other);
-        EXPECT_TRUE(Of(1.0, 2.0, 3.0) != other);
-    }
-    for (const Ellipse& nan :
-         {Of(NOT_A_NUMBER, 2.0, 3.0), Of(1.0, NOT_A_NUMBER, 3.0), Of(1.0, 2.0, NOT_A_NUMBER)}) {
-        EXPECT_FALSE(nan == nan);
-        EXPECT_TRUE(nan != nan);
-    }
-    Ellipse other = Of(1.0, 2.0, 3.0);
-    other.SetValidate(false);
-    EXPECT_TRUE(other == Of(1.0, 2.0, 3.0));
-}
-
-TEST(Ellipse, WritesTwoDecimalsInItsOrder)
-{
-    EXPECT_XML(Of(1.005, 0.125, -0.001), "\n<Ellipse>"
-                                         "\n    <MinRadius>1.00</MinRadius>"
-                                         "\n    <MaxRadius>0.13</MaxRadius>"
-                                         "\n    <Rotation>-0.00</Rotation>"
-                                         "\n</Ellipse>");
-    EXPECT_XML(Of(NOT_A_NUMBER, INFINITE, -INFINITE), "\n<Ellipse>"
-                                                      "\n    <MinRadius>nan</MinRadius>"
-                                                      "\n    <MaxRadius>inf</MaxRadius>"
-                                                      "\n    <Rotation>-inf</Rotation>"
-                                                      "\n</Ellipse>");
-}
-
-TEST(Ellipse, ReadsItsChildrenInAnyOrder)
-{
-    Ellipse ellipse;
-    EXPECT_NO_RG_THROW(
-        ellipse.SetXmlString(Text("<Ellipse><Rotation>3</Rotation><MaxRadius>2</MaxRadius>"
-                                  "<MinRadius>9</MinRadius><MinRadius>1</MinRadius></Ellipse>"),
-                             true));
-    EXPECT_TRUE(ellipse == Of(1.0, 2.0, 3.0));
-}
-
-TEST(Ellipse, MissingRotationStaysUnsetAndIsReportedWhenValidating)
-{
-    const QString xml = Text("<Ellipse><MinRadius>1</MinRadius><MaxRadius>2</MaxRadius></Ellipse>");
-    Ellipse ellipse = Of(7.0, 8.0, 9.0);
-    EXPECT_RG_THROW(ellipse.SetXmlString(xml, true), "RGException", "Ellipse: Please set Rotation!");
-    EXPECT_TRUE(ellipse == Of(1.0, 2.0, NOT_SET));
-    ellipse.SetValidate(false);
-    EXPECT_TRUE(ellipse.SetXmlString(xml, true));
+    Support::ExpectComparisons<Ellipse>({
+        {Ellipse(), Ellipse(), true},
+        {Of(1.0, 2.0, 3.0), Of(1.0, 2.0, 3.0), true},
+        {Of(0.0, 0.0, 0.0), Of(-0.0, -0.0, -0.0), true},
+        {Of(1.0, 2.0, 3.0), Of(9.0, 2.0, 3.0), false},
+        {Of(1.0, 2.0, 3.0), Of(1.0, 9.0, 3.0), false},
+        {Of(1.0, 2.0, 3.0), Of(1.0, 2.0, 9.0), false},
+    });
+    Support::ExpectUnequalToThemselves<Ellipse>(
+        {Of(NOT_A_NUMBER, 2.0, 3.0), Of(1.0, NOT_A_NUMBER, 3.0), Of(1.0, 2.0, NOT_A_NUMBER)});
 }
 
 TEST(Ellipse, MergeTakesTheWrittenNumbers)
 {
-    Ellipse ellipse = Of(1.0, 2.0, 3.0);
-    EXPECT_TRUE(ellipse.MergeRGObject(Of(10.126, 20.0, 30.0)));
-    EXPECT_TRUE(ellipse == Of(10.13, 20.0, 30.0)) << "with two decimals";
-    EXPECT_TRUE(ellipse.MergeRGObject(Ellipse()));
-    EXPECT_TRUE(ellipse == Of(10.13, 20.0, 30.0));
-}
-
-TEST(Ellipse, ChildrenBeforeAnUnknownOneAreKept)
-{
-    Ellipse ellipse = Of(7.0, 8.0, 9.0);
-    ellipse.SetValidate(false);
-    EXPECT_RG_THROW(ellipse.SetXmlString(Text("<Ellipse><Rotation>3</Rotation><Radius>1</Radius>"
-                                              "<MinRadius>1</MinRadius></Ellipse>"),
-                                         true),
-                    "RGException", "Unknown Tag 'Radius' in 'Ellipse'.");
-    EXPECT_TRUE(ellipse == Of(NOT_SET, NOT_SET, 3.0));
-}
-
-TEST(Ellipse, NumberForNotSetIsReadAsUnset)
-{
-    Ellipse ellipse;
-    EXPECT_RG_THROW(ellipse.SetXmlString(Text("<Ellipse><MinRadius>1</MinRadius><MaxRadius>-111111.11"
-                                              "</MaxRadius><Rotation>3</Rotation></Ellipse>"),
-                                         true),
-                    "RGException", "Ellipse: Please set MaxRadius!");
+    Support::ExpectMerges<Ellipse>({
+        {Of(1.0, 2.0, 3.0), Of(10.126, 20.0, 30.0), "10.13 20 30"},
+        {Of(1.0, 2.0, 3.0), Ellipse(), "1 2 3"},
+    });
 }

@@ -1,28 +1,24 @@
 #include "support/expect.h"
+#include "support/plainrows.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/frequencylistvalue.h>
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QDate>
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
-#include <QtCore/QTime>
 
-#include <limits>
 #include <type_traits>
 #include <utility>
 
 namespace {
 
 using REPORTGENERATOR::FrequencyListValue;
-using Support::NewLogger;
+using Support::Data;
+using Support::NOT_A_NUMBER;
+using Support::NOT_SET;
 using Support::Text;
-
-constexpr double NOT_SET = -111111.11;
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
 // What callers keep a reference to. There is no way to set it but reading.
 static_assert(
@@ -31,205 +27,97 @@ static_assert(std::is_same_v<decltype(std::declval<FrequencyListValue&>().GetTim
 
 constexpr const char* MISSING_VALUE = "FrequencyList: Please set Value!";
 
-FrequencyListValue AtFrequency(double frequency)
+constexpr const char* STAMP = "2017-02-03T14:05:09.007Z";
+
+/// An entry with the time stamp read from `stamp`.
+FrequencyListValue At(double frequency, double min = NOT_SET, double max = NOT_SET,
+                      const char* stamp = nullptr)
 {
     FrequencyListValue entry;
+    if (stamp)
+        Support::ReadElement(entry, Text("<Value><TimeStamp>") + Text(stamp) + Text("</TimeStamp></Value>"));
     entry.SetFrequency(frequency);
+    entry.SetFrequencyMinMax(min, max);
     return entry;
 }
 
-/// An entry with the time stamp read from `text`.
-FrequencyListValue Stamped(const char* text)
+FrequencyListValue Stamped(double frequency, const char* stamp)
 {
-    FrequencyListValue entry;
-    Support::ReadElement(entry, Text("<Value><TimeStamp>") + Text(text) + Text("</TimeStamp></Value>"));
-    return entry;
+    return At(frequency, NOT_SET, NOT_SET, stamp);
 }
 
 } // namespace
 
-TEST(FrequencyListValue, StartsWithNothingSetAndPasses)
+// Comparing date-times takes the beginning of the epoch for a null one in some time zones.
+TEST(FrequencyListValue, NeedsAFrequencyOnlyWhenItHasATimeStampWhichIsWrittenInUtc)
 {
-    const FrequencyListValue entry;
-    EXPECT_EQ(entry.GetFrequency(), NOT_SET);
-    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
-    EXPECT_EQ(entry.GetFrequencyMax(), NOT_SET);
-    EXPECT_TRUE(entry.GetTimeStamp().isNull());
-    EXPECT_NO_RG_THROW(entry.Check());
-    EXPECT_XML(entry, "");
+    Support::ExpectObjects<FrequencyListValue>({
+        {FrequencyListValue(), "- - - / -", Data::None, nullptr, ""},
+        {At(NOT_SET, 1.0, 2.0), "- 1 2 / -", Data::None, nullptr, ""},
+        {Stamped(NOT_SET, STAMP), "- - - / 2017-02-03T14:05:09.007Z", Data::Some, MISSING_VALUE, ""},
+        {Stamped(NOT_SET, "1970-01-01T00:00:00Z"), "- - - / 1970-01-01T00:00:00.000Z", Data::Some,
+         MISSING_VALUE, ""},
+        {At(1.005), "1.005 - - / -", Data::Whole, nullptr, "<Value><Frequency>1.00</Frequency></Value>"},
+        {At(NOT_A_NUMBER), "nan - - / -", Data::Whole, nullptr, "<Value><Frequency>nan</Frequency></Value>"},
+        {At(1.0, 0.5, 1.5, STAMP), "1 0.5 1.5 / 2017-02-03T14:05:09.007Z", Data::Whole, nullptr,
+         "<Value><Frequency Min=\"0.50\" Max=\"1.50\">1.00</Frequency>"
+         "<TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp></Value>"},
+        {Stamped(1.0, "2017-02-03T14:05:09+02:00"), "1 - - / 2017-02-03T14:05:09.000+02:00", Data::Whole,
+         nullptr,
+         "<Value><Frequency>1.00</Frequency><TimeStamp>2017-02-03T12:05:09.000Z</TimeStamp></Value>"},
+        {Stamped(1.0, "1970-01-01T00:00:00Z"), "1 - - / 1970-01-01T00:00:00.000Z", Data::Whole, nullptr,
+         "<Value><Frequency>1.00</Frequency><TimeStamp>1970-01-01T00:00:00.000Z</TimeStamp></Value>"},
+    });
 }
 
-TEST(FrequencyListValue, BoundsAloneAreNoData)
+TEST(FrequencyListValue, ReadsChildrenInAnyOrderAndATextThatIsNoDateAsNoTimeStamp)
 {
-    FrequencyListValue entry;
-    entry.SetFrequencyMinMax(1.0, 2.0);
-    EXPECT_FALSE(entry.AnyData());
-    EXPECT_NO_RG_THROW(entry.Check());
-    EXPECT_XML(entry, "");
+    Support::ExpectReadings(
+        At(7.0, 8.0, 9.0, STAMP),
+        {
+            {"", "- - - / -"},
+            {"<TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp><Frequency Max=\"3\">2</Frequency>",
+             "2 - 3 / 2017-02-03T14:05:09.007Z"},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp>", "- - - / 2017-02-03T14:05:09.000Z", nullptr,
+             MISSING_VALUE},
+            {"<Frequency Min=\"4\">5</Frequency><Nonsense/><TimeStamp>2017-02-03T14:05:09Z</TimeStamp>",
+             "5 4 - / -", "Unknown Tag 'Nonsense' in 'Value'."},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp><TimeStamp></TimeStamp>", "- - - / -"},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp><TimeStamp> </TimeStamp>", "- - - / -"},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp><TimeStamp>rubbish</TimeStamp>", "- - - / -"},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp><TimeStamp>14:05:09</TimeStamp>", "- - - / -"},
+            {"<TimeStamp>2017-02-03T14:05:09Z</TimeStamp><TimeStamp>03.02.2017 14:05:09</TimeStamp>",
+             "- - - / -"},
+        });
 }
 
-TEST(FrequencyListValue, TimeStampAloneIsAnyDataAndRefused)
+// The logger belongs to the object that was given it; the frequency has none of its own.
+TEST(FrequencyListValue, OnlyAMalformedTimeStampIsLoggedByTheEntry)
 {
-    const FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    EXPECT_TRUE(entry.AnyData());
-    EXPECT_FALSE(entry.HasData());
-    EXPECT_RG_THROW(entry.Check(), "RGException", MISSING_VALUE);
-    EXPECT_TEXT(Support::UnindentedXmlOf(entry), "");
-
-    FrequencyListValue read;
-    EXPECT_RG_THROW(
-        read.SetXmlString(Text("<Value><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>"), true),
-        "RGException", MISSING_VALUE);
-    EXPECT_TRUE(read.AnyData());
-}
-
-TEST(FrequencyListValue, RefusalIsNotNamedAfterTheObject)
-{
-    class Renamed : public FrequencyListValue
-    {
-    public:
-        Renamed() { SetObjectName(Text("Entry")); }
-    };
-    Renamed entry;
-    EXPECT_RG_THROW(
-        entry.SetXmlString(Text("<Entry><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Entry>"), true),
-        "RGException", MISSING_VALUE);
-}
-
-TEST(FrequencyListValue, ResetUnsetsFrequencyAndTimeStamp)
-{
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    entry.SetFrequency(1.0);
-    entry.SetFrequencyMinMax(1.0, 2.0);
-    entry.Reset();
-    EXPECT_EQ(entry.GetFrequency(), NOT_SET);
-    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
-    EXPECT_EQ(entry.GetFrequencyMax(), NOT_SET);
-    EXPECT_TRUE(entry.GetTimeStamp().isNull());
-    entry.SetFrequency(1.0);
-    EXPECT_XML(entry, "\n<Value>\n    <Frequency>1.00</Frequency>\n</Value>");
+    Support::ExpectMalformed(At(7.0), {
+                                          {"<Value><Frequency>5", "- - - / -", false},
+                                          {"<Value><TimeStamp>2017", "- - - / -", true},
+                                      });
 }
 
 TEST(FrequencyListValue, ComparesTheFrequencyAlone)
 {
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    entry.SetFrequency(1.0);
-    entry.SetFrequencyMinMax(0.5, 1.5);
-    EXPECT_TRUE(entry == AtFrequency(1.0));
-    EXPECT_FALSE(entry != AtFrequency(1.0));
-    EXPECT_FALSE(AtFrequency(1.0) == AtFrequency(2.0));
-    EXPECT_TRUE(AtFrequency(1.0) != AtFrequency(2.0));
-    EXPECT_TRUE(FrequencyListValue() == Stamped("2017-02-03T14:05:09.007Z"));
-    EXPECT_TRUE(AtFrequency(0.0) == AtFrequency(-0.0));
-}
-
-TEST(FrequencyListValue, NotANumberDiffersFromEverything)
-{
-    const FrequencyListValue nan = AtFrequency(NOT_A_NUMBER);
-    EXPECT_FALSE(nan == nan);
-    EXPECT_TRUE(nan != nan);
-    EXPECT_TRUE(nan != AtFrequency(1.0));
-    EXPECT_TRUE(AtFrequency(1.0) != nan);
-    EXPECT_TRUE(nan.HasData());
-    EXPECT_XML(nan, "\n<Value>\n    <Frequency>nan</Frequency>\n</Value>");
-}
-
-TEST(FrequencyListValue, WritesTheTimeStampOnlyWhenThereIsOne)
-{
-    FrequencyListValue entry = AtFrequency(1.005);
-    EXPECT_XML(entry, "\n<Value>\n    <Frequency>1.00</Frequency>\n</Value>");
-    entry = Stamped("2017-02-03T14:05:09.007Z");
-    entry.SetFrequency(1.0);
-    EXPECT_XML(entry, "\n<Value>"
-                      "\n    <Frequency>1.00</Frequency>"
-                      "\n    <TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp>"
-                      "\n</Value>");
-}
-
-TEST(FrequencyListValue, WritesTheTimeStampInUtcWithMilliseconds)
-{
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09+02:00");
-    entry.SetFrequency(1.0);
-    EXPECT_XML(entry, "\n<Value>"
-                      "\n    <Frequency>1.00</Frequency>"
-                      "\n    <TimeStamp>2017-02-03T12:05:09.000Z</TimeStamp>"
-                      "\n</Value>");
-}
-
-TEST(FrequencyListValue, ReadsChildrenInAnyOrder)
-{
-    FrequencyListValue entry;
-    EXPECT_NO_RG_THROW(entry.SetXmlString(Text("<Value><TimeStamp>2017-02-03T14:05:09.007Z</TimeStamp>"
-                                               "<Frequency Max=\"3\">2</Frequency></Value>"),
-                                          true));
-    EXPECT_EQ(entry.GetFrequency(), 2.0);
-    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
-    EXPECT_EQ(entry.GetFrequencyMax(), 3.0);
-    EXPECT_EQ(entry.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9, 7), Qt::UTC));
-}
-
-TEST(FrequencyListValue, TextThatIsNoDateReadsAsNoTimeStamp)
-{
-    for (const char* text : {"", " ", "rubbish", "14:05:09", "03.02.2017 14:05:09"}) {
-        FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-        Support::ReadElement(entry, Text("<Value><TimeStamp>") + Text(text) + Text("</TimeStamp></Value>"));
-        EXPECT_TRUE(entry.GetTimeStamp().isNull()) << text;
-        EXPECT_FALSE(entry.AnyData()) << text;
-    }
-}
-
-// Comparing date-times takes the beginning of the epoch for a null one in some time zones.
-TEST(FrequencyListValue, BeginningOfTheEpochIsATimeStamp)
-{
-    FrequencyListValue entry = Stamped("1970-01-01T00:00:00Z");
-    EXPECT_TRUE(entry.AnyData());
-    EXPECT_RG_THROW(entry.Check(), "RGException", MISSING_VALUE);
-    entry.SetFrequency(1.0);
-    EXPECT_XML(entry, "\n<Value>"
-                      "\n    <Frequency>1.00</Frequency>"
-                      "\n    <TimeStamp>1970-01-01T00:00:00.000Z</TimeStamp>"
-                      "\n</Value>");
-}
-
-TEST(FrequencyListValue, CopyTakesBoundsAndTimeStamp)
-{
-    FrequencyListValue source = Stamped("2017-02-03T14:05:09.007Z");
-    source.SetFrequency(1.0);
-    source.SetFrequencyMinMax(0.5, 1.5);
-    const FrequencyListValue copy(source);
-    FrequencyListValue assigned;
-    assigned = source;
-    source.Reset();
-    for (const FrequencyListValue& object : {copy, assigned}) {
-        EXPECT_EQ(object.GetFrequency(), 1.0);
-        EXPECT_EQ(object.GetFrequencyMin(), 0.5);
-        EXPECT_EQ(object.GetFrequencyMax(), 1.5);
-        EXPECT_EQ(object.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9, 7), Qt::UTC));
-    }
+    Support::ExpectComparisons<FrequencyListValue>({
+        {At(1.0), At(1.0, 0.5, 1.5, STAMP), true},
+        {FrequencyListValue(), Stamped(NOT_SET, STAMP), true},
+        {At(0.0), At(-0.0), true},
+        {At(1.0), At(2.0), false},
+        {At(1.0), At(NOT_A_NUMBER), false},
+    });
+    Support::ExpectUnequalToThemselves<FrequencyListValue>({At(NOT_A_NUMBER)});
 }
 
 TEST(FrequencyListValue, MergeKeepsATimeStampThatTheOtherDoesNotHave)
 {
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    entry.SetFrequency(1.0);
-    entry.SetFrequencyMin(0.5);
-    EXPECT_TRUE(entry.MergeRGObject(AtFrequency(2.0)));
-    EXPECT_EQ(entry.GetFrequency(), 2.0);
-    EXPECT_EQ(entry.GetFrequencyMin(), NOT_SET);
-    EXPECT_FALSE(entry.GetTimeStamp().isNull());
-}
-
-TEST(FrequencyListValue, MergeTakesTheTimeStampOfTheOther)
-{
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    entry.SetFrequency(1.0);
-    FrequencyListValue other = Stamped("2018-03-04T15:06:10.008Z");
-    other.SetFrequency(2.0);
-    EXPECT_TRUE(entry.MergeRGObject(other));
-    EXPECT_XML(entry, "\n<Value>"
-                      "\n    <Frequency>2.00</Frequency>"
-                      "\n    <TimeStamp>2018-03-04T15:06:10.008Z</TimeStamp>"
-                      "\n</Value>");
+    Support::ExpectMerges<FrequencyListValue>({
+        {At(1.0, 0.5, NOT_SET, STAMP), At(2.0), "2 - - / 2017-02-03T14:05:09.007Z"},
+        {Stamped(1.0, STAMP), Stamped(2.0, "2018-03-04T15:06:10.008Z"), "2 - - / 2018-03-04T15:06:10.008Z"},
+    });
 }
 
 TEST(FrequencyListValue, TimeStampWithoutOffsetIsLocalTimeAndWrittenInUtc)
@@ -246,50 +134,4 @@ TEST(FrequencyListValue, TimeStampWithoutOffsetIsLocalTimeAndWrittenInUtc)
                       "\n    <Frequency>1.00</Frequency>"
                       "\n    <TimeStamp>2014-05-13T16:53:20.123Z</TimeStamp>"
                       "\n</Value>");
-}
-
-TEST(FrequencyListValue, IncompleteLoadedEntryIsRefusedOnlyWhenValidating)
-{
-    const QString xml = Text("<Value><TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>");
-    for (const bool logging : {true, false}) {
-        const auto logger = NewLogger();
-        FrequencyListValue entry = AtFrequency(1.0);
-        if (logging)
-            entry.SetLogger(logger);
-        EXPECT_RG_THROW(entry.SetXmlString(xml, true), "RGException", MISSING_VALUE);
-        EXPECT_EQ(entry.GetFrequency(), NOT_SET);
-        EXPECT_EQ(entry.GetTimeStamp(), QDateTime(QDate(2017, 2, 3), QTime(14, 5, 9), Qt::UTC));
-        EXPECT_LOG(logger, (logging ? Support::Lines({"INFO: Value: Loading xml string."}) : QStringList()));
-        entry.SetValidate(false);
-        EXPECT_TRUE(entry.SetXmlString(xml, true));
-    }
-}
-
-TEST(FrequencyListValue, ChildrenBeforeAnUnknownOneAreKept)
-{
-    FrequencyListValue entry = Stamped("2017-02-03T14:05:09.007Z");
-    EXPECT_RG_THROW(entry.SetXmlString(Text("<Value><Frequency Min=\"4\">5</Frequency><Nonsense/>"
-                                            "<TimeStamp>2017-02-03T14:05:09Z</TimeStamp></Value>"),
-                                       true),
-                    "RGException", "Unknown Tag 'Nonsense' in 'Value'.");
-    EXPECT_EQ(entry.GetFrequency(), 5.0);
-    EXPECT_EQ(entry.GetFrequencyMin(), 4.0);
-    EXPECT_TRUE(entry.GetTimeStamp().isNull());
-}
-
-// The logger belongs to the object that was given it; the frequency has none of its own.
-TEST(FrequencyListValue, OnlyAMalformedTimeStampIsLoggedByTheEntry)
-{
-    const QString inFrequency = Text("<Value><Frequency>5");
-    const QString inTimeStamp = Text("<Value><TimeStamp>2017");
-    const auto logger = NewLogger();
-    FrequencyListValue entry;
-    entry.SetLogger(logger);
-    EXPECT_RG_THROW(entry.SetXmlString(inFrequency, true), "RGException", Support::XmlErrorOf(inFrequency));
-    EXPECT_LOG(logger, {"INFO: Value: Loading xml string."});
-    logger->Reset(true);
-    EXPECT_RG_THROW(entry.SetXmlString(inTimeStamp, true), "RGException", Support::XmlErrorOf(inTimeStamp));
-    EXPECT_LOG(logger, (QStringList{Text("INFO: Value: Loading xml string."),
-                                    Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(inTimeStamp)}));
-    EXPECT_TRUE(entry.GetTimeStamp().isNull());
 }

@@ -1,5 +1,6 @@
 #include "support/expect.h"
 #include "support/files.h"
+#include "support/plainrows.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/double.h>
@@ -10,7 +11,6 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -18,11 +18,13 @@ namespace {
 
 using REPORTGENERATOR::Double;
 using REPORTGENERATOR::MeasurementTime;
+using Support::Data;
+using Support::FieldsOf;
 using Support::Lines;
 using Support::NewLogger;
+using Support::NOT_A_NUMBER;
+using Support::NOT_SET;
 using Support::Text;
-
-constexpr double NOT_SET = -111111.11;
 
 // What callers keep references to.
 static_assert(std::is_same_v<decltype(std::declval<const MeasurementTime&>().GetMeasurementMode()),
@@ -35,6 +37,7 @@ static_assert(
 static_assert(sizeof(MeasurementTime::MeasurementModeType) == 4);
 
 constexpr const char* MISSING_MODE = "MeasurementTime: Please set MeasurementMode!";
+constexpr const char* MISSING_VALUE = "MeasurementTimeThe double has not been set! Please use SetValue first";
 constexpr const char* INVALID_MODE = "'MeasurementTime': Invalid MeasurementModeType '-1'.";
 
 constexpr int NO_MODES[] = {-1, 2, 3, 50, -2, 2147483647, -2147483647 - 1};
@@ -44,26 +47,124 @@ MeasurementTime::MeasurementModeType Mode(int number)
     return static_cast<MeasurementTime::MeasurementModeType>(number);
 }
 
-MeasurementTime Of(int mode, double value)
+/// Without a mode when that is -1.
+MeasurementTime Of(int mode, double value, const char* unit = "")
 {
     MeasurementTime time;
-    time.SetMeasurementMode(Mode(mode));
+    if (mode != -1)
+        time.SetMeasurementMode(Mode(mode));
     time.GetMeasurementTime().SetValue(value);
+    time.GetMeasurementTime().SetUnit(Text(unit));
+    return time;
+}
+
+MeasurementTime WithNames(MeasurementTime time, const QStringList& names)
+{
+    time.SetMeasurementModeStringList(names);
     return time;
 }
 
 } // namespace
 
-TEST(MeasurementTime, StartsWithoutModeAndTime)
+// The text of a mode is empty.
+TEST(MeasurementTime, NeedsAModeAndIfItsTimeHasAnyDataItsValue)
 {
-    const MeasurementTime time;
-    EXPECT_EQ(time.GetMeasurementMode(), -1);
-    EXPECT_EQ(time.GetMeasurementTimeValue(), NOT_SET);
-    EXPECT_TEXT(time.GetMeasurementTime().GetName(), "MeasurementTime");
-    EXPECT_FALSE(time.GetMeasurementTime().AnyData());
-    EXPECT_EQ(time.NameToMeasurementModeType(Text("Continuous")), 0);
-    EXPECT_EQ(time.NameToMeasurementModeType(Text("Periodic")), 1);
-    EXPECT_RG_THROW(time.Check(), "RGException", MISSING_MODE);
+    Support::ExpectObjects<MeasurementTime>({
+        {MeasurementTime(), "-1 / - - - ", Data::None, MISSING_MODE, ""},
+        {Of(-1, NOT_SET, "s"), "-1 / - - - s", Data::Some, MISSING_MODE, ""},
+        {Of(-1, 1.0), "-1 / 1 - - ", Data::Some, MISSING_MODE, ""},
+        {Of(0, NOT_SET), "0 / - - - ", Data::Some, nullptr, ""},
+        {Of(1, NOT_SET), "1 / - - - ", Data::Some, nullptr, ""},
+        {Of(1, NOT_SET, "s"), "1 / - - - s", Data::Some, MISSING_VALUE, ""},
+        {Of(0, 0.0), "0 / 0 - - ", Data::Whole, nullptr,
+         "<MeasurementTime><MeasurementTime><DoubleValue>0.000000</DoubleValue></MeasurementTime>"
+         "<MeasurementMode></MeasurementMode></MeasurementTime>"},
+        {Of(1, NOT_A_NUMBER, "s"), "1 / nan - - s", Data::Whole, nullptr,
+         "<MeasurementTime><MeasurementTime Unit=\"s\"><DoubleValue>nan</DoubleValue></MeasurementTime>"
+         "<MeasurementMode></MeasurementMode></MeasurementTime>"},
+    });
+    EXPECT_TEXT(MeasurementTime().GetMeasurementTime().GetName(), "MeasurementTime");
+    EXPECT_EQ(MeasurementTime().GetMeasurementTimeValue(), NOT_SET);
+}
+
+TEST(MeasurementTime, ReadsModeByNameAndTimeInAnyOrder)
+{
+    Support::ExpectReadings(
+        Of(0, 1.0, "s"),
+        {
+            {"", "-1 / - - - ", nullptr, MISSING_MODE},
+            {"<MeasurementMode>Periodic</MeasurementMode>"
+             "<MeasurementTime Unit=\"m\" Maximum=\"9\"><DoubleValue>2.5</DoubleValue></MeasurementTime>",
+             "1 / 2.5 - 9 m"},
+            {"<MeasurementTime><DoubleValue>2.5</DoubleValue></MeasurementTime>"
+             "<MeasurementMode>Continuous</MeasurementMode>",
+             "0 / 2.5 - - "},
+            {"<MeasurementTime><DoubleValue>2</DoubleValue></MeasurementTime>", "-1 / 2 - - ", nullptr,
+             MISSING_MODE},
+            // What it writes itself can't be read back.
+            {"<MeasurementTime><DoubleValue>2.500000</DoubleValue></MeasurementTime>"
+             "<MeasurementMode></MeasurementMode>",
+             "-1 / 2.5 - - ", INVALID_MODE},
+            {"<MeasurementMode>periodic</MeasurementMode>", "-1 / - - - ", INVALID_MODE},
+            {"<MeasurementMode>1</MeasurementMode>", "-1 / - - - ", INVALID_MODE},
+            {"<MeasurementMode>Periodic</MeasurementMode><MeasurementMode>Sometimes</MeasurementMode>",
+             "1 / - - - ", INVALID_MODE},
+            {"<MeasurementMode>Periodic</MeasurementMode><Nonsense/>"
+             "<MeasurementTime><DoubleValue>4</DoubleValue></MeasurementTime>",
+             "1 / - - - ", "Unknown Tag 'Nonsense' in 'MeasurementTime'."},
+            // The time takes the end of a child that it doesn't know for its own end.
+            {"<MeasurementTime><X/><DoubleValue>4</DoubleValue></MeasurementTime>", "-1 / - - - ",
+             "Unknown Tag 'DoubleValue' in 'MeasurementTime'."},
+            {"<MeasurementTime><DoubleValue>4</DoubleValue><X/></MeasurementTime>"
+             "<MeasurementMode>Periodic</MeasurementMode>",
+             "-1 / 4 - - ", nullptr, MISSING_MODE},
+        });
+}
+
+// The logger belongs to the object that was given it; the time has none of its own.
+TEST(MeasurementTime, MalformedTimeIsThrownWithoutALineOfTheHolder)
+{
+    Support::ExpectMalformed(Of(0, 1.0),
+                             {
+                                 {"<MeasurementTime><MeasurementTime><DoubleValue>5", "-1 / - - - ", false},
+                                 {"<MeasurementTime><MeasurementMode>Periodic", "-1 / - - - ", true},
+                             });
+}
+
+TEST(MeasurementTime, ComparesModeTimeAndNames)
+{
+    MeasurementTime named = Of(1, 2.0);
+    named.GetMeasurementTime().SetName(Text("T"));
+    Support::ExpectComparisons<MeasurementTime>({
+        {MeasurementTime(), MeasurementTime(), true},
+        {Of(1, 2.0), named, true},
+        {Of(1, 2.0), WithNames(Of(1, 2.0), Lines({"Continuous", "Periodic"})), true},
+        {Of(1, 2.0), WithNames(Of(1, 2.0), Lines({"Continuous", "periodic"})), false},
+        {Of(1, 2.0), Of(0, 2.0), false},
+        {Of(1, 2.0), Of(1, 3.0), false},
+        {Of(1, 2.0), Of(1, 2.0, "s"), false},
+    });
+    Support::ExpectUnequalToThemselves<MeasurementTime>({Of(1, NOT_A_NUMBER)});
+}
+
+TEST(MeasurementTime, MergeTakesTheTimeAndFailsAtTheMode)
+{
+    MeasurementTime time = Of(0, 1.0);
+    EXPECT_RG_THROW(time.MergeRGObject(Of(1, 2.0)), "RGException", INVALID_MODE);
+    EXPECT_TEXT(FieldsOf(time), "0 / 2 - - ");
+}
+
+TEST(MeasurementTime, CopyTakesTheNames)
+{
+    MeasurementTime source = WithNames(Of(1, 2.0), Lines({"A", "B"}));
+    const MeasurementTime copy(source);
+    MeasurementTime assigned;
+    assigned = source;
+    EXPECT_TRUE(copy == source);
+    EXPECT_TRUE(assigned == source);
+    source.SetMeasurementModeStringList(Lines({"C", "D"}));
+    for (const MeasurementTime& object : {copy, assigned})
+        EXPECT_EQ(object.NameToMeasurementModeType(Text("B")), 1);
 }
 
 TEST(MeasurementTime, ModesAreZeroAndOne)
@@ -165,51 +266,6 @@ TEST(MeasurementTime, TimeIsAssignedWhole)
     EXPECT_TEXT(time.GetMeasurementTime().GetName(), "MeasurementTime");
 }
 
-TEST(MeasurementTime, DataAreModeAndTime)
-{
-    MeasurementTime time;
-    EXPECT_FALSE(time.AnyData());
-    time.GetMeasurementTime().SetUnit(Text("s"));
-    EXPECT_TRUE(time.AnyData()) << "what the time counts";
-    EXPECT_FALSE(time.HasData());
-    time.Reset();
-    time.GetMeasurementTime().SetValue(1.0);
-    EXPECT_TRUE(time.AnyData());
-    EXPECT_FALSE(time.HasData());
-    time.Reset();
-    time.SetMeasurementMode(MeasurementTime::Continuous);
-    EXPECT_TRUE(time.AnyData());
-    EXPECT_FALSE(time.HasData());
-    EXPECT_TRUE(Of(0, 0.0).HasData());
-    EXPECT_TRUE(Of(0, std::numeric_limits<double>::quiet_NaN()).HasData());
-    EXPECT_FALSE(Of(0, NOT_SET).HasData());
-}
-
-TEST(MeasurementTime, CheckAsksForTheModeAndThenTheTimeIfItHasAnyData)
-{
-    MeasurementTime time;
-    time.GetMeasurementTime().SetValue(1.0);
-    EXPECT_RG_THROW(time.Check(), "RGException", MISSING_MODE);
-    EXPECT_NO_RG_THROW(Of(1, NOT_SET).Check());
-    EXPECT_NO_RG_THROW(Of(1, 2.0).Check());
-    MeasurementTime unitOnly = Of(1, NOT_SET);
-    unitOnly.GetMeasurementTime().SetUnit(Text("s"));
-    for (const bool validate : {true, false}) {
-        const auto logger = NewLogger();
-        unitOnly.SetValidate(validate);
-        unitOnly.SetLogger(logger);
-        EXPECT_RG_THROW(unitOnly.Check(), "RGException",
-                        "MeasurementTimeThe double has not been set! Please use SetValue first");
-        EXPECT_TEXT(Support::UnindentedXmlOf(unitOnly), "");
-        EXPECT_LOG(logger, {});
-    }
-}
-
-TEST(MeasurementTime, ModeWithoutTimeWritesNothing)
-{
-    EXPECT_XML(Of(1, NOT_SET), "");
-}
-
 TEST(MeasurementTime, NamesAreReplacedOnlyByTwo)
 {
     MeasurementTime time;
@@ -239,44 +295,14 @@ TEST(MeasurementTime, NameIsFoundExactlyAndFirst)
     EXPECT_EQ(time.NameToMeasurementModeType(Text("Same")), 0);
 }
 
-TEST(MeasurementTime, InvertedTestLeavesTheModesWithoutAName)
-{
-    MeasurementTime time;
-    EXPECT_TEXT(time.MeasurementModeTypeToName(MeasurementTime::Continuous), "");
-    EXPECT_TEXT(time.MeasurementModeTypeToName(MeasurementTime::Periodic), "");
-    time.SetMeasurementModeStringList(Lines({"A", "B"}));
-    EXPECT_TEXT(time.MeasurementModeTypeToName(MeasurementTime::Periodic), "");
-}
-
-TEST(MeasurementTime, NumbersBehindTheListHaveNoNameEither)
+TEST(MeasurementTime, InvertedTestLeavesEveryModeWithoutAName)
 {
     const MeasurementTime time;
     MeasurementTime renamed;
     renamed.SetMeasurementModeStringList(Lines({"A", "B"}));
-    for (const int mode : NO_MODES) {
+    for (const int mode : {0, 1, -1, 2, 3, 50, -2, 2147483647, -2147483647 - 1}) {
         EXPECT_TEXT(time.MeasurementModeTypeToName(Mode(mode)), "") << mode;
         EXPECT_TEXT(renamed.MeasurementModeTypeToName(Mode(mode)), "") << mode;
-    }
-}
-
-TEST(MeasurementTime, WrittenModeCannotBeReadBack)
-{
-    const QString xml = Of(1, 2.5).GetXmlString();
-    EXPECT_TEXT(xml, "\n<MeasurementTime>"
-                     "\n    <MeasurementTime>"
-                     "\n        <DoubleValue>2.500000</DoubleValue>"
-                     "\n    </MeasurementTime>"
-                     "\n    <MeasurementMode></MeasurementMode>"
-                     "\n</MeasurementTime>");
-    for (const bool validate : {true, false}) {
-        const auto logger = NewLogger();
-        MeasurementTime time = Of(0, 1.0);
-        time.SetValidate(validate);
-        time.SetLogger(logger);
-        EXPECT_RG_THROW(time.SetXmlString(xml, true), "RGException", INVALID_MODE);
-        EXPECT_LOG(logger, {"INFO: MeasurementTime: Loading xml string."});
-        EXPECT_EQ(time.GetMeasurementMode(), -1);
-        EXPECT_EQ(time.GetMeasurementTimeValue(), 2.5) << "read before";
     }
 }
 
@@ -288,89 +314,6 @@ TEST(MeasurementTime, EmptyNameOfAModeMakesItReadable)
     EXPECT_EQ(time.GetMeasurementMode(), 1);
 }
 
-TEST(MeasurementTime, ReadsModeByNameAndTimeInAnyOrder)
-{
-    MeasurementTime time;
-    EXPECT_NO_RG_THROW(
-        time.SetXmlString(Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode>"
-                               "<MeasurementTime Unit=\"s\" Maximum=\"9\"><DoubleValue>2.5</DoubleValue>"
-                               "</MeasurementTime></MeasurementTime>"),
-                          true));
-    EXPECT_EQ(time.GetMeasurementMode(), 1);
-    EXPECT_EQ(time.GetMeasurementTimeValue(), 2.5);
-    EXPECT_EQ(time.GetMeasurementTime().GetMaximum(), 9.0);
-    EXPECT_TEXT(time.GetMeasurementTime().GetUnit(), "s");
-}
-
-TEST(MeasurementTime, UnknownNameOfAModeThrows)
-{
-    for (const char* name : {"periodic", "1", "", "Sometimes"}) {
-        MeasurementTime time;
-        EXPECT_RG_THROW(time.SetXmlString(Text("<MeasurementTime><MeasurementMode>") + Text(name) +
-                                              Text("</MeasurementMode></MeasurementTime>"),
-                                          true),
-                        "RGException", INVALID_MODE);
-    }
-}
-
-TEST(MeasurementTime, LoadedTimeWithoutModeIsRefusedOnlyWhenValidating)
-{
-    const QString xml = Text("<MeasurementTime><MeasurementTime><DoubleValue>2</DoubleValue>"
-                             "</MeasurementTime></MeasurementTime>");
-    MeasurementTime time = Of(1, 1.0);
-    EXPECT_RG_THROW(time.SetXmlString(xml, true), "RGException", MISSING_MODE);
-    time.SetValidate(false);
-    EXPECT_TRUE(time.SetXmlString(xml, true));
-    EXPECT_EQ(time.GetMeasurementTimeValue(), 2.0);
-}
-
-TEST(MeasurementTime, ComparesModeTimeAndNames)
-{
-    EXPECT_TRUE(MeasurementTime() == MeasurementTime());
-    EXPECT_TRUE(Of(1, 2.0) == Of(1, 2.0));
-    EXPECT_FALSE(Of(1, 2.0) != Of(1, 2.0));
-    EXPECT_FALSE(Of(1, 2.0) == Of(0, 2.0));
-    EXPECT_TRUE(Of(1, 2.0) != Of(0, 2.0));
-    EXPECT_FALSE(Of(1, 2.0) == Of(1, 3.0));
-    MeasurementTime inSeconds = Of(1, 2.0);
-    inSeconds.GetMeasurementTime().SetUnit(Text("s"));
-    EXPECT_FALSE(inSeconds == Of(1, 2.0));
-
-    MeasurementTime other = Of(1, 2.0);
-    other.GetMeasurementTime().SetName(Text("T"));
-    other.SetValidate(false);
-    EXPECT_TRUE(other == Of(1, 2.0)) << "the time's name and the base don't count";
-    other.SetMeasurementModeStringList(Lines({"Continuous", "periodic"}));
-    EXPECT_FALSE(other == Of(1, 2.0));
-    EXPECT_TRUE(other != Of(1, 2.0));
-    other.SetMeasurementModeStringList(Lines({"Continuous", "Periodic"}));
-    EXPECT_TRUE(other == Of(1, 2.0));
-
-    const MeasurementTime nan = Of(1, std::numeric_limits<double>::quiet_NaN());
-    EXPECT_FALSE(nan == nan);
-    EXPECT_TRUE(nan != nan);
-}
-
-TEST(MeasurementTime, CopyTakesNamesModeAndTime)
-{
-    MeasurementTime source = Of(1, 2.0);
-    source.SetMeasurementModeStringList(Lines({"A", "B"}));
-    source.GetMeasurementTime().SetUnit(Text("s"));
-    const MeasurementTime copy(source);
-    MeasurementTime assigned;
-    assigned = source;
-    EXPECT_TRUE(copy == source);
-    EXPECT_TRUE(assigned == source);
-    source.Reset();
-    source.SetMeasurementModeStringList(Lines({"C", "D"}));
-    for (const MeasurementTime& object : {copy, assigned}) {
-        EXPECT_EQ(object.NameToMeasurementModeType(Text("B")), 1);
-        EXPECT_EQ(object.GetMeasurementMode(), 1);
-        EXPECT_EQ(object.GetMeasurementTimeValue(), 2.0);
-        EXPECT_TEXT(object.GetMeasurementTime().GetUnit(), "s");
-    }
-}
-
 TEST(MeasurementTime, PassesNoSettingsToItsTime)
 {
     const MeasurementTime time = Of(1, 2.0);
@@ -379,14 +322,6 @@ TEST(MeasurementTime, PassesNoSettingsToItsTime)
     EXPECT_FALSE(time.GetXmlString().isEmpty());
     EXPECT_EQ(time.GetMeasurementTime().GetLogger(), nullptr);
     EXPECT_TRUE(time.GetMeasurementTime().GetValidate());
-}
-
-TEST(MeasurementTime, MergeTakesTheTimeAndFailsAtTheMode)
-{
-    MeasurementTime time = Of(0, 1.0);
-    EXPECT_RG_THROW(time.MergeRGObject(Of(1, 2.0)), "RGException", INVALID_MODE);
-    EXPECT_EQ(time.GetMeasurementTimeValue(), 2.0);
-    EXPECT_EQ(time.GetMeasurementMode(), 0);
 }
 
 TEST(MeasurementTime, SavedFileCannotBeLoadedAgain)
@@ -406,20 +341,6 @@ TEST(MeasurementTime, SavedFileCannotBeLoadedAgain)
     }
 }
 
-TEST(MeasurementTime, FileWithTheNameOfAModeIsLoaded)
-{
-    const Support::TemporaryFolder folder;
-    const QString path =
-        folder.Write("time.xml", "<MeasurementTime><MeasurementMode>Continuous</MeasurementMode>"
-                                 "<MeasurementTime><DoubleValue>2.5</DoubleValue>"
-                                 "</MeasurementTime></MeasurementTime>");
-    MeasurementTime time;
-    bool found = false;
-    EXPECT_NO_RG_THROW(found = time.LoadXml(path));
-    EXPECT_TRUE(found);
-    EXPECT_TRUE(time == Of(0, 2.5));
-}
-
 TEST(MeasurementTime, ChildNamedMeasurementModeIsTheModeWhateverTheTimeIsNamed)
 {
     MeasurementTime time = Of(0, 1.0);
@@ -428,64 +349,4 @@ TEST(MeasurementTime, ChildNamedMeasurementModeIsTheModeWhateverTheTimeIsNamed)
         time, Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode></MeasurementTime>"));
     EXPECT_EQ(time.GetMeasurementMode(), 1);
     EXPECT_EQ(time.GetMeasurementTimeValue(), 1.0);
-}
-
-TEST(MeasurementTime, RefusedNameOfAModeKeepsTheModeReadBefore)
-{
-    MeasurementTime time;
-    EXPECT_RG_THROW(time.SetXmlString(Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode>"
-                                           "<MeasurementMode>Sometimes</MeasurementMode></MeasurementTime>"),
-                                      true),
-                    "RGException", INVALID_MODE);
-    EXPECT_EQ(time.GetMeasurementMode(), 1);
-}
-
-TEST(MeasurementTime, ChildrenBeforeAnUnknownOneAreKept)
-{
-    MeasurementTime time = Of(0, 1.0);
-    EXPECT_RG_THROW(
-        time.SetXmlString(Text("<MeasurementTime><MeasurementMode>Periodic</MeasurementMode><Nonsense/>"
-                               "<MeasurementTime><DoubleValue>4</DoubleValue></MeasurementTime>"
-                               "</MeasurementTime>"),
-                          true),
-        "RGException", "Unknown Tag 'Nonsense' in 'MeasurementTime'.");
-    EXPECT_EQ(time.GetMeasurementMode(), 1);
-    EXPECT_EQ(time.GetMeasurementTimeValue(), NOT_SET);
-}
-
-// The time takes the end of a child that it doesn't know for its own end.
-TEST(MeasurementTime, UnknownChildOfTheTimeEndsTheTime)
-{
-    MeasurementTime time;
-    EXPECT_RG_THROW(
-        time.SetXmlString(Text("<MeasurementTime><MeasurementTime><X/><DoubleValue>4</DoubleValue>"
-                               "</MeasurementTime></MeasurementTime>"),
-                          true),
-        "RGException", "Unknown Tag 'DoubleValue' in 'MeasurementTime'.");
-
-    const QString xml = Text("<MeasurementTime><MeasurementTime><DoubleValue>4</DoubleValue><X/>"
-                             "</MeasurementTime><MeasurementMode>Periodic</MeasurementMode>"
-                             "</MeasurementTime>");
-    EXPECT_RG_THROW(time.SetXmlString(xml, true), "RGException", MISSING_MODE);
-    time.SetValidate(false);
-    EXPECT_TRUE(time.SetXmlString(xml, true));
-    EXPECT_EQ(time.GetMeasurementTimeValue(), 4.0);
-    EXPECT_EQ(time.GetMeasurementMode(), -1) << "the time's own end ended the object";
-}
-
-// The logger belongs to the object that was given it; the time has none of its own.
-TEST(MeasurementTime, MalformedTimeIsThrownWithoutALineOfTheHolder)
-{
-    const QString inTime = Text("<MeasurementTime><MeasurementTime><DoubleValue>5");
-    const QString inMode = Text("<MeasurementTime><MeasurementMode>Periodic");
-    const auto logger = NewLogger();
-    MeasurementTime time = Of(0, 1.0);
-    time.SetLogger(logger);
-    EXPECT_RG_THROW(time.SetXmlString(inTime, true), "RGException", Support::XmlErrorOf(inTime));
-    EXPECT_LOG(logger, {"INFO: MeasurementTime: Loading xml string."});
-    logger->Reset(true);
-    EXPECT_RG_THROW(time.SetXmlString(inMode, true), "RGException", Support::XmlErrorOf(inMode));
-    EXPECT_LOG(logger, (QStringList{Text("INFO: MeasurementTime: Loading xml string."),
-                                    Text("FATAL ERROR: RGException: ") + Support::XmlErrorOf(inMode)}));
-    EXPECT_TRUE(time == MeasurementTime());
 }

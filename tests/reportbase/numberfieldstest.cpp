@@ -106,7 +106,8 @@ class FreeNumberFields : public ::testing::Test
 {
 };
 
-using FreeClasses = ::testing::Types<Frequency, IFBandwidth, Ellipse, FrequencyRangeOld, ScanParameter>;
+using FreeClasses =
+    ::testing::Types<Frequency, IFBandwidth, Ellipse, FrequencyRangeOld, ScanParameter, ValueMinMax>;
 TYPED_TEST_SUITE(FreeNumberFields, FreeClasses, ClassNames);
 
 } // namespace
@@ -341,11 +342,6 @@ std::vector<double> ReadNumbers(const T& object)
 std::vector<double> ReadNumbers(const ChannelSpacing& spacing)
 {
     return {spacing.GetValues().begin(), spacing.GetValues().end()};
-}
-
-std::vector<double> ReadNumbers(const ValueMinMax& value)
-{
-    return {value.GetValue(), value.GetMin(), value.GetMax()};
 }
 
 template <class T>

@@ -1,4 +1,5 @@
 #include "support/expect.h"
+#include "support/plainrows.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/irgobject.h>
@@ -12,88 +13,72 @@
 #include <QtCore/QXmlStreamReader>
 
 #include <cmath>
-#include <limits>
 #include <type_traits>
 
 namespace {
 
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ValueMinMax;
+using Support::Data;
+using Support::FieldsOf;
+using Support::INFINITE;
 using Support::NewLogger;
+using Support::NextToUnset;
+using Support::NOT_A_NUMBER;
+using Support::NOT_SET;
 using Support::Text;
 
 // A number is no value range by itself.
 static_assert(std::is_constructible_v<ValueMinMax, double>);
 static_assert(!std::is_convertible_v<double, ValueMinMax>);
 
-constexpr double NOT_SET = -111111.11;
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr const char* NO_NAME = "ValueMinMax: Please set object name!";
 
-ValueMinMax Named(const char* name, double value = NOT_SET)
+ValueMinMax Of(const char* name, double value, double min = NOT_SET, double max = NOT_SET)
 {
     ValueMinMax object(value);
     object.SetName(Text(name));
+    object.SetMin(min);
+    object.SetMax(max);
     return object;
-}
-
-/// Has the object read the root element, as its holders do. Returns the name of what the reader stands on.
-QString ReadValues(ValueMinMax& object, const QString& xml)
-{
-    QXmlStreamReader reader(xml);
-    EXPECT_TRUE(reader.readNextStartElement());
-    object.ReadValuesFromXml(reader);
-    EXPECT_TRUE(reader.isEndElement());
-    return reader.name().toString();
 }
 
 } // namespace
 
 // --- Fields ------------------------------------------------------------------------------------------------
 
-TEST(ValueMinMax, StartsWithoutNameAndNumbers)
+TEST(ValueMinMax, OnlyTheValueIsDataAndOnlyTheNameIsAskedFor)
 {
-    const ValueMinMax object;
-    EXPECT_TEXT(object.GetName(), "");
-    EXPECT_TEXT(object.GetObjectName(), "AnyType");
-    EXPECT_EQ(object.GetValue(), NOT_SET);
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_EQ(object.GetMax(), NOT_SET);
+    Support::ExpectObjects<ValueMinMax>({
+        {ValueMinMax(), ": - - -", Data::None, NO_NAME, ""},
+        {ValueMinMax(2.5), ": 2.5 - -", Data::Whole, NO_NAME, ""},
+        {Of("", 1.0), ": 1 - -", Data::Whole, NO_NAME, ""},
+        {Of("N", NOT_SET), "N: - - -", Data::None, nullptr, ""},
+        {Of("N", NOT_SET, 1.0, 2.0), "N: - 1 2", Data::None, nullptr, ""},
+        {Of("N", NextToUnset()), "N: ~ - -", Data::Whole, nullptr, "<N>-111111.11</N>"},
+        {Of("N", 5.0, 10.0, 1.0), "N: 5 10 1", Data::Whole, nullptr,
+         "<N Min=\"10.00\" Max=\"1.00\">5.00</N>"},
+        {Of("Frequency", 2.0, 1.0), "Frequency: 2 1 -", Data::Whole, nullptr,
+         "<Frequency Min=\"1.00\">2.00</Frequency>"},
+        {Of("N", 2.0, NOT_SET, 3.0), "N: 2 - 3", Data::Whole, nullptr, "<N Max=\"3.00\">2.00</N>"},
+        {Of("N", 1.005), "N: 1.005 - -", Data::Whole, nullptr, "<N>1.00</N>"},
+        {Of("N", 0.125), "N: 0.125 - -", Data::Whole, nullptr, "<N>0.13</N>"},
+        {Of("N", -0.0, -0.125, NOT_A_NUMBER), "N: 0 -0.125 nan", Data::Whole, nullptr,
+         "<N Min=\"-0.13\" Max=\"nan\">0.00</N>"},
+        {Of("N", -0.001), "N: -0.001 - -", Data::Whole, nullptr, "<N>-0.00</N>"},
+        {Of("N", 121500000.0), "N: 121500000 - -", Data::Whole, nullptr, "<N>121500000.00</N>"},
+        {Of("N", 1e22), "N: 1e+22 - -", Data::Whole, nullptr, "<N>10000000000000000000000.00</N>"},
+        {Of("N", NOT_A_NUMBER), "N: nan - -", Data::Whole, nullptr, "<N>nan</N>"},
+        {Of("N", INFINITE, -INFINITE), "N: inf -inf -", Data::Whole, nullptr, "<N Min=\"-inf\">inf</N>"},
+    });
+    EXPECT_NO_RG_THROW(Of(" ", 1.0).Check());
 }
 
-TEST(ValueMinMax, ConstructorTakesTheValueOnly)
+TEST(ValueMinMax, ResetKeepsTheName)
 {
-    const ValueMinMax object(2.5);
-    EXPECT_TEXT(object.GetName(), "");
-    EXPECT_EQ(object.GetValue(), 2.5);
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_EQ(object.GetMax(), NOT_SET);
-    EXPECT_TRUE(object.HasData());
-}
-
-TEST(ValueMinMax, SettersStoreAnyNumberInTheirOwnField)
-{
-    for (const double number : {0.0, -1.0, 1e300, INFINITE, -INFINITE, NOT_SET}) {
-        ValueMinMax object;
-        object.SetValue(number);
-        object.SetMin(10.0);
-        object.SetMax(-10.0);
-        EXPECT_EQ(object.GetValue(), number);
-        object.SetValue(1.0);
-        object.SetMin(number);
-        EXPECT_EQ(object.GetMin(), number);
-        object.SetMax(number);
-        EXPECT_EQ(object.GetMax(), number);
-        EXPECT_EQ(object.GetValue(), 1.0);
-    }
-}
-
-TEST(ValueMinMax, NameIsNotTheObjectName)
-{
-    ValueMinMax object;
-    object.SetName(Text("N"));
-    EXPECT_TEXT(object.GetName(), "N");
-    EXPECT_TEXT(object.GetObjectName(), "AnyType");
+    ValueMinMax object = Of("N", 2.0, 1.0, 3.0);
+    object.Reset();
+    EXPECT_TEXT(FieldsOf(object), "N: - - -");
 }
 
 TEST(ValueMinMax, OnlyTheNumberForNotSetIsInvalid)
@@ -101,7 +86,7 @@ TEST(ValueMinMax, OnlyTheNumberForNotSetIsInvalid)
     ValueMinMax object;
     EXPECT_FALSE(object.IsValid(NOT_SET));
     EXPECT_TRUE(object.IsValid(NOT_A_NUMBER));
-    EXPECT_TRUE(object.IsValid(std::nextafter(NOT_SET, 0.0)));
+    EXPECT_TRUE(object.IsValid(NextToUnset()));
     EXPECT_TRUE(object.IsValid(std::nextafter(NOT_SET, -INFINITE)));
     EXPECT_TRUE(object.IsValid(-111111.0));
     EXPECT_TRUE(object.IsValid(0.0));
@@ -109,12 +94,8 @@ TEST(ValueMinMax, OnlyTheNumberForNotSetIsInvalid)
     const IRGObject& base = object;
     EXPECT_FALSE(base.IsValid(NOT_SET));
     EXPECT_TRUE(base.IsValid(0.0));
-}
 
-TEST(ValueMinMax, ValidityOfADoubleHidesTheBasesOperation)
-{
     bool (ValueMinMax::*own)(double) = &ValueMinMax::IsValid;
-    ValueMinMax object;
     EXPECT_FALSE((object.*own)(NOT_SET));
     EXPECT_TRUE((object.*own)(1.0));
 }
@@ -138,232 +119,59 @@ TEST(ValueMinMax, ValidityOfTheOtherTypesIsThatOfTheBase)
     EXPECT_TRUE(constant.IsValid(1.0));
 }
 
-TEST(ValueMinMax, OnlyTheValueCountsAsData)
-{
-    ValueMinMax object;
-    object.SetMin(1.0);
-    object.SetMax(2.0);
-    EXPECT_FALSE(object.HasData());
-    EXPECT_FALSE(object.AnyData());
-    object.SetValue(0.0);
-    EXPECT_TRUE(object.HasData());
-    EXPECT_TRUE(object.AnyData());
-    object.SetValue(NOT_SET);
-    EXPECT_FALSE(object.HasData());
-    EXPECT_FALSE(object.AnyData());
-    object.SetValue(NOT_A_NUMBER);
-    EXPECT_TRUE(object.HasData());
-}
-
-TEST(ValueMinMax, ResetKeepsTheName)
-{
-    ValueMinMax object = Named("N", 2.0);
-    object.SetMin(1.0);
-    object.SetMax(3.0);
-    object.Reset();
-    EXPECT_TEXT(object.GetName(), "N");
-    EXPECT_EQ(object.GetValue(), NOT_SET);
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_EQ(object.GetMax(), NOT_SET);
-}
-
-TEST(ValueMinMax, CheckAsksForTheNameOnly)
-{
-    EXPECT_RG_THROW(ValueMinMax().Check(), "RGException", "ValueMinMax: Please set object name!");
-    EXPECT_RG_THROW(ValueMinMax(1.0).Check(), "RGException", "ValueMinMax: Please set object name!");
-    EXPECT_RG_THROW(Named("", 1.0).Check(), "RGException", "ValueMinMax: Please set object name!");
-    EXPECT_NO_RG_THROW(Named("N").Check());
-    EXPECT_NO_RG_THROW(Named(" ", NOT_A_NUMBER).Check());
-
-    ValueMinMax inverted = Named("N", 5.0);
-    inverted.SetMin(10.0);
-    inverted.SetMax(1.0);
-    EXPECT_NO_RG_THROW(inverted.Check());
-}
-
 TEST(ValueMinMax, ComparesNameValueAndBounds)
 {
-    const ValueMinMax object = Named("N", 2.0);
-    EXPECT_TRUE(object == Named("N", 2.0));
-    EXPECT_FALSE(object != Named("N", 2.0));
-    EXPECT_FALSE(object == Named("M", 2.0));
-    EXPECT_TRUE(object != Named("M", 2.0));
-    EXPECT_FALSE(object == Named("N", std::nextafter(2.0, 3.0)));
-
-    ValueMinMax other = object;
-    other.SetMin(1.0);
-    EXPECT_FALSE(object == other);
-    EXPECT_TRUE(object != other);
-    other = object;
-    other.SetMax(1.0);
-    EXPECT_FALSE(object == other);
-
-    other = object;
-    other.SetValidate(false);
-    EXPECT_TRUE(object == other);
-}
-
-TEST(ValueMinMax, NullAndEmptyNameAreEqual)
-{
-    ValueMinMax empty;
-    empty.SetName(QLatin1String(""));
-    EXPECT_TRUE(empty == ValueMinMax());
-}
-
-TEST(ValueMinMax, ComparisonIsThatOfTheNumbersThemselves)
-{
-    EXPECT_TRUE(ValueMinMax(0.0) == ValueMinMax(-0.0));
-    const ValueMinMax nan(NOT_A_NUMBER);
-    EXPECT_FALSE(nan == nan);
-    EXPECT_TRUE(nan != nan);
-    ValueMinMax nanBound(1.0);
-    nanBound.SetMin(NOT_A_NUMBER);
-    const ValueMinMax copy = nanBound;
-    EXPECT_FALSE(nanBound == copy);
-    EXPECT_TRUE(nanBound != copy);
-}
-
-// --- Writing -----------------------------------------------------------------------------------------------
-
-TEST(ValueMinMax, WritesTheValueAloneWithoutAttributes)
-{
-    EXPECT_XML(Named("N", 1.005), "\n<N>1.00</N>");
-}
-
-TEST(ValueMinMax, WritesEachBoundOnlyWhenItIsSet)
-{
-    ValueMinMax object = Named("Frequency", 2.0);
-    object.SetMin(1.0);
-    EXPECT_XML(object, "\n<Frequency Min=\"1.00\">2.00</Frequency>");
-    object.SetMax(3.0);
-    EXPECT_XML(object, "\n<Frequency Min=\"1.00\" Max=\"3.00\">2.00</Frequency>");
-    object.SetMin(NOT_SET);
-    EXPECT_XML(object, "\n<Frequency Max=\"3.00\">2.00</Frequency>");
-}
-
-TEST(ValueMinMax, WritesTwoDecimalsRoundedHalfAwayFromZero)
-{
-    EXPECT_XML(Named("N", 0.125), "\n<N>0.13</N>");
-    EXPECT_XML(Named("N", -0.125), "\n<N>-0.13</N>");
-    EXPECT_XML(Named("N", 121500000.0), "\n<N>121500000.00</N>");
-    EXPECT_XML(Named("N", 1e22), "\n<N>10000000000000000000000.00</N>");
-    EXPECT_XML(Named("N", -0.0), "\n<N>0.00</N>");
-    EXPECT_XML(Named("N", -0.001), "\n<N>-0.00</N>");
-    EXPECT_XML(Named("N", NOT_A_NUMBER), "\n<N>nan</N>");
-    EXPECT_XML(Named("N", INFINITE), "\n<N>inf</N>");
-    EXPECT_XML(Named("N", -INFINITE), "\n<N>-inf</N>");
-
-    ValueMinMax bounds = Named("N", 0.0);
-    bounds.SetMin(-0.125);
-    bounds.SetMax(NOT_A_NUMBER);
-    EXPECT_XML(bounds, "\n<N Min=\"-0.13\" Max=\"nan\">0.00</N>");
-}
-
-TEST(ValueMinMax, WritesNothingWithoutNameOrValue)
-{
-    EXPECT_TEXT(Support::UnindentedXmlOf(ValueMinMax(1.0)), "");
-    ValueMinMax boundsOnly = Named("N");
-    boundsOnly.SetMin(1.0);
-    boundsOnly.SetMax(2.0);
-    EXPECT_TEXT(Support::UnindentedXmlOf(boundsOnly), "");
-    EXPECT_XML(boundsOnly, "");
-}
-
-TEST(ValueMinMax, NamelessValueIsRefusedOnlyWhenValidating)
-{
-    const ValueMinMax object(1.0);
-    EXPECT_RG_THROW(object.GetXmlString(), "RGException", "ValueMinMax: Please set object name!");
-    object.SetValidate(false);
-    EXPECT_XML(object, "");
+    ValueMinMax emptyName;
+    emptyName.SetName(QLatin1String(""));
+    Support::ExpectComparisons<ValueMinMax>({
+        {Of("N", 2.0), Of("N", 2.0), true},
+        {Of("N", 0.0), Of("N", -0.0), true},
+        {emptyName, ValueMinMax(), true},
+        {Of("N", 2.0), Of("M", 2.0), false},
+        {Of("N", 2.0), Of("N", std::nextafter(2.0, 3.0)), false},
+        {Of("N", 2.0), Of("N", 2.0, 1.0), false},
+        {Of("N", 2.0), Of("N", 2.0, NOT_SET, 1.0), false},
+    });
+    Support::ExpectUnequalToThemselves<ValueMinMax>(
+        {Of("N", NOT_A_NUMBER), Of("N", 1.0, NOT_A_NUMBER), Of("N", 1.0, 2.0, NOT_A_NUMBER)});
 }
 
 // --- Reading -----------------------------------------------------------------------------------------------
 
-TEST(ValueMinMax, ReadsValueAndBoundsAndConsumesItsElement)
+/// Its holder hands it the element, whatever that is named.
+TEST(ValueMinMax, ReadsValueAndBoundsWithoutACheckOrALineAndConsumesItsElement)
 {
-    ValueMinMax object = Named("N");
-    EXPECT_TEXT(ReadValues(object, Text("<X Max=\"3.5\" Min=\"1.25\">2.75</X>")), "X");
-    EXPECT_TEXT(object.GetName(), "N");
-    EXPECT_EQ(object.GetValue(), 2.75);
-    EXPECT_EQ(object.GetMin(), 1.25);
-    EXPECT_EQ(object.GetMax(), 3.5);
-}
-
-TEST(ValueMinMax, MissingAttributesUnsetTheirBounds)
-{
-    ValueMinMax object = Named("N", 2.0);
-    object.SetMin(1.0);
-    object.SetMax(3.0);
-    ReadValues(object, Text("<N Max=\"4\">2</N>"));
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_EQ(object.GetMax(), 4.0);
-    ReadValues(object, Text("<N Min=\"1\">2</N>"));
-    EXPECT_EQ(object.GetMin(), 1.0);
-    EXPECT_EQ(object.GetMax(), NOT_SET);
-}
-
-TEST(ValueMinMax, AttributesAreToldApartByCase)
-{
-    ValueMinMax object;
-    ReadValues(object, Text("<N min=\"1\" MAX=\"2\" Minimum=\"3\">4</N>"));
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_EQ(object.GetMax(), NOT_SET);
-    EXPECT_EQ(object.GetValue(), 4.0);
-}
-
-TEST(ValueMinMax, ElementWithoutTextSetsTheValueToZero)
-{
-    for (const char* xml : {"<N/>", "<N></N>", "<N> </N>"}) {
-        ValueMinMax object;
-        ReadValues(object, Text(xml));
-        EXPECT_EQ(object.GetValue(), 0.0) << xml;
-        EXPECT_TRUE(object.HasData()) << xml;
+    struct Row
+    {
+        const char* xml;
+        const char* fields;
+    };
+    const Row rows[] = {
+        {"<X Max=\"3.5\" Min=\"1.25\">2.75</X>", "N: 2.75 1.25 3.5"},
+        {"<X Min=\"9\" Max=\"1\">5</X>", "N: 5 9 1"},
+        {"<X Max=\"4\">2</X>", "N: 2 - 4"},
+        {"<X Min=\"1\">2</X>", "N: 2 1 -"},
+        {"<X min=\"1\" MAX=\"2\" Minimum=\"3\">4</X>", "N: 4 - -"},
+        {"<X/>", "N: 0 - -"},
+        {"<X></X>", "N: 0 - -"},
+        {"<X> </X>", "N: 0 - -"},
+        {"<X Min=\"\" Max=\"\">1</X>", "N: 1 0 0"},
+        {"<X Min=\"-111111.11\">-111111.11</X>", "N: - - -"},
+        {"<X>12<!-- -->34</X>", "N: 34 - -"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.xml);
+        const auto logger = NewLogger();
+        ValueMinMax object = Of("N", 7.0, 8.0, 9.0);
+        object.SetLogger(logger);
+        QXmlStreamReader reader(Text(row.xml));
+        EXPECT_TRUE(reader.readNextStartElement());
+        EXPECT_NO_RG_THROW(object.ReadValuesFromXml(reader));
+        EXPECT_TRUE(reader.isEndElement());
+        EXPECT_TEXT(reader.name().toString(), "X");
+        EXPECT_TEXT(FieldsOf(object), row.fields);
+        EXPECT_LOG(logger, {});
     }
-}
-
-TEST(ValueMinMax, EmptyAttributeIsZeroAndNotUnset)
-{
-    ValueMinMax object;
-    ReadValues(object, Text("<N Min=\"\" Max=\"\">1</N>"));
-    EXPECT_EQ(object.GetMin(), 0.0);
-    EXPECT_EQ(object.GetMax(), 0.0);
-}
-
-TEST(ValueMinMax, ReadNumberForNotSetCountsAsUnset)
-{
-    ValueMinMax object;
-    ReadValues(object, Text("<N Min=\"-111111.11\">-111111.11</N>"));
-    EXPECT_FALSE(object.HasData());
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-}
-
-TEST(ValueMinMax, ValueInPiecesIsItsLastPiece)
-{
-    ValueMinMax object;
-    ReadValues(object, Text("<N>12<!-- -->34</N>"));
-    EXPECT_EQ(object.GetValue(), 34.0);
-}
-
-TEST(ValueMinMax, OwnElementIsNotReadByTheCommonFrame)
-{
-    ValueMinMax object = Named("N", 1.0);
-    object.SetMin(0.5);
-    EXPECT_FALSE(object.SetXmlString(Text("<N>5</N>"), true));
-    EXPECT_EQ(object.GetValue(), 1.0);
-
-    EXPECT_TRUE(object.SetXmlString(Text("<AnyType Min=\"3\">5</AnyType>"), true));
-    EXPECT_FALSE(object.HasData()) << "reset, and no child was read";
-    EXPECT_EQ(object.GetMin(), NOT_SET);
-    EXPECT_TEXT(object.GetName(), "N");
-}
-
-TEST(ValueMinMax, MergeFindsNoElementOfTheObjectName)
-{
-    ValueMinMax object = Named("N", 1.0);
-    EXPECT_FALSE(object.MergeRGObject(Named("N", 2.0)));
-    EXPECT_EQ(object.GetValue(), 1.0);
-    EXPECT_TRUE(object.MergeRGObject(Named("AnyType", 2.0))) << "found, but the frame reads children only";
-    EXPECT_EQ(object.GetValue(), 1.0);
 }
 
 TEST(ValueMinMax, MalformedElementIsReportedAndLeavesTheValue)
@@ -373,8 +181,7 @@ TEST(ValueMinMax, MalformedElementIsReportedAndLeavesTheValue)
     ASSERT_FALSE(error.isEmpty());
     for (const bool logging : {true, false}) {
         const auto logger = NewLogger();
-        ValueMinMax object = Named("N", 1.0);
-        object.SetMin(0.5);
+        ValueMinMax object = Of("N", 1.0, 0.5);
         if (logging)
             object.SetLogger(logger);
         QXmlStreamReader reader(xml);
@@ -382,19 +189,18 @@ TEST(ValueMinMax, MalformedElementIsReportedAndLeavesTheValue)
         EXPECT_RG_THROW(object.ReadValuesFromXml(reader), "RGException", error);
         EXPECT_LOG(logger,
                    (logging ? QStringList{Text("FATAL ERROR: RGException: ") + error} : QStringList()));
-        EXPECT_EQ(object.GetValue(), 1.0);
-        EXPECT_EQ(object.GetMin(), 3.0) << "the attributes were complete";
-        EXPECT_EQ(object.GetMax(), 4.0);
+        EXPECT_TEXT(FieldsOf(object), "N: 1 3 4") << "the attributes were complete";
     }
 }
 
-TEST(ValueMinMax, ReadingTracesNothingAndChecksNothing)
+TEST(ValueMinMax, OwnElementIsNotReadByTheCommonFrame)
 {
-    const auto logger = NewLogger();
-    ValueMinMax nameless;
-    nameless.SetLogger(logger);
-    EXPECT_NO_RG_THROW(ReadValues(nameless, Text("<N Min=\"9\" Max=\"1\">5</N>")));
-    EXPECT_EQ(nameless.GetValue(), 5.0);
-    EXPECT_TEXT(nameless.GetName(), "");
-    EXPECT_LOG(logger, {});
+    ValueMinMax object = Of("N", 1.0, 0.5);
+    EXPECT_FALSE(object.SetXmlString(Text("<N>5</N>"), true));
+    EXPECT_FALSE(object.MergeRGObject(Of("N", 2.0)));
+    EXPECT_TRUE(object.MergeRGObject(Of("AnyType", 2.0))) << "found, but the frame reads children only";
+    EXPECT_TEXT(FieldsOf(object), "N: 1 0.5 -");
+
+    EXPECT_TRUE(object.SetXmlString(Text("<AnyType Min=\"3\">5</AnyType>"), true));
+    EXPECT_TEXT(FieldsOf(object), "N: - - -") << "reset, and no child was read";
 }

@@ -17,6 +17,7 @@
 #include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/frequencyrangeold.h>
 #include <reportgenerator/reportbase/scanparameter.h>
+#include <reportgenerator/reportbase/valueminmax.h>
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,17 @@ inline std::vector<NumberField<REPORTGENERATOR::ScanParameter>> NumberFieldsOf()
         {"step", &T::GetStepFrequency, &T::SetStepFrequency},
         {"dwell time", &T::GetDwellTime, &T::SetDwellTime},
         {"hold time", &T::GetHoldTime, &T::SetHoldTime},
+    };
+}
+
+template <>
+inline std::vector<NumberField<REPORTGENERATOR::ValueMinMax>> NumberFieldsOf()
+{
+    using T = REPORTGENERATOR::ValueMinMax;
+    return {
+        {"value", &T::GetValue, &T::SetValue},
+        {"min", &T::GetMin, &T::SetMin},
+        {"max", &T::GetMax, &T::SetMax},
     };
 }
 
