@@ -106,6 +106,8 @@ struct Lookup
     Known known; ///< every other text gives -1
 };
 
+// A sub-sensor stands at its place among the sensor nodes, which go on behind the sub-sensors; device data may also
+// use names with a colon, and their PM is no PMCW.
 const Lookup LOOKUPS[] = {
     {"NameToMeasurementType", Measurement<MeasurementType::NameToMeasurementType>,
      Numbered(MEASUREMENT_NAMES)},
@@ -134,11 +136,14 @@ std::vector<int> Numbers()
     return Support::NumbersAround({std::numeric_limits<int>::min() + 7});
 }
 
-/// Every spelling that any of the lists holds, and texts that differ little from one.
+/// Every spelling that any of the lists holds, texts that differ little from one, and others that are none.
 std::vector<QString> Texts()
 {
     const Names lastSensorNodes = {"FMNEG", "PMCW"};
-    std::vector<QString> texts;
+    std::vector<QString> texts = {QString(), QStringLiteral("")};
+    for (const char* none : {"0", "undefined", "Am", "FM pos", "lEVEL", "Cw", "Rds", "AM POS", "AMPos",
+                             "AM::POS", "AM:", ":", "\xce\x91M"})
+        texts.push_back(Support::Text(none));
     for (const Names& names : {MEASUREMENT_NAMES, MEASUREMENT_NODE_NAMES, SUB_SENSOR_NAMES,
                                SUB_SENSOR_COLON_NAMES, SUB_SENSOR_NODE_NAMES, lastSensorNodes}) {
         for (const char* utf8 : names) {
@@ -164,11 +169,6 @@ std::vector<QString> Answers()
             answers.push_back(QString::number(lookup.find(text)));
     }
     return answers;
-}
-
-int FromDeviceData(const char* text)
-{
-    return static_cast<int>(MeasurementType::SensorNodeNameToMeasurementType(Support::Text(text)));
 }
 
 } // namespace
@@ -231,16 +231,6 @@ TEST(MeasurementType, EveryNumberGivesItsSpellingsAndAllOthersAnEmptyText)
     }
 }
 
-TEST(MeasurementType, NumbersNextToTheListsHaveNoName)
-{
-    EXPECT_TRUE(OfMeasurement<MeasurementType::MeasurementTypeToName>(12).isEmpty());
-    EXPECT_TRUE(OfMeasurement<MeasurementType::MeasurementTypeToNodeName>(12).isEmpty());
-    EXPECT_TRUE(OfMeasurement<MeasurementType::MeasurementTypeToName>(-1).isEmpty());
-    EXPECT_TRUE(OfSubSensor<MeasurementType::SubSensorTypeToName>(-1).isEmpty());
-    EXPECT_TRUE(OfSubSensor<MeasurementType::SubSensorTypeToName>(8).isEmpty());
-    EXPECT_TRUE(OfSubSensor<MeasurementType::SubSensorTypeToSkpiName>(8).isEmpty());
-}
-
 TEST(MeasurementType, EveryLookupFindsItsTextsAndNoOthers)
 {
     for (const Lookup& lookup : LOOKUPS) {
@@ -250,80 +240,6 @@ TEST(MeasurementType, EveryLookupFindsItsTextsAndNoOthers)
             EXPECT_EQ(lookup.find(text), Expected(lookup, text))
                 << lookup.name << " of " << ::testing::PrintToString(text);
     }
-}
-
-TEST(MeasurementType, TextsInOtherLettersFindNothing)
-{
-    for (const Lookup& lookup : LOOKUPS) {
-        for (const char* text :
-             {"am", "Am", "fm pos", "FM pos", "level", "lEVEL", "am:pos", "Cw", "Rds", "pmcw"})
-            EXPECT_EQ(lookup.find(Support::Text(text)), -1) << lookup.name << " of " << text;
-    }
-}
-
-TEST(MeasurementType, EmptyNullAndForeignTextsFindNothing)
-{
-    for (const Lookup& lookup : LOOKUPS) {
-        EXPECT_EQ(lookup.find(QString()), -1) << lookup.name;
-        EXPECT_EQ(lookup.find(QStringLiteral("")), -1) << lookup.name;
-        for (const char* text : {"0", "undefined", "AM POS", "AMPos", "AM::POS", "AM:", ":", "\xce\x91M"})
-            EXPECT_EQ(lookup.find(Support::Text(text)), -1) << lookup.name << " of " << text;
-    }
-}
-
-TEST(MeasurementType, SubSensorNodeNamesAreTakenWithoutOffset)
-{
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(MeasurementType::SubSensorAM), "LEVEL");
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(MeasurementType::SubSensorFM), "AM");
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(MeasurementType::SubSensorPM), "FM");
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(MeasurementType::SubSensorCW), "FMPOS");
-}
-
-TEST(MeasurementType, SensorNodesBeyondTheSubSensorsAreFoundButNotGiven)
-{
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(static_cast<SubSensorTypeValue>(8)), "");
-    EXPECT_TEXT(MeasurementType::SubSensorTypeToNodeName(static_cast<SubSensorTypeValue>(9)), "");
-    const SubSensorTypeValue fmNegative = MeasurementType::NodeNameToSubSensorType(QStringLiteral("FMNEG"));
-    const SubSensorTypeValue pmOrCw = MeasurementType::NodeNameToSubSensorType(QStringLiteral("PMCW"));
-    EXPECT_EQ(static_cast<int>(fmNegative), 8);
-    EXPECT_EQ(static_cast<int>(pmOrCw), 9);
-    EXPECT_FALSE(MeasurementType::IsValidSubSensorType(fmNegative));
-    EXPECT_FALSE(MeasurementType::IsValidSubSensorType(pmOrCw));
-}
-
-TEST(MeasurementType, NodeNamesThatAreNoSensorNodesAreNoSubSensors)
-{
-    for (const char* text : {"PM", "CW", "BANDWIDTH", "RDS", "AM:POS", "AM Pos"})
-        EXPECT_EQ(SubSensor<MeasurementType::NodeNameToSubSensorType>(Support::Text(text)), -1) << text;
-}
-
-TEST(MeasurementType, DeviceDataMayUseNodeNamesOrColonNames)
-{
-    EXPECT_EQ(FromDeviceData("AMPOS"), 4);
-    EXPECT_EQ(FromDeviceData("AM:POS"), 4);
-    EXPECT_EQ(FromDeviceData("AM:NEG"), 5);
-    EXPECT_EQ(FromDeviceData("FM:POS"), 7);
-    EXPECT_EQ(FromDeviceData("FM:NEG"), 8);
-}
-
-TEST(MeasurementType, NodeNamesOfDeviceDataGoBeforeColonNames)
-{
-    // As sub-sensors AM and FM are 0 and 3, PM stands at PMCW, which is not measured.
-    EXPECT_EQ(FromDeviceData("AM"), 3);
-    EXPECT_EQ(FromDeviceData("FM"), 6);
-    EXPECT_EQ(FromDeviceData("PM"), 9);
-}
-
-TEST(MeasurementType, CwOfDeviceDataIsNoMeasurement)
-{
-    EXPECT_EQ(FromDeviceData("CW"), -1);
-    EXPECT_EQ(FromDeviceData("PMCW"), -1);
-}
-
-TEST(MeasurementType, DeviceDataNeverUseDisplayNames)
-{
-    for (const char* text : {"Level", "FStrength", "AM Pos", "FM Neg", "Bandwidth"})
-        EXPECT_EQ(FromDeviceData(text), -1) << text;
 }
 
 TEST(MeasurementType, AnswersTheSameOnSeveralThreadsAtOnce)

@@ -26,6 +26,17 @@ using ResourceType::ResourceTypeValue;
 using Support::Text;
 using TaskType::TaskTypeValue;
 
+// The types that callers were compiled with; those of the group tests are fixed by the tables.
+static_assert(std::is_same_v<decltype(&TaskType::GetInvalidTaskType), TaskTypeValue (*)()>);
+static_assert(std::is_same_v<decltype(&TaskType::IsValidTaskType), bool (*)(TaskTypeValue)>);
+static_assert(std::is_same_v<decltype(&TaskType::TaskTypeToName), QString (*)(TaskTypeValue)>);
+static_assert(std::is_same_v<decltype(&TaskType::NameToTaskType), TaskTypeValue (*)(const QString&)>);
+static_assert(std::is_same_v<decltype(&ResourceType::GetInvalidResourceType), ResourceTypeValue (*)()>);
+static_assert(std::is_same_v<decltype(&ResourceType::IsValidResourceType), bool (*)(ResourceTypeValue)>);
+static_assert(std::is_same_v<decltype(&ResourceType::ResourceTypeToName), QString (*)(ResourceTypeValue)>);
+static_assert(
+    std::is_same_v<decltype(&ResourceType::NameToResourceType), ResourceTypeValue (*)(const QString&)>);
+
 template <class Value>
 struct Row
 {
@@ -221,10 +232,21 @@ struct Vocabulary<ResourceTypeValue>
         return {"base ipc voice hf", "DDC IPC DET CONV HF", "KTX60", "nrq2"};
     }
 
-    /// The last one has a full-width digit.
+    /// No short name has "Mem", a shortened "Classifier" of the wideband kind, or is of a mixed form. The last one has a
+    /// full-width digit.
     static std::vector<const char*> ForeignTexts()
     {
-        return {"", " ", "0", "Base  IPC Voice HF", "NRQ\xef\xbc\x92"};
+        return {"",
+                " ",
+                "0",
+                "Base  IPC Voice HF",
+                "DDC IPC WB Class VUHF",
+                "Base Mem Scan HF",
+                "DDC IPC Det Conventional HF",
+                "DDC IPC Detection Conv HF",
+                "DDC IPC Detection HF",
+                "Base IPC Class",
+                "NRQ\xef\xbc\x92"};
     }
 };
 
