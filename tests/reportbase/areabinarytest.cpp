@@ -44,7 +44,6 @@ using Support::Name;
 using Support::NotValidating;
 using Support::NullName;
 using Support::NullScriptID;
-using Support::NullString;
 using Support::OnlyLatitude;
 using Support::Pipe;
 using Support::Point;
@@ -80,44 +79,6 @@ int CountOf(const Area& area)
 } // namespace
 
 // --- Tagged form, writing ---------------------------------------------------------------------------------
-
-TEST(Area, BodyHoldsVersionNameCoordinatesAndScriptIdentifier)
-{
-    Area area = Lake();
-    const Bytes head = Version(u"1.0") + Name("Lake");
-    EXPECT_BYTES(BodyOf(area),
-                 Element(1, head + Coordinates(1, Point("1.000000", "2.000000")) + ScriptID("S7")));
-    area.ResetScriptID();
-    area.AppendCoordinate(At(-3.5, 4.25));
-    const Bytes points = Point("1.000000", "2.000000") + Point("-3.500000", "4.250000");
-    EXPECT_BYTES(BodyOf(area), Element(1, head + Coordinates(2, points)));
-    EXPECT_BYTES(BodyOf(area, 77, false), Support::Body(head + Coordinates(2, points)));
-    Written([&](QDataStream& stream) { EXPECT_TRUE(area.GetBinary(stream, 1, true)); });
-}
-
-TEST(Area, BodyTellsNullTextsFromEmptyOnes)
-{
-    Area area = NotValidating<Area>();
-    const Bytes nullName = NullName();
-    EXPECT_BYTES(BodyOf(area), Element(1, Version(u"1.0") + nullName + Coordinates(0, Bytes())));
-    area.SetScriptID(QString());
-    EXPECT_BYTES(BodyOf(area),
-                 Element(1, Version(u"1.0") + nullName + Coordinates(0, Bytes()) + NullScriptID()));
-    area.SetName(QStringLiteral(""));
-    area.SetScriptID(QStringLiteral(""));
-    EXPECT_BYTES(BodyOf(area),
-                 Element(1, Version(u"1.0") + Name("") + Coordinates(0, Bytes()) + ScriptID("")));
-}
-
-TEST(Area, BodyTextsAreUtf8)
-{
-    Area area = Lake();
-    area.SetName(Text("Z\xc3\xbcrich \xf0\x9f\x93\xa1"));
-    area.SetScriptID(Text("\xe2\x82\xac"));
-    EXPECT_BYTES(BodyOf(area),
-                 Element(1, Version(u"1.0") + Name("Z\xc3\xbcrich \xf0\x9f\x93\xa1") +
-                                Coordinates(1, Point("1.000000", "2.000000")) + ScriptID("\xe2\x82\xac")));
-}
 
 TEST(Area, BodyHoldsIncompleteCoordinatesAsTheyStandWithoutAMessageWhenNotValidating)
 {
@@ -177,16 +138,6 @@ TEST(Area, NullTextElementsAreRefusedWhenValidatingAndStoredWithAWarningOtherwis
                 "WARNING: OutOfRangeException: Area: Please set ScriptID properly (origin: Setter)."});
 }
 
-TEST(Area, EmptyTextElementsAreEmptyButNotNull)
-{
-    Area area;
-    EXPECT_EQ(ReadElements(area, Name("") + ScriptID("")), 0);
-    EXPECT_TRUE(area.IsNameSet());
-    EXPECT_FALSE(area.GetName().isNull());
-    EXPECT_TRUE(area.IsScriptIDSet());
-    EXPECT_FALSE(area.GetScriptID().isNull());
-}
-
 TEST(Area, TextElementsEndAtTheirFirstNulAndLoseAByteOrderMark)
 {
     struct Row
@@ -209,16 +160,6 @@ TEST(Area, TextElementsEndAtTheirFirstNulAndLoseAByteOrderMark)
         EXPECT_FALSE(area.GetName().isNull());
         EXPECT_TEXT(area.GetScriptID(), row.text);
     }
-}
-
-TEST(Area, ACountOfZeroAddsNothing)
-{
-    Area area;
-    EXPECT_EQ(ReadElements(area, Name("Lake") + Coordinates(0, Bytes())), 0);
-    AreaState state;
-    state.name = QStringLiteral("Lake");
-    EXPECT_STATE(area, state);
-    EXPECT_FALSE(area.IsCoordinateSet());
 }
 
 TEST(Area, ACountThatIsLargerThanWhatFollowsReadsWhatIsThereAndEndsInTheLengthErrorOfTheArea)
@@ -384,35 +325,6 @@ TEST(Area, DeclaredLengthsOfKnownElementsOnlyCountAgainstTheBudget)
 
 // --- Raw form ---------------------------------------------------------------------------------------------
 
-TEST(Area, RawFormHoldsFlagsVersionNameCoordinatesAndScriptIdentifier)
-{
-    Area area = Lake();
-    area.AppendCoordinate(At(1.0 / 3.0, -0.0));
-    const Bytes raw = Support::Byte(NAME_FLAG | COORDINATES_FLAG | SCRIPT_FLAG) + String(u"1.0") +
-                      String(u"Lake") + Int32(2) + RawPoint(3, 1.0, 2.0) + RawPoint(3, 1.0 / 3.0, -0.0) +
-                      String(u"S7");
-    EXPECT_BYTES(Support::RawFormOf(area), raw);
-
-    Area read;
-    EXPECT_EQ(ReadRawForm(read, raw + Support::Byte(5)), 1);
-    EXPECT_TRUE(read == area);
-    EXPECT_TEXT(read.GetInitialVersionLoaded(), "1.0");
-    EXPECT_BYTES(Support::RawFormOf(read), raw);
-}
-
-TEST(Area, RawFormOfANewAreaAndOfEmptyTexts)
-{
-    EXPECT_BYTES(Support::RawFormOf(Area()), Support::Byte(0) + String(u"1.0") + NullString() + Int32(0));
-    Area area = NotValidating<Area>();
-    area.SetName(QStringLiteral(""));
-    area.SetScriptID(QStringLiteral(""));
-    EXPECT_BYTES(Support::RawFormOf(area), Support::Byte(NAME_FLAG | SCRIPT_FLAG) + String(u"1.0") +
-                                               String(u"") + Int32(0) + String(u""));
-    area.SetScriptID(QString());
-    EXPECT_BYTES(Support::RawFormOf(area), Support::Byte(NAME_FLAG | SCRIPT_FLAG) + String(u"1.0") +
-                                               String(u"") + Int32(0) + NullString());
-}
-
 TEST(Area, RawFormCountsCoordinatesThatAreNotMarkedAsSetButHoldsNoneOfThem)
 {
     EXPECT_BYTES(Support::RawFormOf(WithUnflaggedPoint(NAME_FLAG)),
@@ -444,22 +356,6 @@ TEST(Area, RawReadingTakesTheScriptIdentifierOnlyWhenItsFlagIsThere)
     EXPECT_TRUE(area.GetScriptID().isNull());
     EXPECT_EQ(ReadRawForm(area, Support::Byte(NAME_FLAG | SCRIPT_FLAG) + rest), 0);
     EXPECT_TEXT(area.GetScriptID(), "S");
-}
-
-TEST(Area, RawReadingTellsNullTextsFromEmptyOnes)
-{
-    Area area;
-    EXPECT_EQ(ReadRawForm(area, Support::Byte(NAME_FLAG | SCRIPT_FLAG) + String(u"1.0") + String(u"") +
-                                    Int32(0) + String(u"")),
-              0);
-    EXPECT_FALSE(area.GetName().isNull());
-    EXPECT_FALSE(area.GetScriptID().isNull());
-    EXPECT_EQ(ReadRawForm(area, Support::Byte(NAME_FLAG | SCRIPT_FLAG) + String(u"1.0") + NullString() +
-                                    Int32(0) + NullString()),
-              0);
-    EXPECT_TRUE(area.GetName().isNull());
-    EXPECT_TRUE(area.GetScriptID().isNull());
-    EXPECT_TRUE(area.IsNameSet());
 }
 
 TEST(Area, RawCoordinatesThatAreIncompleteAreRefusedWhenValidatingAndAppendedWithAWarningOtherwise)

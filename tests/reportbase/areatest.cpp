@@ -55,20 +55,6 @@ int CountOf(const Area& area)
 
 // --- Fields -----------------------------------------------------------------------------------------------
 
-TEST(Area, ANewRecordHasNullTextsNoCoordinatesAndVersionOne)
-{
-    const Area area;
-    EXPECT_TRUE(area.GetName().isNull());
-    EXPECT_TRUE(area.IsInitialized());
-    EXPECT_TRUE(area.GetScriptID().isNull());
-    EXPECT_TRUE(area.GetCoordinate().isEmpty());
-    EXPECT_TEXT(area.GetVersion(), "1.0");
-    EXPECT_TEXT(area.GetInitialVersionLoaded(), "");
-    EXPECT_FALSE(area.IsNameSet());
-    EXPECT_FALSE(area.IsCoordinateSet());
-    EXPECT_FALSE(area.IsScriptIDSet());
-}
-
 TEST(Area, DefaultsAreNullTextsAndDoNotMakeTheRecord)
 {
     const Area area;

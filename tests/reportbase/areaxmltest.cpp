@@ -47,8 +47,6 @@ using Support::Written;
 
 constexpr int NAME_FLAG = 1;
 
-const char* const SET_NAME = "Area: Please set Name properly.";
-const char* const SET_COORDINATE = "Area: Please set Coordinate properly.";
 const char* const INCOMPLETE_ITEM =
     "Area: Tried to append not completely defined or invalid item Coordinate.";
 const char* const INCOMPLETE_IN_XML = "Parameters for Coordinate are not set properly in 'Area'.";
@@ -85,31 +83,6 @@ TEST(Area, XmlHoldsVersionNameCoordinatesAndScriptIdentifier)
                              PointXml("-3.500000", "4.250000")));
 }
 
-TEST(Area, XmlHoldsEmptyTextsThatAreSet)
-{
-    Area area;
-    area.SetName(QStringLiteral(""));
-    area.SetScriptID(QStringLiteral(""));
-    area.AppendCoordinate(At(1.0, 2.0));
-    EXPECT_XML(area, AreaXml(QStringLiteral("    <Name></Name>\n") + PointXml("1.000000", "2.000000") +
-                             QStringLiteral("    <ScriptID></ScriptID>\n")));
-}
-
-TEST(Area, XmlTextsAreEscaped)
-{
-    Area area;
-    area.SetName(Text("<a> & \"b\" 'c' Z\xc3\xbcrich \xf0\x9f\x93\xa1"));
-    area.SetScriptID(QStringLiteral("]]>"));
-    area.GetCoordinate().append(At(1.0, 2.0));
-    const QString xml = area.GetXmlString();
-    EXPECT_XML(area, AreaXml(Text("    <Name>&lt;a&gt; &amp; &quot;b&quot; 'c' Z\xc3\xbcrich "
-                                  "\xf0\x9f\x93\xa1</Name>\n") +
-                             PointXml("1.000000", "2.000000") + Text("    <ScriptID>]]&gt;</ScriptID>\n")));
-    Area read;
-    EXPECT_TRUE(read.SetXmlString(xml, true));
-    EXPECT_TRUE(read == area);
-}
-
 TEST(Area, XmlTextsAreThoseOfQtsWriter)
 {
     const ushort characters[] = {0x00,   0x01,   0x08,   0x09,   0x0a,   0x0b,   0x0c,   0x0d,  0x1f,
@@ -130,14 +103,6 @@ TEST(Area, XmlTextsAreThoseOfQtsWriter)
         writer.writeEndElement();
         EXPECT_XML(area, expected);
     }
-}
-
-TEST(Area, XmlHoldsTheNameEvenWhenItIsNotSetAndNothingElseOfAnEmptyArea)
-{
-    EXPECT_XML(NotValidating<Area>(), AreaXml(QStringLiteral("    <Name></Name>\n")));
-    Area area = NotValidating<Area>();
-    area.SetScriptID(QString());
-    EXPECT_XML(area, AreaXml(QStringLiteral("    <Name></Name>\n    <ScriptID></ScriptID>\n")));
 }
 
 TEST(Area, NothingIsWrittenWhenValidatingWithAnEmptyListThatIsSet)
@@ -264,28 +229,6 @@ TEST(Area, TextsAreTakenAsTheyStandAndOnlyTheirLastPiece)
             true));
         EXPECT_TEXT(area.GetName(), row.text);
         EXPECT_TEXT(area.GetScriptID(), row.text);
-    }
-}
-
-TEST(Area, AnIncompleteElementFailsTheCheckWhenValidating)
-{
-    struct Row
-    {
-        const char* xml;
-        const char* message;
-    };
-    const Row rows[] = {
-        {"<Area/>", SET_NAME},
-        {"<Area Version=\"1.0\"></Area>", SET_NAME},
-        {"<Area Version=\"1.0\"><Name/></Area>", SET_COORDINATE},
-        {"<Area><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate></Area>", SET_NAME},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.xml);
-        Area area;
-        EXPECT_RG_THROW(area.SetXmlString(Text(row.xml), true), "OutOfRangeException", row.message);
-        area.SetValidate(false);
-        EXPECT_TRUE(area.SetXmlString(Text(row.xml), true));
     }
 }
 

@@ -16,23 +16,19 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 #include <QtCore/QXmlStreamReader>
-#include <QtCore/QXmlStreamWriter>
 
-#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string>
 
 namespace {
 
-using Support::BodyOf;
 using Support::ByteArray;
 using Support::Bytes;
 using Support::Int32;
 using Support::Max;
 using Support::Min;
 using Support::Named;
-using Support::NamedLines;
 using Support::NameOf;
 using Support::ReadElements;
 using Support::ReadRawForm;
@@ -47,12 +43,6 @@ constexpr int NO_FLAG = 0;
 constexpr int VALUE_FLAG = 1;
 constexpr int MIN_FLAG = 2;
 constexpr int MAX_FLAG = 4;
-
-template <class T>
-Bytes Representation(const Bytes& elements)
-{
-    return Support::Representation(NameOf<T>().toStdU16String(), elements);
-}
 
 template <class T>
 T WithValue(double value)
@@ -106,24 +96,6 @@ TYPED_TEST(BoundedValue, EveryNumberIsValid)
     EXPECT_FALSE(object.IsInitialized());
 }
 
-TYPED_TEST(BoundedValue, TheNumberThatMeansUnsetElsewhereCountsAsSet)
-{
-    TypeParam object;
-    object.SetValue(-111111.11);
-    object.SetMin(-111111.11);
-    EXPECT_TRUE(object.HasData());
-    EXPECT_TRUE(object.IsMinSet());
-    EXPECT_NO_RG_THROW(object.Check());
-    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"-111111.11\">-111111.11</@>"));
-}
-
-TYPED_TEST(BoundedValue, BoundsAreNotComparedWithTheValue)
-{
-    const TypeParam object = Complete<TypeParam>(1.0, 3.0, 2.0);
-    EXPECT_NO_RG_THROW(object.Check());
-    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"3.00\" Max=\"2.00\">1.00</@>"));
-}
-
 TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
 {
     struct Row
@@ -144,57 +116,7 @@ TYPED_TEST(BoundedValue, AnyDataAsksForAnyFieldAndHasDataForTheValue)
     }
 }
 
-TYPED_TEST(BoundedValue, TheValueIsSetTheWayItStandsAfterEachCall)
-{
-    TypeParam object;
-    object.SetValue(1.0);
-    object.SetValue(2.0);
-    EXPECT_EQ(object.GetValue(), 2.0);
-    object.ResetValue();
-    EXPECT_FALSE(object.IsValueSet());
-    object.SetValue(0.0);
-    EXPECT_TRUE(object.IsValueSet());
-}
-
-// --- Check ------------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, CheckOfAnObjectWithAValueSaysNothing)
-{
-    for (const Support::NamedNumber& row : Support::OddNumbers()) {
-        SCOPED_TRACE(row.name);
-        const TypeParam object = WithValue<TypeParam>(row.value);
-        const auto logger = Support::NewLogger();
-        object.SetLogger(logger);
-        EXPECT_NO_RG_THROW(object.Check());
-        EXPECT_NO_RG_THROW(object.Check(true));
-        EXPECT_LOG(logger, {});
-    }
-}
-
 // --- XML writing ------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, XmlHoldsTheValueAsTextAndTheBoundsThatAreSetAsAttributes)
-{
-    EXPECT_XML(WithValue<TypeParam>(433920000.0), Named<TypeParam>("\n<@>433920000.00</@>"));
-
-    TypeParam object;
-    object.SetValue(433920000.0);
-    object.SetMin(433000000.0);
-    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"433000000.00\">433920000.00</@>"));
-
-    object.ResetMin();
-    object.SetMax(434000000.0);
-    EXPECT_XML(object, Named<TypeParam>("\n<@ Max=\"434000000.00\">433920000.00</@>"));
-}
-
-TYPED_TEST(BoundedValue, AttributesStandInTheirOrderWhateverTheOrderOfSetting)
-{
-    TypeParam object;
-    object.SetMax(3.0);
-    object.SetValue(1.0);
-    object.SetMin(2.0);
-    EXPECT_XML(object, Named<TypeParam>("\n<@ Min=\"2.00\" Max=\"3.00\">1.00</@>"));
-}
 
 TYPED_TEST(BoundedValue, XmlNumbersHaveExactlyTwoDecimals)
 {
@@ -219,62 +141,7 @@ TYPED_TEST(BoundedValue, XmlNumbersHaveExactlyTwoDecimals)
     }
 }
 
-TYPED_TEST(BoundedValue, GetXmlWritesOneElementWhereTheWriterStands)
-{
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    writer.writeStartElement(QStringLiteral("Holder"));
-    Complete<TypeParam>(1.0, 2.0, 3.0).GetXml(writer);
-    WithValue<TypeParam>(4.0).GetXml(writer);
-    writer.writeEndElement();
-    EXPECT_TEXT(xml, Named<TypeParam>("<Holder><@ Min=\"2.00\" Max=\"3.00\">1.00</@><@>4.00</@></Holder>"));
-}
-
-TYPED_TEST(BoundedValue, XmlOfAnObjectWithoutValueHoldsWhatStandsThereWhenNotValidating)
-{
-    TypeParam fresh;
-    fresh.SetValidate(false);
-    const auto logger = Support::NewLogger();
-    fresh.SetLogger(logger);
-    EXPECT_XML(fresh, Named<TypeParam>("\n<@>0.00</@>"));
-    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
-    EXPECT_FALSE(fresh.IsValueSet());
-
-    EXPECT_XML(WithLeftovers<TypeParam>(MAX_FLAG, {5.5, 6.5, 7.5}),
-               Named<TypeParam>("\n<@ Max=\"7.50\">5.50</@>"));
-}
-
-TYPED_TEST(BoundedValue, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
-{
-    Support::Lenient<TypeParam> object;
-    object.SetMin(1.0);
-    EXPECT_XML(object, "");
-    EXPECT_EQ(Written([&](QDataStream& stream) { EXPECT_FALSE(object.GetBinary(stream, 1, true)); }).size(),
-              0);
-    EXPECT_BYTES(object.GetBinaryRepresentationAsQByteArray(),
-                 Support::String(u"IRGObject") + Support::String(NameOf<TypeParam>().toStdU16String()));
-}
-
 // --- XML reading ------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, XmlReadingTakesBoundsAndValue)
-{
-    TypeParam object;
-    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@ Max=\"3.25\" Min=\"2.5\">1.125</@>"), true));
-    EXPECT_EQ(object.GetValue(), 1.125);
-    EXPECT_EQ(object.GetMin(), 2.5);
-    EXPECT_EQ(object.GetMax(), 3.25);
-    EXPECT_EQ(SetFields(object), "value min max ");
-}
-
-TYPED_TEST(BoundedValue, XmlNumbersMayBeNoNumbersAndInfinite)
-{
-    TypeParam object;
-    EXPECT_TRUE(object.SetXmlString(Named<TypeParam>("<@ Min=\"-inf\" Max=\"inf\">nan</@>"), true));
-    EXPECT_TRUE(std::isnan(object.GetValue()));
-    EXPECT_EQ(object.GetMin(), -INF);
-    EXPECT_EQ(object.GetMax(), INF);
-}
 
 TYPED_TEST(BoundedValue, BoundWithoutItsSecondQuoteIsMalformed)
 {
@@ -287,47 +154,6 @@ TYPED_TEST(BoundedValue, BoundWithoutItsSecondQuoteIsMalformed)
             TypeParam object = WithValue<TypeParam>(7.0);
             EXPECT_RG_THROW(object.SetXmlString(text, checkRoot), "RGException", Support::XmlErrorOf(text));
         }
-    }
-}
-
-TYPED_TEST(BoundedValue, ElementWithoutTextSetsTheValueToZero)
-{
-    for (const char* xml : {"<@/>", "<@></@>", "<@><!-- none --></@>", "<@ Min=\"1\"/>"}) {
-        SCOPED_TRACE(xml);
-        TypeParam object;
-        EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(xml), true));
-        EXPECT_TRUE(object.IsValueSet());
-        EXPECT_EQ(object.GetValue(), 0.0);
-    }
-}
-
-TYPED_TEST(BoundedValue, TheValueIsTheLastPieceOfTextBeforeTheFirstEndTag)
-{
-    struct Row
-    {
-        const char* xml;
-        double value;
-    };
-    const Row rows[] = {
-        {"<@>12<!-- comment -->34</@>", 34.0},
-        {"<@>12<![CDATA[34]]></@>", 34.0},
-        {"<@><![CDATA[12]]>34</@>", 34.0},
-        {"<@>12<!-- comment --></@>", 12.0},
-        {"<@>12<?instruction?>34</@>", 34.0},
-        {"<@>1&#50;</@>", 12.0},
-        {"<@>12<x/>34</@>", 12.0},
-        {"<@>12<x>34</x>56</@>", 34.0},
-        {"<@>12<x>34<y>56</y>78</x>90</@>", 56.0},
-        {"<@>12<x>34<y/>56</x>78</@>", 34.0},
-        {"<@><x/>34</@>", 0.0},
-        {"<@>1<@>2</@>3</@>", 2.0},
-        {"<@><@/>3</@>", 0.0},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.xml);
-        TypeParam object;
-        EXPECT_TRUE(object.SetXmlString(Named<TypeParam>(row.xml), true));
-        EXPECT_TRUE(object == WithValue<TypeParam>(row.value)) << object.GetValue();
     }
 }
 
@@ -365,25 +191,6 @@ TYPED_TEST(BoundedValue, WhatStandsBehindTheReadPartIsNotLookedAt)
 
 // --- Tagged form, writing ---------------------------------------------------------------------------------
 
-TYPED_TEST(BoundedValue, BodyHoldsMinMaxAndTheValueLast)
-{
-    TypeParam object;
-    object.SetValue(433920000.0);
-    EXPECT_BYTES(BodyOf(object), Element(1, Value("433920000.00")));
-    object.SetMax(3.0);
-    EXPECT_BYTES(BodyOf(object), Element(1, Max("3.00") + Value("433920000.00")));
-    object.SetMin(2.0);
-    EXPECT_BYTES(BodyOf(object), Element(1, Min("2.00") + Max("3.00") + Value("433920000.00")));
-}
-
-TYPED_TEST(BoundedValue, TaggedNumbersAreTheTextsOfXml)
-{
-    EXPECT_BYTES(BodyOf(Complete<TypeParam>(1.005, 99.999, -0.001)),
-                 Element(1, Min("100.00") + Max("-0.00") + Value("1.00")));
-    EXPECT_BYTES(BodyOf(Complete<TypeParam>(NOT_A_NUMBER, -INF, INF)),
-                 Element(1, Min("-inf") + Max("inf") + Value("nan")));
-}
-
 TYPED_TEST(BoundedValue, BodyWrittenOverOlderBytesReplacesItsOwnLengthOnly)
 {
     QBuffer buffer;
@@ -415,33 +222,6 @@ TYPED_TEST(BoundedValue, BodyFollowsTheByteOrderOfTheStream)
     stream.device()->seek(8);
     object.SetBinary(stream, 16);
     EXPECT_TRUE(object == WithValue<TypeParam>(1.0));
-}
-
-TYPED_TEST(BoundedValue, BodyWithoutValueThrowsWhenValidatingAndWritesNothing)
-{
-    TypeParam object;
-    object.SetMin(1.0);
-    const QByteArray bytes = Written([&](QDataStream& stream) {
-        EXPECT_RG_THROW(object.GetBinary(stream, 1, true), "OutOfRangeException",
-                        Named<TypeParam>("@: Please set Value properly."));
-    });
-    EXPECT_EQ(bytes.size(), 0);
-}
-
-TYPED_TEST(BoundedValue, BodyWithoutValueHoldsWhatStandsThereWhenNotValidating)
-{
-    TypeParam fresh;
-    fresh.SetValidate(false);
-    EXPECT_BYTES(BodyOf(fresh), Element(1, Value("0.00")));
-    EXPECT_BYTES(BodyOf(WithLeftovers<TypeParam>(MIN_FLAG, {5.5, 6.5, 7.5})),
-                 Element(1, Min("6.50") + Value("5.50")));
-}
-
-TYPED_TEST(BoundedValue, PlainRepresentationFramesTheBody)
-{
-    const TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
-    EXPECT_BYTES(object.GetBinaryRepresentationAsQByteArray(),
-                 Representation<TypeParam>(Min("2.00") + Max("3.00") + Value("1.00")));
 }
 
 // --- Tagged form, reading ---------------------------------------------------------------------------------
@@ -529,33 +309,6 @@ TYPED_TEST(BoundedValue, ATextThatEndsEarlyReadsAsZero)
 
 // --- Raw form ---------------------------------------------------------------------------------------------
 
-TYPED_TEST(BoundedValue, RawFormHoldsFlagsTheValueAndTheBoundsThatAreSet)
-{
-    for (int flags = 0; flags <= (VALUE_FLAG | MIN_FLAG | MAX_FLAG); ++flags) {
-        SCOPED_TRACE(flags);
-        TypeParam object;
-        Bytes expected = Support::Byte(flags);
-        if (flags & VALUE_FLAG)
-            object.SetValue(1.005);
-        expected += Support::Double(flags & VALUE_FLAG ? 1.005 : 0.0);
-        if (flags & MIN_FLAG) {
-            object.SetMin(-0.0);
-            expected += Support::Double(-0.0);
-        }
-        if (flags & MAX_FLAG) {
-            object.SetMax(INF);
-            expected += Support::Double(INF);
-        }
-        EXPECT_BYTES(Support::RawFormOf(object), expected);
-
-        TypeParam read;
-        EXPECT_EQ(ReadRawForm(read, expected + Support::Byte(0x55)), 1);
-        EXPECT_TRUE(read == object);
-        EXPECT_EQ(SetFields(read), SetFields(object));
-        EXPECT_BYTES(Support::RawFormOf(read), expected);
-    }
-}
-
 TYPED_TEST(BoundedValue, RawReadingDoesNotResetWhatItDoesNotRead)
 {
     TypeParam object = Complete<TypeParam>(1.0, 2.0, 3.0);
@@ -564,36 +317,6 @@ TYPED_TEST(BoundedValue, RawReadingDoesNotResetWhatItDoesNotRead)
     EXPECT_EQ(object.GetValue(), 9.0);
     EXPECT_EQ(object.GetMin(), 2.0);
     EXPECT_EQ(object.GetMax(), 3.0);
-}
-
-TYPED_TEST(BoundedValue, RawReadingTakesTheValueEvenWhenItIsNotMarkedAsSet)
-{
-    TypeParam object;
-    EXPECT_EQ(ReadRawForm(object, Support::Byte(0) + Support::Double(5.5)), 0);
-    EXPECT_FALSE(object.AnyData());
-    EXPECT_EQ(object.GetValue(), 5.5);
-    EXPECT_BYTES(Support::RawFormOf(object), Support::Byte(0) + Support::Double(5.5));
-}
-
-// --- Rounding ---------------------------------------------------------------------------------------------
-
-TYPED_TEST(BoundedValue, XmlAndTaggedFormRoundToHundredthsAndTheRawFormDoesNot)
-{
-    const TypeParam object = Complete<TypeParam>(1.005, 2.125, 1.0 / 3.0);
-    const TypeParam rounded = Complete<TypeParam>(1.0, 2.13, 0.33);
-
-    TypeParam fromXml;
-    EXPECT_TRUE(fromXml.SetXmlString(object.GetXmlString(), true));
-    EXPECT_TRUE(fromXml == rounded);
-
-    TypeParam fromTagged;
-    QByteArray bytes = object.GetBinaryRepresentationAsQByteArray();
-    EXPECT_TRUE(fromTagged.SetBinaryRepresentation(bytes));
-    EXPECT_TRUE(fromTagged == rounded);
-
-    TypeParam fromRaw;
-    EXPECT_EQ(ReadRawForm(fromRaw, Support::RawFormOf(object)), 0);
-    EXPECT_TRUE(fromRaw == object);
 }
 
 // --- Merging ----------------------------------------------------------------------------------------------

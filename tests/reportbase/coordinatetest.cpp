@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QDataStream>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -27,15 +26,12 @@ namespace {
 using REPORTGENERATOR::Coordinate;
 using Support::At;
 using Support::BodyOf;
-using Support::Bytes;
 using Support::CoordinateState;
 using Support::Latitude;
 using Support::Longitude;
 using Support::NumberField;
 using Support::ReadElements;
-using Support::ReadRawForm;
 using Support::WithLeftovers;
-using Support::Written;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INF = std::numeric_limits<double>::infinity();
@@ -238,19 +234,6 @@ TEST(Coordinate, CheckReportsValuesOutsideOfTheirRanges)
     }
 }
 
-TEST(Coordinate, AStoredOutOfRangeLatitudeWarnsOnceAndFailsTheNextCheck)
-{
-    Coordinate coordinate = At(1.0, 2.0);
-    coordinate.SetValidate(false);
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    coordinate.SetLatitude(95.0);
-    EXPECT_STATE(coordinate, State(1.0, 95.0));
-    EXPECT_LOG(logger, {"WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
-                        "(-90, 90) in 'Coordinate'."});
-    EXPECT_RG_THROW(coordinate.Check(), "OutOfRangeException", SET_LATITUDE);
-}
-
 TEST(Coordinate, CheckIgnoresLeftoversOfUnsetValues)
 {
     EXPECT_RG_THROW(WithLeftovers<Coordinate>(1, {1.0, 2.0}).Check(), "OutOfRangeException", SET_LATITUDE);
@@ -258,15 +241,6 @@ TEST(Coordinate, CheckIgnoresLeftoversOfUnsetValues)
 }
 
 // --- XML writing ------------------------------------------------------------------------------------------
-
-TEST(Coordinate, XmlHoldsLongitudeThenLatitude)
-{
-    EXPECT_XML(At(8.5, -45.25), Xml("8.500000", "-45.250000"));
-    Coordinate setInAnotherOrder;
-    setInAnotherOrder.SetLatitude(-45.25);
-    setInAnotherOrder.SetLongitude(8.5);
-    EXPECT_XML(setInAnotherOrder, Xml("8.500000", "-45.250000"));
-}
 
 TEST(Coordinate, XmlNumbersHaveExactlySixDecimals)
 {
@@ -291,101 +265,7 @@ TEST(Coordinate, XmlNumbersHaveExactlySixDecimals)
         EXPECT_XML(At(row.number, row.number), Xml(row.text, row.text));
 }
 
-TEST(Coordinate, XmlOfWhatIsNoNumberIsPaddedToFourCharactersInTheLongitudeAndThreeInTheLatitude)
-{
-    EXPECT_XML(WithLeftovers<Coordinate>(3, {NOT_A_NUMBER, NOT_A_NUMBER}), Xml(" nan", "nan"));
-    EXPECT_XML(WithLeftovers<Coordinate>(3, {INF, INF}), Xml(" inf", "inf"));
-    EXPECT_XML(WithLeftovers<Coordinate>(3, {-INF, -INF}), Xml("-inf", "-inf"));
-    EXPECT_XML(WithLeftovers<Coordinate>(3, {1e15, -111111.11}),
-               Xml("1000000000000000.000000", "-111111.110000"));
-}
-
-TEST(Coordinate, XmlOfAnOutOfRangeCoordinateThrowsWhenValidating)
-{
-    const Coordinate coordinate = WithLeftovers<Coordinate>(3, {1.0, 95.0});
-    EXPECT_XML(coordinate, Xml("1.000000", "95.000000"));
-    coordinate.SetValidate(true);
-    EXPECT_RG_THROW(coordinate.GetXmlString(), "OutOfRangeException", SET_LATITUDE);
-}
-
-TEST(Coordinate, XmlHoldsUnsetValuesAsTheyStandWhenNotValidating)
-{
-    Coordinate coordinate = Support::NotValidating<Coordinate>();
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_XML(coordinate, Xml("0.000000", "0.000000"));
-    coordinate.SetLongitude(1.0);
-    EXPECT_XML(coordinate, Xml("1.000000", "0.000000"));
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-    EXPECT_LOG(logger,
-               {"INFO: Coordinate: Generating xml string.", "INFO: Coordinate: Generating xml string."});
-    EXPECT_XML(WithLeftovers<Coordinate>(0, {5.5, 6.5}), Xml("5.500000", "6.500000"));
-}
-
-TEST(Coordinate, NothingIsWrittenWhenValidatingWithoutDataAndWithoutComplaint)
-{
-    Support::Lenient<Coordinate> coordinate;
-    coordinate.SetLongitude(1.0);
-    EXPECT_XML(coordinate, "");
-    const QByteArray bytes =
-        Written([&](QDataStream& stream) { EXPECT_FALSE(coordinate.GetBinary(stream, 1, true)); });
-    EXPECT_EQ(bytes.size(), 0);
-}
-
 // --- XML reading ------------------------------------------------------------------------------------------
-
-TEST(Coordinate, XmlReadingTakesTheChildrenInAnyOrderAndTheLastOfAName)
-{
-    Coordinate coordinate;
-    EXPECT_TRUE(coordinate.SetXmlString(
-        QStringLiteral("<Coordinate><Latitude>2.5</Latitude><Longitude>1.5</Longitude></Coordinate>"), true));
-    EXPECT_STATE(coordinate, State(1.5, 2.5));
-    EXPECT_TRUE(coordinate.SetXmlString(
-        QStringLiteral("<Coordinate><Latitude>2</Latitude><Longitude>1</Longitude><Latitude>3</Latitude>"
-                       "<Longitude>4</Longitude></Coordinate>"),
-        true));
-    EXPECT_STATE(coordinate, State(4.0, 3.0));
-}
-
-TEST(Coordinate, ChildrenAreToldApartByTheirLocalNames)
-{
-    Coordinate coordinate;
-    EXPECT_TRUE(
-        coordinate.SetXmlString(QStringLiteral("<Coordinate xmlns:g=\"urn:g\"><g:Longitude>1</g:Longitude>"
-                                               "<Latitude xmlns=\"urn:h\">2</Latitude></Coordinate>"),
-                                true));
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
-}
-
-TEST(Coordinate, AnIncompleteElementFailsTheCheckWhenValidating)
-{
-    struct Row
-    {
-        const char* xml;
-        CoordinateState state;
-        const char* message;
-    };
-    const Row rows[] = {
-        {"<Coordinate/>", {}, SET_LONGITUDE},
-        {"<Coordinate></Coordinate>", {}, SET_LONGITUDE},
-        {"<Coordinate><Longitude>1</Longitude></Coordinate>", State(1.0, std::nullopt), SET_LATITUDE},
-        {"<Coordinate><Latitude>1</Latitude></Coordinate>", State(std::nullopt, 1.0), SET_LONGITUDE},
-        {"<Coordinate Longitude=\"1\" Latitude=\"2\"/>", {}, SET_LONGITUDE},
-        {"<Coordinate><longitude>1</longitude><LATITUDE>2</LATITUDE></Coordinate>", {}, SET_LONGITUDE},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.xml);
-        Coordinate coordinate;
-        EXPECT_RG_THROW(coordinate.SetXmlString(Support::Text(row.xml), true), "OutOfRangeException",
-                        row.message);
-        EXPECT_STATE(coordinate, row.state);
-
-        Coordinate unchecked = Support::NotValidating<Coordinate>();
-        EXPECT_TRUE(unchecked.SetXmlString(Support::Text(row.xml), true));
-        EXPECT_STATE(unchecked, row.state);
-        EXPECT_TRUE(unchecked.IsInitialized());
-    }
-}
 
 TEST(Coordinate, OutOfRangeXmlThrowsWhenValidatingAndWhatWasReadBeforeStays)
 {
@@ -426,26 +306,7 @@ TEST(Coordinate, OutOfRangeXmlIsStoredWithWarningsWhenNotValidating)
                         "(-90, 90) in 'Coordinate'."});
 }
 
-TEST(Coordinate, OnlyTheLastPieceOfATextCounts)
-{
-    Coordinate coordinate;
-    EXPECT_TRUE(coordinate.SetXmlString(QStringLiteral("<Coordinate><Longitude>12<!-- c -->34</Longitude>"
-                                                       "<Latitude>1<![CDATA[2]]></Latitude></Coordinate>"),
-                                        true));
-    EXPECT_STATE(coordinate, State(34.0, 2.0));
-}
-
 // --- Tagged form ------------------------------------------------------------------------------------------
-
-TEST(Coordinate, BodyHoldsLongitudeThenLatitudeAsTexts)
-{
-    EXPECT_BYTES(BodyOf(At(8.5, -45.25)), Element(1, Longitude("8.500000") + Latitude("-45.250000")));
-    EXPECT_BYTES(BodyOf(At(8.5, -45.25), 1869154367, false),
-                 Support::Body(Longitude("8.500000") + Latitude("-45.250000")));
-    EXPECT_BYTES(BodyOf(WithLeftovers<Coordinate>(3, {NOT_A_NUMBER, NOT_A_NUMBER})),
-                 Element(1, Longitude(" nan") + Latitude("nan")));
-    Written([](QDataStream& stream) { EXPECT_TRUE(At(1.0, 2.0).GetBinary(stream, 1, true)); });
-}
 
 TEST(Coordinate, BodyHasItsLengthsWhereTheyBelong)
 {
@@ -454,15 +315,6 @@ TEST(Coordinate, BodyHasItsLengthsWhereTheyBelong)
     ASSERT_EQ(body.size(), 4 + 16 + 12 + 14);
     EXPECT_BYTES(body.left(16), QByteArray("\0\0\0\x2a\x24\x7e\x74\x91\0\0\0\x0c\0\0\0\x08", 16));
     EXPECT_BYTES(body.mid(24, 12), QByteArray("\xcb\x2f\x4b\x76\0\0\0\x0e\0\0\0\x0a", 12));
-}
-
-TEST(Coordinate, BodyHoldsUnsetValuesAsTheyStandWhenNotValidating)
-{
-    Coordinate coordinate;
-    coordinate.SetValidate(false);
-    EXPECT_BYTES(BodyOf(coordinate), Element(1, Longitude("0.000000") + Latitude("0.000000")));
-    EXPECT_BYTES(BodyOf(WithLeftovers<Coordinate>(1, {5.5, 6.5})),
-                 Element(1, Longitude("5.500000") + Latitude("6.500000")));
 }
 
 TEST(Coordinate, ElementsMayComeInAnyOrderAndARepeatedOneIsAppliedAgain)
@@ -500,53 +352,7 @@ TEST(Coordinate, OutOfRangeElementsAreStoredWithWarningsWhenNotValidating)
                         "(-180, 180) in 'Coordinate'."});
 }
 
-// --- Raw form ---------------------------------------------------------------------------------------------
-
-TEST(Coordinate, RawFormHoldsTheFlagsAndAlwaysBothNumbers)
-{
-    for (int flags = 0; flags <= 3; ++flags) {
-        Coordinate coordinate;
-        if (flags & 1)
-            coordinate.SetLongitude(1.0 / 3.0);
-        if (flags & 2)
-            coordinate.SetLatitude(-0.0);
-        const Bytes raw = Support::Byte(flags) + Support::Double(flags & 1 ? 1.0 / 3.0 : 0.0) +
-                          Support::Double(flags & 2 ? -0.0 : 0.0);
-        EXPECT_EQ(raw.Size(), 17);
-        EXPECT_BYTES(Support::RawFormOf(coordinate), raw);
-
-        Coordinate read = At(7.0, 8.0);
-        EXPECT_EQ(ReadRawForm(read, raw + Support::Byte(5)), 1);
-        EXPECT_TRUE(read == coordinate);
-        EXPECT_BYTES(Support::RawFormOf(read), raw);
-    }
-}
-
-TEST(Coordinate, RawReadingTakesNumbersThatAreNotMarkedAsSet)
-{
-    const Coordinate coordinate = WithLeftovers<Coordinate>(0, {5.5, 6.5});
-    EXPECT_STATE(coordinate, CoordinateState());
-    EXPECT_EQ(coordinate.GetLongitude(), 5.5);
-    EXPECT_EQ(coordinate.GetLatitude(), 6.5);
-    EXPECT_BYTES(Support::RawFormOf(coordinate),
-                 Support::Byte(0) + Support::Double(5.5) + Support::Double(6.5));
-}
-
 // --- Rounding and merging ---------------------------------------------------------------------------------
-
-TEST(Coordinate, XmlAndTaggedFormRoundToMillionthsAndTheRawFormDoesNot)
-{
-    const Coordinate coordinate = At(1.0 / 3.0, 2.0 / 3.0);
-    Coordinate read;
-    EXPECT_TRUE(read.SetXmlString(coordinate.GetXmlString(), true));
-    EXPECT_STATE(read, State(0.333333, 0.666667));
-    QByteArray bytes = coordinate.GetBinaryRepresentationAsQByteArray();
-    read.Reset();
-    EXPECT_TRUE(read.SetBinaryRepresentation(bytes));
-    EXPECT_STATE(read, State(0.333333, 0.666667));
-    EXPECT_EQ(ReadRawForm(read, Support::RawFormOf(coordinate)), 0);
-    EXPECT_STATE(read, State(1.0 / 3.0, 2.0 / 3.0));
-}
 
 TEST(Coordinate, MergingTakesBothValuesOfTheOther)
 {

@@ -16,10 +16,8 @@
 namespace {
 
 using REPORTGENERATOR::Frequency;
-using Support::BodyOf;
 using Support::Bool;
 using Support::Bytes;
-using Support::ReadElement;
 using Support::ReadElements;
 using Support::ReadRawForm;
 using Support::Use;
@@ -56,24 +54,6 @@ std::string UseOf(const Frequency& frequency)
 
 // --- The field --------------------------------------------------------------------------------------------
 
-TEST(Frequency, UseIsTrueUntilItIsSet)
-{
-    const Frequency frequency;
-    EXPECT_FALSE(frequency.IsUseSet());
-    EXPECT_FALSE(frequency.IsInitialized());
-    EXPECT_TRUE(frequency.GetUse());
-    EXPECT_TRUE(frequency.IsInitialized());
-    EXPECT_FALSE(frequency.IsUseSet());
-    EXPECT_FALSE(frequency.AnyData());
-}
-
-TEST(Frequency, DefaultOfUseIsTrueAndDoesNotMakeTheRecord)
-{
-    const Frequency frequency;
-    EXPECT_TRUE(frequency.GetDefaultUse());
-    EXPECT_FALSE(frequency.IsInitialized());
-}
-
 TEST(Frequency, SetterOfUseStoresAndSetsIt)
 {
     for (const bool validate : {true, false}) {
@@ -83,7 +63,6 @@ TEST(Frequency, SetterOfUseStoresAndSetsIt)
             const auto logger = Support::NewLogger();
             frequency.SetLogger(logger);
             frequency.SetUse(use);
-            EXPECT_TRUE(frequency.IsInitialized());
             EXPECT_TRUE(frequency.IsUseSet());
             EXPECT_EQ(frequency.GetUse(), use);
             EXPECT_FALSE(frequency.IsValueSet());
@@ -102,10 +81,6 @@ TEST(Frequency, ResetUseStoresTrueAndUnsetsItAlone)
     EXPECT_TRUE(frequency.IsValueSet());
     EXPECT_TRUE(frequency.IsMinSet());
     EXPECT_TRUE(frequency.IsMaxSet());
-
-    Frequency fresh;
-    fresh.ResetUse();
-    EXPECT_FALSE(fresh.IsInitialized());
 }
 
 TEST(Frequency, ResettingANumberLeavesUseAlone)
@@ -126,49 +101,15 @@ TEST(Frequency, UseCountsAsAnyDataButNotAsData)
     EXPECT_RG_THROW(frequency.Check(), "OutOfRangeException", "Frequency: Please set Value properly.");
 }
 
-TEST(Frequency, ResetUnsetsUseAndStoresTrue)
-{
-    Frequency frequency = WithAll(1.0, 2.0, 3.0, false);
-    frequency.Reset();
-    EXPECT_EQ(UseOf(frequency), "unset, true");
-    EXPECT_FALSE(frequency.AnyData());
-}
-
-TEST(Frequency, ResetToDefaultCountsUseAsSetToTrueAndNothingElse)
-{
-    for (Frequency frequency : {Frequency(), WithAll(1.0, 2.0, 3.0, false)}) {
-        frequency.ResetToDefault();
-        EXPECT_TRUE(frequency.IsInitialized());
-        EXPECT_EQ(UseOf(frequency), "set to true");
-        EXPECT_FALSE(frequency.IsValueSet());
-        EXPECT_FALSE(frequency.IsMinSet());
-        EXPECT_FALSE(frequency.IsMaxSet());
-        EXPECT_TRUE(frequency.AnyData());
-        EXPECT_FALSE(frequency.HasData());
-        EXPECT_EQ(frequency.GetValue(), 0.0);
-    }
-}
-
 TEST(Frequency, ResetToDefaultDiffersFromResetInUse)
 {
     Frequency frequency;
+    EXPECT_TRUE(frequency.GetDefaultUse());
     frequency.ResetToDefault();
+    EXPECT_TRUE(frequency.AnyData());
     EXPECT_TRUE(frequency != Frequency());
     frequency.Reset();
     EXPECT_TRUE(frequency == Frequency());
-}
-
-TEST(Frequency, IsUseSetDoesNotMakeTheRecordAndTheOthersDo)
-{
-    Frequency asked;
-    asked.IsUseSet();
-    EXPECT_FALSE(asked.IsInitialized());
-    Frequency got;
-    got.GetUse();
-    EXPECT_TRUE(got.IsInitialized());
-    Frequency set;
-    set.SetUse(true);
-    EXPECT_TRUE(set.IsInitialized());
 }
 
 // --- Comparison -------------------------------------------------------------------------------------------
@@ -197,29 +138,6 @@ TEST(Frequency, TheLeftoverOfAnUnsetUseDoesNotCount)
 }
 
 // --- XML --------------------------------------------------------------------------------------------------
-
-TEST(Frequency, XmlHoldsUseBehindTheBoundsWhenItIsSet)
-{
-    EXPECT_XML(WithUse(1.0, true), "\n<Frequency Use=\"true\">1.00</Frequency>");
-    EXPECT_XML(WithUse(1.0, false), "\n<Frequency Use=\"false\">1.00</Frequency>");
-    EXPECT_XML(WithAll(1.0, 2.0, 3.0, false),
-               "\n<Frequency Min=\"2.00\" Max=\"3.00\" Use=\"false\">1.00</Frequency>");
-
-    Frequency setInAnotherOrder;
-    setInAnotherOrder.SetUse(true);
-    setInAnotherOrder.SetMax(3.0);
-    setInAnotherOrder.SetMin(2.0);
-    setInAnotherOrder.SetValue(1.0);
-    EXPECT_XML(setInAnotherOrder, "\n<Frequency Min=\"2.00\" Max=\"3.00\" Use=\"true\">1.00</Frequency>");
-}
-
-TEST(Frequency, XmlAfterResetToDefaultHoldsUseWhenNotValidating)
-{
-    Frequency frequency;
-    frequency.SetValidate(false);
-    frequency.ResetToDefault();
-    EXPECT_XML(frequency, "\n<Frequency Use=\"true\">0.00</Frequency>");
-}
 
 TEST(Frequency, UseIsReadAsFalseFromZeroAndFalseInAnyCaseAndAsTrueFromEverythingElse)
 {
@@ -264,20 +182,6 @@ TEST(Frequency, UseIsReadAsFalseFromZeroAndFalseInAnyCaseAndAsTrueFromEverything
     }
 }
 
-TEST(Frequency, UseIsUnsetAfterReadingAnElementWithoutIt)
-{
-    Frequency frequency = WithUse(1.0, false);
-    EXPECT_TRUE(frequency.SetXmlString(QStringLiteral("<Frequency use=\"0\">1</Frequency>"), true));
-    EXPECT_EQ(UseOf(frequency), "unset, true");
-}
-
-TEST(Frequency, ProcessXmlLeavesUseWhenItIsNotThere)
-{
-    Frequency frequency = WithUse(1.0, false);
-    EXPECT_TEXT(ReadElement(frequency, QStringLiteral("<Frequency>2</Frequency>")), "</Frequency>");
-    EXPECT_TRUE(frequency == WithUse(2.0, false));
-}
-
 TEST(Frequency, AttributesAreStoredBeforeMalformedTextIsMet)
 {
     Frequency frequency;
@@ -300,23 +204,7 @@ TEST(Frequency, UseWithoutItsSecondQuoteIsMalformed)
     }
 }
 
-TEST(Frequency, FrequencyInformationIsAnotherElement)
-{
-    Frequency frequency = WithUse(1.0, false);
-    const QString xml = QStringLiteral("<FrequencyInformation>5</FrequencyInformation>");
-    EXPECT_FALSE(frequency.SetXmlString(xml, false));
-    EXPECT_FALSE(frequency.AnyData());
-    EXPECT_RG_THROW(frequency.SetXmlString(xml, true), "RGException", "Unsuitable XML for Frequency!");
-}
-
 // --- Tagged form ------------------------------------------------------------------------------------------
-
-TEST(Frequency, BodyHoldsUseBetweenTheBoundsAndTheValue)
-{
-    EXPECT_BYTES(BodyOf(WithUse(1.0, true)), Element(1, Use(true) + Value("1.00")));
-    EXPECT_BYTES(BodyOf(WithAll(1.0, 2.0, 3.0, false)),
-                 Element(1, Support::Min("2.00") + Support::Max("3.00") + Use(false) + Value("1.00")));
-}
 
 TEST(Frequency, BodyReadsUseFromAnyPlaceAndAnyByteButZeroAsTrue)
 {
@@ -328,13 +216,6 @@ TEST(Frequency, BodyReadsUseFromAnyPlaceAndAnyByteButZeroAsTrue)
         EXPECT_EQ(ReadElements(frequency, use + Value("1")), 0);
         EXPECT_TRUE(frequency == WithUse(1.0, byte != 0)) << byte;
     }
-}
-
-TEST(Frequency, ABodyWithoutUseUnsetsIt)
-{
-    Frequency frequency = WithUse(1.0, false);
-    EXPECT_EQ(ReadElements(frequency, Value("1")), 0);
-    EXPECT_EQ(UseOf(frequency), "unset, true");
 }
 
 TEST(Frequency, DeclaredLengthOfUseOnlyCountsAgainstTheBudget)
@@ -350,27 +231,6 @@ TEST(Frequency, DeclaredLengthOfUseOnlyCountsAgainstTheBudget)
 }
 
 // --- Raw form ---------------------------------------------------------------------------------------------
-
-TEST(Frequency, RawFormHoldsUseLastWhenItIsSet)
-{
-    EXPECT_BYTES(Support::RawFormOf(WithUse(1.005, true)),
-                 Support::Byte(VALUE_FLAG | USE_FLAG) + Support::Double(1.005) + Bool(true));
-    const Bytes all = Support::Byte(0x0f) + Support::Double(1.0) + Support::Double(2.0) +
-                      Support::Double(3.0) + Bool(false);
-    EXPECT_BYTES(Support::RawFormOf(WithAll(1.0, 2.0, 3.0, false)), all);
-
-    Frequency frequency;
-    EXPECT_EQ(ReadRawForm(frequency, all), 0);
-    EXPECT_TRUE(frequency == WithAll(1.0, 2.0, 3.0, false));
-}
-
-TEST(Frequency, RawFormOfANewObjectHoldsNoUse)
-{
-    EXPECT_BYTES(Support::RawFormOf(Frequency()), Support::Byte(0) + Support::Double(0.0));
-    Frequency frequency;
-    frequency.ResetToDefault();
-    EXPECT_BYTES(Support::RawFormOf(frequency), Support::Byte(USE_FLAG) + Support::Double(0.0) + Bool(true));
-}
 
 TEST(Frequency, RawReadingTakesUseOnlyWhenItsFlagIsThere)
 {

@@ -61,22 +61,6 @@ TEST(IFBandwidth, HasNoUse)
     EXPECT_FALSE(HasUse<IFBandwidth>::value);
 }
 
-TEST(IFBandwidth, NothingIsSetAfterResetToDefault)
-{
-    IFBandwidth bandwidth;
-    bandwidth.ResetToDefault();
-    EXPECT_TRUE(bandwidth.IsInitialized());
-    EXPECT_FALSE(bandwidth.AnyData());
-    EXPECT_TRUE(bandwidth == IFBandwidth());
-    EXPECT_BYTES(Support::RawFormOf(bandwidth), Support::Byte(0) + Support::Double(0.0));
-}
-
-TEST(IFBandwidth, XmlHasNoOtherAttributesThanTheBounds)
-{
-    EXPECT_XML(Complete<IFBandwidth>(8333.33, 1.0, 25000.0),
-               "\n<IFBandwidth Min=\"1.00\" Max=\"25000.00\">8333.33</IFBandwidth>");
-}
-
 TEST(IFBandwidth, AnAttributeUseIsNotLookedAt)
 {
     IFBandwidth bandwidth;

@@ -19,6 +19,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,9 @@ using Support::OnlyLongitude;
 using Support::OutOfRange;
 using Support::RecordClass;
 using Support::WithUnflaggedPoint;
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INF = std::numeric_limits<double>::infinity();
 
 template <class T>
 struct Case
@@ -64,6 +68,7 @@ Cases<T> AllCases()
         {"everything set", made({1.0, 2.0, 3.0}), {}},
         {"bounds that exclude the value and each other", made({1.0, 3.0, 2.0}), {}},
         {"the number that means unset elsewhere", made({-111111.11, -111111.11}), {}},
+        {"no number and no finite ones", made({NOT_A_NUMBER, -INF, INF}), {}},
     };
 }
 

@@ -124,7 +124,7 @@ void CompareByRecord(T& object)
 template <class T>
 Operations<T> OwnOperations()
 {
-    return {
+    Operations<T> operations = {
         {"IsValueSet", [](T& o) { o.IsValueSet(); }, false},
         {"IsMinSet", [](T& o) { o.IsMinSet(); }, false},
         {"IsMaxSet", [](T& o) { o.IsMaxSet(); }, false},
@@ -144,6 +144,16 @@ Operations<T> OwnOperations()
         {"comparison with a record", CompareWithRecord<T>, true},
         {"comparison by another with a record", CompareByRecord<T>, true},
     };
+    if constexpr (std::is_same_v<T, Frequency>) {
+        operations.insert(operations.end(), {
+                                                {"IsUseSet", [](T& o) { o.IsUseSet(); }, false},
+                                                {"ResetUse", [](T& o) { o.ResetUse(); }, false},
+                                                {"GetDefaultUse", [](T& o) { o.GetDefaultUse(); }, false},
+                                                {"GetUse", [](T& o) { o.GetUse(); }, true},
+                                                {"SetUse", [](T& o) { o.SetUse(true); }, true},
+                                            });
+    }
+    return operations;
 }
 
 template <>

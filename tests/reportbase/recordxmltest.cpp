@@ -65,7 +65,25 @@ template <class T>
 std::vector<PassingRow<T>> PassingRows()
 {
     return {
-        {"<@ Unit=\"Hz\" min=\"7\" MAX=\"8\" Value=\"9\">12<Note Min=\"6\"/><Value/></@>", {12.0}},
+        {"<@ Unit=\"Hz\" min=\"7\" MAX=\"8\" use=\"0\" Value=\"9\">12<Note Min=\"6\"/><Value/></@>", {12.0}},
+        {"<@ Max=\"3.25\" Min=\"2.5\">1.125</@>", {1.125, 2.5, 3.25}},
+        {"<@/>", {0.0}},
+        {"<@></@>", {0.0}},
+        {"<@><!-- none --></@>", {0.0}},
+        // The value is the last piece of text before the first end tag.
+        {"<@>12<!-- comment -->34</@>", {34.0}},
+        {"<@>12<![CDATA[34]]></@>", {34.0}},
+        {"<@><![CDATA[12]]>34</@>", {34.0}},
+        {"<@>12<!-- comment --></@>", {12.0}},
+        {"<@>12<?instruction?>34</@>", {34.0}},
+        {"<@>1&#50;</@>", {12.0}},
+        {"<@>12<x/>34</@>", {12.0}},
+        {"<@>12<x>34</x>56</@>", {34.0}},
+        {"<@>12<x>34<y>56</y>78</x>90</@>", {56.0}},
+        {"<@>12<x>34<y/>56</x>78</@>", {34.0}},
+        {"<@><x/>34</@>", {0.0}},
+        {"<@>1<@>2</@>3</@>", {2.0}},
+        {"<@><@/>3</@>", {0.0}},
     };
 }
 
@@ -78,6 +96,13 @@ std::vector<PassingRow<Coordinate>> PassingRows()
          "<Latitude>2</Latitude><!-- end --><Last/></@>",
          {1.0, 2.0}},
         {"<@><Longitude>1</Longitude><@><Longitude>5</Longitude></@><Latitude>2</Latitude></@>", {1.0, 2.0}},
+        {"<@><Latitude>2.5</Latitude><Longitude>1.5</Longitude></@>", {1.5, 2.5}},
+        {"<@><Latitude>2</Latitude><Longitude>1</Longitude><Latitude>3</Latitude><Longitude>4</Longitude></"
+         "@>",
+         {4.0, 3.0}},
+        {"<@ xmlns:g=\"urn:g\"><g:Longitude>1</g:Longitude><Latitude xmlns=\"urn:h\">2</Latitude></@>",
+         {1.0, 2.0}},
+        {"<@><Longitude>12<!-- c -->34</Longitude><Latitude>1<![CDATA[2]]></Latitude></@>", {34.0, 2.0}},
     };
 }
 
@@ -148,9 +173,16 @@ std::vector<EndRow<T>> EndRows()
 template <>
 std::vector<EndRow<Coordinate>> EndRows()
 {
+    const char* const setLongitude = "Coordinate: Please set Longitude properly.";
     const char* const setLatitude = "Coordinate: Please set Latitude properly.";
     return {
         {"<@><Longitude>1</Longitude><Latitude>2</Latitude></@><Next/>", "</@>", {1.0, 2.0}},
+        {"<@/>", "</@>", {}, setLongitude},
+        {"<@></@>", "</@>", {}, setLongitude},
+        {"<@><Longitude>1</Longitude></@>", "</@>", {1.0}, setLatitude},
+        {"<@><Latitude>1</Latitude></@>", "</@>", {NOT_SET, 1.0}, setLongitude},
+        {"<@ Longitude=\"1\" Latitude=\"2\"/>", "</@>", {}, setLongitude},
+        {"<@><longitude>1</longitude><LATITUDE>2</LATITUDE></@>", "</@>", {}, setLongitude},
         {"<@><Longitude>1</Longitude><x><x/></x><Latitude>2</Latitude></@>", "</x>", {1.0}, setLatitude},
         {"<@><Longitude>1<y>2</y>3</Longitude><Latitude>4</Latitude></@>",
          "</Longitude>",
@@ -162,8 +194,16 @@ std::vector<EndRow<Coordinate>> EndRows()
 template <>
 std::vector<EndRow<Area>> EndRows()
 {
+    const char* const setName = "Area: Please set Name properly.";
     const char* const setCoordinate = "Area: Please set Coordinate properly.";
+    AreaState point;
+    point.coordinates = {{1.0, 2.0}};
     return {
+        {"<@/>", "</@>", {}, setName},
+        {"<@ Version=\"1.0\"></@>", "</@>", OfVersion("1.0", {}), setName},
+        {"<@ Version=\"1.0\"><Name/></@>", "</@>", NamedArea("1.0", ""), setCoordinate},
+        {"<@><Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate></@>", "</@>", point,
+         setName},
         {"<@><Name>N</Name><x><x/></x><ScriptID>S</ScriptID></@>", "</x>", NamedArea("", "N"), setCoordinate},
         {"<@ Version=\"1.0\"><Name>a<i>b</i>c</Name><ScriptID>S</ScriptID></@>", "</Name>",
          NamedArea("1.0", "b"), setCoordinate},
@@ -175,6 +215,10 @@ std::vector<EndRow<ReportBase>> EndRows()
 {
     return {
         {"<@><Frequency>5</Frequency></@><Next/>", "</@>", {FrequencyState{5.0}}},
+        {"<@><Frequency>5</Frequency><Area Version=\"1.0\"/></@>",
+         "</@>",
+         {FrequencyState{5.0}, NOT_SET, OfVersion("1.0", {})},
+         "Area: Please set Name properly."},
         {"<@><Frequency>5</Frequency><x><x/></x><IFBandwidth>6</IFBandwidth></@>",
          "</x>",
          {FrequencyState{5.0}}},

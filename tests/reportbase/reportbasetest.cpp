@@ -197,15 +197,6 @@ TEST(ReportBase, AnyDataAsksTheMembersAndNotTheFlags)
     EXPECT_TRUE(report.AnyData());
 }
 
-TEST(ReportBase, HasDataIsAlwaysTrue)
-{
-    EXPECT_TRUE(ReportBase().HasData());
-    EXPECT_TRUE(CompleteReport().HasData());
-    ReportBase report = CompleteReport();
-    report.Reset();
-    EXPECT_TRUE(report.HasData());
-}
-
 // --- Comparison -------------------------------------------------------------------------------------------
 
 TEST(ReportBase, MembersMatchWhenCarriedByNeitherOrByBothAndEqual)

@@ -23,7 +23,6 @@ namespace {
 
 using REPORTGENERATOR::ReportBase;
 using Support::AreaState;
-using Support::BandwidthOf;
 using Support::BodyOf;
 using Support::Bytes;
 using Support::Carried;
@@ -35,10 +34,7 @@ using Support::NotValidating;
 using Support::ReadElement;
 using Support::Rename;
 using Support::ReportState;
-using Support::ReportWithFlags;
 using Support::Text;
-
-constexpr int BANDWIDTH_FLAG = 2;
 
 const char* const LAKE_XML =
     "<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1.000000</Longitude>"
@@ -52,34 +48,6 @@ QString ReportXml(const char* content)
 } // namespace
 
 // --- XML writing ------------------------------------------------------------------------------------------
-
-TEST(ReportBase, XmlOfAReportThatCarriesNothingIsAnEmptyElement)
-{
-    EXPECT_XML(ReportBase(), "\n<ReportBase/>");
-    EXPECT_XML(NotValidating<ReportBase>(), "\n<ReportBase/>");
-    EXPECT_XML(ReportWithFlags(0), "\n<ReportBase/>");
-}
-
-TEST(ReportBase, XmlHoldsTheCarriedMembersInTheirOrder)
-{
-    ReportBase report;
-    report.SetArea(LakeWithoutScript());
-    report.SetIFBandwidth(BandwidthOf(6.0));
-    report.SetFrequency(FrequencyOf(5.0));
-    EXPECT_XML(report, "\n<ReportBase>\n"
-                       "    <Frequency>5.00</Frequency>\n"
-                       "    <IFBandwidth>6.00</IFBandwidth>\n"
-                       "    <Area Version=\"1.0\">\n"
-                       "        <Name>Lake</Name>\n"
-                       "        <Coordinate>\n"
-                       "            <Longitude>1.000000</Longitude>\n"
-                       "            <Latitude>2.000000</Latitude>\n"
-                       "        </Coordinate>\n"
-                       "    </Area>\n"
-                       "</ReportBase>");
-    EXPECT_XML(ReportWithFlags(BANDWIDTH_FLAG),
-               "\n<ReportBase>\n    <IFBandwidth>6.00</IFBandwidth>\n</ReportBase>");
-}
 
 TEST(ReportBase, XmlElementBearsTheCurrentNameAndSoDoThoseOfTheMembers)
 {
@@ -116,21 +84,6 @@ TEST(ReportBase, MembersAreReadFromTheElementsOfTheirCurrentNames)
         EXPECT_TRUE(report.IsFrequencySet());
         EXPECT_EQ(std::as_const(report).GetFrequency().GetValue(), 7.0);
     }
-}
-
-TEST(ReportBase, XmlHoldsMembersWithoutDataAsTheyStandWhenNotValidating)
-{
-    ReportBase report = NotValidating<ReportBase>();
-    report.GetFrequency();
-    report.GetIFBandwidth();
-    report.GetArea();
-    EXPECT_XML(report, "\n<ReportBase>\n"
-                       "    <Frequency>0.00</Frequency>\n"
-                       "    <IFBandwidth>0.00</IFBandwidth>\n"
-                       "    <Area Version=\"1.0\">\n"
-                       "        <Name></Name>\n"
-                       "    </Area>\n"
-                       "</ReportBase>");
 }
 
 TEST(ReportBase, ACarriedAreaWithAnEmptyListIsLeftOutWhenValidating)
@@ -245,17 +198,6 @@ TEST(ReportBase, ACopyBearsTheOriginalNamesOfItsMembers)
     report.ResetIFBandwidth();
     report.ResetArea();
     EXPECT_XML(ReportBase(report), "\n<ReportBase>\n    <Frequency>5.00</Frequency>\n</ReportBase>");
-}
-
-TEST(ReportBase, AnIncompleteMemberFailsTheCheckWhenValidating)
-{
-    ReportBase report;
-    EXPECT_RG_THROW(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true),
-                    "OutOfRangeException", "Area: Please set Name properly.");
-    EXPECT_EQ(Carried(report), "frequency area ");
-    report.SetValidate(false);
-    EXPECT_TRUE(report.SetXmlString(ReportXml("<Frequency>5</Frequency><Area Version=\"1.0\"/>"), true));
-    EXPECT_EQ(Carried(report), "frequency area ");
 }
 
 TEST(ReportBase, AttributesOfAMemberThatMetMalformedTextStayInIt)
