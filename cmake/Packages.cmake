@@ -38,6 +38,7 @@ set(packageOf_headers "libreportbase-headers")
 set(packageOf_documentation "libreportbase-doc")
 set(packageOf_reference "reportgenerator-doc")
 set(packageOf_python "python3-reportgenerator")
+set(packageOf_gdal "libgdal-reports")
 
 set(components runtime models development tools)
 if(TARGET reportviewer)
@@ -45,6 +46,9 @@ if(TARGET reportviewer)
 endif()
 if(TARGET _reportgenerator)
     list(APPEND components python)
+endif()
+if(TARGET ogr_REPORTS AND REPORTGENERATOR_QT_MAJOR STREQUAL "5")
+    list(APPEND components gdal)
 endif()
 set(qtPackage qt6-base-dev)
 if(REPORTGENERATOR_QT_MAJOR STREQUAL "5")
@@ -170,6 +174,15 @@ if(python IN_LIST components)
     string(CONCAT CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
         "${packageOf_runtime} (= ${PROJECT_VERSION}), python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${nextPython}), "
         "python3-numpy")
+endif()
+
+if(gdal IN_LIST components)
+    reportgenerator_package(gdal libs "report data model of radio monitoring - driver for GDAL"
+        "This package has GDAL, and what reads maps through it, open files and folders\nof reports.")
+    # The driver is compiled with private headers of the library.
+    set(CPACK_DEBIAN_GDAL_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_GDAL_PACKAGE_DEPENDS "${packageOf_runtime} (= ${PROJECT_VERSION})")
+    set(CPACK_DEBIAN_GDAL_PACKAGE_SUGGESTS "gdal-bin")
 endif()
 
 reportgenerator_package(development libdevel "report data model of radio monitoring - development (${qt})"

@@ -28,7 +28,7 @@ packaging_time() {
 
 # --- Debian
 
-deb_packages=("${build_packages[@]}" qt6-base-dev dpkg-dev file gzip binutils python3 python3-dev pybind11-dev)
+deb_packages=("${build_packages[@]}" qt6-base-dev dpkg-dev file gzip binutils python3 python3-dev pybind11-dev libgdal-dev)
 deb_folder=build/packages/debian
 
 package_deb() {

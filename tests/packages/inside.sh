@@ -41,7 +41,7 @@ expect_as_before() {
     snapshot | diff "$1" - >&2 || fail "$2 leaves something behind"
     if find / -xdev \( -path /proc -o -path /tmp -o -path /packages -o -path /project -o -path /var/lib/apt \
         -o -path /var/cache/apt -o -path /var/log \) -prune -o \
-        \( -name '*reportbase*' -o -name '*reportmodels*' -o -name '*wendbase*' -o -name '*reporttool*' -o -name '*reportviewer*' -o -iname '*reportgenerator*' \) -print |
+        \( -name '*reportbase*' -o -name '*reportmodels*' -o -name '*wendbase*' -o -name '*reporttool*' -o -name '*reportviewer*' -o -iname '*reportgenerator*' -o -name '*gdal-reports*' -o -name 'ogr_REPORTS*' \) -print |
         grep . >&2; then
         fail "$2 leaves files with its name behind"
     fi
@@ -117,10 +117,31 @@ try_viewer() {
     expect_file "/usr/share/applications/$viewer.desktop"
 }
 
+# What GDAL reads of a report.
+read_by_gdal() {
+    ogr2ogr -f CSV /vsistdout/ "$1" -select frequency_value,area_name,area_scriptId -lco GEOMETRY=AS_WKT
+}
+
+# GDAL finds the driver where it looks for plug-ins, opens a folder of reports by it, and writes one.
+try_gdal() {
+    apt_get install --yes --no-install-recommends gdal-bin
+    ogrinfo --formats >/tmp/formats
+    grep -q '^ *REPORTS -vector- (rw' /tmp/formats || fail "GDAL doesn't know the driver"
+    local reports=(/project/reports/*.xml)
+    ogrinfo -ro -so -al /project/reports >/tmp/layer || fail "GDAL reads no folder of reports"
+    grep -qx "Feature Count: ${#reports[@]}" /tmp/layer || fail "GDAL doesn't find ${#reports[@]} reports"
+    read_by_gdal "${reports[0]}" >/tmp/read
+    grep -q '^"\?POLYGON' /tmp/read || fail "GDAL finds no area in ${reports[0]}"
+    ogr2ogr -f REPORTS /tmp/written.xml "${reports[0]}" || fail "GDAL writes no report"
+    read_by_gdal /tmp/written.xml | diff /tmp/read - >&2 || fail "GDAL writes another report than it read"
+    apt_get purge --yes gdal-bin
+}
+
 test_runtime() {
     local package
     for package in "$qt5_library" "$qt5_models" reporttool reportviewer "$qt6_library" "$qt6_models" reporttool-qt6 \
-        reportviewer-qt6 reporttool-types python3-reportgenerator libreportbase-headers libreportbase-doc reportgenerator-doc; do
+        reportviewer-qt6 reporttool-types python3-reportgenerator libgdal-reports libreportbase-headers libreportbase-doc \
+        reportgenerator-doc; do
         say "$package"
         snapshot >/tmp/before
         apt_get install --yes --no-install-recommends "$package"
@@ -139,6 +160,7 @@ test_runtime() {
                 python3 -B /project/use.py /project/reports/*.xml >/tmp/loaded
                 grep -q "libreportbase\.so\.$interface" <(sed 's|.*/||' /tmp/loaded) || fail "Python loads another library"
                 ;;
+            libgdal-reports) try_gdal ;;
             reporttool*) try_tool "$package" ;;
             reportviewer*) try_viewer "$package" ;;
             libreportbase-headers)
