@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import signal
 from pathlib import Path
 
 import pytest
@@ -14,3 +15,9 @@ TREE = Path(os.environ.get("REPORTGENERATOR_TEST_TREE", Path(__file__).resolve()
 def tree() -> Path:
     """The folder of the project's sources."""
     return TREE
+
+
+@pytest.fixture(autouse=True, scope="session")
+def _ctrl_c() -> None:
+    """As in a terminal: what a shell starts in the background doesn't know it."""
+    signal.signal(signal.SIGINT, signal.default_int_handler)
