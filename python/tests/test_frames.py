@@ -183,7 +183,9 @@ def test_dask(page: Page) -> None:
     assert page.names["highest"] == 121500000.0
 
 
-@pytest.mark.skipif(" " in sys.executable, reason="Ray starts no workers of a Python below a folder with a blank")
+@pytest.mark.skipif(
+    " " in sys.executable, reason="Ray starts no workers of a Python below a folder with a blank"
+)
 def test_ray(page: Page) -> None:
     ray = pytest.importorskip("ray")
     page.run("Reading")
