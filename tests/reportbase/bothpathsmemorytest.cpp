@@ -248,7 +248,7 @@ class BothPathsMemory : public ::testing::TestWithParam<Case>
 TEST_P(BothPathsMemory, GrowsWithTheInputAndNoFaster)
 {
     if (!Allocations::AreCounted())
-        GTEST_SKIP() << "the allocator of this platform isn't watched";
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     for (const int size : {1000, SOME_BYTES}) {
         const QByteArray input = GetParam().make(size);
         for (const bool validates : {true, false}) {
@@ -301,7 +301,7 @@ INSTANTIATE_TEST_SUITE_P(Inputs, BothPathsMemory, ::testing::ValuesIn(CASES), Ca
 TEST(BothPathsAllocations, AreSeen)
 {
     if (!Allocations::AreCounted())
-        GTEST_SKIP() << "the allocator of this platform isn't watched";
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     const Allocations allocations;
     {
         const QByteArray bytes(SOME_BYTES, 'x');

@@ -357,14 +357,14 @@ TYPED_TEST_SUITE(EachAllocationOfRecords, Support::RecordClasses, Support::Recor
 TYPED_TEST(EachAllocationOfRecords, MayFailOnTheFastPath)
 {
     if (!EachAllocation::IsPossible())
-        GTEST_SKIP() << "Qt 6 ends the program where memory runs out; other platforms' allocators don't fail";
+        GTEST_SKIP() << EachAllocation::IMPOSSIBLE;
     TryRecordClass<TypeParam, TypeParam>();
 }
 
 TYPED_TEST(EachAllocationOfRecords, MayFailOnTheStreamPath)
 {
     if (!EachAllocation::IsPossible())
-        GTEST_SKIP() << "Qt 6 ends the program where memory runs out; other platforms' allocators don't fail";
+        GTEST_SKIP() << EachAllocation::IMPOSSIBLE;
     TryRecordClass<TypeParam, StreamPathOnly<TypeParam>>();
 }
 
@@ -383,7 +383,7 @@ TYPED_TEST_SUITE(EachAllocationOfPlainClasses, PlainClasses, Support::PlainClass
 TYPED_TEST(EachAllocationOfPlainClasses, MayFail)
 {
     if (!EachAllocation::IsPossible())
-        GTEST_SKIP() << "Qt 6 ends the program where memory runs out; other platforms' allocators don't fail";
+        GTEST_SKIP() << EachAllocation::IMPOSSIBLE;
     using Sample = Support::Sample<TypeParam>;
     const QString xml = Text(Sample::XML);
     const TypeParam filled = Sample::Filled();
@@ -406,7 +406,7 @@ TYPED_TEST(EachAllocationOfPlainClasses, MayFail)
 TEST(LossesOfQt, AreThoseOfReadersAndWritersThatCannotBeMade)
 {
     if (!EachAllocation::IsPossible())
-        GTEST_SKIP() << "Qt 6 ends the program where memory runs out; other platforms' allocators don't fail";
+        GTEST_SKIP() << EachAllocation::IMPOSSIBLE;
     EXPECT_FALSE(Support::LossesOf(QtObject::Reader).empty());
     EXPECT_FALSE(Support::LossesOf(QtObject::Writer).empty());
 }

@@ -56,7 +56,7 @@ void FailEach(const std::function<void(const std::function<void(const std::funct
               Failure failure = Failure::Passes)
 {
     if (!FailingAllocation::IsPossible())
-        GTEST_SKIP() << "the allocator of this platform doesn't fail";
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     bool hasFailed = true;
     int number = 0;
     while (hasFailed && !testing::Test::HasFailure()) {
@@ -214,7 +214,7 @@ qint64 PeakOn(const std::function<void(Area&)>& operation)
 TEST(CopiedList, IsNotCopiedToBeGivenUp)
 {
     if (!Allocations::AreCounted())
-        GTEST_SKIP() << "the allocator of this platform isn't watched";
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     EXPECT_LT(PeakOn([](Area& area) { area.Reset(); }), FAR_BELOW_A_LIST);
     EXPECT_LT(PeakOn([](Area& area) { area.ResetCoordinate(); }), FAR_BELOW_A_LIST);
     EXPECT_LT(PeakOn([](Area& area) { area.ResetToDefault(); }), FAR_BELOW_A_LIST);
@@ -228,7 +228,7 @@ TEST(CopiedList, IsNotCopiedToBeGivenUp)
 TEST(CopiedList, IsNotCopiedWhenItsSourceIsGivenUp)
 {
     if (!Allocations::AreCounted())
-        GTEST_SKIP() << "the allocator of this platform isn't watched";
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     Area source = Lake(SOME_POINTS);
     source.SetLogger(Support::NewLogger());
     const Area copy(source);

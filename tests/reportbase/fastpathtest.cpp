@@ -128,7 +128,7 @@ protected:
     void SetUp() override
     {
         if (!Support::Allocations::AreCounted())
-            GTEST_SKIP() << "this platform's allocator can't be watched";
+            GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     }
 };
 

@@ -13,6 +13,10 @@
 
 namespace Support {
 
+/// What is said of the tests that are left out elsewhere.
+constexpr const char* OTHER_ALLOCATOR =
+    "a program can't replace the allocator of its libraries on this platform";
+
 class Allocations
 {
 public:

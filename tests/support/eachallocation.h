@@ -50,6 +50,10 @@ public:
     /// program instead.
     static bool IsPossible();
 
+    /// What is said of the tests that are left out then.
+    static constexpr const char* IMPOSSIBLE =
+        "Qt 6 ends the program where memory runs out; other platforms' allocators don't fail";
+
     using Trial = std::function<Failure(int number)>;
 
     /// Runs the trial until no allocation fails any more; nothing may be lost but what these objects lose.

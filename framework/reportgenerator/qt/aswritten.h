@@ -44,14 +44,6 @@ inline bool EqualAsWritten(double left, double right)
     return EqualWithDecimals(left, right, DECIMALS);
 }
 
-/// A number of a class in which one number stands for "not set".
-inline bool EqualNumbersOf(const IRGObject& leftObject, double left, const IRGObject& rightObject,
-                           double right, int decimals = DECIMALS)
-{
-    const bool isSet = leftObject.IsValid(left);
-    return isSet == rightObject.IsValid(right) && (!isSet || EqualWithDecimals(left, right, decimals));
-}
-
 // --- A field of two objects
 
 template <class Value>
@@ -137,8 +129,12 @@ inline bool EqualAsWritten(const ReportBase& left, const ReportBase& right)
 /// Six decimals; the unit, and the name too, which the element bears.
 inline bool EqualAsWritten(const Double& left, const Double& right)
 {
+    const IRGObject& leftObject = left;
+    const IRGObject& rightObject = right;
     const auto equal = [&](double leftValue, double rightValue) {
-        return detail::EqualNumbersOf(left, leftValue, right, rightValue, detail::DECIMALS_OF_DOUBLE);
+        const bool isSet = leftObject.IsValid(leftValue);
+        return isSet == rightObject.IsValid(rightValue) &&
+               (!isSet || detail::EqualWithDecimals(leftValue, rightValue, detail::DECIMALS_OF_DOUBLE));
     };
     return left.GetName() == right.GetName() && left.GetUnit() == right.GetUnit() &&
            equal(left.GetValue(), right.GetValue()) && equal(left.GetMinimum(), right.GetMinimum()) &&

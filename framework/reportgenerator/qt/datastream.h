@@ -14,8 +14,8 @@
 //
 // Whatever the stream's version and precision, an object is one byte array in it. It holds, as a stream of version 12
 // with numbers of 8 bytes writes them: of `Frequency`, `IFBandwidth`, `Coordinate`, `Area` and `ReportBase` the raw
-// form; of the other classes the fields in the order in which they are below and in `optional.h`. So all numbers are kept as they are,
-// which the XML and binary representations don't, and an object needn't be complete or valid.
+// form; of the other classes the fields in the order in which they are below and in `optional.h`. So all numbers are
+// kept as they are, which the XML and binary representations don't, and an object needn't be complete or valid.
 //
 // Validate flag, logger and version converter don't travel: the object that is read into keeps its own. Nothing
 // throws. What can't be written as it is makes the stream's status `WriteFailed`, and an empty byte array is written.

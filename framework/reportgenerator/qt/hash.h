@@ -37,18 +37,7 @@ HashValue HashOf(HashValue seed, const Values&... values)
     return seed;
 }
 
-/// Of a field that may be unset; its number counts only when it is set.
-inline HashValue HashOfField(HashValue seed, bool isSet, double value)
-{
-    return HashOf(seed, isSet ? 1 : 0, isSet ? value : 0.0);
-}
-
-inline HashValue HashOfField(HashValue seed, bool isSet, const QString& value)
-{
-    return HashOf(seed, isSet ? 1 : 0, isSet ? value : QString());
-}
-
-/// A number that stands for "not set" counts like any other.
+/// What isn't set counts as such, whatever it holds. A number that stands for "not set" counts like any other.
 template <class Object, class Base, class Value>
 HashValue HashOfField(HashValue seed, const Object& object, const Field<Base, Value>& field)
 {
