@@ -1,15 +1,17 @@
 #ifndef REPORTCOLUMNS_BUFFER_H
 #define REPORTCOLUMNS_BUFFER_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace ReportColumns {
 
-/// Bytes that grow at the end, aligned as Arrow recommends it, with room up to a whole block.
+/// Bytes that grow at the end, aligned as Arrow recommends it.
 class Buffer
 {
 public:
@@ -40,11 +42,18 @@ public:
         std::memcpy(Extend(sizeof value), &value, sizeof value);
     }
 
-    /// Arrow wants no null pointer for what may have bytes.
-    void MakeSure()
+    /// What was written, with zeros up to a whole block; Arrow wants no null pointer for what may have bytes. The next bytes
+    /// begin with room for about as many, since batches of a column are alike, and new pages cost more than what is written.
+    Buffer Take()
     {
-        if (!m_bytes)
-            Grow(1);
+        Buffer taken;
+        std::swap(taken, *this);
+        m_likely = taken.m_size + taken.m_size / 16;
+        const std::size_t padding =
+            taken.m_bytes ? (ALIGNMENT - taken.m_size % ALIGNMENT) % ALIGNMENT : ALIGNMENT;
+        std::memset(taken.Extend(padding), 0, padding);
+        taken.m_size -= padding;
+        return taken;
     }
 
 private:
@@ -55,14 +64,12 @@ private:
 
     void Grow(std::size_t least)
     {
-        std::size_t capacity = m_capacity + m_capacity / 2;
-        capacity = capacity < least ? least : capacity;
+        std::size_t capacity = std::max({least, m_capacity + m_capacity / 2, m_likely});
         capacity = (capacity + ALIGNMENT - 1) / ALIGNMENT * ALIGNMENT;
         std::unique_ptr<std::byte, Deleter> grown(
             static_cast<std::byte*>(::operator new(capacity, std::align_val_t(ALIGNMENT))));
         if (m_size > 0)
             std::memcpy(grown.get(), m_bytes.get(), m_size);
-        std::memset(grown.get() + m_size, 0, capacity - m_size);
         m_bytes = std::move(grown);
         m_capacity = capacity;
     }
@@ -70,6 +77,7 @@ private:
     std::unique_ptr<std::byte, Deleter> m_bytes;
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
+    std::size_t m_likely = 0;
 };
 
 /// Bits that grow at the end, the lowest of a byte first.
@@ -88,7 +96,12 @@ public:
         ++m_count;
     }
 
-    Buffer& Bytes() { return m_buffer; }
+    /// As `Buffer::Take`.
+    Buffer Take()
+    {
+        m_count = 0;
+        return m_buffer.Take();
+    }
 
 private:
     Buffer m_buffer;

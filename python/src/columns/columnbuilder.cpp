@@ -2,22 +2,18 @@
 
 #include <QtCore/QByteArray>
 
+#include <utility>
+
 namespace ReportColumns {
 
 namespace {
-
-void Add(ColumnValues& values, Buffer& buffer)
-{
-    buffer.MakeSure();
-    values.buffers.push_back(std::move(buffer));
-}
 
 ColumnValues NumbersWithoutNulls(Buffer& numbers, std::int64_t count)
 {
     ColumnValues values;
     values.length = count;
     values.buffers.emplace_back();
-    Add(values, numbers);
+    values.buffers.push_back(numbers.Take());
     return values;
 }
 
@@ -26,23 +22,23 @@ ColumnValues NumbersWithoutNulls(Buffer& numbers, std::int64_t count)
 ColumnValues Validity::Finish()
 {
     ColumnValues values;
-    values.length = m_length;
-    values.nulls = m_nulls;
-    Add(values, m_bits.Bytes());
+    values.length = std::exchange(m_length, 0);
+    values.nulls = std::exchange(m_nulls, 0);
+    values.buffers.push_back(m_bits.Take());
     return values;
 }
 
 ColumnValues NumberBuilder::Finish()
 {
     ColumnValues values = m_validity.Finish();
-    Add(values, m_numbers);
+    values.buffers.push_back(m_numbers.Take());
     return values;
 }
 
 ColumnValues SwitchBuilder::Finish()
 {
     ColumnValues values = m_validity.Finish();
-    Add(values, m_switches.Bytes());
+    values.buffers.push_back(m_switches.Take());
     return values;
 }
 
@@ -55,20 +51,21 @@ void BytesBuilder::Append(const QString& text)
 ColumnValues BytesBuilder::Finish()
 {
     ColumnValues values = m_validity.Finish();
-    Add(values, m_ends);
-    Add(values, m_bytes);
+    values.buffers.push_back(m_ends.Take());
+    values.buffers.push_back(m_bytes.Take());
     return values;
 }
 
 ColumnValues PointsBuilder::Finish()
 {
+    const auto count = static_cast<std::int64_t>(std::exchange(m_count, 0));
     ColumnValues points;
-    points.length = m_count;
+    points.length = count;
     points.buffers.emplace_back();
-    points.children.push_back(NumbersWithoutNulls(m_longitudes, m_count));
-    points.children.push_back(NumbersWithoutNulls(m_latitudes, m_count));
+    points.children.push_back(NumbersWithoutNulls(m_longitudes, count));
+    points.children.push_back(NumbersWithoutNulls(m_latitudes, count));
     ColumnValues values = m_validity.Finish();
-    Add(values, m_ends);
+    values.buffers.push_back(m_ends.Take());
     values.children.push_back(std::move(points));
     return values;
 }

@@ -10,7 +10,7 @@
 
 namespace ReportColumns {
 
-// What columns of one kind grow in. Each value or null is a row.
+// What columns of one kind grow in. Each value or null is a row. `Finish` hands the rows out, and the next column begins.
 
 /// Which rows hold something.
 class Validity
@@ -32,6 +32,28 @@ private:
     Bits m_bits;
     std::int64_t m_length = 0;
     std::int64_t m_nulls = 0;
+};
+
+/// Where each row ends in what all rows have together.
+class Ends
+{
+public:
+    void Append(std::size_t end)
+    {
+        if (m_ends.Size() == 0)
+            m_ends.Append(std::int32_t(0));
+        m_ends.Append(static_cast<std::int32_t>(end));
+    }
+
+    Buffer Take()
+    {
+        if (m_ends.Size() == 0)
+            m_ends.Append(std::int32_t(0));
+        return m_ends.Take();
+    }
+
+private:
+    Buffer m_ends;
 };
 
 class NumberBuilder
@@ -78,8 +100,6 @@ private:
 class BytesBuilder
 {
 public:
-    BytesBuilder() { m_ends.Append(std::int32_t(0)); }
-
     std::int64_t Length() const { return m_validity.Length(); }
     std::size_t Size() const { return m_bytes.Size(); }
 
@@ -105,10 +125,10 @@ public:
     ColumnValues Finish();
 
 private:
-    void PutEnd() { m_ends.Append(static_cast<std::int32_t>(m_bytes.Size())); }
+    void PutEnd() { m_ends.Append(m_bytes.Size()); }
 
     Validity m_validity;
-    Buffer m_ends;
+    Ends m_ends;
     Buffer m_bytes;
 };
 
@@ -116,10 +136,8 @@ private:
 class PointsBuilder
 {
 public:
-    PointsBuilder() { m_ends.Append(std::int32_t(0)); }
-
     /// Of all rows.
-    std::int64_t Count() const { return m_count; }
+    std::size_t Count() const { return m_count; }
 
     void AppendPoint(double longitude, double latitude)
     {
@@ -132,21 +150,21 @@ public:
     void EndRow()
     {
         m_validity.Append(true);
-        m_ends.Append(static_cast<std::int32_t>(m_count));
+        m_ends.Append(m_count);
     }
     void AppendNull()
     {
         m_validity.Append(false);
-        m_ends.Append(static_cast<std::int32_t>(m_count));
+        m_ends.Append(m_count);
     }
     ColumnValues Finish();
 
 private:
     Validity m_validity;
-    Buffer m_ends;
+    Ends m_ends;
     Buffer m_longitudes;
     Buffer m_latitudes;
-    std::int64_t m_count = 0;
+    std::size_t m_count = 0;
 };
 
 } // namespace ReportColumns

@@ -15,7 +15,10 @@
 
 #include <algorithm>
 #include <deque>
+#include <memory>
+#include <mutex>
 #include <utility>
+#include <vector>
 
 namespace ReportColumns {
 
@@ -74,22 +77,61 @@ void Append(RowBuilder& rows, const Bytes& bytes)
     }
 }
 
+/// Builders that no thread uses at the moment; they know how much their last batch was.
+class IdleBuilders
+{
+public:
+    explicit IdleBuilders(const ColumnChoice& columns) : m_columns(columns) {}
+
+    std::unique_ptr<RowBuilder> Take()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_builders.empty())
+            return std::make_unique<RowBuilder>(m_columns);
+        std::unique_ptr<RowBuilder> builder = std::move(m_builders.back());
+        m_builders.pop_back();
+        return builder;
+    }
+
+    void PutBack(std::unique_ptr<RowBuilder> builder)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_builders.push_back(std::move(builder));
+    }
+
+private:
+    const ColumnChoice m_columns;
+    std::mutex m_mutex;
+    std::vector<std::unique_ptr<RowBuilder>> m_builders;
+};
+
 // --- Arrays
 
-std::vector<SharedValues> DecodePart(const BytesInput& input, Part part, const ColumnChoice& columns)
+std::vector<SharedValues> DecodePart(const BytesInput& input, Part part, IdleBuilders& builders)
 {
+    std::unique_ptr<RowBuilder> rows = builders.Take();
     std::vector<SharedValues> batches;
     do {
-        RowBuilder rows(columns);
-        for (; part.begin < part.end && !rows.IsFull(); ++part.begin) {
+        for (; part.begin < part.end && !rows->IsFull(); ++part.begin) {
             if (input.IsThere(part.begin))
-                Append(rows, input.At(part.begin));
+                Append(*rows, input.At(part.begin));
             else
-                rows.AppendNull();
+                rows->AppendNull();
         }
-        batches.push_back(std::make_shared<const ColumnValues>(rows.Finish()));
+        batches.push_back(std::make_shared<const ColumnValues>(rows->Finish()));
     } while (part.begin < part.end);
+    builders.PutBack(std::move(rows));
     return batches;
+}
+
+std::vector<SharedValues> DecodeArray(const BytesInput& input, const DecodeOptions& options,
+                                      IdleBuilders& builders)
+{
+    const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
+    const std::deque<SharedValues> batches =
+        InOrder(parts.size(), ThreadsFor(options.threads), options.checkpoint,
+                [&](std::size_t i) { return DecodePart(input, parts[i], builders); });
+    return {batches.begin(), batches.end()};
 }
 
 // --- Streams
@@ -98,7 +140,8 @@ class DecodedStream : public Source
 {
 public:
     DecodedStream(OwnedStream stream, const DecodeOptions& options)
-        : m_input(std::move(stream)), m_options(options), m_type(DecodedType(options.columns))
+        : m_input(std::move(stream)), m_options(options), m_type(DecodedType(options.columns)),
+          m_builders(options.columns)
     {
         // What can't be decoded is to be known before the first array.
         BytesInput(m_input.Schema(), ArrowArray(), COLUMN);
@@ -110,7 +153,7 @@ public:
     {
         while (m_ready.empty() && m_input.HasArray()) {
             const std::vector<SharedValues> batches =
-                Decode(BytesInput(m_input.Schema(), m_input.Array(), COLUMN), m_options);
+                DecodeArray(BytesInput(m_input.Schema(), m_input.Array(), COLUMN), m_options, m_builders);
             m_ready.assign(batches.begin(), batches.end());
             m_input.Advance();
         }
@@ -121,6 +164,7 @@ private:
     StreamInput m_input;
     const DecodeOptions m_options;
     const ColumnType m_type;
+    IdleBuilders m_builders;
     std::deque<SharedValues> m_ready;
 };
 
@@ -143,7 +187,7 @@ public:
     DecodedFiles(std::vector<std::string> paths, const DecodeOptions& options)
         : m_paths(std::move(paths)), m_options(options),
           m_parts(PartsOf(static_cast<std::int64_t>(m_paths.size()), options.batchRows)),
-          m_type(options.columns.Type({{"u", FILE_COLUMN, false}}))
+          m_type(options.columns.Type({{"u", FILE_COLUMN, false}})), m_builders(options.columns)
     {
     }
 
@@ -167,21 +211,22 @@ private:
         m_next += count;
     }
 
-    std::vector<SharedValues> DecodePart(Part part) const
+    std::vector<SharedValues> DecodePart(Part part)
     {
+        std::unique_ptr<RowBuilder> rows = m_builders.Take();
         std::vector<SharedValues> batches;
         do {
-            RowBuilder rows(m_options.columns);
             BytesBuilder files;
-            for (; part.begin < part.end && !rows.IsFull(); ++part.begin) {
+            for (; part.begin < part.end && !rows->IsFull(); ++part.begin) {
                 const std::string& path = m_paths[static_cast<std::size_t>(part.begin)];
-                AppendFile(rows, path);
+                AppendFile(*rows, path);
                 files.Append(QString::fromUtf8(path.data(), static_cast<int>(path.size())));
             }
             std::vector<ColumnValues> further;
             further.push_back(files.Finish());
-            batches.push_back(std::make_shared<const ColumnValues>(rows.Finish(std::move(further))));
+            batches.push_back(std::make_shared<const ColumnValues>(rows->Finish(std::move(further))));
         } while (part.begin < part.end);
+        m_builders.PutBack(std::move(rows));
         return batches;
     }
 
@@ -189,6 +234,7 @@ private:
     const DecodeOptions m_options;
     const std::vector<Part> m_parts;
     const ColumnType m_type;
+    IdleBuilders m_builders;
     std::size_t m_next = 0;
     std::deque<SharedValues> m_ready;
 };
@@ -202,11 +248,8 @@ ColumnType DecodedType(const ColumnChoice& columns)
 
 std::vector<SharedValues> Decode(const BytesInput& input, const DecodeOptions& options)
 {
-    const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
-    const std::deque<SharedValues> batches =
-        InOrder(parts.size(), ThreadsFor(options.threads), options.checkpoint,
-                [&](std::size_t i) { return DecodePart(input, parts[i], options.columns); });
-    return {batches.begin(), batches.end()};
+    IdleBuilders builders(options.columns);
+    return DecodeArray(input, options, builders);
 }
 
 std::unique_ptr<Source> DecodeStream(OwnedStream stream, const DecodeOptions& options)

@@ -14,7 +14,7 @@ using REPORTGENERATOR::Schema;
 namespace {
 
 constexpr std::size_t MOST_BYTES = std::size_t(128) << 20;
-constexpr std::int64_t MOST_POINTS = std::int64_t(MOST_BYTES) / std::int64_t(2 * sizeof(double));
+constexpr std::size_t MOST_POINTS = MOST_BYTES / (2 * sizeof(double));
 
 } // namespace
 
@@ -158,7 +158,7 @@ void RowBuilder::PutShape(const QVector<Coordinate>* points)
 ColumnValues RowBuilder::Finish(std::vector<ColumnValues> further)
 {
     ColumnValues rows;
-    rows.length = m_rows;
+    rows.length = std::exchange(m_rows, 0);
     rows.buffers.emplace_back();
     rows.children = std::move(further);
     for (std::size_t i = 0; i < AllColumns().size(); ++i) {

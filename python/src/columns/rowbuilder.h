@@ -33,7 +33,7 @@ public:
     /// Whether no more rows are wanted, far below what 32 bits can count.
     bool IsFull() const;
 
-    /// The rows, with further columns of as many rows in front; the builder is done then.
+    /// The rows, with further columns of as many rows in front. The next batch begins with room for about as much.
     ColumnValues Finish(std::vector<ColumnValues> further = {});
 
 private:

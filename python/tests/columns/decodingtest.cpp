@@ -17,6 +17,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 
@@ -35,6 +36,15 @@ using testing::HasSubstr;
 QByteArray Complete(const char* ending)
 {
     return LoadVector(QStringLiteral("reportbase/frequency_bandwidth_area.") + QLatin1String(ending)).Data();
+}
+
+bool IsPaddedWithZeros(const Buffer& buffer)
+{
+    const auto* const bytes = static_cast<const char*>(buffer.Data());
+    const std::size_t blocks = buffer.Size() / Buffer::ALIGNMENT + 1;
+    const std::size_t end =
+        buffer.Size() % Buffer::ALIGNMENT == 0 ? buffer.Size() : blocks * Buffer::ALIGNMENT;
+    return std::all_of(bytes + buffer.Size(), bytes + end, [](char byte) { return byte == 0; });
 }
 
 QByteArray CompleteXml()
@@ -278,6 +288,32 @@ TEST(ColumnsDecoding, BuffersAreAlignedAndOutliveWhatMadeThem)
     EXPECT_EQ(static_cast<const double*>(child->buffers[1])[0], 121500000.0);
     for (const int buffer : {0, 1})
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(child->buffers[buffer]) % 64, 0U);
+}
+
+TEST(ColumnsDecoding, NothingOfABatchIsInTheNext)
+{
+    const std::vector<std::optional<QByteArray>> values = {
+        Complete("hex"), Complete("hex"), QByteArray("<ReportBase/>"),
+        std::nullopt,    QByteArray("?"), QByteArray("<ReportBase/>")};
+    DecodeOptions options;
+    options.threads = 1;
+    options.batchRows = 2;
+    const auto batches = Decode(Given(values).Input(), options);
+    ASSERT_EQ(batches.size(), 3U);
+    for (std::size_t batch = 0; batch < batches.size(); ++batch) {
+        const auto first = values.begin() + static_cast<std::ptrdiff_t>(2 * batch);
+        const auto alone = Decode(Given({first, first + 2}).Input(), InOneBatch());
+        const Taken rows(batches[batch]);
+        const Taken expected(alone.front());
+        for (const std::int64_t row : {0, 1})
+            EXPECT_EQ(rows.Row(row), expected.Row(row));
+        for (std::size_t i = 0; i < batches[batch]->children.size(); ++i) {
+            const ColumnValues& column = batches[batch]->children[i];
+            EXPECT_EQ(column.nulls, alone.front()->children[i].nulls);
+            for (const Buffer& buffer : column.buffers)
+                EXPECT_TRUE(IsPaddedWithZeros(buffer));
+        }
+    }
 }
 
 TEST(ColumnsDecoding, BatchesKeepTheOrderOfTheRowsInAllThreads)
