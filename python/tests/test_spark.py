@@ -150,35 +150,19 @@ def test_the_page_is_true(spark: Any, tmp_path: Path, monkeypatch: pytest.Monkey
 # --- With a worker killed
 
 
-def executors() -> list[int]:
-    """The worker processes of the session: children of its own Java process."""
-    found = []
-    for process in Path("/proc").iterdir():
-        if not process.name.isdigit():
-            continue
-        try:
-            words = (process / "cmdline").read_bytes().split(b"\0")
-        except OSError:
-            continue
-        if any(word.endswith(b"CoarseGrainedExecutorBackend") for word in words) and is_ours(
-            process
-        ):
-            found.append(int(process.name))
-    return found
+_PAUSE = 0.5
 
 
-def is_ours(process: Path) -> bool:
-    ours = os.getpid()
-    while process.name not in ("0", "1"):
-        if int(process.name) == ours:
-            return True
-        fields = (process / "stat").read_text().rpartition(")")[2].split()
-        process = Path("/proc") / fields[1]
-    return False
+def executor_of(worker: int) -> int:
+    """The process of Spark that a worker of Python belongs to."""
+    process = Path("/proc") / str(worker)
+    while b"CoarseGrainedExecutorBackend" not in (process / "cmdline").read_bytes():
+        process = process.parent / (process / "stat").read_text().rpartition(")")[2].split()[1]
+    return int(process.name)
 
 
 class Killer(threading.Thread):
-    """Kills one worker process as soon as a task has left its first mark."""
+    """Kills one worker process while it pauses within a task."""
 
     def __init__(self, marks: Path) -> None:
         super().__init__(daemon=True)
@@ -187,11 +171,14 @@ class Killer(threading.Thread):
 
     def run(self) -> None:
         deadline = time.monotonic() + 120
-        while time.monotonic() < deadline and len(list(self.marks.iterdir())) < 2:
+        while time.monotonic() < deadline:
+            for mark in self.marks.iterdir():
+                worker, begun = map(int, mark.name.split("-"))
+                if time.monotonic_ns() - begun < _PAUSE / 2 * 1e9:
+                    os.kill(executor_of(worker), signal.SIGKILL)
+                    self.killed += 1
+                    return
             time.sleep(0.01)
-        for process in executors()[:1]:
-            os.kill(process, signal.SIGKILL)
-            self.killed += 1
 
 
 def slowed(frame: Any, marks: Path) -> Any:
@@ -201,7 +188,7 @@ def slowed(frame: Any, marks: Path) -> Any:
     def slowly(batches: Iterator[Any]) -> Iterator[Any]:
         for batch in batches:
             Path(folder, f"{os.getpid()}-{time.monotonic_ns()}").touch()
-            time.sleep(0.5)
+            time.sleep(_PAUSE)
             yield batch
 
     return frame.mapInArrow(slowly, frame.schema)
