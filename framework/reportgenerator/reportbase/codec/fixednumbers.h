@@ -1,6 +1,8 @@
 #ifndef REPORTGENERATOR_CODEC_FIXEDNUMBERS_H
 #define REPORTGENERATOR_CODEC_FIXEDNUMBERS_H
 
+#include <QtCore/QtGlobal>
+
 #include <array>
 #include <cfloat>
 #include <cmath>
@@ -133,8 +135,9 @@ const Char* ReadDigits(const Char* next, const Char* end, std::uint64_t& number)
 /// end of what was written; null when the quick way can't tell the digits (next to a tie, large, not a
 /// number). What stands in the room of MAX_FIXED units behind that end, or behind `out` when there is none,
 /// is undefined.
+/// Apart from the choice between the numbers of decimals: together they would crowd every loop that writes.
 template <int Decimals, class Char>
-Char* WriteFixed(Char* out, double number)
+Q_NEVER_INLINE Char* WriteFixed(Char* out, double number)
 {
     static_assert(Decimals > 0 && Decimals <= 6);
     constexpr double SCALE = fixed::POWERS_OF_TEN[Decimals];
