@@ -265,7 +265,7 @@ bool IRGObject::PrepareToWrite() const
 /// Spares the text when nobody listens.
 void IRGObject::TraceProgress(QString (*message)(const QString& objectName)) const
 {
-    if (GetLogger())
+    if (SettingsSlot(m_settings).HasLoggerOrConverter())
         Trace(LogLevel::INFO, message(GetObjectName()));
 }
 

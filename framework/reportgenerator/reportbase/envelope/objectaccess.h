@@ -42,7 +42,7 @@ struct ObjectAccess
     /// Gives the object the validate flag and the logger of another one.
     static void PassSettings(const IRGObject& from, const IRGObject& to)
     {
-        if (!SettingsOf(to).HoldsSameAs(SettingsOf(from)))
+        if (SettingsOf(to).Now() != SettingsOf(from).Now())
             PassSettings(SettingsOf(from).Get(), to);
     }
 
@@ -82,7 +82,7 @@ struct ObjectAccess
     {
         const SettingsSlot slot = SettingsOf(object);
         if (slot.HasLoggerOrConverter())
-            slot.Set(ObjectSettings(slot.Validates(), nullptr, nullptr));
+            slot.Set(ObjectSettings(slot.Validates()));
     }
 };
 

@@ -1,6 +1,8 @@
 #ifndef REPORTGENERATOR_ENVELOPE_OBJECTSETTINGS_H
 #define REPORTGENERATOR_ENVELOPE_OBJECTSETTINGS_H
 
+#include <QtCore/QtGlobal>
+
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -19,9 +21,11 @@ class ObjectSettings
 public:
     /// Those of a new object.
     ObjectSettings() = default;
+    /// Without logger and converter.
+    explicit ObjectSettings(bool validate) : m_word(validate ? 0 : NOT_VALIDATING) {}
     ObjectSettings(bool validate, std::shared_ptr<Logger> logger,
                    std::shared_ptr<VersionConverterProxy> converter)
-        : m_word(validate ? 0 : NOT_VALIDATING)
+        : ObjectSettings(validate)
     {
         if (!logger && !converter)
             return;
@@ -76,11 +80,12 @@ private:
     /// Takes over what the word holds.
     explicit ObjectSettings(std::uintptr_t word) : m_word(word) {}
 
-    Block& TheBlock() const
+    static Block& BlockOf(std::uintptr_t word)
     {
         // NOLINTNEXTLINE(performance-no-int-to-ptr): the word was made of this address
-        return *reinterpret_cast<Block*>(m_word & ~FLAGS);
+        return *reinterpret_cast<Block*>(word & ~FLAGS);
     }
+    Block& TheBlock() const { return BlockOf(m_word); }
     void Retain() const
     {
         if (HasBlock(m_word))
@@ -88,8 +93,14 @@ private:
     }
     void Release() const
     {
-        if (HasBlock(m_word) && TheBlock().references.fetch_sub(1, std::memory_order_acq_rel) == 1)
-            delete &TheBlock();
+        if (HasBlock(m_word))
+            ReleaseBlock(m_word);
+    }
+    /// Apart from the question whether there is one, which is small enough to stand wherever settings go.
+    Q_NEVER_INLINE static void ReleaseBlock(std::uintptr_t word)
+    {
+        if (BlockOf(word).references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete &BlockOf(word);
     }
 
     std::uintptr_t m_word = 0;
@@ -142,7 +153,7 @@ public:
 
     /// Replaces the settings by what `change` makes of them.
     template <class Change>
-    void Replace(Change&& change) const
+    Q_NEVER_INLINE void Replace(Change&& change) const
     {
         while (true) {
             const ObjectSettings before = Get();

@@ -30,8 +30,8 @@ bool IsFieldGood(const Data& data, const Member<Data, Object>& field)
 template <class Data, class Item>
 bool IsFieldGood(const Data& data, const ItemList<Data, Item>& field)
 {
-    const QVector<Item>& items = field.In(data).Values();
-    return field.IsSetIn(data) && std::all_of(items.cbegin(), items.cend(), IsRecordGood<Item>);
+    return field.IsSetIn(data) &&
+           AllOfItems(field.In(data).Values(), [](const Item& item) { return IsRecordGood(item); });
 }
 
 template <class Data>

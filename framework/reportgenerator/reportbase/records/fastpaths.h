@@ -34,8 +34,7 @@ template <class Data, class Item>
 bool IsFieldPlain(const Data& data, const ItemList<Data, Item>& field, bool warnsOfItems)
 {
     const ObjectIdentity* const identity = &ClassIdentity<typename Item::RecordData>();
-    const QVector<Item>& items = field.In(data).Values();
-    return std::all_of(items.cbegin(), items.cend(), [&](const Item& item) {
+    return AllOfItems(field.In(data).Values(), [&](const Item& item) {
         const auto* itemData = RecordAccess::Get(item);
         return itemData && ObjectAccess::HasIdentity(item, identity) &&
                (!warnsOfItems || AreMandatoryFieldsSet(itemData, Schema<typename Item::RecordData>::FIELDS));

@@ -38,6 +38,19 @@ void ReserveIn(QVector<Item>& items, int count)
     items.reserve(count);
 }
 
+/// Whether `test` is true of each item from `first` on. The standard algorithm repeats the test four times, which
+/// keeps the compiler from making it part of the loop.
+template <class Item, class Test>
+bool AllOfItems(const QVector<Item>& items, Test&& test, int first = 0)
+{
+    const Item* const end = items.constData() + items.size();
+    for (const Item* item = items.constData() + first; item != end; ++item) {
+        if (!test(*item))
+            return false;
+    }
+    return true;
+}
+
 /// The items of one record.
 ///
 /// A copy has items of its own, as copying each would give them, but shares those of its source until
@@ -64,10 +77,16 @@ public:
         }
         other.SetMark(COPIED);
         m_source = items;
-        Noted().Set(ObjectSettings(other.DoItemsValidate(), nullptr, nullptr));
+        Noted().SetAlone(ObjectSettings(other.DoItemsValidate()));
     }
     ObjectList& operator=(const ObjectList& other) = delete;
-    ~ObjectList() { Leave(); }
+    ~ObjectList()
+    {
+        if (IsMarked(COPIED))
+            Leave();
+        else
+            Noted().SetAlone(ObjectSettings::None());
+    }
 
     /// For those who look at the items' values, not at their settings.
     const QVector<Item>& Values() const { return IsDetached() ? m_items : m_source; }
@@ -181,20 +200,19 @@ public:
     /// Validate flag and logger of the parent.
     void PassSettings(const IRGObject& parent, int first = 0) const
     {
+        if (IsDetached() && m_items.isEmpty())
+            return;
         // A derived class may have settings of its own.
         if (!ObjectAccess::FastPathOf(parent)) {
             PassValidate(parent.GetValidate(), false, first);
             PassLogger(parent.GetLogger(), false, first);
             return;
         }
-        if (IsDetached() && m_items.isEmpty())
-            return;
         const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
         const auto hasAlready = [word = slot.Now()](const Item& item) {
             return ObjectAccess::SettingsOf(item).Now() == word;
         };
-        if (IsDetached() ? std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready)
-                         : Noted().HoldsSameAs(slot))
+        if (IsDetached() ? AllOfItems(m_items, hasAlready, first) : Noted().HoldsSameAs(slot))
             return;
         const ObjectSettings settings = ObjectAccess::SettingsToPass(parent);
         if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
@@ -234,7 +252,7 @@ private:
     bool IsOnlyOwn() const
     {
         return !IsMarked(COPIED | ALIKE | NOT_ALIKE) && IsDetached() && m_source.isEmpty() &&
-               m_items.isDetached();
+               (m_items.isDetached() || m_items.isEmpty());
     }
 
     SettingsSlot Noted() const { return SettingsSlot(m_noted); }
@@ -259,7 +277,7 @@ private:
         if (IsMarked(NOT_ALIKE))
             return false;
         const bool validates = ObjectAccess::Validates(m_items.constFirst());
-        const bool areAlike = std::all_of(m_items.cbegin(), m_items.cend(), [validates](const Item& item) {
+        const bool areAlike = AllOfItems(m_items, [validates](const Item& item) {
             return item.IsInitialized() && ObjectAccess::Validates(item) == validates;
         });
         SetMark(areAlike ? ALIKE : NOT_ALIKE);
@@ -293,7 +311,7 @@ private:
     {
         // A derived parent that was asked for its settings may have shortened the list.
         first = std::min(first, static_cast<int>(m_items.size()));
-        if (std::all_of(m_items.cbegin() + first, m_items.cend(), hasAlready))
+        if (AllOfItems(m_items, hasAlready, first))
             return;
         SetMark(HAS_LOGGERS);
         Unmark(NOT_ALIKE);

@@ -43,18 +43,18 @@ template <class Item>
 bool WriteItemsAtOnce(QDataStream& stream, const QVector<Item>& items)
 {
     using ItemData = typename Item::RecordData;
-    const auto isMade = [](const Item& item) { return RecordAccess::Get(item) != nullptr; };
-    if (!streampiece::CanWrite(stream) || !streampiece::HasDoubles(stream) ||
-        !std::all_of(items.cbegin(), items.cend(), isMade))
+    if (!streampiece::CanWrite(stream) || !streampiece::HasDoubles(stream))
         return false;
     Buffer<QByteArray> bytes;
     char* next = bytes.Room(items.size() * RawSize<ItemData>());
     for (const Item& item : items) {
-        const ItemData& data = *RecordAccess::Get(item);
-        *next++ = static_cast<char>(data.flags);
+        const ItemData* const data = RecordAccess::Get(item);
+        if (!data)
+            return false;
+        *next++ = static_cast<char>(data->flags);
         ForEachField(Schema<ItemData>::FIELDS, [&](const auto& field) {
-            qToBigEndian(field.In(data), next);
-            next += sizeof(field.In(data));
+            qToBigEndian(field.In(*data), next);
+            next += sizeof(field.In(*data));
         });
     }
     bytes.SetEnd(next);
@@ -67,15 +67,17 @@ template <class Item>
 bool TakeRawItems(const char* bytes, Item* begin, Item* end)
 {
     using ItemData = typename Item::RecordData;
-    return std::all_of(begin, end, [&bytes](Item& item) {
-        ItemData& data = RecordAccess::Make(item);
+    for (Item* item = begin; item != end; ++item) {
+        ItemData& data = RecordAccess::Make(*item);
         data.flags = static_cast<quint8>(*bytes++);
         ForEachField(Schema<ItemData>::FIELDS, [&](const auto& field) {
             field.In(data) = qFromBigEndian<double>(bytes);
             bytes += sizeof(field.In(data));
         });
-        return AreMandatoryFieldsSet(&data, Schema<ItemData>::FIELDS);
-    });
+        if (!AreMandatoryFieldsSet(&data, Schema<ItemData>::FIELDS))
+            return false;
+    }
+    return true;
 }
 
 /// So many are read at once, so that their bytes need little room.

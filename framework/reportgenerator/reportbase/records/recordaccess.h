@@ -33,7 +33,8 @@ struct RecordAccess
     template <class Data, class Storage>
     static void Init(const RecordObject<Data, Storage>& object)
     {
-        object.InitData();
+        if (!Get(object))
+            object.InitData();
     }
 
     /// The record for writing, made if there is none.

@@ -43,7 +43,7 @@ RecordObject<Data, Storage>::RecordObject(const RecordObject& other)
         SetObjectId(id);
     }
     const bool validate = other.GetValidate();
-    ObjectAccess::SettingsOf(*this).SetAlone(ObjectSettings(validate, nullptr, nullptr));
+    ObjectAccess::SettingsOf(*this).SetAlone(ObjectSettings(validate));
     PassValidateToMembers(*this, validate, false);
 }
 
@@ -97,7 +97,7 @@ template <class Data, class Storage>
 void RecordObject<Data, Storage>::Check(bool logOnly) const
 {
     ReapplySettings();
-    InitData();
+    RecordAccess::Init(*this);
     if (AreFieldsGood(*m_record.Get(), Schema<Data>::FIELDS))
         return;
     const auto record = RecordAccess::HoldDetached(*this);
@@ -214,6 +214,9 @@ void RecordObject<Data, Storage>::InitData() const
         GiveToFields(data, [this](const auto& member) { PassSettingsTo(member, *this); });
     };
     m_record.Make(prepare);
+    if (ObjectAccess::FastPathOf(*this))
+        return;
+    // A derived class may have settings of its own.
     ReapplySettings();
     // An override that this has called may have taken the record away.
     m_record.Make(prepare);

@@ -97,7 +97,7 @@ void SettleRawItems(Object& object, const ItemList<Data, Item>& field, int first
     // New ones validate.
     if (!object.GetValidate())
         std::for_each(items.cbegin() + first, items.cend(), [](const Item& item) {
-            ObjectAccess::SettingsOf(item).SetAlone(ObjectSettings(false, nullptr, nullptr));
+            ObjectAccess::SettingsOf(item).SetAlone(ObjectSettings(false));
         });
 }
 
