@@ -56,8 +56,7 @@ public:
     template <class Prepare>
     void Make(Prepare&& /*prepare*/)
     {
-        if (!m_data.made.IsMade())
-            m_data.made.Make();
+        m_data.made.Make();
     }
 
     /// The record that there is. It stays where it is.
