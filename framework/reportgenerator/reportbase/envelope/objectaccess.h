@@ -43,7 +43,13 @@ struct ObjectAccess
     static void PassSettings(const IRGObject& from, const IRGObject& to)
     {
         if (SettingsOf(to).Now() != SettingsOf(from).Now())
-            PassSettings(SettingsOf(from).Get(), to);
+            PassOtherSettings(from, to);
+    }
+
+    /// Apart from the comparison, which mostly is all.
+    Q_NEVER_INLINE static void PassOtherSettings(const IRGObject& from, const IRGObject& to)
+    {
+        PassSettings(SettingsOf(from).Get(), to);
     }
 
     /// The same of settings that are held. The object's version converter stays.
