@@ -200,14 +200,14 @@ public:
     /// Validate flag and logger of the parent.
     void PassSettings(const IRGObject& parent, int first = 0) const
     {
-        if (IsDetached() && m_items.isEmpty())
-            return;
         // A derived class may have settings of its own.
         if (!ObjectAccess::FastPathOf(parent)) {
             PassValidate(parent.GetValidate(), false, first);
             PassLogger(parent.GetLogger(), false, first);
             return;
         }
+        if (IsDetached() && m_items.isEmpty())
+            return;
         const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
         const auto hasAlready = [word = slot.Now()](const Item& item) {
             return ObjectAccess::SettingsOf(item).Now() == word;
