@@ -15,6 +15,7 @@ namespace ToolTest {
 namespace {
 
 constexpr int PATIENCE_IN_MS = 60 * 1000;
+constexpr int TRIES = 3;
 constexpr int UNUSABLE = 2;
 
 QProcessEnvironment EnvironmentFor(const QString& locale)
@@ -30,7 +31,12 @@ ToolRun Finish(QProcess& process, const QString& program, const QStringList& arg
 {
     process.setProcessEnvironment(EnvironmentFor(surroundings.locale));
     process.setWorkingDirectory(surroundings.folder);
-    process.start(program, arguments);
+    // On a busy machine Wine can't start a program now and then.
+    for (int left = TRIES; left > 0; --left) {
+        process.start(program, arguments);
+        if (process.waitForStarted(PATIENCE_IN_MS))
+            break;
+    }
     process.write(surroundings.input);
     process.closeWriteChannel();
     ToolRun run;
