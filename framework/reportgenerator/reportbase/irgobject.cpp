@@ -265,7 +265,7 @@ bool IRGObject::PrepareToWrite() const
 /// Spares the text when nobody listens.
 void IRGObject::TraceProgress(QString (*message)(const QString& objectName)) const
 {
-    if (SettingsSlot(m_settings).HasLoggerOrConverter())
+    if (SettingsSlot(m_settings).HasLoggerOrConverter() && GetLogger())
         Trace(LogLevel::INFO, message(GetObjectName()));
 }
 
