@@ -73,6 +73,21 @@ TEST(OddWays, XmlMayBeReadWithinATransaction)
     EXPECT_TEXT(QString::fromUtf8(file.readAll()), FREQUENCY);
 }
 
+TEST(OddWays, AttributesOfACoordinateAndOfItsNumbersAreSkipped)
+{
+    const char* const coordinates[] = {
+        "<Coordinate Datum='WGS84'><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>",
+        "<Coordinate><Longitude unit='degree'>1</Longitude><Latitude>2</Latitude></Coordinate>",
+        "<Coordinate><Longitude>1</Longitude><Latitude unit='degree'>2</Latitude></Coordinate>",
+    };
+    for (const char* const coordinate : coordinates) {
+        SCOPED_TRACE(coordinate);
+        Area area = Support::NotValidating<Area>();
+        EXPECT_TRUE(area.SetXmlString(Text("<Area Version='1.0'>%1</Area>").arg(Text(coordinate)), true));
+        EXPECT_STATE(area, StateWith({{1.0, 2.0}}));
+    }
+}
+
 TEST(OddWays, TwoListsOfCoordinatesAreBothRead)
 {
     Area area = Support::NotValidating<Area>();

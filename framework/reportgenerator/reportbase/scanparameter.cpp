@@ -11,8 +11,7 @@ struct ScanParameter::Schema
     static constexpr Name NAME = REPORTBASE_NAME("ScanParameter");
     static constexpr auto VERSION =
         AttributeField(&ScanParameter::m_version, wire::VERSION_ATTRIBUTE).Mandatory();
-    static constexpr auto RANGE =
-        ElementField(&ScanParameter::m_range, REPORTBASE_NAME("FrequencyRange")).Mandatory();
+    static constexpr auto RANGE = ElementField(&ScanParameter::m_range, REPORTBASE_NAME("FrequencyRange"));
     static constexpr auto STEP =
         ElementField(&ScanParameter::m_stepFrequency, REPORTBASE_NAME("FrequencyStep")).Mandatory();
     static constexpr auto DWELL = ElementField(&ScanParameter::m_dwellTime, REPORTBASE_NAME("DwellTime"));

@@ -81,13 +81,13 @@ bool IsAnyFieldSet(const Object& object, const std::tuple<Fields...>& fields)
                        [&object](const auto& field) { return field.setBy.isData && field.IsSetIn(object); });
 }
 
-/// Whether all values are set, and all objects complete, that are always written.
+/// Whether all values are set that are always written, and all objects are complete.
 template <class Object, class... Fields>
 bool AreMandatoryFieldsSet(const Object& object, const std::tuple<Fields...>& fields)
 {
     return AllOfFields(fields, [&object](const auto& field) {
         if constexpr (IS_OF_OBJECT<decltype(field)>)
-            return !field.isMandatory || field.In(object).HasData();
+            return field.In(object).HasData();
         else
             return !field.isMandatory || field.IsSetIn(object);
     });
