@@ -59,7 +59,8 @@ function(reportgenerator_target_defaults target)
         POSITION_INDEPENDENT_CODE ON)
     if(REPORTGENERATOR_COVERAGE)
         # By regions of the source: what a compiler adds, such as edges for exceptions, isn't counted.
-        target_compile_options(${target} PRIVATE -fprofile-instr-generate -fcoverage-mapping)
+        target_compile_options(${target} PRIVATE -fprofile-instr-generate -fcoverage-mapping
+            -fprofile-update=atomic)
         target_link_options(${target} PRIVATE -fprofile-instr-generate)
     endif()
 endfunction()

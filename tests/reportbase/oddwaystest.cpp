@@ -83,7 +83,7 @@ TEST(OddWays, AttributesOfACoordinateAndOfItsNumbersAreSkipped)
     for (const char* const coordinate : coordinates) {
         SCOPED_TRACE(coordinate);
         Area area = Support::NotValidating<Area>();
-        EXPECT_TRUE(area.SetXmlString(Text("<Area Version='1.0'>%1</Area>").arg(Text(coordinate)), true));
+        EXPECT_TRUE(area.SetXmlString(Text("<Area Version=\"1.0\">%1</Area>").arg(Text(coordinate)), true));
         EXPECT_STATE(area, StateWith({{1.0, 2.0}}));
     }
 }
