@@ -57,8 +57,8 @@ def compile_commands():
     commands = []
     for entry in json.loads((COVERAGE / "compile_commands.json").read_text()):
         if re.search(rf"{LIBRARY}/CMakeFiles/reportbase(_private)?\.dir/", entry["command"]):
-            words = [w for w in shlex.split(entry["command"]) if "instr-generate" not in w and "coverage-mapping" not in w]
-            words = [w for w in words if not w.startswith(("-W", "-O"))]
+            counting = ("-fprofile-", "-fcoverage-")
+            words = [w for w in shlex.split(entry["command"]) if not w.startswith(("-W", "-O", *counting))]
             commands.append((Path(entry["file"]), [*words[: words.index("-o")], "-O1", "-w"]))
     if not commands:
         raise Problem("the coverage build knows no sources of the library")

@@ -398,6 +398,10 @@ TEST(Area, AnIncompleteOrOutOfRangeCoordinateElementBehindAGoodOneIsReported)
     const OddPoint points[] = {
         {"<Longitude>3</Longitude>", {3.0, std::nullopt}, "IncompleteDefinitionException", INCOMPLETE_ITEM},
         {"<Latitude>4</Latitude>", {std::nullopt, 4.0}, "IncompleteDefinitionException", INCOMPLETE_ITEM},
+        {"<Longitudd>3</Longitudd><Latitude>4</Latitude>",
+         {std::nullopt, 4.0},
+         "IncompleteDefinitionException",
+         INCOMPLETE_ITEM},
         {"<Longitude>3</Longitude><Latitude>95</Latitude>",
          {3.0, 95.0},
          "OutOfRangeException",

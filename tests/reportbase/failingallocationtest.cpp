@@ -225,6 +225,18 @@ TEST(CopiedList, IsNotCopiedToBeGivenUp)
         30 * SOME_POINTS);
 }
 
+TEST(CopiedList, IsSharedByEachCopy)
+{
+    if (!Allocations::AreCounted())
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
+    const Area source = Lake(SOME_POINTS);
+    const Area first(source);
+    const Allocations allocations;
+    const Area second(source);
+    const Area third(second);
+    EXPECT_LT(allocations.Peak(), FAR_BELOW_A_LIST);
+}
+
 TEST(CopiedList, IsNotCopiedWhenItsSourceIsGivenUp)
 {
     if (!Allocations::AreCounted())

@@ -196,6 +196,7 @@ TEST(MarkupLimits, HoldForTexts)
     ExpectLimitsInTexts<StreamPathOnly<ReportBase>>();
     ReportBase object;
     EXPECT_TRUE(object.SetXmlString(Text("<!DOCTYPE e [<!-- ' --><?p ' ?>]><ReportBase/>"), false));
+    EXPECT_TRUE(object.SetXmlString(Text("<a><![CDATA[' ATTLIST ']]><ReportBase/></a>"), false));
     EXPECT_RG_THROW(object.SetXmlString(Text("<!DOCTYPE e [<!ENTITY % e 'ATTLIST'>]><ReportBase/>"), false),
                     "RGException", TOO_MANY_DECLARED);
 }
@@ -211,10 +212,10 @@ TEST(MarkupLimits, LetNamespacesEndWithTheirElements)
 
 TEST(MarkupLimits, HoldForTextsBehindWhatIsNoTag)
 {
-    for (const char* const before : {"<!-- <a -->", "<![CDATA[<a>]]>", "<?p <a ?>"}) {
+    for (const std::string before : {"<Outer><!-- <a -->", "<Outer><![CDATA[<a>]]>", "<Outer><?p <a ?>",
+                                     "<!DOCTYPE Outer [<!-- ' -->]><Outer>"}) {
         SCOPED_TRACE(before);
-        const QString xml =
-            QString::fromStdString("<Outer>" + std::string(before) + Report(MOST + 1) + "</Outer>");
+        const QString xml = QString::fromStdString(before + Report(MOST + 1) + "</Outer>");
         ReportBase object;
         EXPECT_RG_THROW(object.SetXmlString(xml, false), "RGException", TOO_MANY);
     }

@@ -122,8 +122,6 @@ void Double::SetDefaultInvalidValue(double value)
 void Double::SetFormat(char /*format*/, int /*precision*/)
 {
     // The format is part of the form; what callers ask for is not looked at.
-    m_format = FORMAT;
-    m_precision = PRECISION;
 }
 
 char Double::GetFormat() const
@@ -174,8 +172,6 @@ void Double::Reset()
     m_default = m_defaultInvalidValue;
     m_value = m_defaultInvalidValue;
     m_unit.clear();
-    m_format = FORMAT;
-    m_precision = PRECISION;
 }
 
 void Double::Check() const

@@ -67,13 +67,10 @@ public:
     qint64 Size() const { return m_size; }
     Unit* Begin() { return m_units; }
 
-    /// The content; the buffer is empty afterwards.
-    Container Take()
+    /// The content, which ends the buffer.
+    Container Take() &&
     {
         m_container.resize(static_cast<int>(m_size));
-        m_units = nullptr;
-        m_size = 0;
-        m_capacity = 0;
         return std::move(m_container);
     }
 

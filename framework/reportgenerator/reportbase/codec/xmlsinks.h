@@ -118,7 +118,7 @@ public:
 
     Buffer<Container>& Out() { return m_out; }
 
-    Container Take() { return m_out.Take(); }
+    Container Take() && { return std::move(m_out).Take(); }
 
 private:
     static constexpr int INDENTATION = 4;

@@ -132,7 +132,7 @@ QByteArray RootElement(const IRGObject& object)
 {
     Buffer<QByteArray> out;
     PutRootElement(out, object);
-    return out.Take();
+    return std::move(out).Take();
 }
 
 } // namespace
@@ -189,7 +189,7 @@ QByteArray IRGObject::GetBinaryRepresentationAsQByteArray() const
         ElementBytes sink(out);
         PutHead(sink, wire::PLAIN_MARKER, *this);
         PutRootElement(out, *this);
-        return out.Take();
+        return std::move(out).Take();
     }
     return WrittenBytes([this](QDataStream& stream) { GetBinaryRepresentation(stream); });
 }
@@ -215,7 +215,7 @@ QByteArray IRGObject::GetCompressedBinaryRepresentationAsQByteArray(int level) c
         ElementBytes sink(out);
         PutHead(sink, wire::COMPRESSED_MARKER, *this);
         sink.Bytes(Compress(RootElement(*this), level));
-        return out.Take();
+        return std::move(out).Take();
     }
     return WrittenBytes(
         [this, level](QDataStream& stream) { GetCompressedBinaryRepresentation(stream, level); });

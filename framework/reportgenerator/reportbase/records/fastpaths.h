@@ -109,7 +109,7 @@ private:
             return false;
         XmlText<Container> sink;
         WriteObjectXml(sink, From(object));
-        xml = sink.Take();
+        xml = std::move(sink).Take();
         return true;
     }
 
