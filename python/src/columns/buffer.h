@@ -20,6 +20,13 @@ public:
     const void* Data() const { return m_bytes.get(); }
     std::size_t Size() const { return m_size; }
 
+    /// Room for as many bytes as were taken last.
+    void Reserve()
+    {
+        if (m_likely > m_capacity)
+            Grow(m_likely);
+    }
+
     /// Room for so many bytes more, which count as written.
     std::byte* Extend(std::size_t size)
     {
@@ -95,6 +102,8 @@ public:
             *m_last |= std::byte(1U << place);
         ++m_count;
     }
+
+    void Reserve() { m_buffer.Reserve(); }
 
     /// As `Buffer::Take`.
     Buffer Take()

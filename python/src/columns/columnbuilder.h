@@ -25,6 +25,8 @@ public:
 
     std::int64_t Length() const { return m_length; }
 
+    void Reserve() { m_bits.Reserve(); }
+
     /// Columns begin with this.
     ColumnValues Finish();
 
@@ -44,6 +46,8 @@ public:
             m_ends.Append(std::int32_t(0));
         m_ends.Append(static_cast<std::int32_t>(end));
     }
+
+    void Reserve() { m_ends.Reserve(); }
 
     Buffer Take()
     {
@@ -69,6 +73,11 @@ public:
         m_validity.Append(false);
         m_numbers.Append(0.0);
     }
+    void Reserve()
+    {
+        m_validity.Reserve();
+        m_numbers.Reserve();
+    }
     ColumnValues Finish();
 
 private:
@@ -88,6 +97,11 @@ public:
     {
         m_validity.Append(false);
         m_switches.Append(false);
+    }
+    void Reserve()
+    {
+        m_validity.Reserve();
+        m_switches.Reserve();
     }
     ColumnValues Finish();
 
@@ -121,6 +135,12 @@ public:
     {
         m_validity.Append(true);
         PutEnd();
+    }
+    void Reserve()
+    {
+        m_validity.Reserve();
+        m_ends.Reserve();
+        m_bytes.Reserve();
     }
     ColumnValues Finish();
 
@@ -156,6 +176,13 @@ public:
     {
         m_validity.Append(false);
         m_ends.Append(m_count);
+    }
+    void Reserve()
+    {
+        m_validity.Reserve();
+        m_ends.Reserve();
+        m_longitudes.Reserve();
+        m_latitudes.Reserve();
     }
     ColumnValues Finish();
 

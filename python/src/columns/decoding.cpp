@@ -77,33 +77,67 @@ void Append(RowBuilder& rows, const Bytes& bytes)
     }
 }
 
-/// Builders that no thread uses at the moment; they know how much their last batch was.
+/// Builders that no thread uses at the moment; they know how much their last batch was. There are two for each thread, so that
+/// one has room when it is wanted.
 class IdleBuilders
 {
 public:
-    explicit IdleBuilders(const ColumnChoice& columns) : m_columns(columns) {}
+    explicit IdleBuilders(const DecodeOptions& options)
+        : m_columns(options.columns), m_most(2 * static_cast<std::size_t>(ThreadsFor(options.threads)))
+    {
+    }
 
     std::unique_ptr<RowBuilder> Take()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_builders.empty())
+        if (m_prepared.empty() && (m_used.empty() || m_made < m_most)) {
+            ++m_made;
             return std::make_unique<RowBuilder>(m_columns);
-        std::unique_ptr<RowBuilder> builder = std::move(m_builders.back());
-        m_builders.pop_back();
+        }
+        auto& builders = m_prepared.empty() ? m_used : m_prepared;
+        std::unique_ptr<RowBuilder> builder = std::move(builders.back());
+        builders.pop_back();
         return builder;
     }
 
     void PutBack(std::unique_ptr<RowBuilder> builder)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_builders.push_back(std::move(builder));
+        m_used.push_back(std::move(builder));
+    }
+
+    /// Makes room in those that were used, in the calling thread. It is the one that lives on, and the allocator keeps what it
+    /// frees; what other threads free goes back to the system, and getting pages anew takes as long as filling them.
+    void Prepare()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        while (!m_used.empty()) {
+            m_used.back()->Reserve();
+            m_prepared.push_back(std::move(m_used.back()));
+            m_used.pop_back();
+        }
     }
 
 private:
     const ColumnChoice m_columns;
+    const std::size_t m_most;
     std::mutex m_mutex;
-    std::vector<std::unique_ptr<RowBuilder>> m_builders;
+    std::size_t m_made = 0;
+    std::vector<std::unique_ptr<RowBuilder>> m_prepared;
+    std::vector<std::unique_ptr<RowBuilder>> m_used;
 };
+
+template <class Job>
+std::deque<SharedValues> DecodeInOrder(std::size_t count, const DecodeOptions& options,
+                                       IdleBuilders& builders, Job&& job)
+{
+    const auto beforeEach = [&] {
+        if (options.checkpoint)
+            options.checkpoint();
+        builders.Prepare();
+    };
+    return InOrder(count, ThreadsFor(options.threads), beforeEach, std::forward<Job>(job));
+}
 
 // --- Arrays
 
@@ -129,8 +163,8 @@ std::vector<SharedValues> DecodeArray(const BytesInput& input, const DecodeOptio
 {
     const std::vector<Part> parts = PartsOf(input.Length(), options.batchRows);
     const std::deque<SharedValues> batches =
-        InOrder(parts.size(), ThreadsFor(options.threads), options.checkpoint,
-                [&](std::size_t i) { return DecodePart(input, parts[i], builders); });
+        DecodeInOrder(parts.size(), options, builders,
+                      [&](std::size_t i) { return DecodePart(input, parts[i], builders); });
     return {batches.begin(), batches.end()};
 }
 
@@ -141,7 +175,7 @@ class DecodedStream : public Source
 public:
     DecodedStream(OwnedStream stream, const DecodeOptions& options)
         : m_input(std::move(stream)), m_options(options), m_type(DecodedType(options.columns)),
-          m_builders(options.columns)
+          m_builders(options)
     {
         // What can't be decoded is to be known before the first array.
         BytesInput(m_input.Schema(), ArrowArray(), COLUMN);
@@ -187,7 +221,7 @@ public:
     DecodedFiles(std::vector<std::string> paths, const DecodeOptions& options)
         : m_paths(std::move(paths)), m_options(options),
           m_parts(PartsOf(static_cast<std::int64_t>(m_paths.size()), options.batchRows)),
-          m_type(options.columns.Type({{"u", FILE_COLUMN, false}})), m_builders(options.columns)
+          m_type(options.columns.Type({{"u", FILE_COLUMN, false}})), m_builders(options)
     {
     }
 
@@ -206,8 +240,8 @@ private:
         const int threads = ThreadsFor(m_options.threads);
         const std::size_t count =
             std::min(m_parts.size() - m_next, static_cast<std::size_t>(threads) * BATCHES_AHEAD);
-        m_ready = InOrder(count, threads, m_options.checkpoint,
-                          [this](std::size_t i) { return DecodePart(m_parts[m_next + i]); });
+        m_ready = DecodeInOrder(count, m_options, m_builders,
+                                [this](std::size_t i) { return DecodePart(m_parts[m_next + i]); });
         m_next += count;
     }
 
@@ -248,7 +282,7 @@ ColumnType DecodedType(const ColumnChoice& columns)
 
 std::vector<SharedValues> Decode(const BytesInput& input, const DecodeOptions& options)
 {
-    IdleBuilders builders(options.columns);
+    IdleBuilders builders(options);
     return DecodeArray(input, options, builders);
 }
 

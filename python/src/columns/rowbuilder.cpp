@@ -2,6 +2,7 @@
 
 #include "shape.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ReportColumns {
@@ -30,6 +31,17 @@ bool RowBuilder::IsFull() const
     for (const BytesBuilder& text : m_texts)
         bytes += text.Size();
     return bytes >= MOST_BYTES || m_points.Count() >= MOST_POINTS;
+}
+
+void RowBuilder::Reserve()
+{
+    const auto reserve = [](auto& builder) { builder.Reserve(); };
+    std::for_each(m_numbers.begin(), m_numbers.end(), reserve);
+    std::for_each(m_switches.begin(), m_switches.end(), reserve);
+    std::for_each(m_texts.begin(), m_texts.end(), reserve);
+    m_shapes.Reserve();
+    m_points.Reserve();
+    m_problems.Reserve();
 }
 
 void RowBuilder::AppendReport(const ReportBaseData& data)

@@ -33,6 +33,9 @@ public:
     /// Whether no more rows are wanted, far below what 32 bits can count.
     bool IsFull() const;
 
+    /// Room for a batch like the last one.
+    void Reserve();
+
     /// The rows, with further columns of as many rows in front. The next batch begins with room for about as much.
     ColumnValues Finish(std::vector<ColumnValues> further = {});
 
