@@ -71,7 +71,7 @@ constexpr ByValue NO_DATA = {false};
 /// All that there is to know of the form of one value: a number, a switch or a text. A class's schema is
 /// a tuple of such fields in the order in which they are written.
 ///
-///     constexpr auto MIN = AttributeField(&Record::min, REPORTBASE_NAME("Min"), PresenceBit{1, wire::tag::MIN});
+///     constexpr auto MIN = AttributeField(&Record::min, REPORTBASE_NAME("Min"), PresenceBit{1, wire::Tag(0x4ECB4E58)});
 ///     constexpr auto STEP = ElementField(&ScanParameter::m_step, REPORTBASE_NAME("FrequencyStep")).Mandatory();
 ///
 template <class Data, class T, class SetBy>

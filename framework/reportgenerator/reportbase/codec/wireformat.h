@@ -41,35 +41,12 @@ constexpr Name VERSION_ATTRIBUTE = REPORTBASE_NAME("Version");
 /// The version of areas.
 constexpr Name AREA_VERSION = REPORTBASE_NAME("1.0");
 
-// --- Tags
-
-/// A tag as it is usually noted, in hexadecimal.
+/// A tag as it is usually noted, in hexadecimal. Each stands with its field, below `schema/`.
 constexpr qint32 Tag(quint32 bits)
 {
     return static_cast<qint32>(bits);
 }
 
-namespace tag {
-
-constexpr qint32 REPORT_FREQUENCY = Tag(0xCF452ADA);
-constexpr qint32 REPORT_IF_BANDWIDTH = Tag(0xCA8F8C7C);
-constexpr qint32 REPORT_AREA = Tag(0xA838BE37);
-
-// Frequency and IF bandwidth share theirs, so that either can read the other's body.
-constexpr qint32 VALUE = Tag(0x8AFF57B3);
-constexpr qint32 MIN = Tag(0x4ECB4E58);
-constexpr qint32 MAX = Tag(0x6E8DD7F5);
-constexpr qint32 USE = Tag(0xAA39C731);
-
-constexpr qint32 AREA_VERSION = Tag(0xCCFEDFA1);
-constexpr qint32 AREA_NAME = Tag(0x8C9FBCA8);
-constexpr qint32 AREA_COORDINATES = Tag(0x6F69083F);
-constexpr qint32 AREA_SCRIPT_ID = Tag(0xC22211A9);
-
-constexpr qint32 LONGITUDE = Tag(0x247E7491);
-constexpr qint32 LATITUDE = Tag(0xCB2F4B76);
-
-} // namespace tag
 } // namespace REPORTGENERATOR::wire
 
 #endif

@@ -23,17 +23,16 @@ struct Schema<AreaData>
     static constexpr long long ID = 0x469B9976;
     static constexpr Name NAME = wire::AREA;
 
-    static constexpr FormatVersion<AreaData> VERSION = {&AreaData::initialVersionLoaded,
-                                                        wire::VERSION_ATTRIBUTE, wire::tag::AREA_VERSION,
-                                                        wire::AREA_VERSION};
+    static constexpr FormatVersion<AreaData> VERSION = {
+        &AreaData::initialVersionLoaded, wire::VERSION_ATTRIBUTE, wire::Tag(0xCCFEDFA1), wire::AREA_VERSION};
     static constexpr auto AREA_NAME =
-        ElementField(&AreaData::name, REPORTBASE_NAME("Name"), PresenceBit{0, wire::tag::AREA_NAME})
+        ElementField(&AreaData::name, REPORTBASE_NAME("Name"), PresenceBit{0, wire::Tag(0x8C9FBCA8)})
             .Mandatory();
     static constexpr ItemList<AreaData, Coordinate> COORDINATES = {
-        &AreaData::coordinates, wire::COORDINATE, PresenceBit{1, wire::tag::AREA_COORDINATES},
+        &AreaData::coordinates, wire::COORDINATE, PresenceBit{1, wire::Tag(0x6F69083F)},
         messages::IncompleteCoordinateAppended, messages::IncompleteCoordinateWritten};
-    static constexpr auto SCRIPT_ID = ElementField(&AreaData::scriptID, REPORTBASE_NAME("ScriptID"),
-                                                   PresenceBit{2, wire::tag::AREA_SCRIPT_ID});
+    static constexpr auto SCRIPT_ID =
+        ElementField(&AreaData::scriptID, REPORTBASE_NAME("ScriptID"), PresenceBit{2, wire::Tag(0xC22211A9)});
     static constexpr auto FIELDS = std::make_tuple(VERSION, AREA_NAME, COORDINATES, SCRIPT_ID);
 };
 

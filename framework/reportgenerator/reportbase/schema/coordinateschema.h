@@ -20,12 +20,12 @@ struct Schema<CoordinateData>
     // The widths show only where there are no digits: " nan", " inf".
     static constexpr int DECIMALS = 6;
     static constexpr auto LONGITUDE = ElementField(&CoordinateData::longitude, REPORTBASE_NAME("Longitude"),
-                                                   PresenceBit{0, wire::tag::LONGITUDE})
+                                                   PresenceBit{0, wire::Tag(0x247E7491)})
                                           .Mandatory()
                                           .Format(DECIMALS, 4)
                                           .Within(-180.0, 180.0);
     static constexpr auto LATITUDE = ElementField(&CoordinateData::latitude, REPORTBASE_NAME("Latitude"),
-                                                  PresenceBit{1, wire::tag::LATITUDE})
+                                                  PresenceBit{1, wire::Tag(0xCB2F4B76)})
                                          .Mandatory()
                                          .Format(DECIMALS, 3)
                                          .Within(-90.0, 90.0);

@@ -15,7 +15,7 @@ struct Schema<FrequencyData> : BoundedValueFields
     static constexpr Name NAME = wire::FREQUENCY;
 
     static constexpr auto USE =
-        AttributeField(&FrequencyData::use, REPORTBASE_NAME("Use"), PresenceBit{3, wire::tag::USE});
+        AttributeField(&FrequencyData::use, REPORTBASE_NAME("Use"), PresenceBit{3, wire::Tag(0xAA39C731)});
     static constexpr auto FIELDS = std::make_tuple(MIN, MAX, USE, VALUE);
 };
 

@@ -23,12 +23,12 @@ struct Schema<ReportBaseData>
     static constexpr long long ID = 0x06C20B85;
     static constexpr Name NAME = wire::REPORT;
 
-    static constexpr Member<ReportBaseData, Frequency> FREQUENCY = {
-        &ReportBaseData::frequency, PresenceBit{0, wire::tag::REPORT_FREQUENCY}};
+    static constexpr Member<ReportBaseData, Frequency> FREQUENCY = {&ReportBaseData::frequency,
+                                                                    PresenceBit{0, wire::Tag(0xCF452ADA)}};
     static constexpr Member<ReportBaseData, IFBandwidth> IF_BANDWIDTH = {
-        &ReportBaseData::bandwidth, PresenceBit{1, wire::tag::REPORT_IF_BANDWIDTH}};
+        &ReportBaseData::bandwidth, PresenceBit{1, wire::Tag(0xCA8F8C7C)}};
     static constexpr Member<ReportBaseData, Area> AREA = {&ReportBaseData::area,
-                                                          PresenceBit{2, wire::tag::REPORT_AREA}};
+                                                          PresenceBit{2, wire::Tag(0xA838BE37)}};
     static constexpr auto FIELDS = std::make_tuple(FREQUENCY, IF_BANDWIDTH, AREA);
 };
 
