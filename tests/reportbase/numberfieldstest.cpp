@@ -10,6 +10,7 @@
 
 #include <reportgenerator/reportbase/channelspacing.h>
 #include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/double.h>
 #include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/frequency.h>
 #include <reportgenerator/reportbase/frequencyrangeold.h>
@@ -33,6 +34,7 @@ namespace {
 
 using REPORTGENERATOR::ChannelSpacing;
 using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::Double;
 using REPORTGENERATOR::Ellipse;
 using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::FrequencyRangeOld;
@@ -57,6 +59,8 @@ template <>
 constexpr const char* NAME<IFBandwidth> = "IFBandwidth";
 template <>
 constexpr const char* NAME<Coordinate> = "Coordinate";
+template <>
+constexpr const char* NAME<Double> = "Double";
 template <>
 constexpr const char* NAME<Ellipse> = "Ellipse";
 template <>
@@ -107,7 +111,7 @@ class FreeNumberFields : public ::testing::Test
 };
 
 using FreeClasses =
-    ::testing::Types<Frequency, IFBandwidth, Ellipse, FrequencyRangeOld, ScanParameter, ValueMinMax>;
+    ::testing::Types<Frequency, IFBandwidth, Double, Ellipse, FrequencyRangeOld, ScanParameter, ValueMinMax>;
 TYPED_TEST_SUITE(FreeNumberFields, FreeClasses, ClassNames);
 
 } // namespace
@@ -315,6 +319,9 @@ template <>
 constexpr const char* ELEMENT<Coordinate> =
     "<Coordinate><Longitude>#</Longitude><Latitude>#</Latitude></Coordinate>";
 template <>
+constexpr const char* ELEMENT<Double> =
+    "<AnyType Minimum=\"#\" Maximum=\"#\" Default=\"#\"><DoubleValue>#</DoubleValue></AnyType>";
+template <>
 constexpr const char* ELEMENT<Ellipse> = "<Ellipse><MinRadius>#</MinRadius><MaxRadius>#</MaxRadius>"
                                          "<Rotation>#</Rotation></Ellipse>";
 template <>
@@ -364,8 +371,8 @@ class NumberTexts : public ::testing::Test
 {
 };
 
-using ReadingClasses = ::testing::Types<Frequency, IFBandwidth, Coordinate, Ellipse, FrequencyRangeOld,
-                                        ScanParameter, ChannelSpacing, ValueMinMax>;
+using ReadingClasses = ::testing::Types<Frequency, IFBandwidth, Coordinate, Double, Ellipse,
+                                        FrequencyRangeOld, ScanParameter, ChannelSpacing, ValueMinMax>;
 TYPED_TEST_SUITE(NumberTexts, ReadingClasses, ClassNames);
 
 } // namespace

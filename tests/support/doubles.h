@@ -13,8 +13,6 @@ constexpr double NOT_SET = -111111.11;
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 
-constexpr const char* MISSING_VALUE = "The double has not been set! Please use SetValue first";
-
 inline REPORTGENERATOR::Double Named(const char* name)
 {
     REPORTGENERATOR::Double number;

@@ -14,6 +14,7 @@
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/coordinate.h>
+#include <reportgenerator/reportbase/double.h>
 #include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/frequencyrangeold.h>
 #include <reportgenerator/reportbase/scanparameter.h>
@@ -62,6 +63,18 @@ inline std::vector<NumberField<REPORTGENERATOR::Coordinate>> NumberFieldsOf()
          &T::IsValidLongitude, &T::GetDefaultLongitude},
         {"latitude", &T::GetLatitude, &T::SetLatitude, &T::IsLatitudeSet, &T::ResetLatitude,
          &T::IsValidLatitude, &T::GetDefaultLatitude},
+    };
+}
+
+template <>
+inline std::vector<NumberField<REPORTGENERATOR::Double>> NumberFieldsOf()
+{
+    using T = REPORTGENERATOR::Double;
+    return {
+        {"value", &T::GetValue, &T::SetValue},
+        {"minimum", &T::GetMinimum, &T::SetMinimum},
+        {"maximum", &T::GetMaximum, &T::SetMaximum},
+        {"default", &T::GetDefault, &T::SetDefault},
     };
 }
 
