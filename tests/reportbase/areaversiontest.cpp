@@ -15,6 +15,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,7 @@ using Support::Int32;
 using Support::Lake;
 using Support::LakeState;
 using Support::Name;
+using Support::NOT_SET;
 using Support::NotValidating;
 using Support::NullString;
 using Support::Point;
@@ -71,6 +73,31 @@ const VersionRow VERSIONS[] = {
     {u"1,0", true},    {u"2.0a", true}, {u"v2", true},    {u"1.0.0", true}, {u"0.5e0", true},
 };
 
+/// As it is read, without coordinates.
+AreaState Read(const QString& version, const std::optional<QString>& name,
+               const std::optional<QString>& scriptID = NOT_SET)
+{
+    return {name, {}, scriptID, version};
+}
+
+/// The lake that new data are read over, or what is left of it when they are older; both with a new script.
+AreaState WithNewScript(const VersionRow& row)
+{
+    AreaState state = row.isOlder ? AreaState() : LakeState();
+    state.scriptID = QStringLiteral("New");
+    state.initialVersionLoaded = QString::fromUtf16(row.version);
+    return state;
+}
+
+Area Loaded(const char* version)
+{
+    Area area = NotValidating<Area>();
+    EXPECT_TRUE(
+        area.SetXmlString(Text("<Area Version=\"%1\"><Name>N</Name></Area>").arg(Text(version)), true));
+    EXPECT_STATE(area, Read(Text(version), Text("N")));
+    return area;
+}
+
 } // namespace
 
 // --- The object -------------------------------------------------------------------------------------------
@@ -78,30 +105,17 @@ const VersionRow VERSIONS[] = {
 TEST(Area, ResetKeepsBothVersions)
 {
     for (const bool toDefault : {true, false}) {
-        Area area = NotValidating<Area>();
-        EXPECT_TRUE(area.SetXmlString(QStringLiteral("<Area Version=\"7.5\"><Name>N</Name></Area>"), true));
-        ASSERT_TRUE(area.GetInitialVersionLoaded() == QLatin1String("7.5"));
-        if (toDefault)
-            area.ResetToDefault();
-        else
-            area.Reset();
-        AreaState state;
-        state.initialVersionLoaded = QStringLiteral("7.5");
-        EXPECT_STATE(area, state);
-        EXPECT_TRUE(area.GetName().isNull());
+        Area area = Loaded("7.5");
+        toDefault ? area.ResetToDefault() : area.Reset();
+        EXPECT_STATE(area, Read(Text("7.5"), NOT_SET));
         EXPECT_TEXT(area.GetVersion(), "1.0");
-        EXPECT_TRUE(area.IsInitialized());
     }
 }
 
 TEST(Area, TheVersionThatWasLoadedDoesNotCount)
 {
-    Area old = NotValidating<Area>();
-    EXPECT_TRUE(old.SetXmlString(QStringLiteral("<Area Version=\"0.9\"><Name>N</Name></Area>"), true));
-    Area recent = NotValidating<Area>();
-    EXPECT_TRUE(recent.SetXmlString(QStringLiteral("<Area Version=\"1.0\"><Name>N</Name></Area>"), true));
-    EXPECT_TRUE(old == recent);
-    EXPECT_TRUE(recent == old);
+    EXPECT_TRUE(Loaded("0.9") == Loaded("1.0"));
+    EXPECT_TRUE(Loaded("1.0") == Loaded("0.9"));
 }
 
 TEST(Area, AreasOfDifferentVersionsDiffer)
@@ -147,21 +161,7 @@ TEST(Area, MergingComparesVersionsAsNumbers)
     }
 }
 
-// --- XML --------------------------------------------------------------------------------------------------
-
-TEST(Area, SetXmlStringResetsTheAreaWhateverTheVersion)
-{
-    for (const char* version : {"0.9", "1.0", "2.0"}) {
-        Area area = Lake();
-        area.SetValidate(false);
-        EXPECT_TRUE(
-            area.SetXmlString(Text("<Area Version=\"%1\"><Name>N</Name></Area>").arg(Text(version)), true));
-        AreaState state;
-        state.name = QStringLiteral("N");
-        state.initialVersionLoaded = Text(version);
-        EXPECT_STATE(area, state);
-    }
-}
+// --- Older data -------------------------------------------------------------------------------------------
 
 TEST(Area, XmlOfAnOlderVersionStartsFromAnEmptyArea)
 {
@@ -172,26 +172,75 @@ TEST(Area, XmlOfAnOlderVersionStartsFromAnEmptyArea)
         const QString xml =
             QStringLiteral("<Area Version=\"%1\"><ScriptID>New</ScriptID></Area>").arg(version);
         EXPECT_TEXT(ReadElement(area, xml), "</Area>");
-        AreaState state = row.isOlder ? AreaState() : LakeState();
-        state.scriptID = QStringLiteral("New");
-        state.initialVersionLoaded = version;
-        EXPECT_STATE(area, state);
+        EXPECT_STATE(area, WithNewScript(row));
         EXPECT_TEXT(area.GetVersion(), "1.0");
     }
 }
 
-TEST(Area, XmlWithoutVersionCountsAsOlder)
+TEST(Area, AVersionElementOfOlderDataResetsWhatWasReadBeforeIt)
+{
+    for (const VersionRow& row : VERSIONS) {
+        SCOPED_TRACE(::testing::PrintToString(QString::fromUtf16(row.version)));
+        Area area;
+        EXPECT_EQ(ReadElements(area, Name("Lake") + Coordinates(1, Point("1", "2")) + Version(row.version) +
+                                         ScriptID("New")),
+                  0);
+        EXPECT_STATE(area, WithNewScript(row));
+    }
+}
+
+TEST(Area, RawDataOfAnOlderVersionStartFromAnEmptyAreaWithoutFlags)
+{
+    for (const VersionRow& row : VERSIONS) {
+        const QString version = QString::fromUtf16(row.version);
+        SCOPED_TRACE(::testing::PrintToString(version));
+        Area area = Lake();
+        const Bytes raw = Support::Byte(NAME_FLAG | COORDINATES_FLAG | SCRIPT_FLAG) + String(row.version) +
+                          String(u"Raw") + Int32(1) + RawPoint(3, 3.0, 4.0) + String(u"New");
+        EXPECT_EQ(ReadRawForm(area, raw), row.isOlder ? 4 + 6 : 0);
+        EXPECT_TEXT(area.GetName(), "Raw");
+        const AreaState older = {NOT_SET, {{3.0, 4.0}}, NOT_SET, version};
+        const AreaState newer = {Text("Raw"), {{1.0, 2.0}, {3.0, 4.0}}, Text("New"), version};
+        EXPECT_STATE(area, (row.isOlder ? older : newer));
+    }
+}
+
+TEST(Area, DataWithoutVersionCountAsOlderInXmlAndInANullElement)
 {
     for (const char* xml :
          {"<Area><ScriptID>New</ScriptID></Area>", "<Area version=\"1.0\"><ScriptID>New</ScriptID></Area>"}) {
         Area area = Lake();
         EXPECT_TEXT(ReadElement(area, Text(xml)), "</Area>");
-        AreaState state;
-        state.scriptID = QStringLiteral("New");
-        EXPECT_STATE(area, state);
-        EXPECT_TRUE(area.GetInitialVersionLoaded().isEmpty());
+        EXPECT_STATE(area, Read(QString(), NOT_SET, Text("New")));
+    }
+    Area area;
+    EXPECT_EQ(ReadElements(area, Name("Lake") + Element(Tag::AREA_VERSION, NullString()) + ScriptID("New")),
+              0);
+    EXPECT_STATE(area, Read(QString(), NOT_SET, Text("New")));
+}
+
+TEST(Area, WithoutAVersionElementTheVersionLastLoadedStays)
+{
+    Area area = Loaded("0.7");
+    EXPECT_EQ(ReadElements(area, Name("Lake")), 0);
+    EXPECT_STATE(area, Read(Text("0.7"), Text("Lake")));
+}
+
+TEST(Area, VersionThatEndsWithinACharacterIsNoneAndEndsTheReading)
+{
+    for (const int size : {1, 0x8d, 0x7fffffff}) {
+        SCOPED_TRACE(size);
+        Area area = Lake();
+        const Bytes elements = Element(Tag::AREA_VERSION, Int32(size)) + Name("New");
+        EXPECT_RG_THROW(
+            ReadElements(area, elements), "BinaryParsingException",
+            "Area::SetBinary(...): Length error occurred during processing of binary representation");
+        EXPECT_STATE(area, AreaState());
+        EXPECT_TRUE(area.GetInitialVersionLoaded().isNull());
     }
 }
+
+// --- Unknown data -----------------------------------------------------------------------------------------
 
 TEST(Area, UnknownChildrenOfDataThatIsNotOlderAreRefusedWhenValidating)
 {
@@ -201,10 +250,7 @@ TEST(Area, UnknownChildrenOfDataThatIsNotOlderAreRefusedWhenValidating)
             Text("<Area Version=\"%1\"><Name>N</Name><Foo/><ScriptID>S</ScriptID></Area>").arg(Text(version));
         Area area = Lake();
         EXPECT_RG_THROW(area.SetXmlString(xml, true), "InvalidXmlException", "Unknown Tag 'Foo' in 'Area'.");
-        AreaState state;
-        state.name = QStringLiteral("N");
-        state.initialVersionLoaded = Text(version);
-        EXPECT_STATE(area, state);
+        EXPECT_STATE(area, Read(Text(version), Text("N")));
 
         const auto logger = Support::NewLogger();
         area.SetLogger(logger);
@@ -219,31 +265,35 @@ TEST(Area, AnUnknownChildOfDataThatIsNotOlderIsEnteredAndItsEndTagEndsTheReading
     struct Row
     {
         const char* content;
-        const char* name;
-        const char* scriptID;
+        std::optional<QString> name;
+        std::optional<QString> scriptID;
         std::vector<const char*> unknown;
         const char* end;
     };
     const std::vector<Row> rows = {
-        {"<Foo/><ScriptID>S</ScriptID>", nullptr, nullptr, {"Foo"}, "</Foo>"},
-        {"<Foo>text</Foo><ScriptID>S</ScriptID>", nullptr, nullptr, {"Foo"}, "</Foo>"},
+        {"<Foo/><ScriptID>S</ScriptID>", NOT_SET, NOT_SET, {"Foo"}, "</Foo>"},
+        {"<Foo>text</Foo><ScriptID>S</ScriptID>", NOT_SET, NOT_SET, {"Foo"}, "</Foo>"},
         {"<Name>N</Name><Foo><ScriptID>inner</ScriptID></Foo><ScriptID>S</ScriptID>",
-         "N",
-         "inner",
+         Text("N"),
+         Text("inner"),
          {"Foo"},
          "</Foo>"},
-        {"<Foo><Name>N</Name><Bar/><ScriptID>S</ScriptID></Foo>", "N", nullptr, {"Foo", "Bar"}, "</Bar>"},
+        {"<Foo><Name>N</Name><Bar/><ScriptID>S</ScriptID></Foo>",
+         Text("N"),
+         NOT_SET,
+         {"Foo", "Bar"},
+         "</Bar>"},
         {"<Foo><Foo><Name>N</Name></Foo><ScriptID>S</ScriptID></Foo>",
-         "N",
-         nullptr,
+         Text("N"),
+         NOT_SET,
          {"Foo", "Foo"},
          "</Foo>"},
         {"<Area Version=\"0.1\"><Name>N</Name></Area><ScriptID>S</ScriptID>",
-         "N",
-         nullptr,
+         Text("N"),
+         NOT_SET,
          {"Area"},
          "</Area>"},
-        {"<name>x</name><Name>N</Name>", nullptr, nullptr, {"name"}, "</name>"},
+        {"<name>x</name><Name>N</Name>", NOT_SET, NOT_SET, {"name"}, "</name>"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.content);
@@ -252,60 +302,15 @@ TEST(Area, AnUnknownChildOfDataThatIsNotOlderIsEnteredAndItsEndTagEndsTheReading
         const auto logger = Support::NewLogger();
         area.SetLogger(logger);
         EXPECT_TEXT(ReadElement(area, xml), row.end);
-        AreaState state;
-        if (row.name)
-            state.name = Text(row.name);
-        if (row.scriptID)
-            state.scriptID = Text(row.scriptID);
-        state.initialVersionLoaded = QStringLiteral("1.0");
-        EXPECT_STATE(area, state);
+        EXPECT_STATE(area, Read(Text("1.0"), row.name, row.scriptID));
         QStringList lines;
         for (const char* unknown : row.unknown)
             lines << Text("WARNING: InvalidXmlException: Unknown Tag '%1' in 'Area'.").arg(Text(unknown));
         EXPECT_LOG(logger, lines);
 
         EXPECT_TRUE(area.SetXmlString(xml, true));
-        EXPECT_STATE(area, state);
+        EXPECT_STATE(area, Read(Text("1.0"), row.name, row.scriptID));
     }
-}
-
-// --- Tagged form ------------------------------------------------------------------------------------------
-
-TEST(Area, AVersionElementOfOlderDataResetsWhatWasReadBeforeIt)
-{
-    for (const VersionRow& row : VERSIONS) {
-        const QString version = QString::fromUtf16(row.version);
-        SCOPED_TRACE(::testing::PrintToString(version));
-        Area area;
-        EXPECT_EQ(ReadElements(area, Name("Lake") + Coordinates(1, Point("1", "2")) + Version(row.version) +
-                                         ScriptID("New")),
-                  0);
-        AreaState state = row.isOlder ? AreaState() : LakeState();
-        state.scriptID = QStringLiteral("New");
-        state.initialVersionLoaded = version;
-        EXPECT_STATE(area, state);
-    }
-}
-
-TEST(Area, ANullVersionElementCountsAsOlder)
-{
-    Area area;
-    EXPECT_EQ(ReadElements(area, Name("Lake") + Element(Tag::AREA_VERSION, NullString()) + ScriptID("New")),
-              0);
-    AreaState state;
-    state.scriptID = QStringLiteral("New");
-    EXPECT_STATE(area, state);
-}
-
-TEST(Area, WithoutAVersionElementTheVersionLastLoadedStays)
-{
-    Area area = NotValidating<Area>();
-    EXPECT_TRUE(area.SetXmlString(QStringLiteral("<Area Version=\"0.7\"/>"), true));
-    EXPECT_EQ(ReadElements(area, Name("Lake")), 0);
-    AreaState state;
-    state.name = QStringLiteral("Lake");
-    state.initialVersionLoaded = QStringLiteral("0.7");
-    EXPECT_STATE(area, state);
 }
 
 TEST(Area, UnknownElementsAreSkippedByTheirLengthWhateverTheVersion)
@@ -321,43 +326,5 @@ TEST(Area, UnknownElementsAreSkippedByTheirLengthWhateverTheVersion)
                   0);
         EXPECT_TRUE(area == Lake());
         EXPECT_LOG(logger, {});
-    }
-}
-
-TEST(Area, VersionThatEndsWithinACharacterIsNoneAndEndsTheReading)
-{
-    for (const int size : {1, 0x8d, 0x7fffffff}) {
-        SCOPED_TRACE(size);
-        Area area = Lake();
-        const Bytes elements = Element(Tag::AREA_VERSION, Int32(size)) + Name("New");
-        EXPECT_RG_THROW(
-            ReadElements(area, elements), "BinaryParsingException",
-            "Area::SetBinary(...): Length error occurred during processing of binary representation");
-        EXPECT_FALSE(area.IsNameSet());
-        EXPECT_TRUE(area.GetInitialVersionLoaded().isNull());
-    }
-}
-
-// --- Raw form ---------------------------------------------------------------------------------------------
-
-TEST(Area, RawDataOfAnOlderVersionStartFromAnEmptyAreaWithoutFlags)
-{
-    for (const VersionRow& row : VERSIONS) {
-        const QString version = QString::fromUtf16(row.version);
-        SCOPED_TRACE(::testing::PrintToString(version));
-        Area area = Lake();
-        const Bytes raw = Support::Byte(NAME_FLAG | COORDINATES_FLAG | SCRIPT_FLAG) + String(row.version) +
-                          String(u"Raw") + Int32(1) + RawPoint(3, 3.0, 4.0) + String(u"New");
-        EXPECT_EQ(ReadRawForm(area, raw), row.isOlder ? 4 + 6 : 0);
-        EXPECT_TEXT(area.GetName(), "Raw");
-        AreaState state;
-        state.coordinates = {{3.0, 4.0}};
-        if (!row.isOlder) {
-            state.name = QStringLiteral("Raw");
-            state.coordinates = {{1.0, 2.0}, {3.0, 4.0}};
-            state.scriptID = QStringLiteral("New");
-        }
-        state.initialVersionLoaded = version;
-        EXPECT_STATE(area, state);
     }
 }

@@ -20,6 +20,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -158,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Forms, FastPathForms, ::testing::ValuesIn(FORMS),
 
 TEST(FastPath, LeavesTextsThatAreNoUtf8ToTheStreamPath)
 {
-    for (const char* const text : {"\xff", "a&amp;\xff"}) {
+    for (const char* const text : {"\xff", "a\xff", "a&amp;\xff", "\xff&amp;"}) {
         SCOPED_TRACE(::testing::PrintToString(text));
         Support::OpenFile file(
             QByteArray("<ReportBase><Area Version=\"1.0\"><Name>") + text +
@@ -167,6 +168,7 @@ TEST(FastPath, LeavesTextsThatAreNoUtf8ToTheStreamPath)
         ReportBase report;
         EXPECT_RG_THROW(report.LoadXml(file.Get()), "RGException",
                         "Encountered incorrectly encoded content.");
+        EXPECT_FALSE(std::as_const(report).GetArea().IsNameSet());
     }
 }
 
