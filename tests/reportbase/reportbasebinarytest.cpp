@@ -74,17 +74,6 @@ TEST(ReportBase, OfRepeatedMemberElementsTheLastCounts)
     EXPECT_TRUE(report == CompleteReport());
 }
 
-TEST(ReportBase, MemberElementsOfLengthZeroAreCarriedWithoutDataAndNotChecked)
-{
-    ReportBase report;
-    EXPECT_EQ(ReadElements(report, Element(Tag::REPORT_FREQUENCY, Bytes()) +
-                                       Element(Tag::REPORT_IF_BANDWIDTH, Bytes()) +
-                                       Element(Tag::REPORT_AREA, Bytes())),
-              0);
-    EXPECT_EQ(Carried(report), "frequency bandwidth area ");
-    EXPECT_FALSE(report.AnyData());
-}
-
 TEST(ReportBase, AMembersOwnLengthErrorEndsTheReadingAndTheMemberIsNotCarried)
 {
     struct Row

@@ -1,17 +1,15 @@
 // The members of a report: getting, setting, comparing and merging them.
 
-#include "support/bytes.h"
 #include "support/expect.h"
 #include "support/recordclasses.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 #include "support/reports.h"
 #include "support/states.h"
 
 #include <reportgenerator/reportbase/area.h>
-#include <reportgenerator/reportbase/coordinate.h>
 #include <reportgenerator/reportbase/frequency.h>
 #include <reportgenerator/reportbase/ifbandwidth.h>
-#include <reportgenerator/reportbase/irgobject.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <gtest/gtest.h>
@@ -19,61 +17,61 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 
 using REPORTGENERATOR::Area;
-using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Frequency;
 using REPORTGENERATOR::IFBandwidth;
-using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;
 using Support::BandwidthOf;
-using Support::ByteArray;
 using Support::Carried;
 using Support::CompleteReport;
 using Support::CompleteReportState;
+using Support::Coordinates;
 using Support::FrequencyOf;
-using Support::Int32;
 using Support::LakeWithoutScript;
 using Support::NotValidating;
 using Support::ReadElements;
 using Support::Rename;
 using Support::ReportState;
 using Support::ReportWithFlags;
-namespace Tag = Support::Tag;
+using Support::Text;
 
-constexpr int FREQUENCY_FLAG = 1;
-constexpr int BANDWIDTH_FLAG = 2;
-constexpr int AREA_FLAG = 4;
-constexpr int ALL_FLAGS = FREQUENCY_FLAG | BANDWIDTH_FLAG | AREA_FLAG;
+constexpr int ALL_FLAGS = 7;
+
+/// The members that have a record.
+std::string Initialized(const ReportBase& report)
+{
+    std::string members;
+    if (report.GetFrequency().IsInitialized())
+        members += "frequency ";
+    if (report.GetIFBandwidth().IsInitialized())
+        members += "bandwidth ";
+    if (report.GetArea().IsInitialized())
+        members += "area ";
+    return members;
+}
 
 } // namespace
 
 // --- Members ----------------------------------------------------------------------------------------------
 
-TEST(ReportBase, ConstantGettersGiveUninitializedMembersAndCarryNothing)
-{
-    const ReportBase report;
-    EXPECT_FALSE(report.GetFrequency().IsInitialized());
-    EXPECT_TRUE(report.IsInitialized());
-    EXPECT_FALSE(report.GetIFBandwidth().IsInitialized());
-    EXPECT_FALSE(report.GetArea().IsInitialized());
-    EXPECT_EQ(Carried(report), "");
-    EXPECT_FALSE(report.AnyData());
-}
-
-TEST(ReportBase, AskingForAModifiableMemberMakesTheReportCarryIt)
+TEST(ReportBase, AskingForAModifiableMemberMakesTheReportCarryItWithoutARecord)
 {
     ReportBase report;
-    EXPECT_FALSE(report.GetFrequency().IsInitialized());
+    EXPECT_EQ(Initialized(report), "");
+    EXPECT_TRUE(report.IsInitialized());
+    EXPECT_EQ(Carried(report), "");
+    report.GetFrequency();
     EXPECT_EQ(Carried(report), "frequency ");
-    EXPECT_FALSE(report.GetIFBandwidth().IsInitialized());
+    report.GetIFBandwidth();
     EXPECT_EQ(Carried(report), "frequency bandwidth ");
-    EXPECT_FALSE(report.GetArea().IsInitialized());
+    report.GetArea();
     EXPECT_EQ(Carried(report), "frequency bandwidth area ");
+    EXPECT_EQ(Initialized(report), "");
     EXPECT_FALSE(report.AnyData());
 }
 
@@ -95,12 +93,11 @@ TEST(ReportBase, SettersTakeTheFieldsOfTheMember)
     report.SetIFBandwidth(BandwidthOf(6.0));
     EXPECT_EQ(Carried(report), "frequency bandwidth ");
     report.SetArea(LakeWithoutScript());
-    EXPECT_EQ(Carried(report), "frequency bandwidth area ");
     EXPECT_STATE(report, CompleteReportState());
 
     report.SetFrequency(Frequency());
     EXPECT_TRUE(report.IsFrequencySet());
-    EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
+    EXPECT_EQ(Initialized(report), "bandwidth area ");
 }
 
 TEST(ReportBase, SettersLeaveNameAndSettingsOfTheMemberAlone)
@@ -109,8 +106,7 @@ TEST(ReportBase, SettersLeaveNameAndSettingsOfTheMemberAlone)
     Rename(report.GetFrequency(), QStringLiteral("Rx"));
     Frequency frequency = FrequencyOf(5.0);
     frequency.SetValidate(false);
-    const auto logger = Support::NewLogger();
-    frequency.SetLogger(logger);
+    frequency.SetLogger(Support::NewLogger());
     report.SetFrequency(frequency);
     EXPECT_TEXT(report.GetFrequency().GetObjectName(), "Rx");
     EXPECT_TRUE(report.GetFrequency().GetValidate());
@@ -127,45 +123,34 @@ TEST(ReportBase, EveryMemberIsValid)
     EXPECT_FALSE(report.IsInitialized());
 }
 
-TEST(ReportBase, ResettingAMemberDropsItAloneAndItsData)
+TEST(ReportBase, ResettingDropsMembersAndTheirDataAndKeepsTheRecord)
 {
-    ReportBase report = CompleteReport();
-    report.ResetFrequency();
-    EXPECT_EQ(Carried(report), "bandwidth area ");
-    EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
-    report.ResetArea();
-    EXPECT_EQ(Carried(report), "bandwidth ");
-    EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
-    EXPECT_TRUE(report.AnyData());
-    report.ResetIFBandwidth();
-    EXPECT_EQ(Carried(report), "");
-    EXPECT_FALSE(std::as_const(report).GetIFBandwidth().IsInitialized());
-    EXPECT_FALSE(report.AnyData());
-    EXPECT_TRUE(report.IsInitialized());
-}
-
-TEST(ReportBase, ResettingAMemberThatIsNotCarriedDropsItsData)
-{
-    ReportBase report = ReportWithFlags(0);
-    EXPECT_TRUE(std::as_const(report).GetArea().AnyData());
-    report.ResetArea();
-    EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
-    EXPECT_TRUE(std::as_const(report).GetFrequency().AnyData());
-}
-
-TEST(ReportBase, ResetDropsAllMembersAndKeepsTheRecord)
-{
-    for (const bool toDefault : {true, false}) {
+    struct Row
+    {
+        const char* name;
+        void (*reset)(ReportBase&);
+        const char* left;
+    };
+    const Row rows[] = {
+        {"ResetFrequency", [](ReportBase& report) { report.ResetFrequency(); }, "bandwidth area "},
+        {"ResetIFBandwidth", [](ReportBase& report) { report.ResetIFBandwidth(); }, "frequency area "},
+        {"ResetArea", [](ReportBase& report) { report.ResetArea(); }, "frequency bandwidth "},
+        {"Reset", [](ReportBase& report) { report.Reset(); }, ""},
+        {"ResetToDefault", [](ReportBase& report) { report.ResetToDefault(); }, ""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
         ReportBase report = CompleteReport();
-        if (toDefault)
-            report.ResetToDefault();
-        else
-            report.Reset();
+        row.reset(report);
+        EXPECT_EQ(Carried(report), row.left);
+        EXPECT_EQ(Initialized(report), row.left);
         EXPECT_TRUE(report.IsInitialized());
-        EXPECT_EQ(Carried(report), "");
-        EXPECT_FALSE(std::as_const(report).GetFrequency().IsInitialized());
-        EXPECT_FALSE(std::as_const(report).GetIFBandwidth().IsInitialized());
-        EXPECT_FALSE(std::as_const(report).GetArea().IsInitialized());
+
+        // Also of members that aren't carried.
+        ReportBase notCarrying = ReportWithFlags(0);
+        EXPECT_EQ(Initialized(notCarrying), "frequency bandwidth area ");
+        row.reset(notCarrying);
+        EXPECT_EQ(Initialized(notCarrying), row.left);
     }
 }
 
@@ -209,21 +194,24 @@ TEST(ReportBase, MembersMatchWhenCarriedByNeitherOrByBothAndEqual)
             EXPECT_EQ(one != other, left != right) << left << " and " << right;
         }
     }
+    EXPECT_TRUE(ReportWithFlags(0) == ReportBase());
+    EXPECT_TRUE(ReportBase() == ReportWithFlags(0));
 }
 
 TEST(ReportBase, EachMemberTakesPartInTheComparison)
 {
+    void (*const changes[])(ReportBase&) = {
+        [](ReportBase& report) { report.GetFrequency().SetMin(1.0); },
+        [](ReportBase& report) { report.GetIFBandwidth().SetValue(7.0); },
+        [](ReportBase& report) { report.GetArea().SetScriptID(QStringLiteral("S")); },
+    };
     EXPECT_TRUE(CompleteReport() == CompleteReport());
-    ReportBase report = CompleteReport();
-    report.GetFrequency().SetMin(1.0);
-    EXPECT_FALSE(report == CompleteReport());
-    report = CompleteReport();
-    report.GetIFBandwidth().SetValue(7.0);
-    EXPECT_FALSE(report == CompleteReport());
-    report = CompleteReport();
-    report.GetArea().SetScriptID(QStringLiteral("S"));
-    EXPECT_FALSE(report == CompleteReport());
-    EXPECT_TRUE(report != CompleteReport());
+    for (const auto change : changes) {
+        ReportBase report = CompleteReport();
+        change(report);
+        EXPECT_FALSE(report == CompleteReport());
+        EXPECT_TRUE(report != CompleteReport());
+    }
 }
 
 TEST(ReportBase, AMemberWithoutDataThatIsCarriedDiffersFromOneThatIsNot)
@@ -237,13 +225,7 @@ TEST(ReportBase, AMemberWithoutDataThatIsCarriedDiffersFromOneThatIsNot)
     EXPECT_TRUE(report == other);
 }
 
-TEST(ReportBase, DataOfMembersThatAreNotCarriedDoNotCount)
-{
-    EXPECT_TRUE(ReportWithFlags(0) == ReportBase());
-    EXPECT_TRUE(ReportBase() == ReportWithFlags(0));
-}
-
-// --- Check ------------------------------------------------------------------------------------------------
+// --- Check and settings -----------------------------------------------------------------------------------
 
 TEST(ReportBase, CheckDoesNotAskMembersThatAreNotCarried)
 {
@@ -255,61 +237,27 @@ TEST(ReportBase, CheckDoesNotAskMembersThatAreNotCarried)
     EXPECT_NO_RG_THROW(report.Check());
 }
 
-// --- Settings of the members ------------------------------------------------------------------------------
-
-namespace {
-
-std::vector<const IRGObject*> MembersOf(const ReportBase& report)
-{
-    std::vector<const IRGObject*> members = {&report.GetFrequency(), &report.GetIFBandwidth(),
-                                             &report.GetArea()};
-    for (const Coordinate& coordinate : report.GetArea().GetCoordinate())
-        members.push_back(&coordinate);
-    return members;
-}
-
-} // namespace
-
-TEST(ReportBase, SettingsGivenBeforeTheRecordReachTheMembersWhenItIsMade)
-{
-    ReportBase report;
-    const auto logger = Support::NewLogger();
-    report.SetLogger(logger);
-    report.SetValidate(false);
-    EXPECT_FALSE(report.IsInitialized());
-    for (const IRGObject* member : MembersOf(report)) {
-        EXPECT_EQ(member->GetLogger(), logger);
-        EXPECT_FALSE(member->GetValidate());
-    }
-}
-
 TEST(ReportBase, ReadingAppliesTheSettingsToMembersThatWereGivenOthers)
 {
-    const QString outOfRange =
-        QStringLiteral("<ReportBase><Area Version=\"1.0\"><Name>Lake</Name><Coordinate>"
-                       "<Longitude>181</Longitude><Latitude>2</Latitude></Coordinate></Area></ReportBase>");
     const QString warning =
-        QStringLiteral("WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
-                       "(-180, 180) in 'Coordinate'.");
+        Text("WARNING: OutOfRangeException: Parameters for m_longitude are not set within "
+             "range (-180, 180) in 'Coordinate'.");
     const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
     const auto otherLogger = Support::NewLogger();
     ReportBase report = NotValidating<ReportBase>();
     report.SetLogger(logger);
-    std::as_const(report).GetArea().SetValidate(true);
-    std::as_const(report).GetArea().SetLogger(otherLogger);
-    EXPECT_TRUE(report.SetXmlString(outOfRange, true));
+    const auto giveOthers = [&] {
+        std::as_const(report).GetArea().SetValidate(true);
+        std::as_const(report).GetArea().SetLogger(otherLogger);
+    };
+    giveOthers();
+    EXPECT_TRUE(report.SetXmlString(
+        Text("<ReportBase><Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>181</Longitude>"
+             "<Latitude>2</Latitude></Coordinate></Area></ReportBase>"),
+        true));
     EXPECT_LOG(logger, QStringList{warning});
-
-    std::as_const(report).GetArea().SetValidate(true);
-    std::as_const(report).GetArea().SetLogger(otherLogger);
-    EXPECT_EQ(
-        ReadElements(
-            report,
-            Element(Tag::REPORT_AREA,
-                    Element(Tag::AREA_COORDINATES,
-                            Int32(1) + Support::Body(Element(Tag::COORDINATE_LONGITUDE, ByteArray("181")) +
-                                                     Element(Tag::COORDINATE_LATITUDE, ByteArray("2")))))),
-        0);
+    giveOthers();
+    EXPECT_EQ(ReadElements(report, Support::AreaElement(Coordinates(1, Support::Point("181", "2")))), 0);
     EXPECT_LOG(logger, QStringList({warning, warning}));
     EXPECT_LOG(otherLogger, {});
 }

@@ -16,7 +16,6 @@
 
 #include <QtCore/QString>
 
-#include <string>
 #include <utility>
 
 namespace {
@@ -27,18 +26,15 @@ using Support::BodyOf;
 using Support::Bytes;
 using Support::Carried;
 using Support::CompleteReport;
-using Support::CompleteReportState;
 using Support::FrequencyOf;
+using Support::FrequencyState;
 using Support::LakeWithoutScript;
+using Support::NOT_SET;
 using Support::NotValidating;
 using Support::ReadElement;
 using Support::Rename;
 using Support::ReportState;
 using Support::Text;
-
-const char* const LAKE_XML =
-    "<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1.000000</Longitude>"
-    "<Latitude>2.000000</Latitude></Coordinate></Area>";
 
 QString ReportXml(const char* content)
 {
@@ -97,47 +93,29 @@ TEST(ReportBase, ACarriedAreaWithAnEmptyListIsLeftOutWhenValidating)
 
 // --- XML reading ------------------------------------------------------------------------------------------
 
-TEST(ReportBase, XmlReadingTakesTheMembersInAnyOrder)
+TEST(ReportBase, RepeatedMembersAddUpUnlessAnAreaIsOfAnOlderVersion)
 {
-    ReportBase report;
-    EXPECT_TRUE(report.SetXmlString(
-        ReportXml((std::string(LAKE_XML) + "<IFBandwidth>6</IFBandwidth><Frequency>5</Frequency>").c_str()),
-        true));
-    ReportState state = CompleteReportState();
-    state.area->initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(report, state);
-    EXPECT_TRUE(report == CompleteReport());
-}
-
-TEST(ReportBase, RepeatedMembersAddUp)
-{
-    ReportBase report;
-    EXPECT_TRUE(report.SetXmlString(ReportXml((std::string("<Frequency Min=\"1\">2</Frequency>") + LAKE_XML +
-                                               "<Frequency Max=\"3\">4</Frequency>" + LAKE_XML)
-                                                  .c_str()),
-                                    true));
-    ReportState state;
-    state.frequency = Support::FrequencyState();
-    state.frequency->value = 4.0;
-    state.frequency->min = 1.0;
-    state.frequency->max = 3.0;
-    state.area = CompleteReportState().area;
-    state.area->coordinates = {{1.0, 2.0}, {1.0, 2.0}};
-    state.area->initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(report, state);
-}
-
-TEST(ReportBase, ARepeatedAreaOfAnOlderVersionStartsAnew)
-{
-    ReportBase report = NotValidating<ReportBase>();
-    EXPECT_TRUE(report.SetXmlString(
-        ReportXml((std::string(LAKE_XML) + "<Area Version=\"0.9\"><ScriptID>S</ScriptID></Area>").c_str()),
-        true));
-    ReportState state;
-    state.area = AreaState();
-    state.area->scriptID = QStringLiteral("S");
-    state.area->initialVersionLoaded = QStringLiteral("0.9");
-    EXPECT_STATE(report, state);
+    struct Row
+    {
+        const char* xml; ///< with "#" for a lake
+        ReportState state;
+    };
+    const AreaState twice = {Text("Lake"), {{1.0, 2.0}, {1.0, 2.0}}, NOT_SET, Text("1.0")};
+    const AreaState older = {NOT_SET, {}, Text("S"), Text("0.9")};
+    const Row rows[] = {
+        {"<Frequency Min=\"1\">2</Frequency>#<Frequency Max=\"3\">4</Frequency>#",
+         {FrequencyState{4.0, 1.0, 3.0}, NOT_SET, twice}},
+        {"#<Area Version=\"0.9\"><ScriptID>S</ScriptID></Area>", {NOT_SET, NOT_SET, older}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.xml);
+        const QString lake =
+            Text("<Area Version=\"1.0\"><Name>Lake</Name><Coordinate><Longitude>1</Longitude>"
+                 "<Latitude>2</Latitude></Coordinate></Area>");
+        ReportBase report = NotValidating<ReportBase>();
+        EXPECT_TRUE(report.SetXmlString(ReportXml(row.xml).replace(QLatin1Char('#'), lake), true));
+        EXPECT_STATE(report, row.state);
+    }
 }
 
 TEST(ReportBase, WhatFollowsAnUnknownChildOfTheAreaIsLeftToTheReportWhenNotValidating)
@@ -148,12 +126,8 @@ TEST(ReportBase, WhatFollowsAnUnknownChildOfTheAreaIsLeftToTheReportWhenNotValid
     const auto logger = Support::NewLogger();
     report.SetLogger(logger);
     EXPECT_TRUE(report.SetXmlString(xml, true));
-    ReportState state;
-    state.frequency = CompleteReportState().frequency;
-    state.area = AreaState();
-    state.area->name = QStringLiteral("Lake");
-    state.area->initialVersionLoaded = QStringLiteral("1.0");
-    EXPECT_STATE(report, state);
+    EXPECT_STATE(report, (ReportState{FrequencyState{5.0}, NOT_SET,
+                                      AreaState{Text("Lake"), {}, NOT_SET, Text("1.0")}}));
     EXPECT_LOG(logger, {"INFO: ReportBase: Loading xml string.",
                         "WARNING: InvalidXmlException: Unknown Tag 'Foo' in 'Area'."});
     EXPECT_TEXT(ReadElement(report, xml), "</Area>");
