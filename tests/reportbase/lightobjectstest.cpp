@@ -2,7 +2,7 @@
 // areas.
 
 #include "support/expect.h"
-#include "support/records.h"
+#include "support/points.h"
 
 #include <reportgenerator/reportbase/area.h>
 #include <reportgenerator/reportbase/coordinate.h>
@@ -25,14 +25,7 @@ using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Double;
 using REPORTGENERATOR::ReportBase;
-
-Coordinate At(double longitude, double latitude)
-{
-    Coordinate coordinate;
-    coordinate.SetLongitude(longitude);
-    coordinate.SetLatitude(latitude);
-    return coordinate;
-}
+using Support::At;
 
 /// An area whose list nobody has been handed.
 Area Pair()
@@ -50,16 +43,6 @@ const Coordinate& First(const Area& area)
 }
 
 // --- Copied areas ------------------------------------------------------------------------------------------
-
-TEST(CopiedArea, TakesOtherCoordinates)
-{
-    const Area source = Pair();
-    Area copy = source;
-    copy.SetCoordinate({At(5.0, 6.0)});
-    EXPECT_EQ(copy.GetCoordinate().size(), 1);
-    EXPECT_EQ(First(copy).GetLongitude(), 5.0);
-    EXPECT_EQ(source.GetCoordinate().size(), 2);
-}
 
 TEST(CopiedArea, OutlivesItsSourceWithItsOwnSettings)
 {
@@ -123,35 +106,6 @@ TEST(CopiedArea, AssignedMembersHaveNoLoggerOfTheirSource)
     EXPECT_EQ(First(std::as_const(assigned).GetArea()).GetLogger(), nullptr);
 }
 
-TEST(CopiedArea, KeepsWhatItsSourceLoses)
-{
-    Area source = Pair();
-    const Area copy(source);
-    source.AppendCoordinate(At(5.0, 6.0));
-    source.GetCoordinate()[0].SetLongitude(9.0);
-    EXPECT_EQ(copy.GetCoordinate().size(), 2);
-    EXPECT_EQ(First(copy).GetLongitude(), 1.0);
-    source.Reset();
-    EXPECT_EQ(copy.GetCoordinate().size(), 2);
-    EXPECT_EQ(source.GetCoordinate().size(), 0);
-}
-
-TEST(CopiedArea, LeavesItsSourceAsItIs)
-{
-    const auto logger = Support::NewLogger();
-    Area source = Pair();
-    source.SetLogger(logger);
-    source.Check();
-    Area copy(source);
-    copy.GetCoordinate()[1].SetLatitude(9.0);
-    copy.AppendCoordinate(At(5.0, 6.0));
-    copy.SetValidate(false);
-    EXPECT_EQ(std::as_const(source).GetCoordinate().size(), 2);
-    EXPECT_EQ(std::as_const(source).GetCoordinate().at(1).GetLatitude(), 4.0);
-    EXPECT_EQ(First(source).GetLogger(), logger);
-    EXPECT_TRUE(First(source).GetValidate());
-}
-
 TEST(CopiedArea, PassesWhatItWasToldBeforeAnybodyLooked)
 {
     const auto logger = Support::NewLogger();
@@ -209,16 +163,6 @@ TEST(CopiedArea, WritesAndComparesWithoutBeingLookedAt)
     EXPECT_FALSE(copy == source);
     EXPECT_NO_RG_THROW(copy.Check());
     EXPECT_EQ(copy.GetCoordinate().size(), 2);
-}
-
-TEST(CopiedArea, ReadsIntoAListOfItsOwn)
-{
-    const Area source = Pair();
-    Area copy(source);
-    Support::ReadElement(copy, QStringLiteral("<Area Version=\"1.0\"><Coordinate><Longitude>5</Longitude>"
-                                              "<Latitude>6</Latitude></Coordinate></Area>"));
-    EXPECT_EQ(std::as_const(copy).GetCoordinate().size(), 3);
-    EXPECT_EQ(source.GetCoordinate().size(), 2);
 }
 
 TEST(CopiedArea, AssignedReportsGoTheirOwnWays)
@@ -310,25 +254,6 @@ TEST(SharedIdentity, ANameThatIsHeldStaysAsLongAsTheObject)
     number = Double();
     EXPECT_TEXT(held, "AnyType");
     EXPECT_TEXT(other.GetName(), "C");
-}
-
-/// Reaches what derived classes may do.
-class Renamer : public Area
-{
-public:
-    static auto Operation() { return &Renamer::SetObjectName; }
-};
-
-TEST(SharedIdentity, AMemberThatIsRenamedIsWrittenUnderItsName)
-{
-    ReportBase report;
-    report.SetArea(Pair());
-    // A holder of the system's may rename its members.
-    (report.GetArea().*Renamer::Operation())(QStringLiteral("Zone"));
-    EXPECT_TRUE(report.GetXmlString().contains(QStringLiteral("<Zone Version=\"1.0\">")));
-    ReportBase read;
-    EXPECT_TRUE(read.SetXmlString(report.GetXmlString(), true));
-    EXPECT_FALSE(read.IsAreaSet());
 }
 
 } // namespace
