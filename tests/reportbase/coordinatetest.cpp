@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -25,7 +24,6 @@ namespace {
 
 using REPORTGENERATOR::Coordinate;
 using Support::At;
-using Support::BodyOf;
 using Support::CoordinateState;
 using Support::Latitude;
 using Support::Longitude;
@@ -205,14 +203,10 @@ TEST(Coordinate, OutOfRangeMessageNamesTheObject)
 
 TEST(Coordinate, AnyDataAsksForOneValueAndHasDataForBoth)
 {
-    EXPECT_FALSE(WithLeftovers<Coordinate>(0, {1.0, 2.0}).AnyData());
-    EXPECT_FALSE(WithLeftovers<Coordinate>(0, {1.0, 2.0}).HasData());
-    EXPECT_TRUE(WithLeftovers<Coordinate>(1, {1.0, 2.0}).AnyData());
-    EXPECT_FALSE(WithLeftovers<Coordinate>(1, {1.0, 2.0}).HasData());
-    EXPECT_TRUE(WithLeftovers<Coordinate>(2, {1.0, 2.0}).AnyData());
-    EXPECT_FALSE(WithLeftovers<Coordinate>(2, {1.0, 2.0}).HasData());
-    EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1.0, 2.0}).AnyData());
-    EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1.0, 2.0}).HasData());
+    for (const int flags : {0, 1, 2, 3}) {
+        EXPECT_EQ(WithLeftovers<Coordinate>(flags, {1.0, 2.0}).AnyData(), flags != 0) << flags;
+        EXPECT_EQ(WithLeftovers<Coordinate>(flags, {1.0, 2.0}).HasData(), flags == 3) << flags;
+    }
     EXPECT_TRUE(WithLeftovers<Coordinate>(3, {1000.0, NOT_A_NUMBER}).HasData());
 }
 
@@ -265,112 +259,80 @@ TEST(Coordinate, XmlNumbersHaveExactlySixDecimals)
         EXPECT_XML(At(row.number, row.number), Xml(row.text, row.text));
 }
 
-// --- XML reading ------------------------------------------------------------------------------------------
+// --- Reading ----------------------------------------------------------------------------------------------
 
-TEST(Coordinate, OutOfRangeXmlThrowsWhenValidatingAndWhatWasReadBeforeStays)
+TEST(Coordinate, OutOfRangeNumbersAreRefusedWhenValidatingAndStoredWithWarningsOtherwise)
+{
+    struct Row
+    {
+        const char* xml;
+        Support::Bytes elements;
+        std::vector<const char*> problems;
+        CoordinateState refused;
+        CoordinateState stored;
+    };
+    const Row rows[] = {
+        {"<Longitude>180.000001</Longitude><Latitude>1</Latitude>",
+         Longitude("180.000001") + Latitude("1"),
+         {LONGITUDE_OUT_OF_RANGE},
+         {},
+         {180.000001, 1.0}},
+        {"<Latitude>1</Latitude><Longitude>-181</Longitude>",
+         Latitude("1") + Longitude("-181"),
+         {LONGITUDE_OUT_OF_RANGE},
+         State(std::nullopt, 1.0),
+         {-181.0, 1.0}},
+        {"<Longitude>1</Longitude><Latitude>inf</Latitude>",
+         Longitude("1") + Latitude("inf"),
+         {LATITUDE_OUT_OF_RANGE},
+         {1.0},
+         {1.0, INF}},
+        {"<Longitude>1</Longitude><Latitude> nan</Latitude>",
+         Longitude("1") + Latitude(" nan"),
+         {LATITUDE_OUT_OF_RANGE},
+         {1.0},
+         {1.0, NOT_A_NUMBER}},
+        {"<Latitude>91</Latitude><Longitude>-inf</Longitude>",
+         Latitude("91") + Longitude("-inf"),
+         {LATITUDE_OUT_OF_RANGE, LONGITUDE_OUT_OF_RANGE},
+         {},
+         {-INF, 91.0}},
+    };
+    for (const Row& row : rows) {
+        for (const bool isXml : {true, false}) {
+            SCOPED_TRACE(row.xml + std::string(isXml ? "" : " as elements"));
+            const auto read = [&](Coordinate& coordinate) {
+                const QString xml = Support::Text("<Coordinate>%1</Coordinate>").arg(Support::Text(row.xml));
+                if (isXml)
+                    EXPECT_TRUE(coordinate.SetXmlString(xml, true));
+                else
+                    EXPECT_EQ(ReadElements(coordinate, row.elements), 0);
+            };
+            const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+            Coordinate coordinate = At(7.0, 8.0);
+            coordinate.SetLogger(logger);
+            EXPECT_RG_THROW(read(coordinate), "OutOfRangeException", row.problems.front());
+            EXPECT_STATE(coordinate, row.refused);
+            coordinate.SetValidate(false);
+            EXPECT_NO_RG_THROW(read(coordinate));
+            EXPECT_STATE(coordinate, row.stored);
+            QStringList lines;
+            lines << Support::Text("FATAL ERROR: OutOfRangeException: ") +
+                         Support::Text(row.problems.front());
+            for (const char* problem : row.problems)
+                lines << Support::Text("WARNING: OutOfRangeException: ") + Support::Text(problem);
+            EXPECT_LOG(logger, lines);
+        }
+    }
+}
+
+// --- Merging ----------------------------------------------------------------------------------------------
+
+/// It writes its unset latitude as 0.
+TEST(Coordinate, MergingAnIncompleteCoordinateThatDoesNotValidateTakesBothValues)
 {
     Coordinate coordinate = At(7.0, 8.0);
-    const QString longitudeFirst =
-        QStringLiteral("<Coordinate><Longitude>180.5</Longitude><Latitude>1</Latitude></Coordinate>");
-    EXPECT_RG_THROW(coordinate.SetXmlString(longitudeFirst, true), "OutOfRangeException",
-                    LONGITUDE_OUT_OF_RANGE);
-    EXPECT_STATE(coordinate, CoordinateState());
-
-    const QString latitudeLast =
-        QStringLiteral("<Coordinate><Longitude>1</Longitude><Latitude>nan</Latitude></Coordinate>");
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_RG_THROW(coordinate.SetXmlString(latitudeLast, true), "OutOfRangeException",
-                    LATITUDE_OUT_OF_RANGE);
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-    EXPECT_LOG(logger,
-               {"INFO: Coordinate: Loading xml string.",
-                "FATAL ERROR: OutOfRangeException: Parameters for m_latitude are not set within range "
-                "(-90, 90) in 'Coordinate'."});
-}
-
-TEST(Coordinate, OutOfRangeXmlIsStoredWithWarningsWhenNotValidating)
-{
-    Coordinate coordinate;
-    coordinate.SetValidate(false);
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_TRUE(coordinate.SetXmlString(
-        QStringLiteral("<Coordinate><Longitude>-181</Longitude><Latitude>inf</Latitude></Coordinate>"),
-        true));
-    EXPECT_STATE(coordinate, State(-181.0, INF));
-    EXPECT_LOG(logger, {"INFO: Coordinate: Loading xml string.",
-                        "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
-                        "(-180, 180) in 'Coordinate'.",
-                        "WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
-                        "(-90, 90) in 'Coordinate'."});
-}
-
-// --- Tagged form ------------------------------------------------------------------------------------------
-
-TEST(Coordinate, BodyHasItsLengthsWhereTheyBelong)
-{
-    // 16 + 12 + 14 bytes: heads, longitude of 8 characters, latitude of 10.
-    const QByteArray body = BodyOf(At(8.5, -45.25), 0, false);
-    ASSERT_EQ(body.size(), 4 + 16 + 12 + 14);
-    EXPECT_BYTES(body.left(16), QByteArray("\0\0\0\x2a\x24\x7e\x74\x91\0\0\0\x0c\0\0\0\x08", 16));
-    EXPECT_BYTES(body.mid(24, 12), QByteArray("\xcb\x2f\x4b\x76\0\0\0\x0e\0\0\0\x0a", 12));
-}
-
-TEST(Coordinate, ElementsMayComeInAnyOrderAndARepeatedOneIsAppliedAgain)
-{
-    Coordinate coordinate;
-    EXPECT_EQ(ReadElements(coordinate, Latitude("2") + Longitude("1")), 0);
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
-    EXPECT_EQ(ReadElements(coordinate, Latitude("3") + Latitude("4")), 0);
-    EXPECT_STATE(coordinate, State(std::nullopt, 4.0));
-    EXPECT_EQ(coordinate.GetLongitude(), 0.0);
-}
-
-TEST(Coordinate, OutOfRangeElementsThrowWhenValidatingAndWhatWasReadBeforeStays)
-{
-    Coordinate coordinate = At(7.0, 8.0);
-    EXPECT_RG_THROW(ReadElements(coordinate, Latitude("2") + Longitude("180.000001")), "OutOfRangeException",
-                    LONGITUDE_OUT_OF_RANGE);
-    EXPECT_STATE(coordinate, State(std::nullopt, 2.0));
-    EXPECT_RG_THROW(ReadElements(coordinate, Longitude("1") + Latitude(" nan")), "OutOfRangeException",
-                    LATITUDE_OUT_OF_RANGE);
-    EXPECT_STATE(coordinate, State(1.0, std::nullopt));
-}
-
-TEST(Coordinate, OutOfRangeElementsAreStoredWithWarningsWhenNotValidating)
-{
-    Coordinate coordinate;
-    coordinate.SetValidate(false);
-    const auto logger = Support::NewLogger();
-    coordinate.SetLogger(logger);
-    EXPECT_EQ(ReadElements(coordinate, Latitude("91") + Longitude("-inf")), 0);
-    EXPECT_STATE(coordinate, State(-INF, 91.0));
-    EXPECT_LOG(logger, {"WARNING: OutOfRangeException: Parameters for m_latitude are not set within range "
-                        "(-90, 90) in 'Coordinate'.",
-                        "WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
-                        "(-180, 180) in 'Coordinate'."});
-}
-
-// --- Rounding and merging ---------------------------------------------------------------------------------
-
-TEST(Coordinate, MergingTakesBothValuesOfTheOther)
-{
-    Coordinate coordinate;
-    coordinate.SetLongitude(7.0);
-    EXPECT_TRUE(coordinate.MergeRGObject(At(1.0, 2.0)));
-    EXPECT_STATE(coordinate, State(1.0, 2.0));
-}
-
-TEST(Coordinate, MergingAnIncompleteCoordinateNeedsItNotToValidate)
-{
-    Coordinate coordinate = At(7.0, 8.0);
-    Coordinate other;
-    other.SetLongitude(1.0);
-    EXPECT_RG_THROW(coordinate.MergeRGObject(other), "OutOfRangeException", SET_LATITUDE);
-    EXPECT_STATE(coordinate, State(7.0, 8.0));
-
-    // It then writes its unset latitude as 0.
+    Coordinate other = Support::OnlyLongitude(1.0);
     other.SetValidate(false);
     EXPECT_TRUE(coordinate.MergeRGObject(other));
     EXPECT_STATE(coordinate, State(1.0, 0.0));
