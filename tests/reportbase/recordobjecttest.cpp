@@ -56,37 +56,6 @@ public:
     REPORTGENERATOR::ObjectTypes GetObjectType() const override { return REPORTGENERATOR::Audio; }
 };
 
-/// A converter proxy that takes over files with the root element `name` and the version "0.5".
-std::shared_ptr<VersionConverterProxy> ProxyFor(const QString& name, IRGObject* prototype)
-{
-    auto proxy = std::make_shared<VersionConverterProxy>();
-    proxy->RegisterRootClass(name, QStringLiteral("0.5"), prototype);
-    return proxy;
-}
-
-/// Whether `object` asks its converter for a file of the version "0.5".
-bool HasConverter(IRGObject& object, const QString& rootName)
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("old.xml")));
-    EXPECT_TRUE(file.open(QIODevice::ReadWrite));
-    file.write(QStringLiteral("<%1 Version=\"0.5\"/>").arg(rootName).toUtf8());
-    file.flush();
-    file.reset();
-
-    const std::shared_ptr<REPORTGENERATOR::Logger> before = object.GetLogger();
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    const bool validated = object.GetValidate();
-    object.SetValidate(false);
-    object.LoadXml(&file);
-    object.SetValidate(validated);
-    object.SetLogger(before);
-    return Support::LinesWithoutTime(*logger)
-        .join(QLatin1Char('\n'))
-        .contains(QLatin1String("Using version converter"));
-}
-
 template <class T>
 class RecordObject : public ::testing::Test
 {
@@ -233,38 +202,14 @@ TYPED_TEST(RecordObject, EachOperationTracesItsOwnProgressAndNothingOfItsMembers
     EXPECT_LOG(logger, {});
 }
 
-TYPED_TEST(RecordObject, EveryFormBringsBackWhatWasWritten)
-{
-    const TypeParam object = Filled<TypeParam>(2.0);
-    TypeParam read = Filled<TypeParam>(1.0);
-    QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
-    EXPECT_TRUE(read.SetBinaryRepresentation(plain));
-    EXPECT_TRUE(read == object);
-
-    for (int level = -1; level <= 9; ++level) {
-        read = Filled<TypeParam>(1.0);
-        QByteArray compressed = object.GetCompressedBinaryRepresentationAsQByteArray(level);
-        EXPECT_TRUE(read.SetBinaryRepresentation(compressed));
-        EXPECT_TRUE(read == object) << level;
-    }
-
-    read = Filled<TypeParam>(1.0);
-    EXPECT_TRUE(read.SetXmlString(object.GetXmlString(), true));
-    EXPECT_TRUE(read == object);
-}
-
 // --- Copying ----------------------------------------------------------------------------------------------
 
-TYPED_TEST(RecordObject, CopyOfAnObjectWithoutRecordHasNone)
+TYPED_TEST(RecordObject, CopyHasTheFieldsAndARecordOnlyIfThereIsOne)
 {
-    const TypeParam object;
-    const TypeParam copy(object);
-    EXPECT_FALSE(copy.IsInitialized());
-    EXPECT_FALSE(object.IsInitialized());
-}
+    const TypeParam fresh;
+    EXPECT_FALSE(TypeParam(fresh).IsInitialized());
+    EXPECT_FALSE(fresh.IsInitialized());
 
-TYPED_TEST(RecordObject, CopyHasTheFields)
-{
     const TypeParam object = Filled<TypeParam>(1.0);
     const TypeParam copy(object);
     EXPECT_TRUE(copy.IsInitialized());
@@ -309,17 +254,16 @@ TYPED_TEST(RecordObject, CopyTakesNeitherLoggerNorVersionConverter)
 {
     TypeParam object = Filled<TypeParam>(1.0);
     const auto logger = Support::NewLogger();
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    object.InjectVersionConverter(converter);
     object.SetLogger(logger);
-    TypeParam prototype;
-    object.InjectVersionConverter(ProxyFor(NameOf<TypeParam>(), &prototype));
-    logger->Reset(true);
 
     TypeParam copy(object);
     EXPECT_EQ(copy.GetLogger(), nullptr);
     EXPECT_XML(copy, XmlOfOne<TypeParam>());
     EXPECT_LOG(logger, {});
-    EXPECT_FALSE(HasConverter(copy, NameOf<TypeParam>()));
-    EXPECT_TRUE(HasConverter(object, NameOf<TypeParam>()));
+    EXPECT_EQ(converter.use_count(), 2);
+    EXPECT_EQ(object.GetLogger(), logger);
 }
 
 // --- Assigning --------------------------------------------------------------------------------------------
@@ -333,8 +277,8 @@ TYPED_TEST(RecordObject, AssigningTakesTheFieldsAndNothingElse)
     source.SetValidate(false);
     const auto sourceLogger = Support::NewLogger();
     source.SetLogger(sourceLogger);
-    TypeParam prototype;
-    source.InjectVersionConverter(ProxyFor(NameOf<TypeParam>(), &prototype));
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    source.InjectVersionConverter(converter);
     RecordClass<TypeParam>::Fill(source, 1.0);
 
     TypeParam target = Filled<TypeParam>(2.0);
@@ -348,7 +292,7 @@ TYPED_TEST(RecordObject, AssigningTakesTheFieldsAndNothingElse)
     EXPECT_EQ(target.GetObjectId(), RecordClass<TypeParam>::ID);
     EXPECT_TRUE(target.GetValidate());
     EXPECT_EQ(target.GetLogger(), targetLogger);
-    EXPECT_FALSE(HasConverter(target, NameOf<TypeParam>()));
+    EXPECT_EQ(converter.use_count(), 2);
 }
 
 TYPED_TEST(RecordObject, AssigningKeepsWhatTheTargetIs)
@@ -357,8 +301,8 @@ TYPED_TEST(RecordObject, AssigningKeepsWhatTheTargetIs)
     target.ChangeKind(Task);
     target.ChangeId(7);
     target.SetValidate(false);
-    TypeParam prototype;
-    target.InjectVersionConverter(ProxyFor(QStringLiteral("Task"), &prototype));
+    const auto converter = std::make_shared<VersionConverterProxy>();
+    target.InjectVersionConverter(converter);
 
     static_cast<TypeParam&>(target) = Filled<TypeParam>(1.0);
     EXPECT_TRUE(target == Filled<TypeParam>(1.0));
@@ -367,7 +311,7 @@ TYPED_TEST(RecordObject, AssigningKeepsWhatTheTargetIs)
     EXPECT_EQ(target.GetObjectId(), 7);
     EXPECT_FALSE(target.GetValidate());
     EXPECT_EQ(target.GetLogger(), nullptr);
-    EXPECT_TRUE(HasConverter(target, QStringLiteral("Task")));
+    EXPECT_EQ(converter.use_count(), 2);
 }
 
 TYPED_TEST(RecordObject, AssigningAnObjectWithoutRecordTakesTheRecordAway)
@@ -408,20 +352,13 @@ TYPED_TEST(RecordObject, AssigningAnObjectThatAlreadySharesTheFieldsChangesNothi
 
 // --- Comparing --------------------------------------------------------------------------------------------
 
-TYPED_TEST(RecordObject, ObjectsWithoutRecordsAreEqualAndStaySo)
-{
-    const TypeParam one;
-    const TypeParam other;
-    EXPECT_TRUE(one == other);
-    EXPECT_FALSE(one != other);
-    EXPECT_TRUE(one == one);
-    EXPECT_FALSE(one.IsInitialized());
-    EXPECT_FALSE(other.IsInitialized());
-}
-
-TYPED_TEST(RecordObject, AnObjectWithoutRecordEqualsOneWithNothingSet)
+TYPED_TEST(RecordObject, AnObjectWithoutRecordEqualsAnotherAndOneWithNothingSet)
 {
     const TypeParam fresh;
+    EXPECT_TRUE(fresh == fresh);
+    EXPECT_FALSE(fresh != TypeParam());
+    EXPECT_FALSE(fresh.IsInitialized());
+
     TypeParam empty = Filled<TypeParam>(1.0);
     empty.Reset();
     EXPECT_TRUE(fresh == empty);
@@ -520,29 +457,6 @@ TYPED_TEST(RecordObject, MergingAnObjectOfAnotherNameFindsNothing)
 }
 
 // --- Files ------------------------------------------------------------------------------------------------
-
-TYPED_TEST(RecordObject, SavedXmlIsLoadedIntoAUsedObject)
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("object.xml"));
-    EXPECT_TRUE(Filled<TypeParam>(1.0).SaveXml(path));
-    TypeParam object = Filled<TypeParam>(2.0);
-    EXPECT_TRUE(object.LoadXml(path));
-    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
-}
-
-TYPED_TEST(RecordObject, BinaryFilesAreLoadedIntoAUsedObject)
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("object.bin")));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    QDataStream stream(&file);
-    stream << Filled<TypeParam>(1.0).GetCompressedBinaryRepresentationAsQByteArray(-1);
-    ASSERT_TRUE(file.reset());
-    TypeParam object = Filled<TypeParam>(2.0);
-    EXPECT_TRUE(object.LoadBinary(&file));
-    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
-}
 
 TYPED_TEST(RecordObject, RepresentationsGoStraightToAFileInTheMiddle)
 {
