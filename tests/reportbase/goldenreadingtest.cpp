@@ -23,6 +23,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -56,148 +57,89 @@ using Support::ReadRaw;
 using Support::ReportState;
 using Support::STREAM_VERSION;
 using Support::Subject;
-using Support::SubjectMaker;
 using Support::SubjectOf;
 using Support::Text;
 using Support::WriteRaw;
 
 // --- The cases --------------------------------------------------------------------------------------------
 
-struct ReadCase
+struct FileCase
 {
     QString folder;
     QString file; ///< within the folder, with its form
-    SubjectMaker fresh;
-    SubjectMaker used;
-    Outcome outcome;
-    QStringList warnings;
+    std::function<std::unique_ptr<Subject>(bool isUsed, bool validate)> make;
+    Outcome outcome; ///< also of reading that fails
+
+    // Of input that is read:
+    QStringList warnings = {};
+    bool validates = true;
     bool isAccepted = true;
     bool checkRoot = true;
 
-    QString Path() const { return folder + QLatin1String("/read/") + file; }
-};
-
-struct MalformedCase
-{
-    QString folder;
-    QString file;
-    SubjectMaker fresh;
-    SubjectMaker freshNotValidating;
-    SubjectMaker used;
-    std::string leaves;           ///< what the object holds after the failure
+    // Of malformed input:
     bool needsValidation = false; ///< otherwise it fails whether the object validates or not
     bool isLogged = true;
 
-    QString Path() const { return folder + QLatin1String("/malformed/") + file; }
-    QString ErrorPath() const
+    FileCase& Warns(const char* line)
     {
-        return folder + QLatin1String("/malformed/") + file.left(file.indexOf(QLatin1Char('.'))) +
-               QLatin1String(".error");
-    }
-};
-
-template <class Case>
-std::string FileTestName(const Case& fileCase)
-{
-    QString name = fileCase.folder + QLatin1Char('_') + fileCase.file;
-    return name.replace(QLatin1Char('.'), QLatin1Char('_')).toStdString();
-}
-
-void PrintTo(const ReadCase& readCase, std::ostream* stream)
-{
-    *stream << readCase.Path().toStdString();
-}
-
-void PrintTo(const MalformedCase& malformedCase, std::ostream* stream)
-{
-    *stream << malformedCase.Path().toStdString();
-}
-
-template <class T>
-class Read
-{
-public:
-    using State = typename SubjectOf<T>::State;
-
-    Read(const char* file, const State& state) : m_state(state)
-    {
-        m_case.folder = QLatin1String(GoldenClass<T>::FOLDER);
-        m_case.file = QLatin1String(file);
-    }
-
-    Read& NotValidating()
-    {
-        m_validate = false;
+        warnings << Support::Text(line);
         return *this;
     }
-    Read& Warns(const char* line)
+    FileCase& NotValidating() { return Without(validates); }
+    FileCase& Refused() { return Without(isAccepted); }
+    FileCase& AnywhereInTheText() { return Without(checkRoot); }
+    FileCase& NotLogged() { return Without(isLogged); }
+    FileCase& OnlyWhenValidating()
     {
-        m_case.warnings << Support::Text(line);
-        return *this;
-    }
-    Read& Refused()
-    {
-        m_case.isAccepted = false;
-        return *this;
-    }
-    Read& AnywhereInTheText()
-    {
-        m_case.checkRoot = false;
+        needsValidation = true;
         return *this;
     }
 
-    operator ReadCase() const
+    QString Path() const { return folder + QLatin1Char('/') + file; }
+    QString ErrorPath() const { return Path().section(QLatin1Char('.'), 0, 0) + QLatin1String(".error"); }
+    std::string TestName() const
     {
-        ReadCase readCase = m_case;
-        readCase.fresh = Maker<T>(Fresh<T>(m_state), m_validate);
-        readCase.used = Maker<T>(GoldenClass<T>::Used(m_state), m_validate);
-        readCase.outcome = OutcomeOf<T>(m_state);
-        return readCase;
+        QString name = folder.section(QLatin1Char('/'), 0, 0) + QLatin1Char('_') + file;
+        return name.replace(QLatin1Char('.'), QLatin1Char('_')).toStdString();
     }
 
 private:
-    ReadCase m_case;
-    State m_state;
-    bool m_validate = true;
+    FileCase& Without(bool& property)
+    {
+        property = false;
+        return *this;
+    }
 };
+
+void PrintTo(const FileCase& fileCase, std::ostream* stream)
+{
+    *stream << fileCase.Path().toStdString();
+}
 
 template <class T>
-class Malformed
+FileCase CaseOf(const char* subfolder, const char* file, const typename SubjectOf<T>::State& state)
 {
-public:
-    using State = typename SubjectOf<T>::State;
+    FileCase fileCase;
+    fileCase.folder = QLatin1String(GoldenClass<T>::FOLDER) + QLatin1String(subfolder);
+    fileCase.file = QLatin1String(file);
+    fileCase.make = [state](bool isUsed, bool validate) {
+        return Maker<T>(isUsed ? GoldenClass<T>::Used(state) : Fresh<T>(state), validate)();
+    };
+    fileCase.outcome = OutcomeOf<T>(state);
+    return fileCase;
+}
 
-    Malformed(const char* file, const State& leaves) : m_state(leaves)
-    {
-        m_case.folder = QLatin1String(GoldenClass<T>::FOLDER);
-        m_case.file = QLatin1String(file);
-    }
+template <class T>
+FileCase Read(const char* file, const typename SubjectOf<T>::State& state)
+{
+    return CaseOf<T>("/read", file, state);
+}
 
-    Malformed& OnlyWhenValidating()
-    {
-        m_case.needsValidation = true;
-        return *this;
-    }
-    Malformed& NotLogged()
-    {
-        m_case.isLogged = false;
-        return *this;
-    }
-
-    operator MalformedCase() const
-    {
-        MalformedCase malformedCase = m_case;
-        malformedCase.fresh = Maker<T>(Fresh<T>(m_state), true);
-        malformedCase.freshNotValidating = Maker<T>(Fresh<T>(m_state), false);
-        malformedCase.used = Maker<T>(GoldenClass<T>::Used(m_state), true);
-        malformedCase.leaves = Describe(m_state);
-        return malformedCase;
-    }
-
-private:
-    MalformedCase m_case;
-    State m_state;
-};
+template <class T>
+FileCase Malformed(const char* file, const typename SubjectOf<T>::State& leaves)
+{
+    return CaseOf<T>("/malformed", file, leaves);
+}
 
 constexpr const char* LONGITUDE_OUT_OF_RANGE = "WARNING: OutOfRangeException: Parameters for m_longitude are "
                                                "not set within range (-180, 180) in 'Coordinate'.";
@@ -212,9 +154,9 @@ AreaState AreaOf(const std::optional<QString>& name, const std::vector<Coordinat
     return {name, coordinates, scriptID, Text(initialVersionLoaded)};
 }
 
-std::vector<ReadCase> FrequencyReads()
+std::vector<FileCase> FrequencyReads()
 {
-    using F = Read<Frequency>;
+    const auto F = Read<Frequency>;
     // value, min, max, use
     return {
         F("unknown_tag_in_the_middle.hex", {2.0, 1.0}),
@@ -250,9 +192,9 @@ std::vector<ReadCase> FrequencyReads()
     };
 }
 
-std::vector<ReadCase> BandwidthReads()
+std::vector<FileCase> BandwidthReads()
 {
-    using B = Read<IFBandwidth>;
+    const auto B = Read<IFBandwidth>;
     // value, min, max
     return {
         B("block_of_a_frequency.hex", {121500000.0, 117975000.0, 137000000.0}),
@@ -266,9 +208,9 @@ std::vector<ReadCase> BandwidthReads()
     };
 }
 
-std::vector<ReadCase> CoordinateReads()
+std::vector<FileCase> CoordinateReads()
 {
-    using C = Read<Coordinate>;
+    const auto C = Read<Coordinate>;
     // longitude, latitude
     return {
         C("other_order.hex", {8.5, 47.25}),
@@ -290,9 +232,9 @@ std::vector<ReadCase> CoordinateReads()
     };
 }
 
-std::vector<ReadCase> AreaReads()
+std::vector<FileCase> AreaReads()
 {
-    using A = Read<Area>;
+    const auto A = Read<Area>;
     const QString lake = Text("Lake");
     const QString script = Text("S");
     const CoordinateState other = {9.0, 47.0};
@@ -324,9 +266,9 @@ std::vector<ReadCase> AreaReads()
     };
 }
 
-std::vector<ReadCase> ReportReads()
+std::vector<FileCase> ReportReads()
 {
-    using R = Read<ReportBase>;
+    const auto R = Read<ReportBase>;
     const AreaState lake = AreaOf(Text("Lake"), {LAKE_POINT}, NONE, "1.0");
     return {
         R("other_order.hex", {FrequencyState{2.0}, BandwidthState{3.0}, lake}),
@@ -343,9 +285,9 @@ std::vector<ReadCase> ReportReads()
     };
 }
 
-std::vector<ReadCase> DoubleReads()
+std::vector<FileCase> DoubleReads()
 {
-    using D = Read<Double>;
+    const auto D = Read<Double>;
     const QString name = Text("Threshold");
     // name, value, minimum, maximum, default, unit
     return {
@@ -358,15 +300,15 @@ std::vector<ReadCase> DoubleReads()
     };
 }
 
-std::vector<ReadCase> AllReads()
+std::vector<FileCase> AllReads()
 {
     return Joined(
         {FrequencyReads(), BandwidthReads(), CoordinateReads(), AreaReads(), ReportReads(), DoubleReads()});
 }
 
-std::vector<MalformedCase> FrequencyMalformed()
+std::vector<FileCase> FrequencyMalformed()
 {
-    using F = Malformed<Frequency>;
+    const auto F = Malformed<Frequency>;
     // value, min, max, use
     return {
         F("root_length_4_too_long.hex", {2.0, 1.0}),
@@ -381,9 +323,9 @@ std::vector<MalformedCase> FrequencyMalformed()
     };
 }
 
-std::vector<MalformedCase> BandwidthMalformed()
+std::vector<FileCase> BandwidthMalformed()
 {
-    using B = Malformed<IFBandwidth>;
+    const auto B = Malformed<IFBandwidth>;
     // value, min, max
     return {
         B("root_length_4_too_long.hex", {2.0}),
@@ -392,9 +334,9 @@ std::vector<MalformedCase> BandwidthMalformed()
     };
 }
 
-std::vector<MalformedCase> CoordinateMalformed()
+std::vector<FileCase> CoordinateMalformed()
 {
-    using C = Malformed<Coordinate>;
+    const auto C = Malformed<Coordinate>;
     // longitude, latitude
     return {
         C("root_length_4_too_long.hex", {8.5, 47.25}),
@@ -410,9 +352,9 @@ std::vector<MalformedCase> CoordinateMalformed()
     };
 }
 
-std::vector<MalformedCase> AreaMalformed()
+std::vector<FileCase> AreaMalformed()
 {
-    using A = Malformed<Area>;
+    const auto A = Malformed<Area>;
     const QString lake = Text("Lake");
     const AreaState nameOnly = AreaOf(lake, {}, NONE, "1.0");
     const AreaState nameAndPoint = AreaOf(lake, {LAKE_POINT}, NONE, "1.0");
@@ -436,9 +378,9 @@ std::vector<MalformedCase> AreaMalformed()
     };
 }
 
-std::vector<MalformedCase> ReportMalformed()
+std::vector<FileCase> ReportMalformed()
 {
-    using R = Malformed<ReportBase>;
+    const auto R = Malformed<ReportBase>;
     const ReportState frequencyOnly = {FrequencyState{2.0}};
     return {
         R("root_length_4_too_long.hex", frequencyOnly),
@@ -453,9 +395,9 @@ std::vector<MalformedCase> ReportMalformed()
     };
 }
 
-std::vector<MalformedCase> DoubleMalformed()
+std::vector<FileCase> DoubleMalformed()
 {
-    using D = Malformed<Double>;
+    const auto D = Malformed<Double>;
     const QString name = Text("Threshold");
     // name, value, minimum, maximum, default, unit
     return {
@@ -465,7 +407,7 @@ std::vector<MalformedCase> DoubleMalformed()
     };
 }
 
-std::vector<MalformedCase> AllMalformed()
+std::vector<FileCase> AllMalformed()
 {
     return Joined({FrequencyMalformed(), BandwidthMalformed(), CoordinateMalformed(), AreaMalformed(),
                    ReportMalformed(), DoubleMalformed()});
@@ -496,11 +438,11 @@ QStringList LinesOfReading(const QString& className, const QString& path)
     return LinesOfReadingBytes(className);
 }
 
-class GoldenReading : public ::testing::TestWithParam<ReadCase>
+class GoldenReading : public ::testing::TestWithParam<FileCase>
 {
 };
 
-class GoldenMalformed : public ::testing::TestWithParam<MalformedCase>
+class GoldenMalformed : public ::testing::TestWithParam<FileCase>
 {
 };
 
@@ -510,9 +452,9 @@ class GoldenMalformed : public ::testing::TestWithParam<MalformedCase>
 
 TEST_P(GoldenReading, IntoANewObject)
 {
-    const ReadCase& readCase = GetParam();
+    const FileCase& readCase = GetParam();
     const std::shared_ptr<REPORTGENERATOR::ListLogger> logger = Support::NewLogger();
-    const std::unique_ptr<Subject> subject = readCase.fresh();
+    const std::unique_ptr<Subject> subject = readCase.make(false, readCase.validates);
     subject->Object().SetLogger(logger);
     EXPECT_NO_RG_THROW(
         EXPECT_EQ(ReadVector(*subject, readCase.Path(), readCase.checkRoot), readCase.isAccepted));
@@ -523,16 +465,12 @@ TEST_P(GoldenReading, IntoANewObject)
 
 TEST_P(GoldenReading, IntoAUsedObject)
 {
-    const ReadCase& readCase = GetParam();
-    if (readCase.file.endsWith(QLatin1String(".raw.hex")) && readCase.folder == QLatin1String("area")) {
-        // The raw reader of an area appends to what is there.
-        const std::unique_ptr<Subject> subject = readCase.used();
+    const FileCase& readCase = GetParam();
+    const std::unique_ptr<Subject> subject = readCase.make(true, readCase.validates);
+    // The raw reader of an area appends to what is there.
+    if (readCase.Path().startsWith(QLatin1String("area/")) &&
+        readCase.Path().endsWith(QLatin1String(".raw.hex")))
         subject->Object().Reset();
-        EXPECT_NO_RG_THROW(ReadVector(*subject, readCase.Path(), readCase.checkRoot));
-        ExpectOutcome(*subject, readCase.outcome);
-        return;
-    }
-    const std::unique_ptr<Subject> subject = readCase.used();
     const std::string before = subject->Description();
     EXPECT_NO_RG_THROW(
         EXPECT_EQ(ReadVector(*subject, readCase.Path(), readCase.checkRoot), readCase.isAccepted));
@@ -542,44 +480,40 @@ TEST_P(GoldenReading, IntoAUsedObject)
         EXPECT_EQ(subject->Description(), before);
 }
 
-TEST_P(GoldenMalformed, IsReportedAndLeavesWhatWasRead)
+TEST_P(GoldenMalformed, IsReportedAndLoggedAsFatalAndLeavesWhatWasRead)
 {
-    const MalformedCase& malformed = GetParam();
+    const FileCase& malformed = GetParam();
     const Support::ExpectedError error = Support::LoadError(malformed.ErrorPath());
-    for (const SubjectMaker& make : {malformed.fresh, malformed.used}) {
-        const std::unique_ptr<Subject> subject = make();
-        EXPECT_RG_THROW(ReadVector(*subject, malformed.Path(), true), error.name, error.text);
-        EXPECT_EQ(subject->Description(), malformed.leaves);
+    for (const bool isUsed : {false, true}) {
+        for (const bool hasLogger : {false, true}) {
+            const std::shared_ptr<REPORTGENERATOR::ListLogger> logger = Support::NewLogger();
+            const std::unique_ptr<Subject> subject = malformed.make(isUsed, true);
+            if (hasLogger)
+                subject->Object().SetLogger(logger);
+            EXPECT_RG_THROW(ReadVector(*subject, malformed.Path(), true), error.name, error.text);
+            EXPECT_EQ(subject->Description(), malformed.outcome.description);
+            if (!hasLogger)
+                continue;
+            QStringList lines = LinesOfReading(subject->Object().GetObjectName(), malformed.Path());
+            if (malformed.isLogged)
+                lines << QLatin1String("FATAL ERROR: ") + error.name + QLatin1String(": ") + error.text;
+            EXPECT_LOG(logger, lines);
+            EXPECT_EQ(logger->HasErrors(), malformed.isLogged);
+        }
     }
-}
-
-TEST_P(GoldenMalformed, IsLoggedAsFatal)
-{
-    const MalformedCase& malformed = GetParam();
-    const Support::ExpectedError error = Support::LoadError(malformed.ErrorPath());
-    const std::shared_ptr<REPORTGENERATOR::ListLogger> logger = Support::NewLogger();
-    const std::unique_ptr<Subject> subject = malformed.fresh();
-    subject->Object().SetLogger(logger);
-    EXPECT_RG_THROW(ReadVector(*subject, malformed.Path(), true), error.name, error.text);
-
-    QStringList lines = LinesOfReading(subject->Object().GetObjectName(), malformed.Path());
-    if (malformed.isLogged)
-        lines << QLatin1String("FATAL ERROR: ") + error.name + QLatin1String(": ") + error.text;
-    EXPECT_LOG(logger, lines);
-    EXPECT_EQ(logger->HasErrors(), malformed.isLogged);
 }
 
 TEST_P(GoldenMalformed, IsReportedWithoutValidationUnlessOnlyACheckFoundIt)
 {
-    const MalformedCase& malformed = GetParam();
+    const FileCase& malformed = GetParam();
     const Support::ExpectedError error = Support::LoadError(malformed.ErrorPath());
-    const std::unique_ptr<Subject> subject = malformed.freshNotValidating();
+    const std::unique_ptr<Subject> subject = malformed.make(false, false);
     if (malformed.needsValidation) {
         EXPECT_NO_RG_THROW(EXPECT_TRUE(ReadVector(*subject, malformed.Path(), true)));
         return;
     }
     EXPECT_RG_THROW(ReadVector(*subject, malformed.Path(), true), error.name, error.text);
-    EXPECT_EQ(subject->Description(), malformed.leaves);
+    EXPECT_EQ(subject->Description(), malformed.outcome.description);
 }
 
 // --- What no table says -----------------------------------------------------------------------------------
@@ -614,9 +548,9 @@ TEST(GoldenRawForm, StoresTheNameOfAnOlderAreaWithoutMarkingItAsSet)
 TEST(GoldenVectors, EachFileThatIsOnlyReadBelongsToACaseAndEachCaseHasItsFiles)
 {
     std::set<QString> named;
-    for (const ReadCase& readCase : AllReads())
+    for (const FileCase& readCase : AllReads())
         named.insert(readCase.Path());
-    for (const MalformedCase& malformedCase : AllMalformed()) {
+    for (const FileCase& malformedCase : AllMalformed()) {
         named.insert(malformedCase.Path());
         named.insert(malformedCase.ErrorPath());
     }
@@ -625,7 +559,7 @@ TEST(GoldenVectors, EachFileThatIsOnlyReadBelongsToACaseAndEachCaseHasItsFiles)
 
 namespace {
 
-const auto NAME_OF_FILE = [](const auto& info) { return FileTestName(info.param); };
+const auto NAME_OF_FILE = [](const auto& info) { return info.param.TestName(); };
 
 INSTANTIATE_TEST_SUITE_P(Vectors, GoldenReading, ::testing::ValuesIn(AllReads()), NAME_OF_FILE);
 INSTANTIATE_TEST_SUITE_P(Vectors, GoldenMalformed, ::testing::ValuesIn(AllMalformed()), NAME_OF_FILE);
