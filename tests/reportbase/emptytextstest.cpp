@@ -140,17 +140,4 @@ TEST(EmptyTexts, DamagedDataUncompressToNothing)
     EXPECT_TRUE(IRGObject::UncompressString(QByteArray("damaged")).isEmpty());
 }
 
-TEST(EmptyTexts, AnAreaTellsNullFromEmpty)
-{
-    Area area;
-    area.SetName(QLatin1String(""));
-    EXPECT_TRUE(area.IsNameSet());
-    EXPECT_FALSE(area.GetName().isNull());
-    Support::ReadElement(area, QStringLiteral("<Area Version=\"1.0\"><Name/><ScriptID/></Area>"));
-    EXPECT_FALSE(area.GetName().isNull());
-    EXPECT_FALSE(area.GetScriptID().isNull());
-    area.ResetName();
-    EXPECT_TRUE(area.GetName().isNull());
-}
-
 } // namespace

@@ -53,13 +53,11 @@ using Support::LinesOfReadingBytes;
 using Support::Maker;
 using Support::Outcome;
 using Support::OutcomeOf;
-using Support::ReadRaw;
 using Support::ReportState;
 using Support::STREAM_VERSION;
 using Support::Subject;
 using Support::SubjectOf;
 using Support::Text;
-using Support::WriteRaw;
 
 // --- The cases --------------------------------------------------------------------------------------------
 
@@ -514,35 +512,6 @@ TEST_P(GoldenMalformed, IsReportedWithoutValidationUnlessOnlyACheckFoundIt)
     }
     EXPECT_RG_THROW(ReadVector(*subject, malformed.Path(), true), error.name, error.text);
     EXPECT_EQ(subject->Description(), malformed.outcome.description);
-}
-
-// --- What no table says -----------------------------------------------------------------------------------
-
-TEST(GoldenRawForm, KeepsFlagBitsThatMeanNothing)
-{
-    for (const char* path :
-         {"frequency/read/upper_flag_bits.raw.hex", "ifbandwidth/read/flag_bit_3.raw.hex"}) {
-        SCOPED_TRACE(path);
-        const Support::Vector vector = Support::LoadVector(QLatin1String(path));
-        const std::unique_ptr<Subject> subject =
-            Support::NewSubject(QString(QLatin1String(path)).section(QLatin1Char('/'), 0, 0));
-        ReadRaw(*subject, vector.Data());
-        EXPECT_BYTES(WriteRaw(*subject), vector.ToBytes());
-    }
-}
-
-TEST(GoldenRawForm, StoresTheNameOfAnOlderAreaWithoutMarkingItAsSet)
-{
-    const QByteArray bytes = Support::LoadVector(QStringLiteral("area/read/older_version.raw.hex")).Data();
-    QDataStream stream(bytes);
-    stream.setVersion(STREAM_VERSION);
-    Area area;
-    area.SetVersionSpecificBinaryWithoutValidation(stream);
-    EXPECT_FALSE(area.IsNameSet());
-    EXPECT_TEXT(area.GetName(), "Lake");
-
-    // The script identifier, a text of one character, stays in the stream.
-    EXPECT_EQ(stream.device()->bytesAvailable(), 6);
 }
 
 TEST(GoldenVectors, EachFileThatIsOnlyReadBelongsToACaseAndEachCaseHasItsFiles)

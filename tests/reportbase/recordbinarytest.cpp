@@ -1,5 +1,5 @@
-// How the classes with a record are written to and read from tagged elements: where a body may stand, what of
-// it is passed over, and what an object holds when the lengths don't come out.
+// How the classes with a record are read from tagged elements: what of a body is passed over, and what an object
+// holds when the lengths don't come out. What they write stands in recordformstest.cpp.
 
 #include "support/bytes.h"
 #include "support/expect.h"
@@ -11,48 +11,38 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QDataStream>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
 #include <limits>
-#include <type_traits>
 #include <vector>
 
 namespace {
 
 using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Coordinate;
-using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::ReportBase;
 using Support::BandwidthElement;
 using Support::BandwidthState;
-using Support::BodyOf;
 using Support::ByteArray;
 using Support::Bytes;
-using Support::Coordinates;
 using Support::FrequencyElement;
 using Support::FrequencyState;
 using Support::Int32;
 using Support::Latitude;
 using Support::Longitude;
-using Support::Max;
 using Support::Min;
 using Support::Name;
 using Support::Named;
 using Support::NameOf;
 using Support::NOT_SET;
-using Support::Point;
 using Support::ReadElements;
 using Support::RecordClass;
 using Support::ScriptID;
 using Support::StateOfClass;
 using Support::Text;
-using Support::Use;
 using Support::Used;
 using Support::Value;
-using Support::Version;
 namespace Tag = Support::Tag;
 
 constexpr qint32 GREATEST = std::numeric_limits<qint32>::max();
@@ -62,33 +52,6 @@ const char* const LENGTH_ERROR =
     "@::SetBinary(...): Length error occurred during processing of binary representation";
 
 // The functions below begin with what they say of Frequency and IFBandwidth.
-
-/// What a used object is written as.
-template <class T>
-Bytes UsedElements()
-{
-    return Min("8.00") + Max("9.00") + (std::is_same_v<T, Frequency> ? Use(false) : Bytes()) + Value("7.00");
-}
-
-template <>
-Bytes UsedElements<Coordinate>()
-{
-    return Longitude("7.000000") + Latitude("8.000000");
-}
-
-template <>
-Bytes UsedElements<Area>()
-{
-    return Version(u"1.0") + Name("Lake") + Coordinates(1, Point("1.000000", "2.000000")) + ScriptID("S7");
-}
-
-template <>
-Bytes UsedElements<ReportBase>()
-{
-    return Element(Tag::REPORT_FREQUENCY, UsedElements<Frequency>()) +
-           Element(Tag::REPORT_IF_BANDWIDTH, UsedElements<IFBandwidth>()) +
-           Element(Tag::REPORT_AREA, UsedElements<Area>());
-}
 
 /// Two elements, and what an object holds after them.
 template <class T>
@@ -248,48 +211,6 @@ protected:
 TYPED_TEST_SUITE(RecordBinary, Support::RecordClasses, Support::RecordClassNames);
 
 } // namespace
-
-// --- Writing ----------------------------------------------------------------------------------------------
-
-TYPED_TEST(RecordBinary, BodyHoldsTheElementsInTheirOrder)
-{
-    EXPECT_BYTES(BodyOf(Used<TypeParam>()), Element(1, UsedElements<TypeParam>()));
-    EXPECT_BYTES(Used<TypeParam>().GetBinaryRepresentationAsQByteArray(),
-                 this->Representation(UsedElements<TypeParam>()));
-}
-
-TYPED_TEST(RecordBinary, TheTagIsTheCallersAndCanBeLeftOut)
-{
-    const TypeParam object = Used<TypeParam>();
-    EXPECT_BYTES(BodyOf(object, -5, true), Element(-5, UsedElements<TypeParam>()));
-    EXPECT_BYTES(BodyOf(object, 1869154367, false), Support::Body(UsedElements<TypeParam>()));
-    Support::Written([&](QDataStream& stream) { EXPECT_TRUE(object.GetBinary(stream, 1, true)); });
-}
-
-TYPED_TEST(RecordBinary, BodyGoesIntoTheMiddleOfACallersStream)
-{
-    const TypeParam object = Used<TypeParam>();
-    const Bytes body = Element(7, UsedElements<TypeParam>());
-    const QByteArray bytes = Support::Written([&](QDataStream& stream) {
-        stream << qint32(-1) << quint8(9);
-        EXPECT_TRUE(object.GetBinary(stream, 7, true));
-        EXPECT_TRUE(object.GetBinary(stream, 7, true));
-        stream << qint32(4);
-        EXPECT_TRUE(object.GetBinary(stream, 7, true));
-        stream << quint8(8);
-    });
-    EXPECT_BYTES(bytes, Int32(-1) + Support::Byte(9) + body + body + Int32(4) + body + Support::Byte(8));
-}
-
-// --- Reading ----------------------------------------------------------------------------------------------
-
-TYPED_TEST(RecordBinary, WhatIsWrittenIsReadBack)
-{
-    TypeParam object;
-    QByteArray bytes = this->Representation(UsedElements<TypeParam>()).Data();
-    EXPECT_TRUE(object.SetBinaryRepresentation(bytes));
-    EXPECT_TRUE(object == Used<TypeParam>());
-}
 
 TYPED_TEST(RecordBinary, ElementsMayComeInAnyOrder)
 {

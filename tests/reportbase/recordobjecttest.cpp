@@ -34,7 +34,6 @@ using Support::Filled;
 using Support::Named;
 using Support::NamedLines;
 using Support::NameOf;
-using Support::ReadRawForm;
 using Support::RecordClass;
 using Support::XmlOfOne;
 
@@ -153,52 +152,6 @@ TYPED_TEST(RecordObject, ResetsKeepNameIdKindValidateFlagAndLogger)
     EXPECT_EQ(object.GetObjectId(), 5);
     EXPECT_FALSE(object.GetValidate());
     EXPECT_EQ(object.GetLogger(), logger);
-    EXPECT_LOG(logger, {});
-}
-
-TYPED_TEST(RecordObject, EachOperationTracesItsOwnProgressAndNothingOfItsMembers)
-{
-    const TypeParam object = Filled<TypeParam>(1.0);
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-
-    EXPECT_XML(object, XmlOfOne<TypeParam>());
-    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Generating xml string."}));
-    logger->Reset(true);
-
-    QByteArray plain = object.GetBinaryRepresentationAsQByteArray();
-    EXPECT_LOG(logger,
-               NamedLines<TypeParam>({"INFO: @: Generating binary representation (target: byte array).",
-                                      "INFO: @: Generating binary representation (target: data stream)."}));
-    logger->Reset(true);
-
-    QByteArray compressed = object.GetCompressedBinaryRepresentationAsQByteArray(6);
-    EXPECT_LOG(logger, NamedLines<TypeParam>(
-                           {"INFO: @: Generating compressed binary representation (target: byte array).",
-                            "INFO: @: Generating compressed binary representation (target: data stream)."}));
-    logger->Reset(true);
-
-    TypeParam read;
-    read.SetLogger(logger);
-    EXPECT_TRUE(read.SetXmlString(XmlOfOne<TypeParam>(), true));
-    EXPECT_LOG(logger, NamedLines<TypeParam>({"INFO: @: Loading xml string."}));
-    EXPECT_TRUE(read == object);
-    logger->Reset(true);
-
-    for (QByteArray* bytes : {&plain, &compressed}) {
-        read.Reset();
-        EXPECT_TRUE(read.SetBinaryRepresentation(*bytes));
-        EXPECT_LOG(logger,
-                   NamedLines<TypeParam>({"INFO: @: Loading binary representation (source: byte array).",
-                                          "INFO: @: Loading binary representation (source: data stream)."}));
-        EXPECT_TRUE(read == object);
-        logger->Reset(true);
-    }
-
-    const QByteArray raw = Support::RawFormOf(object);
-    EXPECT_EQ(ReadRawForm(read, raw), 0);
-    EXPECT_NO_RG_THROW(object.Check());
-    EXPECT_TRUE(read == read);
     EXPECT_LOG(logger, {});
 }
 
