@@ -82,10 +82,10 @@ TEST(Area, NullTextsAreRefusedWhenValidatingAndNothingIsStored)
             if (isLogged)
                 area.SetLogger(logger);
             EXPECT_RG_THROW(area.SetName(QString()), "OutOfRangeException", NULL_NAME);
+            EXPECT_TRUE(area.IsInitialized());
             EXPECT_RG_THROW(area.SetScriptID(QString()), "OutOfRangeException", NULL_SCRIPT_ID);
             EXPECT_STATE(area, state);
         }
-        EXPECT_TRUE(area.IsInitialized());
         area.SetName(QStringLiteral(""));
         area.SetScriptID(QStringLiteral(""));
         EXPECT_STATE(area, (AreaState{Text(""), state.coordinates, Text("")}));
@@ -171,11 +171,11 @@ TEST(Area, AnIncompleteCoordinateIsNotAppendedWhenValidating)
         for (const AreaState& state : {AreaState(), LakeState()}) {
             Area area = Made<Area>(state);
             EXPECT_RG_THROW(area.AppendCoordinate(item), "IncompleteDefinitionException", INCOMPLETE_ITEM);
+            EXPECT_TRUE(area.IsInitialized());
             const auto logger = Support::NewLogger();
             area.SetLogger(logger);
             EXPECT_RG_THROW(area.AppendCoordinate(item), "IncompleteDefinitionException", INCOMPLETE_ITEM);
             EXPECT_STATE(area, state);
-            EXPECT_TRUE(area.IsInitialized());
             EXPECT_LOG(logger, {"FATAL ERROR: IncompleteDefinitionException: Area: Tried to append not "
                                 "completely defined or invalid item Coordinate."});
         }
