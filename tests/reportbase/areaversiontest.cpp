@@ -16,14 +16,12 @@
 #include <QtCore/QStringList>
 
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace {
 
 using REPORTGENERATOR::Area;
 using Support::AreaState;
-using Support::At;
 using Support::Bytes;
 using Support::Coordinates;
 using Support::Int32;
@@ -128,37 +126,6 @@ TEST(Area, AreasOfDifferentVersionsDiffer)
     EXPECT_TRUE(area == same);
     EXPECT_FALSE(area == other);
     EXPECT_TRUE(other != area);
-}
-
-TEST(Area, MergingComparesVersionsAsNumbers)
-{
-    struct Row
-    {
-        const char* version;
-        const char* otherVersion;
-        bool isMerged;
-    };
-    const Row rows[] = {
-        {"1.0", "1", true},  {"1.0", "1.00", true}, {"", "", true},     {"", "0", true},
-        {"abc", "0", true},  {"1.0", "1.1", false}, {"1.0", "", false}, {"2", "1.0", false},
-        {"1,0", "1", false}, {"10", "1e1", true},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.version) + " and " + row.otherVersion);
-        OfVersion area(Text(row.version));
-        OfVersion other(Text(row.otherVersion));
-        other.SetName(QStringLiteral("N"));
-        other.AppendCoordinate(At(3.0, 4.0));
-        const auto logger = Support::NewLogger();
-        area.SetLogger(logger);
-        EXPECT_EQ(area.MergeRGObject(other), row.isMerged);
-        EXPECT_EQ(area.IsNameSet(), row.isMerged);
-        if (row.isMerged)
-            EXPECT_LOG(logger, {});
-        else
-            EXPECT_LOG(logger,
-                       {"WARNING: Area: Merging will be aborted, because a version mismatch occurred."});
-    }
 }
 
 // --- Older data -------------------------------------------------------------------------------------------

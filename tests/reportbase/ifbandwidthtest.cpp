@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QString>
 
 #include <type_traits>
 #include <utility>
@@ -59,31 +58,6 @@ TEST(IFBandwidth, HasNoUse)
 {
     EXPECT_TRUE(HasUse<Frequency>::value);
     EXPECT_FALSE(HasUse<IFBandwidth>::value);
-}
-
-TEST(IFBandwidth, AnAttributeUseIsNotLookedAt)
-{
-    IFBandwidth bandwidth;
-    const auto logger = Support::NewLogger();
-    bandwidth.SetLogger(logger);
-    EXPECT_TRUE(bandwidth.SetXmlString(QStringLiteral("<IFBandwidth Use=\"0\">5</IFBandwidth>"), true));
-    EXPECT_TRUE(bandwidth == WithValue(5.0));
-    EXPECT_XML(bandwidth, "\n<IFBandwidth>5.00</IFBandwidth>");
-    EXPECT_LOG(logger,
-               {"INFO: IFBandwidth: Loading xml string.", "INFO: IFBandwidth: Generating xml string."});
-}
-
-TEST(IFBandwidth, ReadsTheElementsOfAFrequencyAndSkipsUse)
-{
-    Frequency frequency = Complete<Frequency>(1.0, 2.0, 3.0);
-    for (const bool use : {true, false}) {
-        frequency.SetUse(use);
-        QByteArray bytes = frequency.GetBinaryRepresentationAsQByteArray();
-        IFBandwidth bandwidth;
-        EXPECT_TRUE(bandwidth.SetBinaryRepresentation(bytes));
-        EXPECT_TRUE(bandwidth == Complete<IFBandwidth>(1.0, 2.0, 3.0));
-        EXPECT_TEXT(bandwidth.GetObjectName(), "IFBandwidth");
-    }
 }
 
 TEST(IFBandwidth, AFrequencyReadsItsElementsAndLeavesUseUnset)

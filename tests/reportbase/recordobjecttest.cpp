@@ -6,7 +6,6 @@
 #include "support/recordclasses.h"
 #include "support/records.h"
 
-#include <reportgenerator/reportbase/double.h>
 #include <reportgenerator/reportbase/irgobject.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
@@ -17,12 +16,10 @@
 #include <QtCore/QFile>
 #include <QtCore/QIODevice>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
 #include <memory>
 #include <type_traits>
-#include <typeinfo>
 
 namespace {
 
@@ -31,9 +28,7 @@ using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::Task;
 using REPORTGENERATOR::VersionConverterProxy;
 using Support::Filled;
-using Support::Named;
 using Support::NamedLines;
-using Support::NameOf;
 using Support::RecordClass;
 using Support::XmlOfOne;
 
@@ -348,38 +343,6 @@ TYPED_TEST(RecordObject, OnlyTheFieldsAreCompared)
 }
 
 // --- Merging ----------------------------------------------------------------------------------------------
-
-TYPED_TEST(RecordObject, MergingAnotherClassIsRefusedWithAWarning)
-{
-    TypeParam object = Filled<TypeParam>(1.0);
-    const auto logger = Support::NewLogger();
-    object.SetLogger(logger);
-    REPORTGENERATOR::Double other;
-    other.SetName(NameOf<TypeParam>());
-    other.SetValue(5.0);
-    EXPECT_FALSE(object.MergeRGObject(other));
-    EXPECT_LOG(logger,
-               QStringList({Named<TypeParam>(
-                                "WARNING: @: Merging will be aborted, because a type mismatch occurred. ") +
-                            QLatin1String(typeid(REPORTGENERATOR::Double).name()) + QStringLiteral(" != ") +
-                            QLatin1String(typeid(TypeParam).name())}));
-    EXPECT_FALSE(logger->HasErrors());
-    EXPECT_TRUE(object == Filled<TypeParam>(1.0));
-
-    object.ResetLogger();
-    EXPECT_FALSE(object.MergeRGObject(other));
-}
-
-TYPED_TEST(RecordObject, MergingADerivedClassIsRefused)
-{
-    TypeParam object;
-    Derived<TypeParam> derived;
-    RecordClass<TypeParam>::Fill(derived, 1.0);
-    EXPECT_FALSE(object.MergeRGObject(derived));
-    EXPECT_FALSE(derived.MergeRGObject(Filled<TypeParam>(2.0)));
-    EXPECT_FALSE(object.IsInitialized());
-    EXPECT_TRUE(derived == Filled<TypeParam>(1.0));
-}
 
 TYPED_TEST(RecordObject, MergingTakesWhatTheOtherWritesAsXml)
 {
