@@ -119,6 +119,16 @@ TEST(OddWays, ACoordinateThatEndsBehindATagEndsTheReading)
     EXPECT_STATE(area, StateWith({{1.0, 2.0}}));
 }
 
+TEST(OddWays, BehindANameOfOneByteEverythingIsShifted)
+{
+    Area area = Support::NotValidating<Area>();
+    // Half a character isn't taken from the stream: a length of 2^24 begins with the last byte of the root tag.
+    QByteArray bytes =
+        (Support::String(u"IRGObject") + Int32(1) + Support::Raw("x") + Int32(1) + Int32(0)).Data();
+    EXPECT_RG_THROW(area.SetBinaryRepresentation(bytes), "BinaryParsingException",
+                    "Area::SetBinary(...): Length error occurred during processing of binary representation");
+}
+
 TEST(OddWays, ANameThatIsNullIsNoEmptyOne)
 {
     Support::PlainObject object;
