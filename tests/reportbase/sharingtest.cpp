@@ -440,6 +440,32 @@ TEST(Sharing, EachOfTwoObjectsThatShareTheirMembersSpeaksThroughItsOwnLogger)
         report, {QStringLiteral("ERROR: OutOfRangeException: Frequency: Please set Value properly."), fault});
 }
 
+TEST(Sharing, CoordinatesOfASourceThatHasGoneSpeakThroughTheLoggerOfWhoTookThem)
+{
+    for (const bool changesSettings : {false, true}) {
+        SCOPED_TRACE(changesSettings);
+        Area area;
+        area.SetValidate(changesSettings);
+        const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+        area.SetLogger(logger);
+        {
+            const Area source = SomeArea();
+            area = source;
+        }
+        area.Check(true);
+        EXPECT_EQ(LoggerOf(area, 0), logger);
+        if (changesSettings) {
+            area.SetValidate(false);
+            EXPECT_EQ(LoggerOf(area, 0), logger);
+        }
+        area.GetCoordinate()[0].SetLongitude(200.0);
+        EXPECT_EQ(LoggerOf(area, 0), logger);
+        EXPECT_LOG(logger,
+                   {"WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
+                    "(-180, 180) in 'Coordinate'."});
+    }
+}
+
 TEST(Sharing, SettingsOfAReportNeverReachMembersOfAnother)
 {
     const ReportBase original = SomeReport();

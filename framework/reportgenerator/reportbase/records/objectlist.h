@@ -113,6 +113,8 @@ public:
     {
         if (!IsMarked(HANDED_OUT) || IsMarked(COPIED))
             Detached();
+        else
+            Drop(m_source);
         SetMark(HANDED_OUT | HAS_LOGGERS);
         return m_items;
     }
@@ -315,8 +317,11 @@ private:
             return;
         SetMark(HAS_LOGGERS);
         Unmark(NOT_ALIKE);
-        if (isChange && IsMarked(HANDED_OUT) && !m_items.isDetached())
-            Separate();
+        if (isChange && IsMarked(HANDED_OUT)) {
+            Drop(m_source);
+            if (!m_items.isDetached())
+                Separate();
+        }
         std::for_each(m_items.cbegin() + first, m_items.cend(), give);
     }
 
@@ -380,7 +385,7 @@ private:
 
     // The items; of a copy that has none of its own yet, those of its source.
     mutable QVector<Item> m_items;
-    QVector<Item> m_source;
+    mutable QVector<Item> m_source;
 
     /// The settings of the items that a copy doesn't have yet; none when the items are one's own.
     mutable SettingsSlot::Word m_noted{SettingsSlot::NONE};
