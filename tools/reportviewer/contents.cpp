@@ -114,7 +114,6 @@ void Complete(Contents& contents, const ReadingSteps& steps)
         MapText(contents, steps);
     else if (contents.file.form.IsBinary())
         MapBytes(contents, steps);
-    contents.fields.Finish();
     steps(QStringLiteral("Drawing the area"), DRAWING);
     contents.outline = OutlineOf(contents.file.report);
 }

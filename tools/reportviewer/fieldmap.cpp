@@ -1,9 +1,6 @@
 #include <reportviewer/fieldmap.h>
 
 #include <algorithm>
-#include <functional>
-#include <numeric>
-#include <tuple>
 
 namespace ReportViewer {
 
@@ -47,67 +44,24 @@ void FieldMap::Open(const Level& level, const Span& piece)
     m_nodes.push_back({parent, level, piece});
 }
 
-void FieldMap::Finish()
-{
-    m_open.clear();
-    // By what is around them first. Within it they mostly stand in their order already, as the items of lists do.
-    std::vector<std::size_t> begins(m_nodes.size() + 2, 0);
-    const auto placeOf = [](int parent) { return static_cast<std::size_t>(parent - NOTHING); };
-    for (const Node& node : m_nodes)
-        ++begins[placeOf(node.parent) + 1];
-    std::partial_sum(begins.begin(), begins.end(), begins.begin());
-    std::vector<std::size_t> next = begins;
-    m_sorted.resize(m_nodes.size());
-    for (std::size_t node = 0; node < m_nodes.size(); ++node)
-        m_sorted[next[placeOf(m_nodes[node].parent)]++] = static_cast<int>(node);
-    const auto comesBefore = [this](int left, int right) { return ComesBefore(left, right); };
-    for (std::size_t each = 0; each + 1 < begins.size(); ++each) {
-        const auto begin = m_sorted.begin() + static_cast<std::ptrdiff_t>(begins[each]);
-        const auto end = m_sorted.begin() + static_cast<std::ptrdiff_t>(begins[each + 1]);
-        if (!std::is_sorted(begin, end, comesBefore))
-            std::sort(begin, end, comesBefore);
-    }
-}
-
-bool FieldMap::ComesBefore(int left, int right) const
-{
-    const Node& a = At(left);
-    const Node& b = At(right);
-    if (a.parent != b.parent || a.level.field == b.level.field)
-        return std::tie(a.parent, a.level.index, left) < std::tie(b.parent, b.level.index, right);
-    return std::less<>()(a.level.field, b.level.field);
-}
-
 std::optional<Span> FieldMap::Find(const FieldPath& path) const
 {
-    const int node = m_nodes.empty() ? NOTHING : FindBelow(0, LevelsOf(path), 0);
-    return node == NOTHING ? std::nullopt : std::make_optional(At(node).span);
+    const Levels levels = LevelsOf(path);
+    const auto found =
+        std::find_if(m_nodes.rbegin(), m_nodes.rend(), [&](const Node& node) { return IsAt(node, levels); });
+    return found == m_nodes.rend() ? std::nullopt : std::make_optional(found->span);
 }
 
-/// The last node that the levels from `depth` on lead to.
-int FieldMap::FindBelow(int parent, const Levels& levels, int depth) const
+/// Whether the levels lead to the node.
+bool FieldMap::IsAt(const Node& node, const Levels& levels) const
 {
-    if (depth == levels.size())
-        return parent;
-    const Level& level = levels[depth];
-    const auto isBehind = [this](const Node& wanted, int node) {
-        const Node& each = At(node);
-        if (wanted.parent != each.parent)
-            return wanted.parent < each.parent;
-        if (wanted.level.field != each.level.field)
-            return std::less<>()(wanted.level.field, each.level.field);
-        return wanted.level.index < each.level.index;
-    };
-    auto behind = std::upper_bound(m_sorted.begin(), m_sorted.end(), Node{parent, level, {}}, isBehind);
-    while (behind != m_sorted.begin()) {
-        const int child = *--behind;
-        if (At(child).parent != parent || !At(child).level.Is(level))
-            break;
-        const int found = FindBelow(child, levels, depth + 1);
-        if (found != NOTHING)
-            return found;
+    const Node* each = &node;
+    for (auto level = levels.crbegin(); level != levels.crend(); ++level) {
+        if (each->parent == NOTHING || !each->level.Is(*level))
+            return false;
+        each = &At(each->parent);
     }
-    return NOTHING;
+    return each->parent == NOTHING;
 }
 
 int FieldMap::NodeAt(qint64 place) const

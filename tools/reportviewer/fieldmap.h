@@ -25,16 +25,9 @@ struct Span
 class FieldMap
 {
 public:
-    // Filling
-
-    /// The next piece. Pieces come in the order in which they stand; those of a field and of what it holds follow one
+    /// Takes the next piece. Pieces come in the order in which they stand; those of a field and of what it holds follow one
     /// another.
     void Take(const ReportCore::FieldPath& path, const Span& piece);
-
-    /// After the last one.
-    void Finish();
-
-    // Asking
 
     /// The field, object or list; nothing when it doesn't stand there. Of several the last one, which counts, and of
     /// objects that come several times, the last one that has it.
@@ -68,8 +61,7 @@ private:
     static constexpr int NOTHING = -1;
 
     static Levels LevelsOf(const ReportCore::FieldPath& path);
-    bool ComesBefore(int left, int right) const;
-    int FindBelow(int parent, const Levels& levels, int depth) const;
+    bool IsAt(const Node& node, const Levels& levels) const;
     int NodeAt(qint64 place) const;
     void Open(const Level& level, const Span& piece);
     const Node& At(int node) const { return m_nodes[static_cast<std::size_t>(node)]; }
@@ -77,7 +69,6 @@ private:
 
     std::vector<Node> m_nodes; ///< by their beginnings
     std::vector<int> m_open;   ///< the last one and what is around it
-    std::vector<int> m_sorted; ///< by what is around them, and within it by their levels
 };
 
 } // namespace ReportViewer
