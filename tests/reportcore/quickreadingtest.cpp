@@ -107,6 +107,8 @@ TEST(QuickReading, CommentsBetweenTagsAreLeftOut)
     ExpectSame(Lake("<Name>", "\n<!-- <Name>Sea</Name> -->\n<!--=-->\n <Name>"), true);
     ExpectSame(Lake("</Area>", "<!---->\n</Area><!-- \xC3\xA4 -->"), true);
     ExpectSame(Lake("</Name>", "</Name> <!--- a -->"), true);
+    ExpectSame(Lake("<Longitude>3.0", "<!-- a --><!-- b --><Longitude>3.0"), true);
+    ExpectSame("<ReportBase>\n<!-- a -->\n</ReportBase>", true);
 }
 
 TEST(QuickReading, CommentsWithinTextsStay)
@@ -116,6 +118,9 @@ TEST(QuickReading, CommentsWithinTextsStay)
     ExpectSame(Lake("Lake", "La<!-- a -->ke"), false);
     ExpectSame(Lake("2.00", "<!-- a -->2.00"), false);
     ExpectSame(Lake("2.00", "1<!-- a -->.00"), false);
+    ExpectSame(Lake("2.00", "2.00<!-- a -->"), false);
+    ExpectSame(Lake("2.00", "2.00 <!-- a --> "), false);
+    ExpectSame(Lake("Min=", "<!-- a -->Min="), false);
 }
 
 TEST(QuickReading, MalformedCommentsAreNoticed)
@@ -125,6 +130,7 @@ TEST(QuickReading, MalformedCommentsAreNoticed)
     ExpectSame(Lake("<Name>", "<!-- \x01 --><Name>"), false);
     ExpectSame(Lake("<Name>", "<!-- \xC3 --><Name>"), false);
     ExpectSame(Lake("<Name>", "<!-- \xEF\xBF\xBE --><Name>"), false);
+    ExpectSame(Lake("<Name>", "<!-- \xED\xA0\x80 --><Name>"), false);
     ExpectSame(Lake("</Area>", "</Area><!--"), false);
     ExpectSame(Lake("</Area>", "</Area><!-->"), false);
     ExpectSame(Lake("Min=\"1.00\"", "Min=\"1.00 > <!-- a --> <\""), false);

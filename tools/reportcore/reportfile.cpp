@@ -9,8 +9,13 @@ namespace ReportCore {
 
 using REPORTGENERATOR::ReportBase;
 
-bool TakeIfGood(const ReportBase& report, ReportFile& file)
+bool ReadOnFastPath(bool (*read)(REPORTGENERATOR::IRGObject& object, const QByteArray& bytes),
+                    const QByteArray& bytes, ReportFile& file)
 {
+    ReportBase report;
+    report.SetValidate(false);
+    if (!read(report, bytes))
+        return false;
     try {
         report.Check(true);
     } catch (const ReportException&) {

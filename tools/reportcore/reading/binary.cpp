@@ -55,14 +55,6 @@ const Problem* FirstFault(const Problems& faults)
     return faults.empty() ? nullptr : &faults.back();
 }
 
-/// Reads the body on the fast path, if that reads it whole.
-bool IsReadWhole(const QByteArray& body, ReportFile& file)
-{
-    ReportBase report;
-    report.SetValidate(false);
-    return REPORTGENERATOR::ReadWholeBody(report, body) && TakeIfGood(report, file);
-}
-
 /// Reads the body along the stream path, and tells what the library says of it. Returns whether it came to the end.
 bool ReadBodyDiagnosing(const QByteArray& bytes, const BinaryInspector& inspector, const Problem* firstFault,
                         ReportFile& file)
@@ -93,7 +85,8 @@ void ReadBinary(const QByteArray& bytes, ReportFile& file)
     inspector.End();
     file.objectName = inspector.ObjectName();
     const bool isReport = file.objectName == ReportBase::GetStaticObjectName();
-    if (isReport && faults.Found().empty() && IsReadWhole(inspector.BodyBytes(), file))
+    if (isReport && faults.Found().empty() &&
+        ReadOnFastPath(&REPORTGENERATOR::ReadWholeBody, inspector.BodyBytes(), file))
         return;
     // A name that is cut off has been told already.
     if (!isReport && !faults.HasFault())

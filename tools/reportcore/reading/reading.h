@@ -18,8 +18,10 @@ void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file);
 
 void ReadBinary(const QByteArray& bytes, ReportFile& file);
 
-/// Takes a report over that the fast path has read whole, if it is good.
-bool TakeIfGood(const REPORTGENERATOR::ReportBase& report, ReportFile& file);
+/// Reads a report by one of the functions of the library's `envelope/wholereading.h`. Returns whether it was read whole and
+/// is good; else the file is as it was.
+bool ReadOnFastPath(bool (*read)(REPORTGENERATOR::IRGObject& object, const QByteArray& bytes),
+                    const QByteArray& bytes, ReportFile& file);
 
 } // namespace ReportCore
 

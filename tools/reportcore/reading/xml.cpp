@@ -3,18 +3,88 @@
 #include <reportcore/form.h>
 #include <reportcore/inspect/sourcetext.h>
 #include <reportcore/reading/diagnostics.h>
-#include <reportcore/reading/xmlcut.h>
 #include <reportcore/reportfile.h>
 
 #include <reportgenerator/reportbase/envelope/wholereading.h>
 
 #include <QtCore/QXmlStreamReader>
 
+#include <algorithm>
+
 namespace ReportCore {
 
 using REPORTGENERATOR::ReportBase;
 
 namespace {
+
+// --- On the fast path
+
+constexpr char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+
+bool AreBlanks(const QByteArray& bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), IsXmlBlank<char>);
+}
+
+/// Whether nothing stands there but a declaration as it usually is.
+bool IsUsualBegin(const QByteArray& before)
+{
+    return AreBlanks(before.startsWith(DECLARATION) ? before.mid(int(sizeof DECLARATION) - 1) : before);
+}
+
+bool IsUtf8(const QString& encoding)
+{
+    return encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+}
+
+/// The name of the root element of a document without its report, in whose place an empty one stands; null when the
+/// document isn't sound, when the report isn't the only one, or when what is declared there could mean something to it.
+QString RootAround(const QByteArray& document)
+{
+    const QString report = ReportBase::GetStaticObjectName();
+    QXmlStreamReader reader(document);
+    QString rootName;
+    bool hasReport = false;
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        const bool isReport = token == QXmlStreamReader::StartElement && reader.name() == report;
+        const bool isOdd =
+            token == QXmlStreamReader::DTD || token == QXmlStreamReader::EntityReference ||
+            (token == QXmlStreamReader::StartDocument && !IsUtf8(reader.documentEncoding().toString())) ||
+            (isReport && reader.qualifiedName() != report);
+        if (isOdd)
+            return QString();
+        hasReport = hasReport || isReport;
+        if (token == QXmlStreamReader::StartElement && rootName.isNull())
+            rootName = reader.name().toString();
+    }
+    return hasReport && !reader.hasError() ? rootName : QString();
+}
+
+/// Reads the only report of a document in UTF-8 that is sound around it, cut out of it: that leads to the same report as
+/// reading the document.
+bool IsReadWhole(const QByteArray& bytes, ReportFile& file)
+{
+    static const QByteArray name = ReportBase::GetStaticObjectName().toLatin1();
+    static const QByteArray startTag = '<' + name;
+    static const QByteArray endTag = "</" + name + '>';
+    const auto begin = bytes.indexOf(startTag);
+    const auto lastTag = bytes.lastIndexOf(endTag);
+    if (begin < 0 || lastTag < begin)
+        return false;
+    const QByteArray before = bytes.left(begin);
+    const QByteArray behind = bytes.mid(lastTag + endTag.size());
+    if (IsUsualBegin(before) && AreBlanks(behind))
+        file.objectName = QString::fromLatin1(name);
+    else if (!behind.contains(startTag))
+        file.objectName = RootAround(before + startTag + "/>" + behind);
+    const auto size = lastTag + endTag.size() - begin;
+    return !file.objectName.isNull() &&
+           ReadOnFastPath(&REPORTGENERATOR::ReadWholeXml,
+                          QByteArray::fromRawData(bytes.constData() + begin, size), file);
+}
+
+// --- Diagnosing
 
 /// In the words of Qt's reader.
 constexpr char WRONG_ENCODING[] = "Encountered incorrectly encoded content.";
@@ -83,12 +153,7 @@ void FindWrongEncoding(const QByteArray& bytes, const SourceMap& places, Problem
 
 void ReadXml(const QByteArray& bytes, ReportFile& file)
 {
-    const XmlCut cut = CutReport(bytes);
-    ReportBase report;
-    report.SetValidate(false);
-    if (REPORTGENERATOR::ReadWholeXml(report, cut.element) && TakeIfGood(report, file))
-        file.objectName = cut.rootName;
-    else
+    if (!IsReadWhole(bytes, file))
         ReadXmlDiagnosing(bytes, file);
 }
 

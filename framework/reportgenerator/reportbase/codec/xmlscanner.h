@@ -14,7 +14,7 @@
 namespace REPORTGENERATOR {
 
 /// Reads XML of the shape that the library writes: start tags with attributes in double quotes, end tags,
-/// blanks between them, and texts without markup and with no other references than to the characters that XML
+/// blanks and comments between them, and texts without markup and with no other references than to the characters that XML
 /// itself uses. Whatever else XML knows, it calls odd by returning false. `Unit` is the unit of UTF-16 or a byte of UTF-8.
 template <class Unit>
 class XmlScanner
@@ -52,8 +52,8 @@ public:
     bool EnterTag(const Name& name)
     {
         const Unit* const before = m_next;
-        SkipBlanks();
-        if (Take('<') && Take(name) && m_next != m_end && (*m_next == '>' || IsBlank(*m_next)))
+        if (SkipComments() && Take('<') && Take(name) && m_next != m_end &&
+            (*m_next == '>' || IsBlank(*m_next)))
             return true;
         m_next = before;
         return false;
@@ -79,8 +79,11 @@ public:
         return false;
     }
 
+    /// An end tag that stands behind another tag or a text. A comment would divide the text.
     bool EndTag(const Name& name)
     {
+        if (m_next[-1] == '>')
+            return SkipComments() && TakeEndTag(name);
         SkipBlanks();
         return TakeEndTag(name);
     }
@@ -131,6 +134,10 @@ public:
 private:
     static constexpr std::ptrdiff_t MOST_IN_A_UNIT = 255;
 
+    static constexpr Name COMMENT_BEGIN = REPORTBASE_NAME("<!--");
+    static constexpr Name COMMENT_END = REPORTBASE_NAME("-->");
+    static constexpr Name DASHES = REPORTBASE_NAME("--");
+
     static constexpr Name TRUE = REPORTBASE_NAME("true");
     static constexpr Name FALSE = REPORTBASE_NAME("false");
 
@@ -152,6 +159,12 @@ private:
     {
         const Unit* const begin = m_next;
         m_next = std::find_if_not(m_next, m_end, IsContent);
+        return Decode(begin, piece);
+    }
+
+    /// The units from `begin` up to where the scanner stands.
+    bool Decode(const Unit* begin, QString& piece) const
+    {
         const auto size = static_cast<int>(m_next - begin);
         if constexpr (sizeof(Unit) == sizeof(QChar)) {
             piece = QString(reinterpret_cast<const QChar*>(begin), size);
@@ -176,7 +189,11 @@ private:
 
     static bool IsSame(char left, Unit right) { return static_cast<Unit>(left) == right; }
 
-    static bool IsBlank(Unit unit) { return unit == ' ' || unit == '\n' || unit == '\t' || unit == '\r'; }
+    template <class Character>
+    static bool IsBlank(Character unit)
+    {
+        return unit == ' ' || unit == '\n' || unit == '\t' || unit == '\r';
+    }
 
     static bool IsContent(Unit unit) { return unit != '<' && unit != '&' && unit != '>'; }
 
@@ -187,6 +204,8 @@ private:
         return character.unicode() >= ' ' && character.unicode() < firstSurrogate;
     }
 
+    static bool IsPlainOrBlank(QChar character) { return IsPlain(character) || IsBlank(character.unicode()); }
+
     bool Take(char character)
     {
         if (m_next == m_end || *m_next != static_cast<Unit>(character))
@@ -195,7 +214,22 @@ private:
         return true;
     }
 
-    void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank); }
+    void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank<Unit>); }
+
+    /// Blanks and comments. Returns false at a comment in which something stands that may not.
+    bool SkipComments()
+    {
+        for (SkipBlanks(); Take(COMMENT_BEGIN); SkipBlanks()) {
+            const Unit* const begin = m_next;
+            m_next = std::search(m_next, m_end, DASHES.latin1, DASHES.latin1 + DASHES.size,
+                                 [](Unit unit, char dash) { return IsSame(dash, unit); });
+            QString text;
+            if (!Decode(begin, text) || !std::all_of(text.cbegin(), text.cend(), IsPlainOrBlank) ||
+                !Take(COMMENT_END))
+                return false;
+        }
+        return true;
+    }
 
     const Unit* m_next;
     const Unit* m_end;
