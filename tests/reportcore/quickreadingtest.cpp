@@ -108,6 +108,8 @@ TEST(QuickReading, CommentsBetweenTagsAreLeftOut)
     ExpectSame(Lake("</Area>", "<!---->\n</Area><!-- \xC3\xA4 -->"), true);
     ExpectSame(Lake("</Name>", "</Name> <!--- a -->"), true);
     ExpectSame(Lake("<Longitude>3.0", "<!-- a --><!-- b --><Longitude>3.0"), true);
+    ExpectSame(Lake("<Coordinate><Longitude>2.0", "<!-- a -->\n<!-- b --><Coordinate><Longitude>2.0"), true);
+    ExpectSame(Lake("<Coordinate><Longitude>3.0", "<!-- a --> <Coordinate><Longitude>3.0"), true);
     ExpectSame("<ReportBase>\n<!-- a -->\n</ReportBase>", true);
 }
 
@@ -131,6 +133,7 @@ TEST(QuickReading, MalformedCommentsAreNoticed)
     ExpectSame(Lake("<Name>", "<!-- \xC3 --><Name>"), false);
     ExpectSame(Lake("<Name>", "<!-- \xEF\xBF\xBE --><Name>"), false);
     ExpectSame(Lake("<Name>", "<!-- \xED\xA0\x80 --><Name>"), false);
+    ExpectSame(Lake("<Coordinate><Longitude>2.0", "<!-- a -- b --><Coordinate><Longitude>2.0"), false);
     ExpectSame(Lake("</Area>", "</Area><!--"), false);
     ExpectSame(Lake("</Area>", "</Area><!-->"), false);
     ExpectSame(Lake("Min=\"1.00\"", "Min=\"1.00 > <!-- a --> <\""), false);

@@ -91,6 +91,15 @@ public:
     /// An end tag that stands directly behind a text.
     bool TakeEndTag(const Name& name) { return Take('<') && Take('/') && Take(name) && Take('>'); }
 
+    /// Goes behind the comments that follow. Returns whether there are any.
+    bool PassComments()
+    {
+        const Unit* const before = m_next;
+        const Unit* const behind = SkipComments();
+        m_next = behind ? behind : before;
+        return m_next != before;
+    }
+
     // Values
 
     bool Read(double& value)
@@ -204,7 +213,7 @@ private:
         return character.unicode() >= ' ' && character.unicode() < firstSurrogate;
     }
 
-    static bool IsPlainOrBlank(QChar character) { return IsPlain(character) || IsBlank(character.unicode()); }
+    static bool IsPlainAscii(Unit unit) { return (unit >= ' ' && unit < 0x7F) || IsBlank(unit); }
 
     bool Take(char character)
     {
@@ -216,19 +225,31 @@ private:
 
     void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank<Unit>); }
 
-    /// Blanks and comments. Returns false at a comment in which something stands that may not.
-    bool SkipComments()
+    /// Blanks and comments. Returns where the last comment ends, or else where the scanner stood; null at one in which
+    /// something stands that may not.
+    const Unit* SkipComments()
     {
+        const Unit* behind = m_next;
         for (SkipBlanks(); Take(COMMENT_BEGIN); SkipBlanks()) {
             const Unit* const begin = m_next;
             m_next = std::search(m_next, m_end, DASHES.latin1, DASHES.latin1 + DASHES.size,
                                  [](Unit unit, char dash) { return IsSame(dash, unit); });
-            QString text;
-            if (!Decode(begin, text) || !std::all_of(text.cbegin(), text.cend(), IsPlainOrBlank) ||
-                !Take(COMMENT_END))
-                return false;
+            if (!MayBeComment(begin) || !Take(COMMENT_END))
+                return nullptr;
+            behind = m_next;
         }
-        return true;
+        return behind;
+    }
+
+    /// Whether the units from `begin` up to where the scanner stands may be a comment's.
+    bool MayBeComment(const Unit* begin) const
+    {
+        if (std::all_of(begin, m_next, IsPlainAscii))
+            return true;
+        QString text;
+        return Decode(begin, text) && std::all_of(text.cbegin(), text.cend(), [](QChar character) {
+                   return IsPlain(character) || IsBlank(character.unicode());
+               });
     }
 
     const Unit* m_next;

@@ -159,9 +159,14 @@ bool ReadContent(XmlScanner<Unit>& scanner, Data& data, const ItemList<Data, Ite
     ItemPattern<Unit, std::tuple_size_v<std::decay_t<decltype(Schema<ItemData>::FIELDS)>>> pattern;
     QVector<Item> items(MostItems<ItemData>(scanner));
     int count = 0;
-    for (; count < items.size(); ++count) {
+    while (count < items.size()) {
         ItemData& item = RecordAccess::Make(items[count]);
-        if (pattern.isKnown && ReadItemByPattern(scanner, item, pattern))
+        if (pattern.isKnown && ReadItemByPattern(scanner, item, pattern)) {
+            ++count;
+            continue;
+        }
+        // What stands behind them may look like the items before.
+        if (scanner.PassComments())
             continue;
         item.flags = 0;
         const Unit* const before = scanner.Next();
@@ -170,6 +175,7 @@ bool ReadContent(XmlScanner<Unit>& scanner, Data& data, const ItemList<Data, Ite
         scanner.SetNext(before);
         if (!ReadItemByTags(scanner, field.name, item, pattern))
             return false;
+        ++count;
     }
     if (count == 0)
         return true;
