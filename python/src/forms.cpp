@@ -186,10 +186,7 @@ ReportCore::Problems Check(const AnyObject& self, const WantedForm& wanted)
         logger->Catch(exception);
     }
     copy->SetLogger(nullptr);
-    ReportCore::Problems problems;
-    for (const ReportCore::LogRecord& record : logger->Take())
-        problems.push_back({record.name, record.text});
-    return problems;
+    return ReportCore::ProblemsOf(logger->Take());
 }
 
 ReportCore::Problems CheckBytes(const QByteArray& bytes, bool isStrict)

@@ -1,14 +1,124 @@
 #include <reportcore/losses.h>
 
 #include <reportcore/inspect/binaryinspector.h>
+#include <reportcore/lint.h>
 #include <reportcore/linting/linting.h>
-#include <reportcore/losing/losing.h>
+#include <reportcore/losing/lostvalues.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace ReportCore {
 
+using Kind = Event::Kind;
+using Role = Event::Role;
+
 namespace {
+
+/// The name of what a report doesn't take; null for what it does.
+const char* NameOfLoss(const Event& event)
+{
+    if (event.role == Role::Unknown)
+        return UNKNOWN_ELEMENT;
+    switch (event.kind) {
+    case Kind::UnknownAttribute:
+        return UNKNOWN_ATTRIBUTE;
+    case Kind::UnknownText:
+    case Kind::DividedText:
+        return UNKNOWN_TEXT;
+    case Kind::Entity:
+        return UNRESOLVED_ENTITY;
+    default:
+        return nullptr;
+    }
+}
+
+/// Finds what the bytes hold beside what their report has taken; in binary forms, what their body holds.
+class DocumentLosses
+{
+public:
+    explicit DocumentLosses(const ReportFile& file) : m_values(file) {}
+
+    void Take(const Event& event)
+    {
+        // An unknown element is lost as a whole.
+        if (!event.isInReport)
+            TakeAround(event);
+        else if (!event.isWithinUnknown)
+            TakeWithin(event);
+    }
+
+    Problems Find(const QByteArray& bytes)
+    {
+        while (!m_around.empty())
+            EndAround();
+        const Problems values = m_values.Find(bytes);
+        m_losses.insert(m_losses.end(), values.begin(), values.end());
+        return std::move(m_losses);
+    }
+
+private:
+    /// An element around or beside the report.
+    struct Surrounding
+    {
+        QString text;
+        std::size_t loss = 0; ///< the one that tells of it
+        bool holdsReport = false;
+    };
+
+    void TakeAround(const Event& event)
+    {
+        if (event.kind == Kind::Surrounding) {
+            m_around.push_back({Subject(event), m_losses.size()});
+            m_losses.push_back(
+                ProblemOf(event, SURROUNDING_ELEMENT, Subject(event) + QStringLiteral(" around the report")));
+        } else if (event.kind == Kind::SurroundingEnd) {
+            EndAround();
+        } else if (event.kind == Kind::AnotherReport) {
+            MarkAround();
+            m_losses.push_back(ProblemOf(event, SECOND_REPORT, Subject(event)));
+        }
+    }
+
+    void MarkAround()
+    {
+        for (Surrounding& around : m_around)
+            around.holdsReport = true;
+    }
+
+    /// What is beside the report is lost as a whole.
+    void EndAround()
+    {
+        const Surrounding around = m_around.back();
+        m_around.pop_back();
+        if (around.holdsReport)
+            return;
+        m_losses.resize(around.loss + 1);
+        m_losses.back().text = around.text;
+    }
+
+    void TakeWithin(const Event& event)
+    {
+        if (event.kind == Kind::StartTag && event.path->IsEmpty())
+            MarkAround();
+        if (const char* const name = NameOfLoss(event))
+            m_losses.push_back(ProblemOf(event, name, Subject(event)));
+        if (event.role != Role::Value)
+            return;
+        m_values.Take(event);
+        if (event.hasReturns) {
+            m_losses.push_back(ProblemOf(event, CARRIAGE_RETURNS,
+                                         QStringLiteral("carriage returns in ") + event.path->Text()));
+            m_losses.back().place = event.inspector->PlaceOf(event.place);
+        }
+    }
+
+    LostValues m_values;
+    std::vector<Surrounding> m_around;
+    Problems m_losses;
+};
 
 /// With such a problem there is no report.
 bool IsAboutAll(const Problem& problem)
@@ -82,8 +192,11 @@ Problems FindLosses(const QByteArray& bytes, const ReportFile& file)
         return {whole};
     }
     Problems losses;
-    if (!IsWhole(file))
-        losses = FindDocumentLosses(bytes, file);
+    if (!IsWhole(file)) {
+        DocumentLosses found(file);
+        Inspector::Of(bytes, file.form, [&found](const Event& event) { found.Take(event); })->Run();
+        losses = found.Find(bytes);
+    }
     std::stable_sort(losses.begin(), losses.end(), StandsBefore);
     AddProblems(bytes, file, losses);
     if (file.form.form == Form::Compressed) {

@@ -47,6 +47,9 @@ using Problems = std::vector<Problem>;
 /// The order of the places in a file.
 bool StandsBefore(const Problem& left, const Problem& right);
 
+/// The library's name of what it says of an object that lacks something.
+constexpr char INCOMPLETE[] = "IncompleteDefinitionException";
+
 // What the library passes over, but what no writer of a report would have written.
 
 /// Neither XML nor one of the binary forms.

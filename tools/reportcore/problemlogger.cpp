@@ -22,12 +22,12 @@ void ProblemLogger::Trace(REPORTGENERATOR::LogLevel level, const QString& text, 
 
 bool ProblemLogger::HasErrors() const
 {
-    return !m_records.empty();
+    return !m_findings.empty();
 }
 
 void ProblemLogger::Reset(bool /*clearEntries*/)
 {
-    m_records.clear();
+    m_findings.clear();
 }
 
 void ProblemLogger::Follow(std::function<qint64()> position)
@@ -37,20 +37,20 @@ void ProblemLogger::Follow(std::function<qint64()> position)
 
 void ProblemLogger::Catch(const ReportException& exception)
 {
-    const bool isKept = !m_records.empty() && m_records.back().name == exception.GetErrorName() &&
-                        m_records.back().text == exception.GetErrorText();
+    const bool isKept = !m_findings.empty() && m_findings.back().problem.name == exception.GetErrorName() &&
+                        m_findings.back().problem.text == exception.GetErrorText();
     if (!isKept)
         Keep(exception.GetErrorName(), exception.GetErrorText());
 }
 
-LogRecords ProblemLogger::Take()
+Findings ProblemLogger::Take()
 {
-    return std::exchange(m_records, {});
+    return std::exchange(m_findings, {});
 }
 
 void ProblemLogger::Keep(const QString& name, const QString& text)
 {
-    m_records.push_back({name, text, m_position ? m_position() : -1});
+    m_findings.push_back({{name, text}, {}, m_position ? m_position() : -1});
 }
 
 } // namespace ReportCore

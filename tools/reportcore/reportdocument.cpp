@@ -1,8 +1,8 @@
 #include <reportcore/reportdocument.h>
 
 #include <reportcore/form.h>
+#include <reportcore/inspect/inspector.h>
 #include <reportcore/inspect/sourcetext.h>
-#include <reportcore/inspect/xmlinspector.h>
 #include <reportcore/lint.h>
 #include <reportcore/losses.h>
 
@@ -12,11 +12,6 @@
 namespace ReportCore {
 
 namespace {
-
-// An element around a report that declares the namespaces of one around it in the document.
-
-constexpr char START_OF_NAMESPACES[] = "<namespaces";
-constexpr char END_OF_NAMESPACES[] = "</namespaces>";
 
 /// Where the reports of a document stand.
 class ReportRanges
@@ -30,25 +25,6 @@ public:
         QString behind;
     };
 
-    explicit ReportRanges(const QByteArray& bytes)
-        : m_inspector(
-              bytes, [this](const Event& event) { Take(event); }, Inspector::Extent::Document)
-    {
-    }
-
-    /// Empty where the document is not well-formed.
-    std::vector<Range> Find()
-    {
-        m_inspector.Run();
-        return m_inspector.HasError() ? std::vector<Range>() : std::move(m_ranges);
-    }
-
-    const QString& RootName() const { return m_rootName; }
-
-    /// Knows the document.
-    const XmlInspector& Source() const { return m_inspector; }
-
-private:
     void Take(const Event& event)
     {
         switch (event.kind) {
@@ -57,10 +33,11 @@ private:
             break;
         case Event::Kind::Surrounding:
             TakeRoot(event);
-            m_namespaces.push_back(StartOfNamespaces());
+            m_around.push_back(event.inspector->Text().mid(static_cast<int>(event.begin),
+                                                           static_cast<int>(event.end - event.begin)));
             break;
         case Event::Kind::SurroundingEnd:
-            m_namespaces.pop_back();
+            m_around.pop_back();
             break;
         case Event::Kind::StartTag:
         case Event::Kind::AnotherReport:
@@ -72,9 +49,24 @@ private:
             if (event.path->IsEmpty())
                 m_ranges.back().end = event.end;
             break;
+        case Event::Kind::Malformed:
+            m_ranges.clear();
+            break;
         default:
             break;
         }
+    }
+
+    /// Empty where the document is not well-formed.
+    const std::vector<Range>& Found() const { return m_ranges; }
+
+    const QString& RootName() const { return m_rootName; }
+
+private:
+    /// Behind a name in a tag.
+    static bool EndsName(QChar unit)
+    {
+        return IsXmlBlank(unit.unicode()) || unit == QLatin1Char('>') || unit == QLatin1Char('/');
     }
 
     void TakeRoot(const Event& event)
@@ -83,36 +75,23 @@ private:
             m_rootName = event.name;
     }
 
+    /// The elements around it may declare namespaces, the document type entities.
     void Begin(const Event& event)
     {
         TakeRoot(event);
         Range range = {event.begin, event.begin, m_documentType, QString()};
-        // The inner ones hide the outer ones.
-        for (const QString& start : m_namespaces) {
-            range.before += start;
-            range.behind += QLatin1String(start.isEmpty() ? "" : END_OF_NAMESPACES);
+        for (const QString& tag : m_around) {
+            range.before += tag;
+            const auto end = std::find_if(tag.cbegin(), tag.cend(), EndsName);
+            const auto size = static_cast<int>(end - tag.cbegin());
+            range.behind.prepend(QStringLiteral("</%1>").arg(tag.mid(1, size - 1)));
         }
         m_ranges.push_back(range);
     }
 
-    /// Of the start tag that comes up; empty where it declares none.
-    QString StartOfNamespaces() const
-    {
-        const QXmlStreamNamespaceDeclarations declarations = m_inspector.Namespaces();
-        QString text = QLatin1String(START_OF_NAMESPACES);
-        for (const QXmlStreamNamespaceDeclaration& declaration : declarations) {
-            const QString prefix = declaration.prefix().toString();
-            text += QStringLiteral(" xmlns%1=\"%2\"")
-                        .arg(prefix.isEmpty() ? QString() : QLatin1Char(':') + prefix,
-                             declaration.namespaceUri().toString().toHtmlEscaped());
-        }
-        return declarations.isEmpty() ? QString() : text + QLatin1Char('>');
-    }
-
-    XmlInspector m_inspector;
     QString m_rootName;
     QString m_documentType;
-    std::vector<QString> m_namespaces; ///< of the elements around
+    std::vector<QString> m_around; ///< start tags
     std::vector<Range> m_ranges;
 };
 
@@ -125,11 +104,6 @@ QByteArray Encoded(const QString& text)
     const QString marked = QChar(QChar::ByteOrderMark) + text;
     return QByteArray(reinterpret_cast<const char*>(marked.utf16()),
                       static_cast<int>(marked.size() * qint64(sizeof(QChar))));
-}
-
-FilePlace PlaceIn(const QByteArray& bytes, qint64 position)
-{
-    return SourceText(bytes).PlaceOf(position);
 }
 
 bool IsAround(const Problem& loss)
@@ -160,17 +134,18 @@ ReportDocument::ReportDocument(const QByteArray& bytes) : m_bytes(bytes)
 {
     if (Recognise(bytes).form != Form::Xml)
         return;
-    ReportRanges ranges(bytes);
-    const std::vector<ReportRanges::Range> found = ranges.Find();
+    ReportRanges ranges;
+    const auto inspector = Inspector::OfXml(bytes, [&ranges](const Event& event) { ranges.Take(event); });
+    inspector->Run();
     m_rootName = ranges.RootName();
-    if (found.size() < 2)
+    if (ranges.Found().size() < 2)
         return;
-    const XmlInspector& source = ranges.Source();
-    for (const ReportRanges::Range& range : found) {
-        const auto size = static_cast<int>(range.end - range.begin);
-        const QByteArray part =
-            Encoded(range.before + source.Text().mid(static_cast<int>(range.begin), size) + range.behind);
-        m_parts.push_back({part, PlaceIn(part, range.before.size()), source.PlaceOf(range.begin)});
+    for (const ReportRanges::Range& range : ranges.Found()) {
+        const QString report =
+            inspector->Text().mid(static_cast<int>(range.begin), static_cast<int>(range.end - range.begin));
+        const QByteArray part = Encoded(range.before + report + range.behind);
+        m_parts.push_back(
+            {part, SourceText(part).PlaceOf(range.before.size()), inspector->PlaceOf(range.begin)});
     }
 }
 

@@ -62,27 +62,24 @@ bool IsOfFields(const Event& event)
     }
 }
 
-void MapText(Contents& contents, const ReadingSteps& steps)
-{
-    contents.text = ReportCore::DecodeXml(contents.bytes);
-    contents.rows = TextRows(contents.text);
-    MappingSteps reached(steps, contents.text.size());
-    ReportCore::Inspector::Of(contents.bytes, contents.file.form, [&](const Event& event) {
-        reached.Reach(event.end);
-        if (IsOfFields(event))
-            contents.fields.Take(*event.path, {event.begin, event.end});
-    })->Run();
-}
-
-void MapBytes(Contents& contents, const ReadingSteps& steps)
+/// Finds the fields in the text, in what was unpacked, or in the bytes.
+void MapFields(Contents& contents, const ReadingSteps& steps)
 {
     MappingSteps reached(steps, contents.bytes.size());
-    ReportCore::BinaryInspector inspector(contents.bytes, contents.file.form.isBinaryFile,
-                                          [&](const Event& event) {
-                                              reached.Reach(event.begin);
-                                              if (IsOfFields(event))
-                                                  contents.fields.Take(*event.path, {event.begin, event.end});
-                                          });
+    const auto take = [&](const Event& event) {
+        reached.Reach(event.begin);
+        if (IsOfFields(event))
+            contents.fields.Take(*event.path, {event.begin, event.end});
+    };
+    if (contents.IsText()) {
+        const auto inspector = ReportCore::Inspector::OfXml(contents.bytes, take);
+        contents.text = inspector->Text();
+        contents.rows = TextRows(contents.text);
+        reached = MappingSteps(steps, contents.text.size());
+        inspector->Run();
+        return;
+    }
+    ReportCore::BinaryInspector inspector(contents.bytes, contents.file.form.isBinaryFile, take);
     inspector.Envelope();
     if (inspector.IsCompressed()) {
         const QByteArray body = inspector.BodyBytes();
@@ -110,10 +107,8 @@ void Complete(Contents& contents, const ReadingSteps& steps)
     contents.listedLosses = LossesToList(contents.losses, contents.file.problems, contents.lint);
     MarkProblems(contents);
     steps(QStringLiteral("Finding the fields"), MAPPING);
-    if (contents.IsText())
-        MapText(contents, steps);
-    else if (contents.file.form.IsBinary())
-        MapBytes(contents, steps);
+    if (contents.file.form.form != ReportCore::Form::Unknown)
+        MapFields(contents, steps);
     steps(QStringLiteral("Drawing the area"), DRAWING);
     contents.outline = OutlineOf(contents.file.report);
 }

@@ -31,18 +31,6 @@ FileRange TakeCounted(FileRange& range)
     return range.Has(wire::WORD_SIZE) ? range.Take(range.TakeWord()) : FileRange();
 }
 
-Event EventOf(Kind kind, const FileRange& bytes, int depth, const QString& name)
-{
-    Event event;
-    event.kind = kind;
-    event.bytes = bytes;
-    event.begin = bytes.Offset();
-    event.end = bytes.Offset() + bytes.Size();
-    event.depth = depth;
-    event.name = name;
-    return event;
-}
-
 void GiveValue(Event& event, Role role, const QString& value)
 {
     event.role = role;
@@ -89,9 +77,9 @@ void BinaryInspector::Envelope()
         ++m_depth;
     }
     m_representation = range;
-    m_isCompressed =
-        Text(range, Kind::SizeOfUtf16, QStringLiteral("marker"), m_depth).Utf16() == wire::COMPRESSED_MARKER;
-    m_objectName = Text(range, Kind::SizeOfUtf16, QStringLiteral("object name"), m_depth).Utf16();
+    m_isCompressed = CountedText(range, Kind::SizeOfUtf16, m_depth, QStringLiteral("marker")).Utf16() ==
+                     wire::COMPRESSED_MARKER;
+    m_objectName = CountedText(range, Kind::SizeOfUtf16, m_depth, QStringLiteral("object name")).Utf16();
     if (!m_isCompressed) {
         m_body = range;
         return;
@@ -114,7 +102,9 @@ void BinaryInspector::Body()
         Fault(range, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for a root element"));
         return;
     }
-    HandOut(Kind::Tag, range.Take(wire::WORD_SIZE), depth, QStringLiteral("root"));
+    Event root = FieldOf(Kind::Tag, range.Take(wire::WORD_SIZE), depth, QStringLiteral("root"));
+    root.role = Role::Object;
+    Visit(root);
     const auto elements = Counted(range, Kind::Length, depth, QStringLiteral("elements"));
     if (elements)
         Elements(*elements, FindObject(m_objectName), depth + 1);
@@ -128,7 +118,7 @@ void BinaryInspector::End()
 }
 
 /// Visits a length or size, and cuts off what it counts, or what there is when it claims more. Nothing if
-/// there is not even the number.
+/// there is not even the number. An item begins with its length.
 std::optional<FileRange> BinaryInspector::Counted(FileRange& range, Kind kind, int depth, const QString& name,
                                                   qint64 number)
 {
@@ -139,22 +129,33 @@ std::optional<FileRange> BinaryInspector::Counted(FileRange& range, Kind kind, i
     }
     const FileRange word = range.Take(wire::WORD_SIZE);
     const qint64 count = Claimed(kind, word.Word());
-    Event size = EventOf(kind, word, depth, name);
+    Event size = FieldOf(kind, word, depth, name);
     size.number = number;
+    if (kind == Kind::Length && m_path.IsItem()) {
+        size.role = Role::Object;
+        size.readTo = size.end + count;
+    } else if (m_isInBody && IsSize(kind)) {
+        GiveValue(size, Role::Size, QLatin1String(""));
+    }
     if (!range.Has(count))
         GiveFault(size, LENGTH_MISMATCH, QStringLiteral("%1 claimed, %2 left").arg(count).arg(range.Size()));
-    HandOut(std::move(size));
+    Visit(size);
     return range.Take(count);
 }
 
 /// A text with its size in front. Returns the text.
-FileRange BinaryInspector::Text(FileRange& range, Kind sizeKind, const QString& name, int depth)
+FileRange BinaryInspector::CountedText(FileRange& range, Kind sizeKind, int depth, const QString& name)
 {
     const auto text = Counted(range, sizeKind, depth, name);
     if (!text)
         return FileRange();
-    if (!text->IsEmpty())
-        HandOut(sizeKind == Kind::SizeOfUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
+    if (!text->IsEmpty()) {
+        const bool isUtf16 = sizeKind == Kind::SizeOfUtf16;
+        Event event = FieldOf(isUtf16 ? Kind::Utf16 : Kind::Utf8, *text, depth + 1, name);
+        if (m_isInBody)
+            GiveValue(event, Role::Value, isUtf16 ? text->Utf16() : text->Utf8());
+        Visit(event);
+    }
     return *text;
 }
 
@@ -166,24 +167,24 @@ void BinaryInspector::Uncompress(FileRange data, int depth)
         return;
     }
     Event prefix =
-        EventOf(Kind::Prefix, data.Take(wire::WORD_SIZE), depth, QStringLiteral("bytes when uncompressed"));
+        FieldOf(Kind::Prefix, data.Take(wire::WORD_SIZE), depth, QStringLiteral("bytes when uncompressed"));
     const qint64 claimed = prefix.bytes.Word();
     if (claimed > Ceiling() && prefixed.size() > Ceiling() / wire::MAX_INFLATION) {
-        HandOut(prefix);
+        Visit(prefix);
         Fault(data, depth, TOO_LARGE, QStringLiteral("%1 bytes when uncompressed").arg(claimed));
         return;
     }
     m_uncompressed = REPORTGENERATOR::IRGObject::UncompressBinary(prefixed);
     m_body = FileRange(m_uncompressed);
     if (m_body.IsEmpty()) {
-        HandOut(prefix);
+        Visit(prefix);
         Fault(data, depth, DAMAGED_DATA, QStringLiteral("compressed data that cannot be uncompressed"));
         return;
     }
     if (claimed != m_body.Size())
         GiveFault(prefix, LENGTH_MISMATCH,
                   QStringLiteral("%1 claimed, %2 there").arg(claimed).arg(m_body.Size()));
-    HandOut(prefix);
+    Visit(prefix);
     HandOut(Kind::Other, data, depth, QStringLiteral("zlib data"));
 }
 
@@ -205,9 +206,9 @@ void BinaryInspector::Element(FileRange& range, const ObjectInfo* object, int de
     const QString name = type ? type->WireLabel() : QStringLiteral("unknown element");
     if (type)
         m_path.Enter(*type);
-    Event event = EventOf(Kind::Tag, tag, depth, name);
-    event.role = type ? Role::None : Role::Unknown;
-    HandOut(std::move(event));
+    Event event = FieldOf(Kind::Tag, tag, depth, name);
+    event.role = !type ? Role::Unknown : type->HasObjects() ? Role::Object : Role::Element;
+    Visit(event);
     if (const auto payload = Counted(range, Kind::Length, depth, name)) {
         if (type)
             Payload(*payload, *type, depth + 1);
@@ -224,21 +225,21 @@ void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
     switch (type.Kind()) {
     case FieldKind::Object:
         // An object that is read from a binary form begins anew, other than in XML.
-        m_counts.Empty(m_path);
+        Empty(m_path);
         Elements(payload.Take(payload.Size()), &type.Object(), depth);
         break;
     case FieldKind::List:
         Items(payload, type, depth);
         break;
     case FieldKind::Switch:
-        Bool(payload, type, depth);
+        Bool(payload, depth, type.WireLabel());
         break;
     case FieldKind::Version:
-        m_counts.TakeVersion(m_path.Parent(), type,
-                             Text(payload, Kind::SizeOfUtf16, type.WireLabel(), depth).Utf16());
+        TakeVersion(m_path.Parent(), type,
+                    CountedText(payload, Kind::SizeOfUtf16, depth, type.WireLabel()).Utf16());
         break;
     default:
-        Text(payload, Kind::SizeOfUtf8, type.WireLabel(), depth);
+        CountedText(payload, Kind::SizeOfUtf8, depth, type.WireLabel());
         break;
     }
     if (!payload.IsEmpty())
@@ -246,12 +247,15 @@ void BinaryInspector::Payload(FileRange payload, const Field& type, int depth)
               QStringLiteral("bytes that are no part of %1").arg(type.WireLabel()));
 }
 
-void BinaryInspector::Bool(FileRange& payload, const Field& type, int depth)
+void BinaryInspector::Bool(FileRange& payload, int depth, const QString& name)
 {
-    if (payload.IsEmpty())
-        Fault(payload, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for %1").arg(type.WireLabel()));
-    else
-        HandOut(Kind::Bool, payload.Take(1), depth, type.WireLabel());
+    if (payload.IsEmpty()) {
+        Fault(payload, depth, LENGTH_MISMATCH, QStringLiteral("too few bytes for %1").arg(name));
+        return;
+    }
+    Event event = FieldOf(Kind::Bool, payload.Take(1), depth, name);
+    GiveValue(event, Role::Value, Describe(event));
+    Visit(event);
 }
 
 void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
@@ -267,7 +271,7 @@ void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
     const FieldPath whole = m_path;
     int number = 0;
     while (number < count && !payload.IsEmpty()) {
-        const int index = m_counts.Next(whole);
+        const int index = NextItem(whole);
         m_path.SetIndex(index);
         ++number;
         const auto body = Counted(payload, Kind::Length, depth + 1, list.Object().Label(), index + 1);
@@ -282,47 +286,25 @@ void BinaryInspector::Items(FileRange& payload, const Field& list, int depth)
 
 void BinaryInspector::HandOut(Kind kind, const FileRange& bytes, int depth, const QString& name)
 {
-    HandOut(EventOf(kind, bytes, depth, name));
+    Visit(FieldOf(kind, bytes, depth, name));
 }
 
-void BinaryInspector::HandOut(Event event)
+Event BinaryInspector::FieldOf(Kind kind, const FileRange& bytes, int depth, const QString& name) const
 {
-    m_hasFault = m_hasFault || event.IsFaulty();
+    Event event = EventOf(kind, bytes.Offset(), bytes.Offset() + bytes.Size());
+    event.bytes = bytes;
+    event.depth = depth;
+    event.name = name;
     event.isInReport = m_isInBody;
     event.path = &m_path;
-    event.place = event.begin;
-    event.contentBegin = event.begin;
-    if (m_isInBody && event.role == Role::None)
-        GiveRole(event);
-    Visit(event);
-}
-
-/// An object begins with its tag, an item with its length. A text takes the place of its size, behind which it stands.
-void BinaryInspector::GiveRole(Event& event) const
-{
-    if (event.kind == Kind::Length && m_path.IsItem()) {
-        event.role = Role::Object;
-        event.readTo = event.end + static_cast<qint32>(event.bytes.Word());
-    } else if (event.kind == Kind::Tag) {
-        event.role = event.IsOfValue() ? Role::Element : Role::Object;
-    } else if (!event.IsOfValue()) {
-        return;
-    } else if (event.kind == Kind::SizeOfUtf8 || event.kind == Kind::SizeOfUtf16) {
-        GiveValue(event, Role::Size, QLatin1String(""));
-    } else if (event.kind == Kind::Utf8) {
-        GiveValue(event, Role::Value, event.bytes.Utf8());
-    } else if (event.kind == Kind::Utf16) {
-        GiveValue(event, Role::Value, event.bytes.Utf16());
-    } else if (event.kind == Kind::Bool) {
-        GiveValue(event, Role::Value, Describe(event));
-    }
+    return event;
 }
 
 void BinaryInspector::Fault(const FileRange& bytes, int depth, const char* fault, const QString& text)
 {
-    Event event = EventOf(Kind::Other, bytes, depth, QString());
+    Event event = FieldOf(Kind::Other, bytes, depth, QString());
     GiveFault(event, fault, text);
-    HandOut(std::move(event));
+    Visit(event);
 }
 
 void BinaryInspector::Behind(const FileRange& bytes, int depth)

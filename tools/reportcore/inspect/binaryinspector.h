@@ -2,7 +2,6 @@
 #define REPORTCORE_INSPECT_BINARYINSPECTOR_H
 
 #include <reportcore/inspect/inspector.h>
-#include <reportcore/inspect/itemcounts.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -53,35 +52,32 @@ public:
     /// Where these begin: in the array, or 0 where they were compressed.
     qint64 BodyOffset() const { return m_body.Offset(); }
 
-    /// Whether a fault has come up so far.
-    bool HasFault() const { return m_hasFault; }
-
-    FilePlace PlaceOf(qint64 position) const override { return {0, 0, position, m_isCompressed}; }
+    FilePlace PlaceOf(qint64 position) const override
+    {
+        return {0, 0, position, m_isCompressed && m_isInBody};
+    }
 
 private:
     std::optional<FileRange> Counted(FileRange& range, Event::Kind kind, int depth, const QString& name,
                                      qint64 number = 0);
-    FileRange Text(FileRange& range, Event::Kind sizeKind, const QString& name, int depth);
+    FileRange CountedText(FileRange& range, Event::Kind sizeKind, int depth, const QString& name);
     void Uncompress(FileRange data, int depth);
     void Elements(FileRange range, const ObjectInfo* object, int depth);
     void Element(FileRange& range, const ObjectInfo* object, int depth);
     void Payload(FileRange payload, const Field& type, int depth);
-    void Bool(FileRange& payload, const Field& type, int depth);
+    void Bool(FileRange& payload, int depth, const QString& name);
     void Items(FileRange& payload, const Field& list, int depth);
+    Event FieldOf(Event::Kind kind, const FileRange& bytes, int depth, const QString& name) const;
     void HandOut(Event::Kind kind, const FileRange& bytes, int depth, const QString& name);
-    void HandOut(Event event);
-    void GiveRole(Event& event) const;
     void Fault(const FileRange& bytes, int depth, const char* fault, const QString& text);
     void Behind(const FileRange& bytes, int depth);
 
     FileRange m_all;
     bool m_isBinaryFile;
     bool m_isCompressed = false;
-    bool m_hasFault = false;
     bool m_isInBody = false;
     int m_depth = 0;
     FieldPath m_path;
-    ItemCounts m_counts;
     QString m_objectName;
     QByteArray m_uncompressed;
     FileRange m_representation;

@@ -9,6 +9,8 @@
 
 namespace ReportCore {
 
+class Inspector;
+
 /// What an inspector has come to in a file, in whichever form. Positions are those of bytes or, of XML, of units of its
 /// text as `DecodeXml` gives it and as Qt's reader counts them.
 struct Event
@@ -37,7 +39,8 @@ struct Event
         SurroundingEnd,
         AnotherReport, ///< the start tag of a report behind the first; of what stands in it, only entities come up
         AnotherReportEnd,
-        Entity, ///< one that nobody knows
+        Malformed, ///< it is not well-formed from here on
+        Entity,    ///< one that nobody knows
 
         // Of the first report in them
 
@@ -64,6 +67,7 @@ struct Event
         Unknown ///< begins an element that nobody knows
     };
 
+    const Inspector* inspector = nullptr;
     Kind kind = Kind::Other;
     Role role = Role::None;
     qint64 begin = 0;
@@ -101,9 +105,6 @@ struct Event
     QString faultText = {}; ///< what is wrong with it
 
     bool IsFaulty() const { return *fault != '\0'; }
-
-    /// Whether it belongs to a field that holds a value.
-    bool IsOfValue() const { return path && !path->IsEmpty() && !path->Last().field->HasObjects(); }
 
     /// Whether it is the value of a number.
     bool IsNumber() const { return role == Role::Value && path->Last().field->Kind() == FieldKind::Number; }

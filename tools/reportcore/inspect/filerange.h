@@ -13,7 +13,7 @@ class FileRange
 {
 public:
     FileRange() = default;
-    explicit FileRange(const QByteArray& bytes);
+    explicit FileRange(const QByteArray& bytes) : m_data(bytes.constData()), m_end(bytes.size()) {}
 
     /// Of the first byte, counted from the start of the array.
     qint64 Offset() const { return m_begin; }
@@ -47,14 +47,26 @@ public:
     quint8 At(qint64 index) const { return static_cast<quint8>(m_data[m_begin + index]); }
 
     /// The bytes themselves, not a copy.
-    QByteArray Bytes() const;
+    QByteArray Bytes() const { return QByteArray::fromRawData(m_data + m_begin, Count()); }
 
-    QString Utf8() const;
+    QString Utf8() const { return QString::fromUtf8(m_data + m_begin, Count()); }
 
     /// UTF-16 with the most significant byte first; an odd last byte is left out.
-    QString Utf16() const;
+    QString Utf16() const
+    {
+        const auto count = Count() / int(sizeof(QChar));
+        if (count == 0)
+            return QString();
+        QString text(count, Qt::Uninitialized);
+        qFromBigEndian<quint16>(m_data + m_begin, count, text.data());
+        return text;
+    }
 
 private:
+    using ByteCount = decltype(QByteArray().size()); ///< `int` in Qt 5, `qsizetype` in Qt 6
+
+    ByteCount Count() const { return static_cast<ByteCount>(Size()); }
+
     const char* m_data = nullptr;
     qint64 m_begin = 0;
     qint64 m_end = 0;

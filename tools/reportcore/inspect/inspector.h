@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <unordered_map>
 
 namespace ReportCore {
 
@@ -19,16 +20,11 @@ class Inspector
 public:
     using Visitor = std::function<void(const Event& event)>;
 
-    /// How far it goes in XML; binary forms hold one report.
-    enum class Extent
-    {
-        FirstReport, ///< up to its end
-        Document
-    };
-
     /// The one for the form. The bytes must outlive it.
-    static std::unique_ptr<Inspector> Of(const QByteArray& bytes, const FileForm& form, Visitor visit,
-                                         Extent extent = Extent::FirstReport);
+    static std::unique_ptr<Inspector> Of(const QByteArray& bytes, const FileForm& form, Visitor visit);
+
+    /// Of a document in whichever encoding.
+    static std::unique_ptr<Inspector> OfXml(const QByteArray& bytes, Visitor visit);
 
     virtual ~Inspector();
     Inspector(const Inspector& other) = delete;
@@ -39,14 +35,36 @@ public:
     /// The place of a position in the report.
     virtual FilePlace PlaceOf(qint64 position) const = 0;
 
+    /// Of XML.
+    virtual QString Text() const { return {}; }
+
 protected:
     explicit Inspector(Visitor visit);
 
+    static const FieldPath& NoPath();
+
+    /// One that belongs to nothing.
+    Event EventOf(Event::Kind kind, qint64 begin, qint64 end) const;
+
     void Visit(const Event& event) { m_visit(event); }
+
+    /// The index of the next item of the list. A list may come several times: its items go on where they had got to, unless
+    /// the object that holds it is emptied in between.
+    int NextItem(const FieldPath& list) { return m_counts[list]++; }
+
+    /// The object holds no items any more.
+    void Empty(const FieldPath& object);
+
+    /// The object has read this version of the format: one older than its own empties it.
+    void TakeVersion(const FieldPath& object, const Field& version, const QString& text);
 
 private:
     Visitor m_visit;
+    std::unordered_map<FieldPath, int, FieldPathHash> m_counts;
 };
+
+/// A problem that is about an event and its field or object. It stands where the event begins.
+Problem ProblemOf(const Event& event, const char* name, const QString& text, const QString& value = {});
 
 } // namespace ReportCore
 

@@ -1,70 +1,41 @@
 #ifndef REPORTCORE_INSPECT_SOURCEMAP_H
 #define REPORTCORE_INSPECT_SOURCEMAP_H
 
-#include <reportcore/inspect/inspector.h>
+#include <reportcore/form.h>
+#include <reportcore/problem.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
 
-#include <memory>
+#include <QtCore/QByteArray>
+
 #include <optional>
-#include <unordered_map>
+#include <vector>
 
 namespace ReportCore {
 
-/// A value or an object as it stands in a file.
-struct SourceEntry
+/// A problem whose place in a file is still to be found.
+struct Finding
 {
-    FilePlace place;
-    FieldPath path;
+    Problem problem;
 
-    /// The value as it was found, null of an object.
-    QString value;
+    /// What it is about; nothing where that isn't known.
+    std::optional<FieldPath> path = {};
+
+    /// How far a reader had got when it told of it: units of the text, as Qt's reader counts them, or bytes of the file or
+    /// of the uncompressed data; -1 where nobody knows.
+    qint64 end = -1;
 };
 
-/// Finds the values and objects of a report in its bytes: those that are asked for, in one pass.
-class SourceMap
-{
-public:
-    // What is asked for
+using Findings = std::vector<Finding>;
 
-    /// What ends where a reader had got to when it told something: units of the text, as Qt's reader counts them, or bytes
-    /// of the file or of the uncompressed data.
-    void WantEnd(qint64 end);
+/// Finds the values and objects in the bytes that the findings are about, in one pass, and completes their problems.
+///
+/// What has a path gets the place and the value that stand there, or the place of the innermost object around it that
+/// stands in the file. What only has an end gets path, place and value of what ends there: of the innermost, or of the
+/// object when the problem is that one is incomplete. Where nothing ends, it gets the place of the end.
+void Locate(Findings& findings, const QByteArray& bytes, const FileForm& form);
 
-    /// What stands at the path, and the objects that hold it.
-    void WantPath(const FieldPath& path);
-
-    /// The pass. The bytes must outlive this.
-    void Search(const QByteArray& bytes, const FileForm& form);
-
-    // What was found
-
-    /// Of several the innermost, or the object when `isObject` is true; null where nothing ends.
-    const SourceEntry* FindEnd(qint64 end, bool isObject) const;
-
-    /// Null when it doesn't stand in the file.
-    const SourceEntry* FindPath(const FieldPath& path) const;
-
-    /// Gives a problem the path, and its place and value in the file, or the place of the innermost object around it that
-    /// stands there.
-    void Locate(Problem& problem, const FieldPath& path) const;
-
-    /// The place of an end.
-    FilePlace PlaceOf(qint64 end) const { return m_inspector->PlaceOf(end); }
-
-private:
-    void Take(const Event& event);
-
-    struct Ending
-    {
-        std::optional<SourceEntry> value;
-        std::optional<SourceEntry> object;
-    };
-
-    std::unordered_map<qint64, Ending> m_ends;
-    std::unordered_map<FieldPath, SourceEntry, FieldPathHash> m_paths;
-    std::unique_ptr<Inspector> m_inspector;
-};
+Problems ProblemsOf(const Findings& findings);
 
 } // namespace ReportCore
 

@@ -34,31 +34,30 @@ FilePlace SourceText::PlaceOf(qint64 position) const
     return place;
 }
 
-qint64 sourcetext::StartOfTag(const QString& text, qint64 end)
+qint64 SourceText::StartOfTag(qint64 end) const
 {
-    if (end <= 0 || end > text.size())
+    if (end <= 0 || end > m_text.size())
         return end;
     // No tag has another "<" in it.
-    const auto start = text.lastIndexOf(QLatin1Char('<'), static_cast<int>(end) - 1);
+    const auto start = m_text.lastIndexOf(QLatin1Char('<'), static_cast<int>(end) - 1);
     return start < 0 ? end : start;
 }
 
-sourcetext::Attribute sourcetext::FindAttribute(const QString& text, qint64 begin, qint64 end,
-                                                const QString& name)
+SourceText::Attribute SourceText::FindAttribute(qint64 begin, qint64 end, const QString& name) const
 {
-    for (auto i = text.indexOf(name, static_cast<int>(begin)); i >= 0 && i < end;
-         i = text.indexOf(name, i + 1)) {
+    for (auto i = m_text.indexOf(name, static_cast<int>(begin)); i >= 0 && i < end;
+         i = m_text.indexOf(name, i + 1)) {
         auto next = i + name.size();
-        while (next < end && IsXmlBlank(text.at(next).unicode()))
+        while (next < end && IsXmlBlank(m_text.at(next).unicode()))
             ++next;
         const bool isName =
-            IsXmlBlank(text.at(i - 1).unicode()) && next < end && text.at(next) == QLatin1Char('=');
+            IsXmlBlank(m_text.at(i - 1).unicode()) && next < end && m_text.at(next) == QLatin1Char('=');
         if (!isName)
             continue;
         do
             ++next;
-        while (next < end && IsXmlBlank(text.at(next).unicode()));
-        const auto close = next < end ? text.indexOf(text.at(next), next + 1) : -1;
+        while (next < end && IsXmlBlank(m_text.at(next).unicode()));
+        const auto close = next < end ? m_text.indexOf(m_text.at(next), next + 1) : -1;
         return {i, close < 0 ? end : std::min<qint64>(close + 1, end), next + 1};
     }
     return {begin, end, begin};

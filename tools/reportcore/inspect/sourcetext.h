@@ -22,6 +22,20 @@ public:
     /// Of a position in units of the text.
     FilePlace PlaceOf(qint64 position) const;
 
+    /// Where the start tag begins that ends there.
+    qint64 StartOfTag(qint64 end) const;
+
+    /// An attribute as it stands in a start tag.
+    struct Attribute
+    {
+        qint64 begin = 0;
+        qint64 end = 0;
+        qint64 valueBegin = 0;
+    };
+
+    /// The attribute of that name in the start tag between them; the tag itself where it isn't found.
+    Attribute FindAttribute(qint64 begin, qint64 end, const QString& name) const;
+
 private:
     void FindLines() const;
 
@@ -32,23 +46,6 @@ private:
     mutable std::vector<qint64> m_secondUnits;
 };
 
-namespace sourcetext {
-
-/// Where the start tag begins that ends there.
-qint64 StartOfTag(const QString& text, qint64 end);
-
-/// An attribute as it stands in a start tag.
-struct Attribute
-{
-    qint64 begin = 0;
-    qint64 end = 0;
-    qint64 valueBegin = 0;
-};
-
-/// The attribute of that name in the start tag between them; the tag itself where it isn't found.
-Attribute FindAttribute(const QString& text, qint64 begin, qint64 end, const QString& name);
-
-} // namespace sourcetext
 } // namespace ReportCore
 
 #endif

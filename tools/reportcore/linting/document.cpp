@@ -6,9 +6,7 @@
 #include <reportgenerator/reflection/reportfields.h>
 
 #include <cmath>
-#include <memory>
 #include <unordered_set>
-#include <utility>
 
 namespace ReportCore {
 
@@ -21,22 +19,6 @@ namespace {
 class DocumentLint
 {
 public:
-    DocumentLint(const QByteArray& bytes, const FileForm& form)
-        : m_inspector(Inspector::Of(
-              bytes, form, [this](const Event& event) { Take(event); }, Inspector::Extent::Document))
-    {
-    }
-
-    Problems Find()
-    {
-        m_inspector->Run();
-        // It doesn't matter where there is a report after all.
-        if (!m_hasReport && !m_misspeltRoot.name.isEmpty())
-            m_problems.push_back(m_misspeltRoot);
-        return std::move(m_problems);
-    }
-
-private:
     void Take(const Event& event)
     {
         m_hasReport = m_hasReport || event.isInReport;
@@ -45,8 +27,9 @@ private:
             TakeSurrounding(event);
             break;
         case Kind::AnotherReport:
-            Add(SECOND_REPORT, QStringLiteral("only the first report of a document is read"), event,
-                event.name);
+            m_problems.push_back(ProblemOf(event, SECOND_REPORT,
+                                           QStringLiteral("only the first report of a document is read"),
+                                           event.name));
             break;
         case Kind::UnknownTag:
             TakeUnknown(Place::Element, event);
@@ -55,8 +38,9 @@ private:
             TakeUnknown(Place::Attribute, event);
             break;
         case Kind::Entity:
-            Add(UNRESOLVED_ENTITY, QStringLiteral("the entity is not known and left out"), event,
-                QStringLiteral("&%1;").arg(event.name));
+            m_problems.push_back(ProblemOf(event, UNRESOLVED_ENTITY,
+                                           QStringLiteral("the entity is not known and left out"),
+                                           QStringLiteral("&%1;").arg(event.name)));
             break;
         case Kind::EndTag:
             LeaveElement(event);
@@ -70,6 +54,16 @@ private:
             TakeNumber(event);
     }
 
+    Problems Found() const
+    {
+        Problems problems = m_problems;
+        // It doesn't matter where there is a report after all.
+        if (!m_hasReport && !m_misspeltRoot.name.isEmpty())
+            problems.push_back(m_misspeltRoot);
+        return problems;
+    }
+
+private:
     void TakeSurrounding(const Event& event)
     {
         const QString& known = ReportInfo().ObjectName();
@@ -87,8 +81,8 @@ private:
     void EnterElement(const Event& event)
     {
         if (!m_seen.insert(*event.path).second)
-            Add(REPEATED_ELEMENT, QStringLiteral("%1 comes a second time").arg(Subject(event)), event,
-                QString());
+            m_problems.push_back(ProblemOf(event, REPEATED_ELEMENT,
+                                           QStringLiteral("%1 comes a second time").arg(Subject(event))));
     }
 
     /// In XML an object that comes once more is odd as a whole, and what stands in it comes for the first time.
@@ -112,24 +106,18 @@ private:
             return;
         const QString words = isNumber ? QStringLiteral("%1 is no finite number")
                                        : QStringLiteral("%1 is no number and reads as 0");
-        m_problems.push_back({QLatin1String(NOT_A_NUMBER), words.arg(event.path->Last().field->Name()),
-                              m_inspector->PlaceOf(event.contentBegin), event.path->Text(), event.value});
-    }
-
-    Problem Misspelt(const Event& event, const QString& known) const
-    {
-        return {QLatin1String(MISSPELT_NAME),
-                QStringLiteral("there is no %1, did you mean '%2'?").arg(Subject(event), known),
-                m_inspector->PlaceOf(event.begin), event.path->Text(), event.name};
-    }
-
-    void Add(const char* name, const QString& text, const Event& event, const QString& value)
-    {
         m_problems.push_back(
-            {QLatin1String(name), text, m_inspector->PlaceOf(event.begin), event.path->Text(), value});
+            ProblemOf(event, NOT_A_NUMBER, words.arg(event.path->Last().field->Name()), event.value));
+        m_problems.back().place = event.inspector->PlaceOf(event.contentBegin);
     }
 
-    std::unique_ptr<Inspector> m_inspector;
+    static Problem Misspelt(const Event& event, const QString& known)
+    {
+        return ProblemOf(event, MISSPELT_NAME,
+                         QStringLiteral("there is no %1, did you mean '%2'?").arg(Subject(event), known),
+                         event.name);
+    }
+
     bool m_hasReport = false;
     std::unordered_set<FieldPath, FieldPathHash> m_seen; ///< elements that come once, and have come
     Problem m_misspeltRoot;
@@ -140,7 +128,9 @@ private:
 
 Problems FindDocumentLint(const QByteArray& bytes, const FileForm& form)
 {
-    return DocumentLint(bytes, form).Find();
+    DocumentLint lint;
+    Inspector::Of(bytes, form, [&lint](const Event& event) { lint.Take(event); })->Run();
+    return lint.Found();
 }
 
 } // namespace ReportCore

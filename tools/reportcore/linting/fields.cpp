@@ -16,18 +16,8 @@ using REPORTGENERATOR::IRGObject;
 
 namespace {
 
-/// A finding about a field, whose place is looked for afterwards.
-struct FieldLintRule
-{
-    FieldPath path;
-    const char* name;
-    QString text;
-};
-
-using FieldLint = std::vector<FieldLintRule>;
-
 /// Bounds are fields that bear these names; what they bound is the field "value" beside them.
-void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath& path, FieldLint& lint)
+void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath& path, Findings& lint)
 {
     static const QString MIN = QStringLiteral("min");
     static const QString MAX = QStringLiteral("max");
@@ -40,7 +30,7 @@ void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath
                           double right) {
         FieldPath fieldPath = path;
         fieldPath.Enter(*info.FindName(about));
-        lint.push_back({fieldPath, warning, words.arg(NumberText(left), NumberText(right))});
+        lint.push_back({{QLatin1String(warning), words.arg(NumberText(left), NumberText(right))}, fieldPath});
     };
     const std::optional<double> min = number(MIN);
     const std::optional<double> max = number(MAX);
@@ -57,7 +47,7 @@ void LintBounds(const IRGObject& object, const ObjectInfo& info, const FieldPath
         warn(VALUE, OUTSIDE_BOUNDS, QStringLiteral("value %1 is above max %2"), *value, *max);
 }
 
-void LintRing(const IRGObject& parent, const FieldPath& path, Look look, FieldLint& lint)
+void LintRing(const IRGObject& parent, const FieldPath& path, Look look, Findings& lint)
 {
     const Field& list = *path.Last().field;
     constexpr std::size_t FEWEST = 3;
@@ -66,21 +56,22 @@ void LintRing(const IRGObject& parent, const FieldPath& path, Look look, FieldLi
     // What is no point has been told by the check.
     const Points ring = RingOf(parent, list);
     if (ring.size() < FEWEST && list.IsSetIn(parent))
-        lint.push_back(
-            {path, TOO_FEW_POINTS, QStringLiteral("%1 different points surround nothing").arg(ring.size())});
+        lint.push_back({{QLatin1String(TOO_FEW_POINTS),
+                         QStringLiteral("%1 different points surround nothing").arg(ring.size())},
+                        path});
     if (const std::optional<EdgePair> pair = FindCrossing(ring)) {
         FieldPath item = path;
         item.SetIndex(pair->first);
-        lint.push_back({item, CROSSING_EDGES,
-                        QStringLiteral("the edges behind %1 %2 and %3 meet")
-                            .arg(list.Name())
-                            .arg(pair->first + 1)
-                            .arg(pair->second + 1)});
+        lint.push_back({{QLatin1String(CROSSING_EDGES), QStringLiteral("the edges behind %1 %2 and %3 meet")
+                                                            .arg(list.Name())
+                                                            .arg(pair->first + 1)
+                                                            .arg(pair->second + 1)},
+                        item});
     }
 }
 
 /// Warnings about an object and what it holds.
-void LintFields(const IRGObject& object, const ObjectInfo& info, FieldPath& path, Look look, FieldLint& lint)
+void LintFields(const IRGObject& object, const ObjectInfo& info, FieldPath& path, Look look, Findings& lint)
 {
     LintBounds(object, info, path, lint);
     for (const auto& field : info.All()) {
@@ -103,21 +94,11 @@ void LintFields(const IRGObject& object, const ObjectInfo& info, FieldPath& path
 
 Problems FindFieldLint(const QByteArray& bytes, const ReportFile& file, Look look)
 {
-    FieldLint lint;
+    Findings lint;
     FieldPath path;
     LintFields(file.report, ReportInfo(), path, look, lint);
-    if (lint.empty())
-        return {};
-    SourceMap map;
-    for (const FieldLintRule& warning : lint)
-        map.WantPath(warning.path);
-    map.Search(bytes, file.form);
-    Problems problems;
-    for (const FieldLintRule& warning : lint) {
-        problems.push_back({QLatin1String(warning.name), warning.text});
-        map.Locate(problems.back(), warning.path);
-    }
-    return problems;
+    Locate(lint, bytes, file.form);
+    return ProblemsOf(lint);
 }
 
 } // namespace ReportCore

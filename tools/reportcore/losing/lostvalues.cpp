@@ -1,6 +1,6 @@
 #include <reportcore/losing/lostvalues.h>
 
-#include <reportcore/inspect/sourcemap.h>
+#include <reportcore/losses.h>
 
 #include <reportgenerator/reflection/reportfields.h>
 #include <reportgenerator/reflection/texts.h>
@@ -67,72 +67,54 @@ bool Follows(const FieldPath& next, const FieldPath& item)
 
 } // namespace
 
-void LostValues::Take(const Event& event, const Inspector& inspector)
+void LostValues::Take(const Event& event)
 {
     const FieldPath& path = *event.path;
     if (path.Last().field->Kind() == FieldKind::Version)
         return;
     const QVariant value = ValueAt(m_file.report, path);
-    if (IsSame(event, value))
-        return;
-    const FilePlace place = inspector.PlaceOf(event.place);
-    if (IsParentLost(path, place))
+    if (IsSame(event, value) || IsParentLost(path))
         return;
     const QString was = QStringLiteral("%1 %2").arg(path.Text(), Quoted(event.value));
-    m_lost.push_back({path, path, place,
-                      value.isValid() ? QStringLiteral("%1 becomes %2").arg(was, ValueText(value)) : was,
-                      event.value});
+    const QString text = value.isValid() ? QStringLiteral("%1 becomes %2").arg(was, ValueText(value)) : was;
+    m_lost.push_back({ProblemOf(event, LOST_VALUE, text, event.value)});
+    m_lost.back().problem.place = event.inspector->PlaceOf(event.place);
+    m_last = path;
 }
 
 /// The outermost object that isn't there takes all that it held with it.
-bool LostValues::IsParentLost(const FieldPath& path, const FilePlace& place)
+bool LostValues::IsParentLost(const FieldPath& path)
 {
     FieldPath object;
     for (int i = 0; i + 1 < path.Size(); ++i) {
         object.Enter(*path.At(i).field, path.At(i).index);
         if (!IsSet(m_file.report, object)) {
-            Lose(object, place);
+            Lose(object);
             return true;
         }
     }
     return false;
 }
 
-void LostValues::Lose(const FieldPath& object, const FilePlace& place)
+void LostValues::Lose(const FieldPath& object)
 {
-    if (!m_lost.empty() && m_lost.back().last == object)
+    if (object == m_last)
         return;
-    if (!m_lost.empty() && Follows(object, m_lost.back().last))
-        m_lost.back().last = object;
+    if (Follows(object, m_last))
+        m_lost.back().problem.text =
+            QStringLiteral("%1 to %2").arg(m_lost.back().path->Text(), object.Text());
     else
-        m_lost.push_back({object, object, place, QString(), QString()});
+        m_lost.push_back(
+            {{QLatin1String(LOST_VALUE),
+              object.IsItem() ? object.Text() : QStringLiteral("the ") + object.Last().field->Label()},
+             object});
+    m_last = object;
 }
 
-QString LostValues::TextOf(const Lost& lost)
+Problems LostValues::Find(const QByteArray& bytes)
 {
-    if (!lost.text.isNull())
-        return lost.text;
-    if (!lost.path.IsItem())
-        return QStringLiteral("the ") + lost.path.Last().field->Label();
-    return lost.path == lost.last ? lost.path.Text()
-                                  : QStringLiteral("%1 to %2").arg(lost.path.Text(), lost.last.Text());
-}
-
-Problems LostValues::Find(const QByteArray& bytes) const
-{
-    SourceMap map;
-    for (const Lost& lost : m_lost) {
-        if (lost.text.isNull())
-            map.WantPath(lost.path);
-    }
-    map.Search(bytes, m_file.form);
-    Problems problems;
-    for (const Lost& lost : m_lost) {
-        const SourceEntry* const entry = lost.text.isNull() ? map.FindPath(lost.path) : nullptr;
-        problems.push_back({QLatin1String(LOST_VALUE), TextOf(lost), entry ? entry->place : lost.place,
-                            lost.path.Text(), lost.value});
-    }
-    return problems;
+    Locate(m_lost, bytes, m_file.form);
+    return ProblemsOf(m_lost);
 }
 
 } // namespace ReportCore

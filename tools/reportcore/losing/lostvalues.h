@@ -2,11 +2,10 @@
 #define REPORTCORE_LOSING_LOSTVALUES_H
 
 #include <reportcore/inspect/inspector.h>
-#include <reportcore/losses.h>
+#include <reportcore/inspect/sourcemap.h>
+#include <reportcore/reportfile.h>
 
 #include <reportgenerator/reflection/fieldpath.h>
-
-#include <vector>
 
 namespace ReportCore {
 
@@ -16,29 +15,20 @@ class LostValues
 public:
     explicit LostValues(const ReportFile& file) : m_file(file) {}
 
-    /// One that the inspector has come to.
-    void Take(const Event& event, const Inspector& inspector);
+    /// One that an inspector has come to.
+    void Take(const Event& event);
 
     /// Those that are not in the report, or as others. What an object held that isn't there is one of them, and so are
     /// items that follow each other. The bytes are searched for where objects begin.
-    Problems Find(const QByteArray& bytes) const;
+    Problems Find(const QByteArray& bytes);
 
 private:
-    struct Lost
-    {
-        FieldPath path;
-        FieldPath last; ///< of items that follow each other
-        FilePlace place;
-        QString text;
-        QString value;
-    };
-
-    bool IsParentLost(const FieldPath& path, const FilePlace& place);
-    void Lose(const FieldPath& object, const FilePlace& place);
-    static QString TextOf(const Lost& lost);
+    bool IsParentLost(const FieldPath& path);
+    void Lose(const FieldPath& object);
 
     const ReportFile& m_file;
-    std::vector<Lost> m_lost;
+    Findings m_lost;  ///< objects with their paths
+    FieldPath m_last; ///< the last of them
 };
 
 } // namespace ReportCore

@@ -3,27 +3,15 @@
 
 #include <reportcore/inspect/sourcemap.h>
 #include <reportcore/problem.h>
-#include <reportcore/problemlogger.h>
 
-#include <reportgenerator/reflection/fieldpath.h>
 #include <reportgenerator/reportbase/reportbase.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QString>
 
+#include <cstddef>
 #include <functional>
-#include <vector>
 
 namespace ReportCore {
-
-/// A field that the library's check complains about.
-struct Complaint
-{
-    FieldPath path;
-    QString text;
-};
-
-using Complaints = std::vector<Complaint>;
 
 /// What the reader has refused, and what the check says of the outcome, becomes one list in which nothing is told
 /// twice.
@@ -38,20 +26,15 @@ public:
     /// Whether the reading came to its end, and there is a report.
     bool IsRead() const { return m_isRead; }
 
-    bool HasFindings() const { return !m_read.empty() || !m_checked.empty(); }
+    bool HasFindings() const { return !m_findings.empty(); }
 
-    /// All of it, with its places in the bytes that were read, which must outlive this.
+    /// All of it, with its places in the bytes that were read.
     Problems Find(const QByteArray& bytes, const FileForm& form);
 
-    /// Knows these bytes after `Find`.
-    const SourceMap& Places() const { return m_map; }
-
 private:
-    LogRecords m_read;
-    LogRecords m_checked;
+    Findings m_findings;              ///< of the reader, then of the check
+    std::size_t m_countOfReading = 0; ///< those of the reader
     bool m_isRead = false;
-    Complaints m_complaints; ///< one for each record of the check, or none where that isn't certain
-    SourceMap m_map;
 };
 
 } // namespace ReportCore

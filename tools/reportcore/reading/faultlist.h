@@ -32,14 +32,11 @@ private:
     {
         if (event.kind == Event::Kind::Utf16 && !event.isInReport)
             m_lastText = event.begin;
-        const QLatin1String fault(event.fault);
-        const bool isBehind = fault == QLatin1String(TRAILING_DATA);
+        const bool isBehind = QLatin1String(event.fault) == QLatin1String(TRAILING_DATA);
         if (!event.IsFaulty() || (m_hasFault && !isBehind))
             return;
         m_hasFault = m_hasFault || !isBehind;
-        const FilePlace place =
-            event.isInReport ? m_inspector.PlaceOf(event.begin) : FilePlace{0, 0, event.begin};
-        m_problems.push_back({fault, DescribeFault(event), place, event.path->Text()});
+        m_problems.push_back(ProblemOf(event, event.fault, DescribeFault(event)));
     }
 
     BinaryInspector m_inspector;

@@ -100,9 +100,8 @@ public:
 struct XmlReading
 {
     bool hasReport = false;
-    qint64 root = 0;  ///< where the root element begins, or a little before
     QString trailing; ///< what is wrong behind the report
-    qint64 trailingAt = 0;
+    qint64 end = 0;   ///< of that, or of the root element's tag where there is no report
 };
 
 /// Reads on to the root element and returns its name; empty if there is none.
@@ -122,7 +121,7 @@ XmlReading ReadElement(XmlReport& report, QXmlStreamReader& reader, QString& roo
     XmlReading reading;
     const QString name = report.GetObjectName();
     rootName = FindRoot(reader);
-    reading.root = reader.characterOffset();
+    reading.end = reader.characterOffset();
     if (rootName != name && !report.ReadXmlUntil(reader, name))
         return reading;
     reading.hasReport = true;
@@ -131,21 +130,21 @@ XmlReading ReadElement(XmlReport& report, QXmlStreamReader& reader, QString& roo
         reader.readNext();
     if (reader.hasError()) {
         reading.trailing = reader.errorString();
-        reading.trailingAt = reader.characterOffset();
+        reading.end = reader.characterOffset();
     }
     return reading;
 }
 
 /// The reader decodes more than it reads, and notices at once what is wrong with any of it. Such a problem is about the
 /// bytes that are.
-void FindWrongEncoding(const QByteArray& bytes, const SourceMap& places, Problems& problems)
+void FindWrongEncoding(const QByteArray& bytes, Problems& problems)
 {
     for (Problem& problem : problems) {
         if (problem.text != QLatin1String(WRONG_ENCODING))
             continue;
         const qint64 position = FindUndecodable(bytes);
         if (position >= 0)
-            problem.place = places.PlaceOf(position);
+            problem.place = SourceText(bytes).PlaceOf(position);
     }
 }
 
@@ -172,17 +171,16 @@ void ReadXmlDiagnosing(const QByteArray& bytes, ReportFile& file)
     if (reading.hasReport && !diagnostics.HasFindings() && reading.trailing.isNull())
         return;
     file.problems = diagnostics.Find(bytes, file.form);
-    const SourceMap& places = diagnostics.Places();
     if (!reading.hasReport && !diagnostics.HasFindings()) {
-        const qint64 root = sourcetext::StartOfTag(DecodeXml(bytes), reading.root);
+        const SourceText source(bytes);
         file.problems.push_back({QLatin1String(NO_REPORT),
                                  QStringLiteral("there is no element '%1'").arg(report.GetObjectName()),
-                                 places.PlaceOf(root), QString(), file.objectName});
+                                 source.PlaceOf(source.StartOfTag(reading.end)), QString(), file.objectName});
     }
     if (!reading.trailing.isNull())
         file.problems.push_back(
-            {QLatin1String(TRAILING_DATA), reading.trailing, places.PlaceOf(reading.trailingAt)});
-    FindWrongEncoding(bytes, places, file.problems);
+            {QLatin1String(TRAILING_DATA), reading.trailing, SourceText(bytes).PlaceOf(reading.end)});
+    FindWrongEncoding(bytes, file.problems);
 }
 
 } // namespace ReportCore
