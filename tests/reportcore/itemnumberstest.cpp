@@ -94,6 +94,18 @@ TEST(ItemNumbers, CompleteSecondListIsNothingRepeated)
         EXPECT_NE(warning.name, QLatin1String(ReportCore::REPEATED_ELEMENT)) << warning.path.toStdString();
 }
 
+TEST(ItemNumbers, AnUnknownElementInAnItemDoesNotMoveIt)
+{
+    const auto incompletePoint = [](const Bytes& behind) {
+        const Bytes point = Support::Body(Support::Longitude("5.0") + behind);
+        const ReportFile file =
+            ReadReport(Plain(AreaElement(Version(u"1.0") + Name("Lake") + Coordinates(1, point))));
+        EXPECT_EQ(file.problems.size(), 1U);
+        return file.problems.empty() ? QString() : ReportCore::PlaceCode(file.problems.front().place);
+    };
+    EXPECT_TEXT(incompletePoint(Support::Element(7, Support::Int32(0))), incompletePoint(Bytes()));
+}
+
 TEST(ItemNumbers, SecondAreaInXmlGoesOnWithTheItemsOfTheFirst)
 {
     const auto point = [](const char* longitude, const char* latitude) {

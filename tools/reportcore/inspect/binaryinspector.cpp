@@ -131,7 +131,7 @@ std::optional<FileRange> BinaryInspector::Counted(FileRange& range, Kind kind, i
     const qint64 count = Claimed(kind, word.Word());
     Event size = FieldOf(kind, word, depth, name);
     size.number = number;
-    if (kind == Kind::Length && m_path.IsItem()) {
+    if (number > 0) {
         size.role = Role::Object;
         size.readTo = size.end + count;
     } else if (m_isInBody && IsSize(kind)) {
