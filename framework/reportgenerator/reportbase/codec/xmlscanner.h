@@ -52,7 +52,7 @@ public:
     bool EnterTag(const Name& name)
     {
         const Unit* const before = m_next;
-        if (SkipComments() && Take('<') && Take(name) && m_next != m_end &&
+        if (SkipBlanksAndComments() && Take('<') && Take(name) && m_next != m_end &&
             (*m_next == '>' || IsBlank(*m_next)))
             return true;
         m_next = before;
@@ -83,7 +83,7 @@ public:
     bool EndTag(const Name& name)
     {
         if (m_next[-1] == '>')
-            return SkipComments() && TakeEndTag(name);
+            return SkipBlanksAndComments() && TakeEndTag(name);
         SkipBlanks();
         return TakeEndTag(name);
     }
@@ -225,9 +225,17 @@ private:
 
     void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank<Unit>); }
 
+    /// Returns false at a comment in which something stands that may not.
+    bool SkipBlanksAndComments()
+    {
+        SkipBlanks();
+        const bool mayBeAtComment = m_end - m_next > 1 && m_next[1] == '!';
+        return !mayBeAtComment || SkipComments() != nullptr;
+    }
+
     /// Blanks and comments. Returns where the last comment ends, or else where the scanner stood; null at one in which
     /// something stands that may not.
-    const Unit* SkipComments()
+    Q_NEVER_INLINE const Unit* SkipComments()
     {
         const Unit* behind = m_next;
         for (SkipBlanks(); Take(COMMENT_BEGIN); SkipBlanks()) {
