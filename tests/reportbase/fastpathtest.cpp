@@ -8,6 +8,7 @@
 #include "support/scratchfile.h"
 
 #include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/reportbase/rgexception.h>
 
 #include <gtest/gtest.h>
 
@@ -156,6 +157,37 @@ TEST_P(FastPathForms, TakeMemoryAFewTimesWhenRead)
 
 INSTANTIATE_TEST_SUITE_P(Forms, FastPathForms, ::testing::ValuesIn(FORMS),
                          [](const auto& form) { return std::string(form.param.name); });
+
+TEST(FastPath, ReadsXmlWithCommentsBetweenItsTags)
+{
+    if (!Support::Allocations::AreCounted())
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
+    const ReportBase report = ReportOfManyPoints();
+    QString xml = report.GetXmlString();
+    xml.replace(QStringLiteral("<Coordinate>"), QStringLiteral("<!-- a point -->\n<!----> <Coordinate>"));
+    xml.replace(QStringLiteral("</Area>"), QStringLiteral("<!-- \u00e4 -->\n</Area><!-- <Area> -->"));
+    ReportBase read;
+    {
+        const Support::Allocations allocations;
+        EXPECT_TRUE(read.SetXmlString(xml, true));
+        EXPECT_LT(allocations.Count(), SOME);
+    }
+    EXPECT_EQ(read, report);
+}
+
+TEST(FastPath, LeavesMalformedCommentsToTheStreamPath)
+{
+    for (const QString& comment :
+         {QStringLiteral("<!-- -- -->"), QStringLiteral("<!-- --->"), QStringLiteral("<!-- \uFFFE -->"),
+          QStringLiteral("<!-- \x01 -->"), QStringLiteral("<!-- "), QStringLiteral("<!- a -->")}) {
+        SCOPED_TRACE(comment.toStdString());
+        const QString xml =
+            QStringLiteral("<ReportBase>%1<Frequency>5</Frequency></ReportBase>").arg(comment);
+        ReportBase report;
+        EXPECT_THROW(report.SetXmlString(xml, true), RGException);
+        EXPECT_FALSE(report.IsFrequencySet());
+    }
+}
 
 TEST(FastPath, LeavesTextsThatAreNoUtf8ToTheStreamPath)
 {
