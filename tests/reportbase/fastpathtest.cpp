@@ -164,8 +164,8 @@ TEST(FastPath, ReadsXmlWithCommentsBetweenItsTags)
         GTEST_SKIP() << Support::OTHER_ALLOCATOR;
     const ReportBase report = ReportOfManyPoints();
     QString xml = report.GetXmlString();
-    xml.replace(QStringLiteral("<Coordinate>"), QStringLiteral("<!-- a point -->\n<!----> <Coordinate>"));
-    xml.replace(QStringLiteral("</Area>"), QStringLiteral("<!-- \u00e4 -->\n</Area><!-- <Area> -->"));
+    xml.replace(QStringLiteral("<Coordinate>"), QStringLiteral("<!-- a\npoint -->\n<!----> <Coordinate>"));
+    xml.replace(QStringLiteral("</Area>"), QStringLiteral("<!-- \u00e4\n -->\n</Area><!-- <Area> -->"));
     ReportBase read;
     {
         const Support::Allocations allocations;
@@ -177,15 +177,26 @@ TEST(FastPath, ReadsXmlWithCommentsBetweenItsTags)
 
 TEST(FastPath, LeavesMalformedCommentsToTheStreamPath)
 {
+    const QString point =
+        QStringLiteral("<Coordinate><Longitude>1</Longitude><Latitude>2</Latitude></Coordinate>");
     for (const QString& comment :
          {QStringLiteral("<!-- -- -->"), QStringLiteral("<!-- --->"), QStringLiteral("<!-- \uFFFE -->"),
           QStringLiteral("<!-- \x01 -->"), QStringLiteral("<!-- "), QStringLiteral("<!- a -->")}) {
         SCOPED_TRACE(comment.toStdString());
-        const QString xml =
-            QStringLiteral("<ReportBase>%1<Frequency>5</Frequency></ReportBase>").arg(comment);
         ReportBase report;
-        EXPECT_THROW(report.SetXmlString(xml, true), RGException);
-        EXPECT_FALSE(report.IsFrequencySet());
+        EXPECT_THROW(report.SetXmlString(QStringLiteral("<ReportBase>%1<Area Version=\"1.0\"><Name>N</Name>%2"
+                                                        "</Area></ReportBase>")
+                                             .arg(comment, point),
+                                         true),
+                     RGException);
+        EXPECT_FALSE(report.IsAreaSet());
+        EXPECT_THROW(
+            report.SetXmlString(QStringLiteral("<ReportBase><Area Version=\"1.0\"><Name>N</Name>%2%1%2"
+                                               "</Area></ReportBase>")
+                                    .arg(comment, point),
+                                true),
+            RGException);
+        EXPECT_EQ(std::as_const(report).GetArea().GetCoordinate().size(), 1);
     }
 }
 
@@ -202,6 +213,10 @@ TEST(FastPath, LeavesTextsThatAreNoUtf8ToTheStreamPath)
                         "Encountered incorrectly encoded content.");
         EXPECT_FALSE(std::as_const(report).GetArea().IsNameSet());
     }
+    Support::OpenFile file("<ReportBase><!-- \xff --><Frequency>5</Frequency></ReportBase>");
+    ReportBase report;
+    EXPECT_RG_THROW(report.LoadXml(file.Get()), "RGException", "Encountered incorrectly encoded content.");
+    EXPECT_FALSE(report.IsFrequencySet());
 }
 
 } // namespace
