@@ -10,7 +10,6 @@ import hashlib
 import json
 import os
 import pickle
-import random
 import re
 import resource
 import shlex
@@ -334,7 +333,11 @@ def read_list():
 def choose(names, known, arguments):
     numbers = sorted(n for n, name in names.items() if re.search(arguments.only, name) and not name.startswith(COMPILED_ONLY))
     if not arguments.all:
-        chosen = random.Random(arguments.seed).sample(numbers, min(arguments.sample, len(numbers)))
+        # By their names, so that a change elsewhere in the library leaves the sample as it is.
+        def place(number):
+            return hashlib.sha256(f"{arguments.seed} {names[number]}".encode()).digest()
+
+        chosen = sorted(numbers, key=place)[: arguments.sample]
         # What is listed is tried each time, so that the list stays true.
         numbers = sorted({*chosen, *(n for n in numbers if names[n] in known)})
     return numbers
