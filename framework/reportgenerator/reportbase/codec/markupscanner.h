@@ -178,7 +178,6 @@ private:
         m_place = Place::StartTag;
         m_attributes = 0;
         m_namespaces = 0;
-        m_hasBlank = false;
     }
 
     void TakeOfTag(char character)
