@@ -189,6 +189,9 @@ TEST(Area, ElementsAreReadInAnyOrderAndTheLastTextAndAllCoordinatesCount)
 TEST(Area, WhatSettersRefuseIsRefusedInElementsWhenValidatingAndTakenAfterAWarningOtherwise)
 {
     const Bytes onlyLatitude = Support::Body(Element(Tag::COORDINATE_LATITUDE, ByteArray("3")));
+    // Together as long as two of the shortest.
+    const Bytes longPoint = Point("1.00000000000000", "2.00000000000000");
+    const Bytes onlyLongitude = Support::Body(Support::Longitude("3.00000000000000"));
     const auto read = [](Area& area, const Bytes& elements) { return ReadElements(area, elements); };
     ExpectRefused(read, {
                             {"null name",
@@ -210,6 +213,12 @@ TEST(Area, WhatSettersRefuseIsRefusedInElementsWhenValidatingAndTakenAfterAWarni
                              {INCOMPLETE_ITEM, INCOMPLETE_ITEM},
                              Named({{1.0, 2.0}}),
                              Named({{1.0, 2.0}, {NOT_SET, 3.0}, {}, {5.0, 6.0}})},
+                            {"incomplete point behind long numbers",
+                             Name("N") + Coordinates(2, longPoint + onlyLongitude),
+                             "IncompleteDefinitionException",
+                             {INCOMPLETE_ITEM},
+                             Named({{1.0, 2.0}}),
+                             Named({{1.0, 2.0}, {3.0, NOT_SET}})},
                             {"point out of range",
                              Coordinates(2, Point("1", "2") + Point("181", "4")),
                              "OutOfRangeException",
@@ -276,6 +285,7 @@ TEST(Area, ACountThatIsLargerThanWhatFollowsReadsWhatIsThereAndEndsInTheLengthEr
         }
     }
     // Three of them take the room of four short ones.
+    // Together as long as two of the shortest.
     const Bytes longPoint = Point("-179.12345678901", "-89.123456789012");
     const Support::CoordinateState longState = {-179.12345678901, -89.123456789012};
     ExpectLengthError(Coordinates(4, longPoint + longPoint + longPoint), LENGTH_ERROR,

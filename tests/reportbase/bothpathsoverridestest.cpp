@@ -3,6 +3,8 @@
 #include "support/expect.h"
 #include "support/files.h"
 #include "support/paths.h"
+#include "support/points.h"
+#include "support/recordelements.h"
 #include "support/records.h"
 
 #include <reportgenerator/reportbase/area.h>
@@ -239,6 +241,39 @@ TYPED_TEST(BothPathsOverrides, AreCalledByMerging)
                 IsSupersetOf({"GetObjectName", "ProcessXml"}));
     EXPECT_THAT(other.During([&] { this->m_object.MergeRGObject(other); }),
                 IsSupersetOf({"GetXmlString", "GetXml"}));
+}
+
+/// Never validates, whatever it is told.
+class NeverValidating : public REPORTGENERATOR::Area
+{
+public:
+    void SetValidate(bool /*validate*/) const override {}
+    bool GetValidate() const override { return false; }
+};
+
+TEST(BothPathsSettings, OfAnOverrideAreThoseOfTheItemsThatAreRead)
+{
+    NeverValidating area;
+    EXPECT_EQ(Support::ReadElements(area, Support::Coordinates(1, Support::Point("181", "2"))), 0);
+    ASSERT_EQ(area.GetCoordinate().size(), 1);
+    EXPECT_EQ(area.GetCoordinate().at(0).GetLongitude(), 181.0);
+}
+
+template <class T>
+void ExpectPassedOnInPlace()
+{
+    T area;
+    area.AppendCoordinate(Support::At(1.0, 2.0));
+    const QVector<REPORTGENERATOR::Coordinate> sharing = std::as_const(area).GetCoordinate();
+    sharing.at(0).SetValidate(false);
+    Support::ReadElement(area, QStringLiteral("<Area Version=\"1.0\"><Name>Lake</Name></Area>"));
+    EXPECT_TRUE(sharing.at(0).GetValidate());
+}
+
+TEST(BothPathsSettings, ArePassedOnByReadingToItemsThatACallersListShares)
+{
+    ExpectPassedOnInPlace<REPORTGENERATOR::Area>();
+    ExpectPassedOnInPlace<Support::StreamPathOnly<REPORTGENERATOR::Area>>();
 }
 
 /// Those that read their children one by one.

@@ -237,6 +237,18 @@ TEST(CopiedList, IsSharedByEachCopy)
     EXPECT_LT(allocations.Peak(), FAR_BELOW_A_LIST);
 }
 
+TEST(CopiedList, IsNotCopiedForASourceWhenTheCopyIsGivenUp)
+{
+    if (!Allocations::AreCounted())
+        GTEST_SKIP() << Support::OTHER_ALLOCATOR;
+    Area source = Lake(SOME_POINTS);
+    Area copy(source);
+    copy.Reset();
+    const Allocations allocations;
+    source.GetCoordinate()[0].SetLongitude(9.0);
+    EXPECT_LT(allocations.Peak(), FAR_BELOW_A_LIST);
+}
+
 TEST(CopiedList, IsNotCopiedWhenItsSourceIsGivenUp)
 {
     if (!Allocations::AreCounted())

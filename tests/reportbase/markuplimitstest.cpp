@@ -7,6 +7,7 @@
 #include <reportgenerator/reportbase/channelspacing.h>
 #include <reportgenerator/reportbase/codec/markupscanner.h>
 #include <reportgenerator/reportbase/reportbase.h>
+#include <reportgenerator/reportbase/rgexception.h>
 #include <reportgenerator/reportbase/versionconverterproxy.h>
 
 #include <gtest/gtest.h>
@@ -47,11 +48,27 @@ std::string Attributes(int count)
     return Repeated(count, [](int i) { return " a" + std::to_string(i) + "='v'"; });
 }
 
-/// A scanner of its own, fed in two pieces that are cut everywhere.
+/// What a report says of a text.
+Excess Told(const std::string& xml)
+{
+    ReportBase report;
+    try {
+        report.SetXmlString(QString::fromStdString(xml + "<ReportBase/>"), false);
+    } catch (const RGException& exception) {
+        if (exception.GetErrorText() == Text(TOO_MANY))
+            return Excess::Attributes;
+        if (exception.GetErrorText() == Text(TOO_MANY_DECLARED))
+            return Excess::Declared;
+    }
+    return Excess::None;
+}
+
+/// A scanner of its own, fed in two pieces that are cut everywhere, and the one in front of the reader.
 Excess Found(const std::string& xml)
 {
     MarkupScanner whole;
     whole.Feed(xml.data(), xml.data() + xml.size());
+    EXPECT_EQ(Told(xml), whole.Found());
     for (std::size_t cut = 0; cut <= xml.size(); cut += 1 + xml.size() / 50) {
         MarkupScanner scanner;
         if (scanner.Feed(xml.data(), xml.data() + cut))
@@ -85,6 +102,12 @@ TEST(MarkupLimits, WhatIsNoTagDoesNotCount)
     EXPECT_EQ(Found("<?p " + many + "? >" + many + "?><r/>"), Excess::None);
     EXPECT_EQ(Found("<r>" + std::string(1000, '=') + "a='b'</r>"), Excess::None);
     EXPECT_EQ(Found("<r></r " + Attributes(MOST + 1) + ">"), Excess::None);
+    for (const std::string end : {"-->", "]]>", "?>"}) {
+        SCOPED_TRACE(end);
+        EXPECT_EQ(Found("<r><!--" + (end == "-->" ? "" : end + many) + "--></r>"), Excess::None);
+        EXPECT_EQ(Found("<r><![CDATA[" + (end == "]]>" ? "" : end + many) + "]]></r>"), Excess::None);
+        EXPECT_EQ(Found("<?p " + (end == "?>" ? "" : end + many) + "?><r/>"), Excess::None);
+    }
 }
 
 TEST(MarkupLimits, WhatIsBehindSomethingElseCounts)

@@ -123,10 +123,12 @@ TEST(OddWays, BehindANameOfOneByteEverythingIsShifted)
 {
     Area area = Support::NotValidating<Area>();
     // Half a character isn't taken from the stream: a length of 2^24 begins with the last byte of the root tag.
-    QByteArray bytes =
-        (Support::String(u"IRGObject") + Int32(1) + Support::Raw("x") + Int32(1) + Int32(0)).Data();
+    QByteArray bytes = (Support::String(u"IRGObject") + Int32(1) + Support::Raw("x") +
+                        Element(1, Support::Version(u"1.0") + Support::Name("Lake")))
+                           .Data();
     EXPECT_RG_THROW(area.SetBinaryRepresentation(bytes), "BinaryParsingException",
                     "Area::SetBinary(...): Length error occurred during processing of binary representation");
+    EXPECT_FALSE(area.AnyData());
 }
 
 TEST(OddWays, ANameThatIsNullIsNoEmptyOne)

@@ -284,12 +284,14 @@ void ExpectNoRecordsOfMembers(const T& original, const T& compared, bool (*areIn
     EXPECT_TRUE(areInitialized(compared));
     for (const auto& [name, use] : uses) {
         SCOPED_TRACE(name);
+        const T source(original);
+        const T other(source);
         T sharing;
         sharing.SetValidate(false);
         sharing.SetLogger(Support::NewLogger());
-        sharing = original;
+        sharing = source;
         use(sharing);
-        EXPECT_FALSE(areInitialized(original));
+        EXPECT_FALSE(areInitialized(source));
     }
 }
 
@@ -442,27 +444,47 @@ TEST(Sharing, EachOfTwoObjectsThatShareTheirMembersSpeaksThroughItsOwnLogger)
 
 TEST(Sharing, CoordinatesOfASourceThatHasGoneSpeakThroughTheLoggerOfWhoTookThem)
 {
-    for (const bool changesSettings : {false, true}) {
-        SCOPED_TRACE(changesSettings);
-        Area area;
-        area.SetValidate(changesSettings);
-        const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
-        area.SetLogger(logger);
-        {
-            const Area source = SomeArea();
-            area = source;
-        }
-        area.Check(true);
-        EXPECT_EQ(LoggerOf(area, 0), logger);
-        if (changesSettings) {
-            area.SetValidate(false);
+    for (const bool isLookedAt : {false, true}) {
+        for (const bool changesSettings : {false, true}) {
+            SCOPED_TRACE(::testing::Message() << isLookedAt << changesSettings);
+            Area area;
+            area.SetValidate(changesSettings);
+            const auto logger = Support::NewLogger(REPORTGENERATOR::WARNING);
+            area.SetLogger(logger);
+            {
+                const Area source = SomeArea();
+                area = source;
+            }
+            area.Check(true);
+            if (isLookedAt) {
+                EXPECT_EQ(LoggerOf(area, 0), logger);
+            }
+            if (changesSettings) {
+                area.SetValidate(false);
+                EXPECT_EQ(LoggerOf(area, 0), logger);
+            }
+            area.GetCoordinate()[0].SetLongitude(200.0);
             EXPECT_EQ(LoggerOf(area, 0), logger);
+            EXPECT_LOG(logger,
+                       {"WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
+                        "(-180, 180) in 'Coordinate'."});
         }
-        area.GetCoordinate()[0].SetLongitude(200.0);
-        EXPECT_EQ(LoggerOf(area, 0), logger);
-        EXPECT_LOG(logger,
-                   {"WARNING: OutOfRangeException: Parameters for m_longitude are not set within range "
-                    "(-180, 180) in 'Coordinate'."});
+    }
+}
+
+TEST(Sharing, WhetherACoordinateValidatesIsAssignedWithIt)
+{
+    Coordinate notValidating = At(3.0, 4.0);
+    notValidating.SetValidate(false);
+    Area area = SomeArea();
+    area.AppendCoordinate(notValidating);
+    Area first;
+    first = area;
+    Area second;
+    second = area;
+    for (const Area* assigned : {&first, &second}) {
+        EXPECT_TRUE(IsValidating(*assigned, 0));
+        EXPECT_FALSE(IsValidating(*assigned, 2));
     }
 }
 
