@@ -110,11 +110,14 @@ Operations<T> AreaOperations()
                    for (Coordinate& point
                         : points) point.ResetLatitude();
                    return ToldOf(points);),
-            ACTION(GetCoordinate() checked, QByteArray told;
+            ACTION(GetCoordinate() written, QByteArray told;
                    for (const Coordinate& point
-                        : object.GetCoordinate()) told +=
-                   Told(point.GetValidate()) + point.GetXmlString().toUtf8();
+                        : object.GetCoordinate()) told += point.GetXmlString().toUtf8();
                    return told;),
+            // The coordinates get the settings one after the other, which only a look at several would tell.
+            ACTION(GetCoordinate().last().GetValidate(),
+                   const QVector<Coordinate>& points = object.GetCoordinate();
+                   return Told(!points.isEmpty() && points.last().GetValidate());),
             ACTION(operator==(copy), T other(object); return Told(other == object);),
     };
 }
