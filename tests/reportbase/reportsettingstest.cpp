@@ -185,6 +185,25 @@ TEST(AreaSettling, ALoggerThatIsTakenAwayWithinAReadingIsTakenFromTheCoordinates
     ExpectSettled(area);
 }
 
+TEST(AreaSettling, WhatALoggerDoesToAnAreaIsUndoneByTheNextOneInTheReport)
+{
+    const std::function<void(Area&)> changes[] = {
+        [](Area& area) { std::as_const(area).GetCoordinate().at(0).SetValidate(true); },
+        [](Area& area) { area.GetCoordinate()[0].ResetLogger(); },
+        [](Area& area) { area = Lake(); },
+        [](Area& area) { area.SetCoordinate({At(1.0, 2.0)}); },
+    };
+    for (const auto& change : changes) {
+        ReportBase report = NotValidating<ReportBase>();
+        report.SetLogger(std::make_shared<LoggerThatActs>([&] { change(report.GetArea()); }));
+        ReadElement(report, Text("<ReportBase><Area Version=\"1.0\"><Name>N</Name>%1<Coordinate>"
+                                 "<Longitude>3</Longitude></Coordinate></Area>"
+                                 "<Area Version=\"1.0\"><Name>N</Name></Area></ReportBase>")
+                                .arg(Text(POINT)));
+        ExpectSettled(std::as_const(report).GetArea());
+    }
+}
+
 TEST(AreaSettling, AListThatIsShortenedInItsPlaceWithinAReadingIsServedFromItsBeginning)
 {
     // The list stays in its place unless the incomplete one has made it grow.
@@ -262,13 +281,38 @@ TEST(ReportSettings, ArePassedOnAgainWhenADerivedClassHasChangedThemMeanwhile)
         {
             GetFrequency().SetValidate(true);
             GetFrequency().ResetLogger();
+            change(GetArea());
             ReportBase::ProcessXmlStartElement(reader);
             ExpectSettled(*this);
         }
+
+    public:
+        std::function<void(Area& area)> change;
     };
-    Changing report;
-    GiveOtherSettings(report);
-    ReadElement(report, QStringLiteral("<ReportBase><Unknown/><Unknown/></ReportBase>"));
+    Coordinate other = At(1.0, 2.0);
+    QVector<Coordinate>* held = nullptr;
+    const std::function<void(Area&)> changes[] = {
+        [](Area& area) { area.GetCoordinate()[0].SetValidate(true); },
+        [](Area& area) { std::as_const(area).GetCoordinate().at(0).SetLogger(NewLogger()); },
+        [&](Area& area) {
+            held = held ? held : &area.GetCoordinate();
+            held->first().ResetLogger();
+        },
+        [&](Area& area) {
+            area.ResetCoordinate();
+            area.AppendCoordinate(other);
+        },
+        [&](Area& area) { area.SetCoordinate({other}); },
+    };
+    for (const auto& change : changes) {
+        Changing report;
+        report.change = change;
+        GiveOtherSettings(report);
+        ReadElement(report,
+                    Text("<ReportBase><Unknown/><Unknown/><Area Version=\"1.0\"><Name>N</Name>%1</Area>"
+                         "<Unknown/><Area Version=\"1.0\"><Name>N</Name></Area><Unknown/></ReportBase>")
+                        .arg(Text(POINT)));
+    }
 }
 
 /// By the class itself and by a subclass, which reads by Qt's reader in every case.

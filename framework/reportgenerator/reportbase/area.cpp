@@ -1,4 +1,4 @@
-#include <reportgenerator/reportbase/area.h>
+#include <reportgenerator/reportbase/areareading_p.h>
 
 #include <reportgenerator/reportbase/invalidxmlexception.h>
 #include <reportgenerator/reportbase/records/recordobject_p.h>
@@ -14,43 +14,6 @@ namespace {
 using Fields = Schema<AreaData>;
 
 } // namespace
-
-/// The coordinates that a reading has already given the area's validate flag and logger, so that it serves
-/// the new ones only. Nothing is remembered from one reading to the next: the coordinates can be given others
-/// meanwhile.
-struct Area::Settled
-{
-    explicit Settled(Area& reader) : area(reader), outer(reader.m_settled) { area.m_settled = this; }
-    ~Settled() { area.m_settled = outer; }
-    Settled(const Settled& other) = delete;
-    Settled& operator=(const Settled& other) = delete;
-
-    /// How many from the front: all that were there, unless the area's settings or the list are others by
-    /// now.
-    int CountOf(const QVector<Coordinate>& items) const
-    {
-        const bool isSame = first == items.constData() && validate == area.GetValidate() &&
-                            logger == area.GetLogger() && count <= items.size();
-        return isSame ? count : 0;
-    }
-
-    void Remember(const QVector<Coordinate>& items)
-    {
-        hasBegun = true;
-        first = items.constData();
-        count = static_cast<int>(items.size());
-        validate = area.GetValidate();
-        logger = area.GetLogger();
-    }
-
-    Area& area;
-    Settled* outer;
-    bool hasBegun = false;
-    const Coordinate* first = nullptr;
-    int count = 0;
-    bool validate = true;
-    std::shared_ptr<Logger> logger;
-};
 
 Area::Area() = default;
 
@@ -215,7 +178,7 @@ void Area::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
     TakeVersion(*this, Fields::VERSION, xmltools::VersionAttribute(reader));
-    const Settled settled(*this);
+    const Settled settled(*this, Settled::Of::Area);
     IRGObject::ProcessXml(reader);
     // Without a child nothing has been passed on, and nothing has come that would need it.
     if (settled.hasBegun)
@@ -241,10 +204,11 @@ void Area::SettleCoordinates() const
 {
     InitData();
     const auto record = RecordAccess::Hold(*this);
-    const ObjectList<Coordinate>& coordinates = (*record).coordinates;
-    coordinates.PassSettings(*this, m_settled ? m_settled->CountOf(coordinates.Values()) : 0);
-    if (m_settled)
-        m_settled->Remember(coordinates.Values());
+    if (m_settled) {
+        m_settled->hasBegun = true;
+        m_settled->Outermost().Remember(*this);
+    }
+    (*record).coordinates.PassSettings(*this);
 }
 
 } // namespace REPORTGENERATOR

@@ -127,6 +127,8 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
+    friend class ReportBase;
+
     struct Settled;
 
     void SettleCoordinates() const;

@@ -1,5 +1,6 @@
 #include <reportgenerator/reportbase/reportbase.h>
 
+#include <reportgenerator/reportbase/areareading_p.h>
 #include <reportgenerator/reportbase/records/recordobject_p.h>
 #include <reportgenerator/reportbase/schema/reportbaseschema.h>
 
@@ -156,6 +157,9 @@ bool ReportBase::IsValidArea(const Area& /*area*/) const
 void ReportBase::ProcessXml(QXmlStreamReader& reader)
 {
     InitData();
+    // A logger may give the report another record.
+    const auto record = RecordAccess::Hold(*this);
+    const Area::Settled settledArea(m_record.Own().area, Area::Settled::Of::Report);
     if (!ObjectAccess::FastPathOf(*this)) {
         IRGObject::ProcessXml(reader);
         return;

@@ -51,6 +51,73 @@ bool AllOfItems(const QVector<Item>& items, Test&& test, int first = 0)
     return true;
 }
 
+/// How many items from the front a reading has given a validate flag, and a logger, so that it looks at new ones only.
+/// While the list itself is read, items that somebody gives other settings stay as they are.
+template <class Item>
+class SettledItems
+{
+public:
+    void BeginList() { ++m_lists; }
+    void EndList() { --m_lists; }
+    bool IsInList() const { return m_lists > 0; }
+
+    void Forget() { m_first = nullptr; }
+
+    int CountOf(const QVector<Item>& items, bool validate) const
+    {
+        return Counted(items, validate == m_validate ? m_validating : 0);
+    }
+    int CountOf(const QVector<Item>& items, const std::shared_ptr<Logger>& logger) const
+    {
+        return Counted(items, logger == m_logger ? m_logging : 0);
+    }
+    int CountOf(const QVector<Item>& items, const ObjectSettings& settings) const
+    {
+        return std::min(CountOf(items, settings.Validates()), CountOf(items, settings.GetLogger()));
+    }
+
+    void Remember(const QVector<Item>& items, bool validate)
+    {
+        Begin(items);
+        m_validate = validate;
+        m_validating = static_cast<int>(items.size());
+    }
+    void Remember(const QVector<Item>& items, const std::shared_ptr<Logger>& logger)
+    {
+        Begin(items);
+        m_logger = logger;
+        m_logging = static_cast<int>(items.size());
+    }
+    void Remember(const QVector<Item>& items, const ObjectSettings& settings)
+    {
+        Remember(items, settings.Validates());
+        Remember(items, settings.GetLogger());
+    }
+
+private:
+    /// None when the list is another one by now.
+    int Counted(const QVector<Item>& items, int count) const
+    {
+        return m_first == items.constData() && count <= items.size() ? count : 0;
+    }
+
+    void Begin(const QVector<Item>& items)
+    {
+        if (m_first == items.constData())
+            return;
+        m_first = items.constData();
+        m_validating = 0;
+        m_logging = 0;
+    }
+
+    int m_lists = 0;
+    const Item* m_first = nullptr;
+    int m_validating = 0;
+    int m_logging = 0;
+    bool m_validate = true;
+    std::shared_ptr<Logger> m_logger;
+};
+
 /// The items of one record.
 ///
 /// A copy has items of its own, as copying each would give them, but shares those of its source until
@@ -178,50 +245,54 @@ public:
         m_items.clear();
     }
 
-    // Settings are passed on to the items from `first` on, in their place, also to those that a caller's vector
-    // shares. Only `isChange`, which is for operations of one thread, leaves such a vector as it is.
+    // Settings are passed on to the items in their place, also to those that a caller's vector shares. Only `isChange`,
+    // which is for operations of one thread, leaves such a vector as it is.
 
-    void PassValidate(bool validate, bool isChange = false, int first = 0) const
+    void PassValidate(bool validate, bool isChange = false) const
     {
         if (Note([validate](const ObjectSettings& noted) { return noted.WithValidate(validate); }))
             return;
         Pass([validate](const Item& item) { return item.GetValidate() == validate; },
-             [validate](const Item& item) { item.SetValidate(validate); }, isChange, first);
+             [validate](const Item& item) { item.SetValidate(validate); }, isChange, CountSettled(validate));
+        RememberSettled(validate);
     }
 
-    void PassLogger(const std::shared_ptr<Logger>& logger, bool isChange = false, int first = 0) const
+    void PassLogger(const std::shared_ptr<Logger>& logger, bool isChange = false) const
     {
         if (Note([&logger](const ObjectSettings& noted) {
                 return ObjectSettings(noted.Validates(), logger, nullptr);
             }))
             return;
         Pass([&logger](const Item& item) { return item.GetLogger() == logger; },
-             [&logger](const Item& item) { item.SetLogger(logger); }, isChange, first);
+             [&logger](const Item& item) { item.SetLogger(logger); }, isChange, CountSettled(logger));
+        RememberSettled(logger);
     }
 
     /// Validate flag and logger of the parent.
-    void PassSettings(const IRGObject& parent, int first = 0) const
+    void PassSettings(const IRGObject& parent) const
     {
         // A derived class may have settings of its own.
         if (!ObjectAccess::FastPathOf(parent)) {
-            PassValidate(parent.GetValidate(), false, first);
-            PassLogger(parent.GetLogger(), false, first);
+            PassValidate(parent.GetValidate());
+            PassLogger(parent.GetLogger());
             return;
         }
         if (IsDetached() && m_items.isEmpty())
             return;
-        const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
-        const auto hasAlready = [word = slot.Now()](const Item& item) {
-            return ObjectAccess::SettingsOf(item).Now() == word;
-        };
-        if (IsDetached() ? AllOfItems(m_items, hasAlready, first) : Noted().HoldsSameAs(slot))
+        if (!m_settled) {
+            PassSettings(parent, 0);
             return;
+        }
         const ObjectSettings settings = ObjectAccess::SettingsToPass(parent);
-        if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
-            Pass(
-                hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,
-                first);
+        PassSettings(parent, CountSettled(settings));
+        RememberSettled(settings);
     }
+
+    /// What the reading that is going on has passed on; null while there is none.
+    void SetSettled(SettledItems<Item>* settled) const { m_settled = settled; }
+
+    /// Whether a caller may give single items other settings.
+    bool IsHandedOut() const { return IsMarked(HANDED_OUT); }
 
 private:
     enum Mark : quint8
@@ -307,12 +378,39 @@ private:
         }
     }
 
-    /// Walks the list only when there is something to pass on.
+    void PassSettings(const IRGObject& parent, int first) const
+    {
+        const SettingsSlot slot = ObjectAccess::SettingsOf(parent);
+        const auto hasAlready = [word = slot.Now()](const Item& item) {
+            return ObjectAccess::SettingsOf(item).Now() == word;
+        };
+        if (IsDetached() ? AllOfItems(m_items, hasAlready, first) : Noted().HoldsSameAs(slot))
+            return;
+        const ObjectSettings settings = ObjectAccess::SettingsToPass(parent);
+        if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
+            Pass(
+                hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,
+                first);
+    }
+
+    template <class Setting>
+    int CountSettled(const Setting& setting) const
+    {
+        return m_settled && (m_settled->IsInList() || !IsHandedOut()) ? m_settled->CountOf(m_items, setting)
+                                                                      : 0;
+    }
+
+    template <class Setting>
+    void RememberSettled(const Setting& setting) const
+    {
+        if (m_settled)
+            m_settled->Remember(m_items, setting);
+    }
+
+    /// Walks the list from `first` on only when there is something to pass on.
     template <class HasAlready, class Give>
     void Pass(HasAlready&& hasAlready, Give&& give, bool isChange, int first) const
     {
-        // A derived parent that was asked for its settings may have shortened the list.
-        first = std::min(first, static_cast<int>(m_items.size()));
         if (AllOfItems(m_items, hasAlready, first))
             return;
         SetMark(HAS_LOGGERS);
@@ -360,6 +458,8 @@ private:
     /// Leaves the items to those who share them.
     void Leave()
     {
+        if (m_settled)
+            m_settled->Forget();
         Drop(m_source);
         if (!IsDetached())
             Noted().Set(ObjectSettings::None());
@@ -390,6 +490,8 @@ private:
     /// The settings of the items that a copy doesn't have yet; none when the items are one's own.
     mutable SettingsSlot::Word m_noted{SettingsSlot::NONE};
     mutable std::atomic<quint8> m_marks{0};
+
+    mutable SettledItems<Item>* m_settled = nullptr;
 };
 
 template <class Item>
