@@ -236,6 +236,22 @@ TEST(AreaSettling, AChildThatIsReadByItselfIsAReadingOfItsOwn)
     }
 }
 
+TEST(AreaSettling, AnOverrideOfResetMayTakeTheRecordAway)
+{
+    class Taking : public Area
+    {
+    public:
+        void Reset() override { Area::operator=(Area()); }
+    };
+    Taking area;
+    area.SetValidate(false);
+    area.AppendCoordinate(At(3.0, 4.0));
+    ReadElement(area, Text("<Area Version=\"0.5\"><Name>N</Name>%1</Area>").arg(Text(POINT)));
+    EXPECT_EQ(area.GetName(), Text("N"));
+    EXPECT_EQ(std::as_const(area).GetCoordinate().size(), 1);
+    ExpectSettled(area);
+}
+
 TEST(AreaSettling, AnElementWithoutChildrenLeavesTheCoordinatesAlone)
 {
     Area area = NotValidating<Area>();

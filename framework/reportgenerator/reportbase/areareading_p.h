@@ -23,12 +23,13 @@ struct Area::Settled
     Settled(Area& reader, Of of) : area(reader), outer(reader.m_settled), isOfArea(of == Of::Area)
     {
         area.m_settled = this;
-        if (area.IsInitialized())
-            Outermost().Remember(area);
-        if (!isOfArea)
+        if (isOfArea)
+            Outermost().items.BeginList();
+        // An override may have taken the record away.
+        if (!area.IsInitialized())
             return;
-        Outermost().items.BeginList();
-        if (area.m_record.Get()->coordinates.IsHandedOut())
+        Outermost().Remember(area);
+        if (isOfArea && area.m_record.Get()->coordinates.IsHandedOut())
             Outermost().items.Forget();
     }
     ~Settled()
