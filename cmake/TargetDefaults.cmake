@@ -69,8 +69,8 @@ endfunction()
 #
 # A shared library of SOURCES and PUBLIC_HEADERS in the current folder, which is its place below framework/ and below
 # the installed include folder too. Users link ReportGenerator::<name>, in the tree and after installation; the name is
-# that of the target if it isn't given. What it exports stands in exports.txt of that folder. The component is that of
-# the file which programs load, "runtime" if it isn't given.
+# that of the target if it isn't given. The component is that of the file which programs load, "runtime" if it isn't
+# given.
 function(reportgenerator_add_library target)
     cmake_parse_arguments(PARSE_ARGV 1 library "" "EXPORT_NAME;COMPONENT" "")
     if(NOT library_EXPORT_NAME)
@@ -110,8 +110,11 @@ function(reportgenerator_add_library target)
     if(UNIX AND NOT APPLE AND NOT REPORTGENERATOR_SANITIZE)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
-    if((UNIX AND NOT APPLE) OR MINGW)
-        reportgenerator_limit_exports(${target} ${interfaceVersion})
+    if(MINGW)
+        # As elsewhere, inline functions aren't exported: programs have their own.
+        target_compile_options(${target} PRIVATE -fno-keep-inline-dllexport)
+    elseif(UNIX AND NOT APPLE)
+        reportgenerator_version_exports(${target} ${interfaceVersion})
     endif()
 
     if(NOT REPORTGENERATOR_INSTALL)
@@ -128,43 +131,26 @@ function(reportgenerator_add_library target)
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 endfunction()
 
-# reportgenerator_limit_exports(<target> <interface version>)
+# reportgenerator_version_exports(<target> <interface version>)
 #
-# Has the linker export the names in exports.txt and hide all others: the export macro of a class takes in what is
-# private of it too. The names bear a version that tells Qt and interface, so that a process into which two builds of
+# Gives the names that are exported a version that tells Qt and interface, so that a process into which two builds of
 # the library get, say by a plug-in, calls each by its own functions. On Windows names bear no version: there a function
 # is called by the name of its library too.
-function(reportgenerator_limit_exports target interfaceVersion)
-    set(list "${CMAKE_CURRENT_SOURCE_DIR}/exports.txt")
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${list}")
-    file(STRINGS "${list}" patterns REGEX "^[^#]")
-
-    # The linker compares with demangled names, which go on with "(" or end. Its patterns know neither brackets nor
-    # blanks.
-    list(TRANSFORM patterns REPLACE "<>" "?*?")
-    list(TRANSFORM patterns REPLACE "[^A-Za-z0-9_:?*]" "?")
-    set(functionPatterns ${patterns})
-    list(TRANSFORM functionPatterns APPEND "[^A-Za-z0-9_::]*")
-    list(APPEND patterns ${functionPatterns})
-    list(JOIN patterns ";\n        " patterns)
-
+function(reportgenerator_version_exports target interfaceVersion)
     string(TOUPPER "${target}_QT${REPORTGENERATOR_QT_MAJOR}_${interfaceVersion}" version)
     set(script "${CMAKE_CURRENT_BINARY_DIR}/exports.map")
+    # What is taken in of the standard library and of Qt is marked by their headers, and what instruments the code by the
+    # compiler.
     file(CONFIGURE OUTPUT "${script}" @ONLY CONTENT [[
 @version@ {
 global:
-    extern "C++" {
-        @patterns@;
-    };
-local:
     *;
+local:
+    _ZSt*; _ZNSt*; _ZNKSt*; _ZT?St*; _ZT?NSt*;
+    _ZN[0-9]Q*; _ZN[0-9][0-9]Q*; _ZNK[0-9]Q*; _ZNK[0-9][0-9]Q*; _ZT?[0-9]Q*; _ZT?[0-9][0-9]Q*;
+    __*;
 };
 ]])
     target_link_options(${target} PRIVATE "-Wl,--version-script=${script}")
-    if(MINGW)
-        # All that the list doesn't hide: the linker would export what is marked whatever the list says, and so nothing
-        # is marked while the library itself is compiled.
-        target_link_options(${target} PRIVATE -Wl,--export-all-symbols)
-    endif()
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${script}")
 endfunction()

@@ -4,10 +4,7 @@
 #include <QtCore/qglobal.h>
 
 /// Marks what the shared library exports; everything else stays hidden.
-#if defined(WENDBASE_LIBRARY) && defined(__MINGW32__)
-// The linker exports by exports.txt.
-#    define WENDBASE_EXPORT
-#elif defined(WENDBASE_LIBRARY)
+#if defined(WENDBASE_LIBRARY)
 #    define WENDBASE_EXPORT Q_DECL_EXPORT
 #else
 #    define WENDBASE_EXPORT Q_DECL_IMPORT

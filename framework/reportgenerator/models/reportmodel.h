@@ -154,7 +154,7 @@ Q_SIGNALS:
 private:
     Q_DISABLE_COPY(ReportModel)
 
-    struct State;
+    struct Q_DECL_HIDDEN State;
 
     const std::unique_ptr<State> m_state;
 };

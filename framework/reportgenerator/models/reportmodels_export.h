@@ -3,12 +3,9 @@
 
 #include <QtCore/qglobal.h>
 
-/// Marks what the shared library exports; everything else stays hidden. Of a class that is marked, what is
-/// public or protected is exported, by its name in exports.txt.
-#if defined(REPORTMODELS_LIBRARY) && defined(__MINGW32__)
-// The linker exports by exports.txt.
-#    define REPORTMODELS_EXPORT
-#elif defined(REPORTMODELS_LIBRARY)
+/// Marks what the shared library exports; everything else stays hidden. What is private of a class that is marked
+/// stays so by `Q_DECL_HIDDEN`, but on Windows.
+#if defined(REPORTMODELS_LIBRARY)
 #    define REPORTMODELS_EXPORT Q_DECL_EXPORT
 #else
 #    define REPORTMODELS_EXPORT Q_DECL_IMPORT

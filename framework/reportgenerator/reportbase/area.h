@@ -131,7 +131,7 @@ private:
 
     struct Settled;
 
-    void SettleCoordinates() const;
+    Q_DECL_HIDDEN void SettleCoordinates() const;
 
     /// Of the reading that is going on, null while there is none.
     Settled* m_settled = nullptr;

@@ -75,7 +75,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     QString m_visual;
     QString m_sameDistance;

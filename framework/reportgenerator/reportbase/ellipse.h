@@ -68,7 +68,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     double m_minRadius;
     double m_maxRadius;

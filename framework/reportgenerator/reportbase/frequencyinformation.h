@@ -62,7 +62,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     FrequencyRangeOld m_range;
 };

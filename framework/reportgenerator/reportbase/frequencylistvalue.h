@@ -59,7 +59,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     QDateTime m_timeStamp;
 };

@@ -63,7 +63,7 @@ protected:
     void ProcessXmlStartElement(QXmlStreamReader& reader) override;
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     double m_startFrequency;
     double m_stopFrequency;

@@ -324,14 +324,14 @@ protected:
     bool ReadXmlUntil(QXmlStreamReader& reader, const QString& name) const;
 
 private:
-    void TraceProgress(QString (*message)(const QString& objectName)) const;
-    bool StartsWith(const QString& xml, const QString& name) const;
-    bool ReadElement(QXmlStreamReader& reader);
-    void ReportXmlError(const QXmlStreamReader& reader) const;
+    Q_DECL_HIDDEN void TraceProgress(QString (*message)(const QString& objectName)) const;
+    Q_DECL_HIDDEN bool StartsWith(const QString& xml, const QString& name) const;
+    Q_DECL_HIDDEN bool ReadElement(QXmlStreamReader& reader);
+    Q_DECL_HIDDEN void ReportXmlError(const QXmlStreamReader& reader) const;
 
     friend struct ObjectAccess;
 
-    ObjectIdentity& OwnIdentity();
+    Q_DECL_HIDDEN ObjectIdentity& OwnIdentity();
 
     const ObjectIdentity* m_identity;
 

@@ -10,12 +10,9 @@
 #    endif
 #endif
 
-/// Marks what the shared library exports; everything else stays hidden. Of a class that is marked, what is
-/// public or protected is exported, by its name in exports.txt.
-#if defined(REPORTBASE_LIBRARY) && defined(__MINGW32__)
-// The linker exports by exports.txt.
-#    define REPORTBASE_EXPORT
-#elif defined(REPORTBASE_LIBRARY)
+/// Marks what the shared library exports; everything else stays hidden. What is private of a class that is marked
+/// stays so by `Q_DECL_HIDDEN`, but on Windows.
+#if defined(REPORTBASE_LIBRARY)
 #    define REPORTBASE_EXPORT Q_DECL_EXPORT
 #else
 #    define REPORTBASE_EXPORT Q_DECL_IMPORT

@@ -70,11 +70,11 @@ protected:
 private:
     Q_DISABLE_COPY(SettingsNotifier)
 
-    static bool CheckXmlSyntax(const QString& text);
-    static QString GetFirstTagName(const QString& text);
-    static QString GetLastTagName(const QString& text);
-    static void Reverse(QString& text);
-    static QString AddDummyRoot(const QString& text);
+    Q_DECL_HIDDEN static bool CheckXmlSyntax(const QString& text);
+    Q_DECL_HIDDEN static QString GetFirstTagName(const QString& text);
+    Q_DECL_HIDDEN static QString GetLastTagName(const QString& text);
+    Q_DECL_HIDDEN static void Reverse(QString& text);
+    Q_DECL_HIDDEN static QString AddDummyRoot(const QString& text);
 
     QMap<long long, RegisterCenter*> m_centers;
 };

@@ -91,7 +91,7 @@ public:
     void ReadValuesFromXml(QXmlStreamReader& reader);
 
 private:
-    struct Schema;
+    struct Q_DECL_HIDDEN Schema;
 
     QString m_name;
     double m_value;

@@ -94,7 +94,7 @@ private:
     class Search;
     class Loading;
 
-    void LoadRegistered(QFile* file, bool& loaded);
+    Q_DECL_HIDDEN void LoadRegistered(QFile* file, bool& loaded);
 
     QString m_version;
     QString m_rootClass;

@@ -2,5 +2,6 @@
 // platform are not at hand. Only the types' names matter to the table.
 #pragma once
 #define Q_DECL_EXPORT
+#define Q_DECL_HIDDEN
 #define Q_DECL_IMPORT
 #define Q_ALWAYS_INLINE inline
