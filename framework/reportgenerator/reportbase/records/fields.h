@@ -158,7 +158,9 @@ void RestoreField(Data& data, const ScalarField<D, T, PresenceBit>& field)
 template <class Data, class Object>
 void RestoreField(Data& data, const Member<Data, Object>& field)
 {
-    field.In(data) = Object();
+    // Without a record it is as a new one.
+    if (field.In(data).IsInitialized())
+        field.In(data) = Object();
 }
 
 template <class Data, class Item>
