@@ -52,8 +52,8 @@ public:
     bool EnterTag(const Name& name)
     {
         const Unit* const before = m_next;
-        if (SkipBlanksAndComments() && Take('<') && Take(name) && m_next != m_end &&
-            (*m_next == '>' || IsBlank(*m_next)))
+        SkipBlanks();
+        if (TakeBeginOfTag(name) || (IsAtComment() && SkipComments() && TakeBeginOfTag(name)))
             return true;
         m_next = before;
         return false;
@@ -82,14 +82,20 @@ public:
     /// An end tag that stands behind another tag or a text. A comment would divide the text.
     bool EndTag(const Name& name)
     {
-        if (m_next[-1] == '>')
-            return SkipBlanksAndComments() && TakeEndTag(name);
+        const bool isBehindTag = m_next[-1] == '>';
         SkipBlanks();
-        return TakeEndTag(name);
+        return TakeEndTag(name) || (isBehindTag && IsAtComment() && SkipComments() && TakeEndTag(name));
     }
 
     /// An end tag that stands directly behind a text.
-    bool TakeEndTag(const Name& name) { return Take('<') && Take('/') && Take(name) && Take('>'); }
+    bool TakeEndTag(const Name& name)
+    {
+        const Unit* const before = m_next;
+        if (Take('<') && Take('/') && Take(name) && Take('>'))
+            return true;
+        m_next = before;
+        return false;
+    }
 
     /// Goes behind the comments that follow. Returns whether there are any.
     bool PassComments()
@@ -225,13 +231,18 @@ private:
 
     void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank<Unit>); }
 
-    /// Returns false at a comment in which something stands that may not.
-    bool SkipBlanksAndComments()
+    /// '<' and the whole name; or else the scanner stays where it is.
+    bool TakeBeginOfTag(const Name& name)
     {
-        SkipBlanks();
-        const bool mayBeAtComment = m_end - m_next > 1 && m_next[1] == '!';
-        return !mayBeAtComment || SkipComments() != nullptr;
+        const Unit* const before = m_next;
+        if (Take('<') && Take(name) && m_next != m_end && (*m_next == '>' || IsBlank(*m_next)))
+            return true;
+        m_next = before;
+        return false;
     }
+
+    /// Or at something else that is markup and no tag.
+    bool IsAtComment() const { return m_end - m_next > 1 && m_next[1] == '!'; }
 
     /// Blanks and comments. Returns where the last comment ends, or else where the scanner stood; null at one in which
     /// something stands that may not.
