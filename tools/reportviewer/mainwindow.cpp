@@ -30,8 +30,8 @@ using REPORTGENERATOR::ReportModel;
 
 namespace {
 
-constexpr QLatin1String GEOMETRY("geometry");
-constexpr QLatin1String STATE("state");
+const QLatin1String GEOMETRY("geometry");
+const QLatin1String STATE("state");
 
 QStringList LocalFiles(const QMimeData& data)
 {
