@@ -56,18 +56,7 @@ list(REMOVE_DUPLICATES exported)
 
 list(TRANSFORM INCLUDE_DIRS PREPEND -I)
 
-# run(<argument>...): runs the compiler and leaves its output in RUN_OUTPUT.
-function(run)
-    execute_process(
-        COMMAND "${COMPILER}" -std=c++17 ${PLATFORM} ${INCLUDE_DIRS} ${ARGV}
-        RESULT_VARIABLE result
-        OUTPUT_VARIABLE output
-        ERROR_VARIABLE errors)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${errors}")
-    endif()
-    set(RUN_OUTPUT "${output}" PARENT_SCOPE)
-endfunction()
+set(compiler "${COMPILER}" -std=c++17 ${PLATFORM} ${INCLUDE_DIRS})
 
 # What the compiler takes in for the headers' sake goes ahead precompiled, and so is not told.
 set(foreign "")
@@ -87,11 +76,11 @@ list(JOIN foreign "\n" foreign)
 
 file(WRITE "${SCRATCH}/foreign.h" "${foreign}\n")
 file(WRITE "${SCRATCH}/own.cpp" "${own}")
-run(-x c++-header "${SCRATCH}/foreign.h" -o "${SCRATCH}/foreign.pch")
-run(-fsyntax-only -include-pch "${SCRATCH}/foreign.pch" -Xclang -ast-dump "${SCRATCH}/own.cpp")
+read(${compiler} -x c++-header "${SCRATCH}/foreign.h" -o "${SCRATCH}/foreign.pch")
+read(${compiler} -fsyntax-only -include-pch "${SCRATCH}/foreign.pch" -Xclang -ast-dump "${SCRATCH}/own.cpp")
 
 # The declarations, a line each, indented by two characters for each one that they stand in.
-string(REPLACE ";" "," lines "${RUN_OUTPUT}")
+string(REPLACE ";" "," lines "${output}")
 string(REPLACE "[" "(" lines "${lines}")
 string(REPLACE "]" ")" lines "${lines}")
 string(REPLACE "\n" ";" lines "${lines}")
