@@ -31,8 +31,7 @@ QByteArray Written(const ReportInput& input, std::int64_t row, const EncodeOptio
     const bool isPlain = input.Read(row, data);
     ReportBase report;
     RecordAccess::Init(report);
-    REPORTGENERATOR::TakeRecord(RecordAccess::Make(report), data,
-                                REPORTGENERATOR::ObjectAccess::SettingsToPass(report));
+    REPORTGENERATOR::TakeRecord(RecordAccess::Make(report), data, report);
     return isPlain ? ReportCore::WriteReport(report, options.form, options.level)
                    : ReportCore::WriteWhole(report, options.form, options.level);
 }

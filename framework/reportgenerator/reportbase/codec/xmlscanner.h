@@ -140,8 +140,12 @@ public:
 
     bool Take(const Name& name)
     {
-        if (m_end - m_next < name.size || !std::equal(name.latin1, name.latin1 + name.size, m_next, IsSame))
+        if (m_end - m_next < name.size)
             return false;
+        for (int i = 0; i < name.size; ++i) {
+            if (m_next[i] != static_cast<Unit>(name.latin1[i]))
+                return false;
+        }
         m_next += name.size;
         return true;
     }
@@ -229,7 +233,11 @@ private:
         return true;
     }
 
-    void SkipBlanks() { m_next = std::find_if_not(m_next, m_end, IsBlank<Unit>); }
+    void SkipBlanks()
+    {
+        while (m_next != m_end && IsBlank(*m_next))
+            ++m_next;
+    }
 
     /// '<' and the whole name; or else the scanner stays where it is.
     bool TakeBeginOfTag(const Name& name)

@@ -122,6 +122,7 @@ public:
     bool HasLoggerOrConverter() const { return ObjectSettings::HasBlock(Load()); }
     bool HasConverter() const { return (Load() & ObjectSettings::HAS_CONVERTER) != 0; }
     bool IsNone() const { return Load() == ObjectSettings::NONE; }
+    bool IsFirst() const { return Load() == 0; } ///< those of a new object
     bool Holds(const ObjectSettings& settings) const { return Load() == settings.m_word; }
     bool HoldsSameAs(SettingsSlot other) const { return Load() == other.Load(); }
 

@@ -163,7 +163,7 @@ private:
     static void Take(IRGObject& object, Data& data, bool passesSettings)
     {
         RecordAccess::Init(From(object));
-        TakeRecord(RecordAccess::Make(From(object)), data, ObjectAccess::SettingsToPass(object));
+        TakeRecord(RecordAccess::Make(From(object)), data, object);
         if (passesSettings)
             PassSettings(object);
     }

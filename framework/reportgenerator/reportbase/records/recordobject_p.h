@@ -210,9 +210,7 @@ void RecordObject<Data, Storage>::InitData() const
     if (IsInitialized())
         return;
     // Members have the settings before another thread can see them.
-    const auto prepare = [this](const Data& data) {
-        GiveToFields(data, [this](const auto& member) { PassSettingsTo(member, *this); });
-    };
+    const auto prepare = [this](const Data& data) { PassSettingsToNew(data, *this); };
     m_record.Make(prepare);
     if (ObjectAccess::FastPathOf(*this))
         return;
@@ -222,20 +220,26 @@ void RecordObject<Data, Storage>::InitData() const
     m_record.Make(prepare);
 }
 
-/// Compares two objects, whose records are made.
+/// Compares two objects of which only one has a record; the other's is made.
 template <class Object>
-bool IsRecordEqual(const Object& left, const Object& right)
+Q_NEVER_INLINE bool IsNewRecordEqual(const Object& left, const Object& right)
 {
-    if (!left.IsInitialized() && !right.IsInitialized())
-        return true;
     RecordAccess::Init(left);
-    if (right.IsInitialized())
-        return AreRecordsEqual(*RecordAccess::Get(left), *RecordAccess::Get(right),
-                               RecordAccess::FieldsOf(left));
     // Held, since an override may be called.
     const auto record = RecordAccess::Hold(left);
     RecordAccess::Init(right);
     return AreRecordsEqual(*record, *RecordAccess::Get(right), RecordAccess::FieldsOf(left));
+}
+
+/// Compares two objects. Those without a record are equal.
+template <class Object>
+bool IsRecordEqual(const Object& left, const Object& right)
+{
+    const auto* const leftData = RecordAccess::Get(left);
+    const auto* const rightData = RecordAccess::Get(right);
+    if (leftData && rightData)
+        return AreRecordsEqual(*leftData, *rightData, RecordAccess::FieldsOf(left));
+    return (!leftData && !rightData) || IsNewRecordEqual(left, right);
 }
 
 template <class Data, class Storage>

@@ -102,6 +102,26 @@ void PassSettingsTo(const Object& member, const IRGObject& parent)
     PassSettingsToMembers(member);
 }
 
+template <class Item>
+void SetAlone(const ObjectList<Item>& /*none yet*/, const ObjectSettings& /*settings*/)
+{
+}
+
+inline void SetAlone(const IRGObject& member, const ObjectSettings& settings)
+{
+    ObjectAccess::SettingsOf(member).SetAlone(settings);
+}
+
+/// Gives the members of a record that nobody else sees yet what the object passes on.
+template <class Data>
+void PassSettingsToNew(const Data& data, const IRGObject& object)
+{
+    if (ObjectAccess::SettingsOf(object).IsFirst())
+        return;
+    const ObjectSettings settings = ObjectAccess::SettingsToPass(object);
+    GiveToFields(data, [&settings](const auto& member) { SetAlone(member, settings); });
+}
+
 /// Gives validate flag and logger of the object to everything that it holds.
 template <class Object>
 void PassSettingsToMembers(const Object& object)

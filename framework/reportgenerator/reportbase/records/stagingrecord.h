@@ -21,19 +21,18 @@ bool PutValue(Data& data, const ScalarField<D, T, PresenceBit>& field, const T& 
     return true;
 }
 
-/// Items get the settings.
+/// Items get the settings of the object that is read.
 template <class Data>
-void TakeRecord(Data& to, Data& from, const ObjectSettings& settings);
+void TakeRecord(Data& to, Data& from, const IRGObject& object);
 
 template <class Data, class D, class T>
-void TakeField(Data& to, Data& from, const ScalarField<D, T, PresenceBit>& field,
-               const ObjectSettings& /*settings*/)
+void TakeField(Data& to, Data& from, const ScalarField<D, T, PresenceBit>& field, const IRGObject& /*object*/)
 {
     field.In(to) = field.In(from);
 }
 
 template <class Data>
-void TakeField(Data& to, Data& from, const FormatVersion<Data>& field, const ObjectSettings& /*settings*/)
+void TakeField(Data& to, Data& from, const FormatVersion<Data>& field, const IRGObject& /*object*/)
 {
     // Data without a version leave the one that was loaded before.
     if (!(from.*(field.loaded)).isNull())
@@ -41,24 +40,24 @@ void TakeField(Data& to, Data& from, const FormatVersion<Data>& field, const Obj
 }
 
 template <class Data, class Object>
-void TakeField(Data& to, Data& from, const Member<Data, Object>& field, const ObjectSettings& settings)
+void TakeField(Data& to, Data& from, const Member<Data, Object>& field, const IRGObject& object)
 {
     if (field.IsSetIn(from))
-        TakeRecord(RecordAccess::Make(field.In(to)), RecordAccess::Make(field.In(from)), settings);
+        TakeRecord(RecordAccess::Make(field.In(to)), RecordAccess::Make(field.In(from)), object);
 }
 
 template <class Data, class Item>
-void TakeField(Data& to, Data& from, const ItemList<Data, Item>& field, const ObjectSettings& settings)
+void TakeField(Data& to, Data& from, const ItemList<Data, Item>& field, const IRGObject& object)
 {
     if (field.IsSetIn(from))
-        field.In(to).Take(field.In(from).Detached(), settings);
+        field.In(to).Take(field.In(from).Detached(), ObjectAccess::SettingsToPass(object));
 }
 
 /// Takes what was read over into a record in which nothing is set.
 template <class Data>
-void TakeRecord(Data& to, Data& from, const ObjectSettings& settings)
+void TakeRecord(Data& to, Data& from, const IRGObject& object)
 {
-    ForEachField(Schema<Data>::FIELDS, [&](const auto& field) { TakeField(to, from, field, settings); });
+    ForEachField(Schema<Data>::FIELDS, [&](const auto& field) { TakeField(to, from, field, object); });
     to.flags = from.flags;
 }
 
