@@ -5,7 +5,9 @@
 #include "support/deviceoperations.h"
 #include "support/files.h"
 #include "support/recordclasses.h"
+#include "support/scratchfile.h"
 
+#include <reportgenerator/reportbase/ellipse.h>
 #include <reportgenerator/reportbase/rgexception.h>
 
 #include <gtest/gtest.h>
@@ -129,6 +131,12 @@ Deeds<T> DeedsToAll()
         {"assigns an empty one", [](T& object) { object = T(); }},
         {"assigns a full one", [](T& object) { object = T(Support::Used<Base>()); }},
         {"assigns a copy", [](T& object) { object = T(object); }},
+        {"takes name and kind of another class",
+         [](T& object) {
+             REPORTGENERATOR::Ellipse other;
+             other.SetValidate(object.GetValidate());
+             object.IRGObject::operator=(other);
+         }},
         {"reads", [](T& object) { object.SetXmlString(Support::XmlOfOne<Base>(), false); }},
         {"reads what is odd",
          [](T& object) { object.SetXmlString(QString::fromUtf8(OddXml<Base>()), false); }},
@@ -233,6 +241,7 @@ Deeds<T> Operations()
         {"Check(true)", [](T& object) { object.Check(true); }},
         {"Check", [](T& object) { object.Check(); }},
         {"GetXmlString", [](T& object) { object.GetXmlString(); }},
+        {"SaveXml", [](T& object) { object.SaveXml(Support::ScratchPath()); }},
         {"GetBinaryRepresentationAsQByteArray",
          [](T& object) { object.GetBinaryRepresentationAsQByteArray(); }},
         {"operator==",
@@ -269,6 +278,8 @@ private:
 template <class Base, class T>
 void ExpectUsable(T& object)
 {
+    // It may bear another class's name.
+    object.IRGObject::operator=(Base());
     object.ResetLogger();
     object.SetValidate(true);
     object.Reset();

@@ -255,7 +255,9 @@ void IRGObject::ReapplySettings() const
 
 bool IRGObject::PrepareToWrite() const
 {
-    ReapplySettings();
+    // The check of a class with a fast path begins with it.
+    if (!ObjectAccess::FastPathOf(*this) || !ObjectAccess::Validates(*this))
+        ReapplySettings();
     if (!GetValidate())
         return true;
     Check();

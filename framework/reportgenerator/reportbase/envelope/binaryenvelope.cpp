@@ -120,7 +120,7 @@ bool ReadOnFastPath(const FastPath& fastPath, IRGObject& object, const QByteArra
 /// Puts the root element, in one go or by a stream.
 void PutRootElement(Buffer<QByteArray>& out, const IRGObject& object)
 {
-    const FastPath* const fastPath = ObjectAccess::FastPathOf(object);
+    const FastPath* const fastPath = ObjectAccess::FastPathToWrite(object);
     if (fastPath && fastPath->writeBody(object, wire::ROOT_TAG, true, out))
         return;
     const QByteArray element =

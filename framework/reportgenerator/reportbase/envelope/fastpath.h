@@ -12,9 +12,9 @@ class IRGObject;
 /// The way of a class between its objects and one buffer, past Qt's stream classes. Only for objects of
 /// exactly this class: what a derived class overrides would not be asked.
 ///
-/// Writing is for objects that have been checked if they validate. Each function returns false, with nothing
-/// written, logged or changed but what the other way would do anyway, where something is odd: the caller then
-/// goes the other way.
+/// Writing is for objects that have passed their settings on, and have been checked if they validate. Each
+/// function returns false, with nothing written, logged or changed but what the other way would do anyway,
+/// where something is odd: the caller then goes the other way.
 struct FastPath
 {
     const std::type_info* type;

@@ -22,6 +22,16 @@ struct ObjectAccess
                                                                                           : nullptr;
     }
 
+    /// The same of an object that has been checked if it validates, to write it.
+    static const FastPath* FastPathToWrite(const IRGObject& object)
+    {
+        const FastPath* const fastPath = FastPathOf(object);
+        // The check has passed the settings on.
+        if (fastPath && !Validates(object))
+            fastPath->passSettings(object);
+        return fastPath;
+    }
+
     static bool HasIdentity(const IRGObject& object, const ObjectIdentity* identity)
     {
         return object.m_identity == identity;

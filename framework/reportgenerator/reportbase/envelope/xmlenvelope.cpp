@@ -118,7 +118,7 @@ QString IRGObject::GetXmlString() const
     if (GetValidate())
         Check();
     QString xml;
-    const FastPath* const fastPath = ObjectAccess::FastPathOf(*this);
+    const FastPath* const fastPath = ObjectAccess::FastPathToWrite(*this);
     return fastPath && fastPath->writeXml(*this, xml) ? xml : WrittenXml(*this);
 }
 
@@ -154,8 +154,7 @@ bool IRGObject::SaveXml(const QString& path) const
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    const FastPath* const fastPath = ObjectAccess::FastPathOf(*this);
-    if (!fastPath) {
+    if (!ObjectAccess::FastPathOf(*this)) {
         file.write(GetXmlString().toUtf8());
         return true;
     }
@@ -163,7 +162,8 @@ bool IRGObject::SaveXml(const QString& path) const
     if (GetValidate())
         Check();
     QByteArray xml;
-    file.write(fastPath->writeXmlBytes(*this, xml) ? xml : WrittenXml(*this).toUtf8());
+    const FastPath* const fastPath = ObjectAccess::FastPathToWrite(*this);
+    file.write(fastPath && fastPath->writeXmlBytes(*this, xml) ? xml : WrittenXml(*this).toUtf8());
     return true;
 }
 

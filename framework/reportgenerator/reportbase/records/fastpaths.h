@@ -103,7 +103,6 @@ private:
     template <class Container>
     static bool WriteXml(const IRGObject& object, Container& xml)
     {
-        PassSettings(object);
         RecordAccess::Init(From(object));
         if (!IsPlain(From(object), true))
             return false;
@@ -115,7 +114,6 @@ private:
 
     static bool WriteBody(const IRGObject& object, qint32 tag, bool withTag, Buffer<QByteArray>& out)
     {
-        PassSettings(object);
         RecordAccess::Init(From(object));
         if (!IsPlain(From(object), false))
             return false;

@@ -250,11 +250,8 @@ public:
 
     void PassValidate(bool validate, bool isChange = false) const
     {
-        if (Note([validate](const ObjectSettings& noted) { return noted.WithValidate(validate); }))
-            return;
-        Pass([validate](const Item& item) { return item.GetValidate() == validate; },
-             [validate](const Item& item) { item.SetValidate(validate); }, isChange, CountSettled(validate));
-        RememberSettled(validate);
+        if (IsDetached() || Noted().Validates() != validate)
+            PassOtherValidate(validate, isChange);
     }
 
     void PassLogger(const std::shared_ptr<Logger>& logger, bool isChange = false) const
@@ -376,6 +373,16 @@ private:
             if (Noted().Holds(after) || Noted().SetIfStill(before, after, [] {}))
                 return true;
         }
+    }
+
+    /// Apart from the comparison, which is all for most copies.
+    Q_NEVER_INLINE void PassOtherValidate(bool validate, bool isChange) const
+    {
+        if (Note([validate](const ObjectSettings& noted) { return noted.WithValidate(validate); }))
+            return;
+        Pass([validate](const Item& item) { return item.GetValidate() == validate; },
+             [validate](const Item& item) { item.SetValidate(validate); }, isChange, CountSettled(validate));
+        RememberSettled(validate);
     }
 
     void PassSettings(const IRGObject& parent, int first) const
