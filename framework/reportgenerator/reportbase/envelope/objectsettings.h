@@ -126,6 +126,13 @@ public:
     bool Holds(const ObjectSettings& settings) const { return Load() == settings.m_word; }
     bool HoldsSameAs(SettingsSlot other) const { return Load() == other.Load(); }
 
+    /// Whether it holds settings with that flag, looking once: another thread may take them away.
+    bool HoldsFlag(bool validate) const
+    {
+        const std::uintptr_t word = Load();
+        return word != NONE && ((word & ObjectSettings::NOT_VALIDATING) == 0) == validate;
+    }
+
     /// Two that are equal held the same; where somebody locks one, two that hold the same may differ.
     std::uintptr_t Now() const { return m_word.load(std::memory_order_acquire); }
 

@@ -250,7 +250,7 @@ public:
 
     void PassValidate(bool validate, bool isChange = false) const
     {
-        if (IsDetached() || Noted().Validates() != validate)
+        if (!Noted().HoldsFlag(validate))
             PassOtherValidate(validate, isChange);
     }
 
