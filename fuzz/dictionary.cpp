@@ -21,7 +21,20 @@
 
 namespace {
 
-using namespace REPORTGENERATOR;
+using REPORTGENERATOR::AreaData;
+using REPORTGENERATOR::CoordinateData;
+using REPORTGENERATOR::FormatVersion;
+using REPORTGENERATOR::FrequencyData;
+using REPORTGENERATOR::IFBandwidthData;
+using REPORTGENERATOR::ItemList;
+using REPORTGENERATOR::Member;
+using REPORTGENERATOR::Name;
+using REPORTGENERATOR::Place;
+using REPORTGENERATOR::PresenceBit;
+using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::ScalarField;
+using REPORTGENERATOR::Schema;
+namespace wire = REPORTGENERATOR::wire;
 
 /// What XML and numbers are made of, whoever writes them.
 const std::initializer_list<const char*> COMMON = {

@@ -15,9 +15,19 @@
 #include <cstring>
 #include <vector>
 
-using namespace REPORTGENERATOR;
-
 namespace {
+
+using REPORTGENERATOR::Area;
+using REPORTGENERATOR::ChannelSpacing;
+using REPORTGENERATOR::Coordinate;
+using REPORTGENERATOR::Double;
+using REPORTGENERATOR::Ellipse;
+using REPORTGENERATOR::Frequency;
+using REPORTGENERATOR::FrequencyInformation;
+using REPORTGENERATOR::IFBandwidth;
+using REPORTGENERATOR::MeasurementTime;
+using REPORTGENERATOR::ReportBase;
+using REPORTGENERATOR::ScanParameter;
 
 void Stop()
 {

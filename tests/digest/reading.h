@@ -14,7 +14,7 @@ namespace Digest {
 QByteArray ReadXml(Specimen& specimen, const QString& xml, bool checkRoot);
 QByteArray ReadRepresentation(Specimen& specimen, const QByteArray& bytes);
 QByteArray ReadRaw(Specimen& specimen, const QByteArray& bytes);
-QByteArray ReadBinaryFile(Specimen& specimen, const QByteArray& file);
+QByteArray ReadBinaryFile(Specimen& specimen, const QByteArray& content);
 
 /// The raw form, or the text where there is none, without validation: what the object holds.
 QByteArray Held(const Specimen& specimen);

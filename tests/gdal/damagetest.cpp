@@ -6,7 +6,9 @@
 
 namespace {
 
-using namespace GdalTest;
+using GdalTest::Folder;
+using GdalTest::Ids;
+using GdalTest::Source;
 
 /// Reads the bytes as a file and expects a row or a warning.
 void ReadDamaged(const Folder& folder, const QByteArray& bytes, std::size_t& rows)

@@ -8,7 +8,10 @@
 
 namespace {
 
-using namespace GdalTest;
+using GdalTest::Folder;
+using GdalTest::Ids;
+using GdalTest::Lines;
+using GdalTest::Source;
 using ReportGdal::BeginsAsReport;
 
 QByteArray Utf16(const char* text)

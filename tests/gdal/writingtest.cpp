@@ -11,7 +11,13 @@
 
 namespace {
 
-using namespace GdalTest;
+using GdalTest::Areas;
+using GdalTest::Cells;
+using GdalTest::ContentOf;
+using GdalTest::Folder;
+using GdalTest::Lines;
+using GdalTest::NamesIn;
+using GdalTest::Source;
 
 GDALDriver& Driver()
 {

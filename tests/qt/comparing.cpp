@@ -34,9 +34,9 @@ class Comparing : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void frequencies() { QCOMPARE(MakeFrequency(121500000.0), MakeFrequency(121500000.004)); }
+    void Frequencies() { QCOMPARE(MakeFrequency(121500000.0), MakeFrequency(121500000.004)); }
 
-    void setAndUnset()
+    void SetAndUnset()
     {
         Frequency unset;
         unset.SetMin(0.0);
@@ -45,21 +45,21 @@ private Q_SLOTS:
         QCOMPARE(unset, set);
     }
 
-    void longAreas()
+    void LongAreas()
     {
         const Area before = MakeArea(QStringLiteral("Lake"), {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 10}});
         const Area after = MakeArea(QStringLiteral("Lake"), {{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 10.5}});
         QCOMPARE(ReportOf(after), ReportOf(before));
     }
 
-    void ellipses()
+    void Ellipses()
     {
         Ellipse ellipse;
         ellipse.SetRotation(30.0);
         QCOMPARE(ellipse, Ellipse());
     }
 
-    void enumerations() { QCOMPARE(TaskType::Pool, TaskType::GetInvalidTaskType()); }
+    void Enumerations() { QCOMPARE(TaskType::Pool, TaskType::GetInvalidTaskType()); }
 };
 
 QTEST_APPLESS_MAIN(Comparing)

@@ -15,7 +15,6 @@ using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Difference;
 using REPORTGENERATOR::Ellipse;
 using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::MakeArea;
 using REPORTGENERATOR::MakeCoordinate;
 using REPORTGENERATOR::ReportBase;
 using Support::Text;

@@ -100,8 +100,8 @@ class Station : public QObject
     Q_OBJECT
 
 Q_SIGNALS:
-    void Measured(const REPORTGENERATOR::ReportBase& report);
-    void Moved(REPORTGENERATOR::Coordinate point, REPORTGENERATOR::TaskType::TaskTypeValue type);
+    void Measured(const REPORTGENERATOR::ReportBase&);
+    void Moved(REPORTGENERATOR::Coordinate, REPORTGENERATOR::TaskType::TaskTypeValue);
 };
 
 class Receiver : public QObject
@@ -116,7 +116,7 @@ public Q_SLOTS:
         movedBy = type;
     }
 
-public:
+public: // NOLINT(readability-redundant-access-specifiers): no slots behind it
     ReportBase taken;
     Coordinate movedTo;
     TaskType::TaskTypeValue movedBy = TaskType::Other;

@@ -44,6 +44,7 @@ void ExpectOptional(Get get, Set set, const Value& value, const Value& zero)
     EXPECT_FALSE(object.AnyData());
 }
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a class is no value
 #define EXPECT_OPTIONAL(Object, Name, value, zero)                                                           \
     ExpectOptional<Object, std::decay_t<decltype(value)>>(                                                   \
         [](const Object& object) { return Optional##Name(object); },                                         \
@@ -51,6 +52,7 @@ void ExpectOptional(Get get, Set set, const Value& value, const Value& zero)
             SetOptional##Name(object, field);                                                                \
         },                                                                                                   \
         value, zero)
+// NOLINTEND(bugprone-macro-parentheses)
 
 } // namespace
 

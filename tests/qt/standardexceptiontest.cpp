@@ -30,21 +30,31 @@ using Family = testing::Types<RGException, BinaryParsingException, ConversionErr
                               IncompleteDefinitionException, InterfaceAlreadyRegisteredException,
                               InterfaceNotSupportedException, InvalidXmlException, OutOfRangeException>;
 
-/// By the names of the classes.
+template <class Exception>
+constexpr const char* NAME = nullptr;
+template <>
+constexpr const char* NAME<RGException> = "RGException";
+template <>
+constexpr const char* NAME<BinaryParsingException> = "BinaryParsingException";
+template <>
+constexpr const char* NAME<ConversionErrorException> = "ConversionErrorException";
+template <>
+constexpr const char* NAME<IncompleteDefinitionException> = "IncompleteDefinitionException";
+template <>
+constexpr const char* NAME<InterfaceAlreadyRegisteredException> = "InterfaceAlreadyRegisteredException";
+template <>
+constexpr const char* NAME<InterfaceNotSupportedException> = "InterfaceNotSupportedException";
+template <>
+constexpr const char* NAME<InvalidXmlException> = "InvalidXmlException";
+template <>
+constexpr const char* NAME<OutOfRangeException> = "OutOfRangeException";
+
 struct FamilyNames
 {
     template <class Exception>
     static std::string GetName(int)
     {
-        return std::is_same_v<Exception, RGException>                     ? "RGException"
-               : std::is_same_v<Exception, BinaryParsingException>        ? "BinaryParsingException"
-               : std::is_same_v<Exception, ConversionErrorException>      ? "ConversionErrorException"
-               : std::is_same_v<Exception, IncompleteDefinitionException> ? "IncompleteDefinitionException"
-               : std::is_same_v<Exception, InterfaceAlreadyRegisteredException>
-                   ? "InterfaceAlreadyRegisteredException"
-               : std::is_same_v<Exception, InterfaceNotSupportedException> ? "InterfaceNotSupportedException"
-               : std::is_same_v<Exception, InvalidXmlException>            ? "InvalidXmlException"
-                                                                           : "OutOfRangeException";
+        return NAME<Exception>;
     }
 };
 TYPED_TEST_SUITE(QtStandardException, Family, FamilyNames);
@@ -57,7 +67,7 @@ TYPED_TEST(QtStandardException, SaysNameAndTextAndKeepsTheOriginal)
         WithStandardExceptions([] { throw TypeParam(Text("Z\u00fcrich")); });
         FAIL() << "nothing thrown";
     } catch (const std::exception& error) {
-        EXPECT_EQ(error.what(), FamilyNames::GetName<TypeParam>(0) + ": Z\u00fcrich");
+        EXPECT_EQ(error.what(), std::string(NAME<TypeParam>) + ": Z\u00fcrich");
         const auto& bridge = dynamic_cast<const StandardException&>(error);
         EXPECT_THROW(bridge.RethrowOriginal(), TypeParam);
         EXPECT_THROW(std::rethrow_exception(bridge.Original()), TypeParam);

@@ -9,7 +9,7 @@
 #include <exception>
 #include <stdexcept>
 
-int main(int argc, char** argv)
+int main(int argc, char** argv) // NOLINT(bugprone-exception-escape): that is what it is for
 {
     std::set_terminate([] {
         std::fputs("the handler from before\n", stderr);

@@ -11,7 +11,7 @@ class Throwing : public QObject
 
 private Q_SLOTS:
     void initTestCase() { REPORTGENERATOR::InstallTerminateHandler(); }
-    void beyondTheRange() { REPORTGENERATOR::MakeCoordinate(190.0, 47.5); }
+    void BeyondTheRange() { REPORTGENERATOR::MakeCoordinate(190.0, 47.5); }
 };
 
 QTEST_APPLESS_MAIN(Throwing)

@@ -35,7 +35,6 @@ using REPORTGENERATOR::IFBandwidth;
 using REPORTGENERATOR::ReportBase;
 using Support::At;
 using Support::CallingLogger;
-using Support::Filled;
 using Support::g_calls;
 using Support::Overridden;
 using Support::Text;

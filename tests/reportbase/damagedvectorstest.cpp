@@ -45,7 +45,7 @@ struct Input
     qint64 Limit(const QByteArray& other) const
     {
         constexpr qint64 MEGABYTE = 1 << 20;
-        return MEGABYTE + other.size() * (IsCompressed() ? 2 * 1032 : 64);
+        return MEGABYTE + other.size() * qint64(IsCompressed() ? 2 * 1032 : 64);
     }
 
     /// Reads bytes as those of the file are read. An exception that is none of the library's passes out.

@@ -114,7 +114,7 @@ TEST_F(EachAllocationOfServices, CentersThatAreTakenAwayWithinACallAreDeleted)
             auto center = std::make_unique<RegisterCenter>();
             center->RegisterInterface(new Frequency);
             notifier->NotifyOnChanged(center.get());
-            center.release();
+            static_cast<void>(center.release());
             notifier->UnRegister(Frequency::id);
         }
     });

@@ -199,7 +199,7 @@ TEST(FailingAllocation, LeaksNothingOfACopy)
 // --- What needs no memory ---------------------------------------------------------------------------------
 
 /// A list takes at least 40 bytes for each point. What a process sets up on first use is allowed for.
-constexpr qint64 FAR_BELOW_A_LIST = 4 * SOME_POINTS;
+constexpr qint64 FAR_BELOW_A_LIST = qint64(4) * SOME_POINTS;
 
 /// What the operation takes at most on a copy of an area, whose source is there.
 qint64 PeakOn(const std::function<void(Area&)>& operation)

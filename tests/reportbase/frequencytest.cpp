@@ -20,7 +20,6 @@ using Support::Bool;
 using Support::Bytes;
 using Support::ReadElements;
 using Support::ReadRawForm;
-using Support::Use;
 using Support::Value;
 namespace Tag = Support::Tag;
 

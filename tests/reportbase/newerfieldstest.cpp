@@ -21,7 +21,6 @@
 
 namespace {
 
-using REPORTGENERATOR::Area;
 using REPORTGENERATOR::ReportBase;
 using Support::Byte;
 using Support::Bytes;

@@ -28,7 +28,6 @@ using Support::ByteArray;
 using Support::Bytes;
 using Support::FrequencyElement;
 using Support::FrequencyState;
-using Support::Int32;
 using Support::Latitude;
 using Support::Longitude;
 using Support::Min;

@@ -18,7 +18,6 @@ namespace {
 
 using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Frequency;
-using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;
 using Support::CallingLogger;
 using Support::g_calls;

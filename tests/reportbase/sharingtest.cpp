@@ -366,11 +366,38 @@ TEST(Sharing, SwappedObjectsExchangeTheirFields)
 
 // --- Settings ---------------------------------------------------------------------------------------------
 
+namespace {
+
+/// What is changed at one of two areas that share their coordinates doesn't show at the other one.
+void ExpectSettingsApart(const Area& source, const Area& other, bool isOfSource, bool isLookedAt)
+{
+    const Area& changed = isOfSource ? source : other;
+    const Area& kept = isOfSource ? other : source;
+    const Coordinate* const held = isLookedAt ? &kept.GetCoordinate().at(0) : nullptr;
+    const auto logger = Support::NewLogger();
+    changed.SetValidate(false);
+    changed.SetLogger(logger);
+    if (held) {
+        EXPECT_TRUE(held->GetValidate());
+        EXPECT_EQ(held->GetLogger(), nullptr);
+    }
+    EXPECT_TRUE(kept.GetValidate());
+    EXPECT_NO_RG_THROW(kept.Check());
+    for (const int index : {0, 1}) {
+        EXPECT_TRUE(IsValidating(kept, index));
+        EXPECT_EQ(LoggerOf(kept, index), nullptr);
+        EXPECT_FALSE(IsValidating(changed, index));
+        EXPECT_EQ(LoggerOf(changed, index), logger);
+    }
+}
+
+} // namespace
+
 TEST(Sharing, SettingsOfAnAreaNeverReachTheCoordinatesOfAnother)
 {
     for (const bool isCopied : {true, false}) {
-        for (const bool isOfSource : {true, false}) {
-            for (const bool isLookedAt : {true, false}) {
+        for (const bool isLookedAt : {true, false}) {
+            for (const bool isOfSource : {true, false}) {
                 SCOPED_TRACE(isCopied ? "copied" : "assigned");
                 SCOPED_TRACE(isOfSource ? "source" : "other");
                 const Area source = SomeArea();
@@ -379,24 +406,7 @@ TEST(Sharing, SettingsOfAnAreaNeverReachTheCoordinatesOfAnother)
                 if (!isCopied)
                     assigned = source;
                 const Area& other = isCopied ? copy : assigned;
-                const Area& changed = isOfSource ? source : other;
-                const Area& kept = isOfSource ? other : source;
-                const Coordinate* const held = isLookedAt ? &kept.GetCoordinate().at(0) : nullptr;
-                const auto logger = Support::NewLogger();
-                changed.SetValidate(false);
-                changed.SetLogger(logger);
-                if (held) {
-                    EXPECT_TRUE(held->GetValidate());
-                    EXPECT_EQ(held->GetLogger(), nullptr);
-                }
-                EXPECT_TRUE(kept.GetValidate());
-                EXPECT_NO_RG_THROW(kept.Check());
-                for (const int index : {0, 1}) {
-                    EXPECT_TRUE(IsValidating(kept, index));
-                    EXPECT_EQ(LoggerOf(kept, index), nullptr);
-                    EXPECT_FALSE(IsValidating(changed, index));
-                    EXPECT_EQ(LoggerOf(changed, index), logger);
-                }
+                ExpectSettingsApart(source, other, isOfSource, isLookedAt);
             }
         }
     }

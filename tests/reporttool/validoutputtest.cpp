@@ -22,35 +22,50 @@ using ToolTest::RunTool;
 using ToolTest::Scratch;
 using ToolTest::ToolRun;
 
-/// By the table of well-formed byte sequences of the Unicode standard; -1 where all of it is.
+/// A row of the table of well-formed byte sequences of the Unicode standard: the first byte, the second one, and how many
+/// come behind that.
+struct SequenceRow
+{
+    int first;
+    int last;
+    int secondLow;
+    int secondHigh;
+    int others;
+};
+
+constexpr SequenceRow WELL_FORMED[] = {
+    {0xC2, 0xDF, 0x80, 0xBF, 0}, {0xE0, 0xE0, 0xA0, 0xBF, 1}, {0xE1, 0xEC, 0x80, 0xBF, 1},
+    {0xED, 0xED, 0x80, 0x9F, 1}, {0xEE, 0xEF, 0x80, 0xBF, 1}, {0xF0, 0xF0, 0x90, 0xBF, 2},
+    {0xF1, 0xF3, 0x80, 0xBF, 2}, {0xF4, 0xF4, 0x80, 0x8F, 2},
+};
+
+/// 0 where none begins.
+int SizeOfSequence(const QByteArray& bytes, int from)
+{
+    const auto isBetween = [&bytes](int index, int low, int high) {
+        return index < bytes.size() && uchar(bytes.at(index)) >= low && uchar(bytes.at(index)) <= high;
+    };
+    if (isBetween(from, 0x00, 0x7F))
+        return 1;
+    for (const SequenceRow& row : WELL_FORMED) {
+        if (!isBetween(from, row.first, row.last) || !isBetween(from + 1, row.secondLow, row.secondHigh))
+            continue;
+        const int size = 2 + row.others;
+        int read = 2;
+        while (read < size && isBetween(from + read, 0x80, 0xBF))
+            ++read;
+        return read == size ? size : 0;
+    }
+    return 0;
+}
+
+/// -1 where all of it is well-formed.
 qint64 FirstWrongByte(const QByteArray& bytes)
 {
     for (int i = 0; i < bytes.size();) {
-        const auto at = [&bytes](int index) { return index < bytes.size() ? uchar(bytes.at(index)) : 0; };
-        const auto isBetween = [&at](int index, int low, int high) {
-            return at(index) >= low && at(index) <= high;
-        };
-        const int first = at(i);
-        int size = 1;
-        int low = 0x80;
-        int high = 0xBF;
-        if (first >= 0xF0 && first <= 0xF4) {
-            size = 4;
-            low = first == 0xF0 ? 0x90 : low;
-            high = first == 0xF4 ? 0x8F : high;
-        } else if (first >= 0xE0 && first <= 0xEF) {
-            size = 3;
-            low = first == 0xE0 ? 0xA0 : low;
-            high = first == 0xED ? 0x9F : high;
-        } else if (first >= 0xC2 && first <= 0xDF) {
-            size = 2;
-        } else if (first >= 0x80) {
+        const int size = SizeOfSequence(bytes, i);
+        if (size == 0)
             return i;
-        }
-        for (int k = 1; k < size; ++k) {
-            if (!isBetween(i + k, k == 1 ? low : 0x80, k == 1 ? high : 0xBF))
-                return i;
-        }
         i += size;
     }
     return -1;

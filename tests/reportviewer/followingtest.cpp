@@ -11,7 +11,6 @@ namespace {
 
 using ReportViewer::Document;
 using ViewerTest::ViewerWindow;
-using ViewerTest::WaitFor;
 
 class ViewerFollowing : public testing::Test
 {

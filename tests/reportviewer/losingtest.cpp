@@ -48,7 +48,7 @@ protected:
         return name;
     }
 
-    QStringList& Asked() { return m_viewer.answers->asked; }
+    QStringList& Asked() const { return m_viewer.answers->asked; }
 
     /// A column of the list of problems.
     QStringList Listed(int column)

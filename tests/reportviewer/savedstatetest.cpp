@@ -8,7 +8,6 @@
 
 namespace {
 
-using ReportViewer::Questions;
 using ViewerTest::ViewerWindow;
 
 /// What is shown where nothing has changed since the file was read or written.

@@ -25,7 +25,6 @@
 
 namespace {
 
-using REPORTGENERATOR::Area;
 using REPORTGENERATOR::ChannelSpacing;
 using REPORTGENERATOR::IRGObject;
 using REPORTGENERATOR::ReportBase;

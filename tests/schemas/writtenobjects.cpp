@@ -40,7 +40,6 @@
 namespace {
 
 using Digest::Specimen;
-using Digest::SpecimenOf;
 using REPORTGENERATOR::Area;
 using REPORTGENERATOR::Coordinate;
 using REPORTGENERATOR::Double;

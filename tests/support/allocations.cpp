@@ -61,10 +61,12 @@ bool g_hasFailed = false;
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming): names of the C library
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
 void __libc_free(void* block);
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
 
 __attribute__((visibility("default"))) void* malloc(std::size_t size)
 {
@@ -75,22 +77,22 @@ __attribute__((visibility("default"))) void* malloc(std::size_t size)
     return block;
 }
 
-__attribute__((visibility("default"))) void* calloc(std::size_t count, std::size_t size)
+__attribute__((visibility("default"))) void* calloc(std::size_t nmemb, std::size_t size)
 {
     if (MustFail())
         return nullptr;
-    void* block = __libc_calloc(count, size);
+    void* block = __libc_calloc(nmemb, size);
     Count(static_cast<qint64>(malloc_usable_size(block)));
     return block;
 }
 
 /// A block that has to move exists twice meanwhile.
-__attribute__((visibility("default"))) void* realloc(void* block, std::size_t size)
+__attribute__((visibility("default"))) void* realloc(void* ptr, std::size_t size)
 {
     if (MustFail())
         return nullptr;
-    const auto before = static_cast<qint64>(malloc_usable_size(block));
-    void* moved = __libc_realloc(block, size);
+    const auto before = static_cast<qint64>(malloc_usable_size(ptr));
+    void* moved = __libc_realloc(ptr, size);
     if (moved == nullptr && size != 0)
         return nullptr;
     Count(static_cast<qint64>(malloc_usable_size(moved)));
@@ -98,10 +100,10 @@ __attribute__((visibility("default"))) void* realloc(void* block, std::size_t si
     return moved;
 }
 
-__attribute__((visibility("default"))) void free(void* block)
+__attribute__((visibility("default"))) void free(void* ptr)
 {
-    Count(-static_cast<qint64>(malloc_usable_size(block)));
-    __libc_free(block);
+    Count(-static_cast<qint64>(malloc_usable_size(ptr)));
+    __libc_free(ptr);
 }
 
 } // extern "C"

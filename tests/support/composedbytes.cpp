@@ -20,7 +20,18 @@
 namespace Support {
 namespace {
 
-using namespace REPORTGENERATOR;
+using REPORTGENERATOR::AreaData;
+using REPORTGENERATOR::BIT_OF_VERSION;
+using REPORTGENERATOR::CoordinateData;
+using REPORTGENERATOR::FormatVersion;
+using REPORTGENERATOR::FrequencyData;
+using REPORTGENERATOR::IFBandwidthData;
+using REPORTGENERATOR::ItemList;
+using REPORTGENERATOR::Member;
+using REPORTGENERATOR::PresenceBit;
+using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::ScalarField;
+using REPORTGENERATOR::Schema;
 
 /// A bit for each field of a record.
 template <class Data>

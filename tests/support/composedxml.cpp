@@ -15,7 +15,20 @@
 namespace Support {
 namespace {
 
-using namespace REPORTGENERATOR;
+using REPORTGENERATOR::AreaData;
+using REPORTGENERATOR::CoordinateData;
+using REPORTGENERATOR::FormatVersion;
+using REPORTGENERATOR::FrequencyData;
+using REPORTGENERATOR::IFBandwidthData;
+using REPORTGENERATOR::ItemList;
+using REPORTGENERATOR::Member;
+using REPORTGENERATOR::NumberFormat;
+using REPORTGENERATOR::Place;
+using REPORTGENERATOR::PresenceBit;
+using REPORTGENERATOR::Range;
+using REPORTGENERATOR::ReportBaseData;
+using REPORTGENERATOR::ScalarField;
+using REPORTGENERATOR::Schema;
 
 struct Attribute
 {
@@ -357,7 +370,7 @@ template <class Data, class Object>
 void XmlComposer::Plan(Parts& parts, const Member<Data, Object>& /*field*/)
 {
     if (m_choices.Below(4) != 3)
-        parts.children.push_back([this] {
+        parts.children.emplace_back([this] {
             Gap();
             ElementOf<typename Object::RecordData>();
         });
@@ -390,7 +403,7 @@ void XmlComposer::Children(std::vector<std::function<void()>> children)
     if (Odd() && !children.empty())
         children.erase(children.begin());
     if (Odd())
-        children.push_back([this] { Element(m_choices.Of({Kind::Coordinate, Kind::Frequency})); });
+        children.emplace_back([this] { Element(m_choices.Of({Kind::Coordinate, Kind::Frequency})); });
     for (const auto& child : children) {
         if (Odd())
             Unknown();

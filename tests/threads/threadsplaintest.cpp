@@ -18,7 +18,6 @@ namespace {
 using REPORTGENERATOR::ChannelSpacing;
 using REPORTGENERATOR::Double;
 using REPORTGENERATOR::Ellipse;
-using REPORTGENERATOR::FrequencyHolder;
 using REPORTGENERATOR::FrequencyInformation;
 using REPORTGENERATOR::FrequencyListValue;
 using REPORTGENERATOR::FrequencyRangeOld;
@@ -29,7 +28,6 @@ using Threads::CountingLogger;
 using Threads::Operations;
 using Threads::States;
 using Threads::Told;
-using Threads::Written;
 
 template <class T>
 Operations<T> PlainOperations()

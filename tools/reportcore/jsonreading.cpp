@@ -91,7 +91,7 @@ void TakeItems(IRGObject& parent, const Field& list, const QJsonValue& json, con
     if (!json.isArray())
         Refuse(path, "an array is expected");
     std::vector<std::unique_ptr<IRGObject>> items;
-    for (const QJsonValue& value : json.toArray()) {
+    for (const QJsonValue value : json.toArray()) {
         const QString itemPath = QStringLiteral("%1[%2]").arg(path).arg(items.size() + 1);
         if (!value.isObject())
             Refuse(itemPath, "an object is expected");

@@ -98,7 +98,7 @@ private:
 /// UTF-8 has no half of a surrogate pair; texts may.
 QByteArray Encoded(const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
+    QByteArray bytes = text.toUtf8();
     if (QString::fromUtf8(bytes.constData(), bytes.size()) == text)
         return bytes;
     const QString marked = QChar(QChar::ByteOrderMark) + text;

@@ -52,8 +52,7 @@ QString FindLossOf(const IRGObject& written, const IRGObject& read, const Object
             return QStringLiteral("%1%2 of the %3").arg(article, field->WireLabel(), info.Label());
         }
         if (field->Kind() == FieldKind::Object && field->IsSetIn(written)) {
-            const QString loss =
-                FindLossOf(field->ItemIn(written, 0), field->ItemIn(read, 0), field->Object());
+            QString loss = FindLossOf(field->ItemIn(written, 0), field->ItemIn(read, 0), field->Object());
             if (!loss.isEmpty())
                 return loss;
         }

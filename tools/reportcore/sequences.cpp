@@ -88,14 +88,20 @@ private:
             : m_offset(differences), m_values(2 * static_cast<std::size_t>(differences) + 1, -1)
         {
         }
-        int& operator[](int diagonal) { return m_values[static_cast<std::size_t>(m_offset + diagonal)]; }
+        int& operator[](int diagonal) { return m_values[IndexOf(diagonal)]; }
         int At(int diagonal) const
         {
             const bool isInside = diagonal >= -m_offset && diagonal <= m_offset;
-            return isInside ? m_values[static_cast<std::size_t>(m_offset + diagonal)] : -1;
+            return isInside ? m_values[IndexOf(diagonal)] : -1;
         }
 
     private:
+        std::size_t IndexOf(int diagonal) const
+        {
+            const int index = m_offset + diagonal;
+            return static_cast<std::size_t>(index);
+        }
+
         int m_offset;
         std::vector<int> m_values;
     };

@@ -27,7 +27,7 @@ QString NumberText(double number)
 
 QString DegreesText(double degrees, QChar positive, QChar negative)
 {
-    const QString text = NumberText(std::abs(degrees)) + QChar(0xB0);
+    QString text = NumberText(std::abs(degrees)) + QChar(0xB0);
     if (degrees == 0.0 || std::abs(degrees) == HALF_TURN)
         return text;
     return text + QLatin1Char(' ') + (degrees < 0.0 ? negative : positive);

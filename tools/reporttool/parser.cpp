@@ -193,7 +193,7 @@ QString Parser::NearestOption() const
             names << name;
     }
     for (const QString& name : names) {
-        const QString nearest = ReportCore::NearestOf(known, name);
+        QString nearest = ReportCore::NearestOf(known, name);
         if (!nearest.isNull())
             return nearest;
     }

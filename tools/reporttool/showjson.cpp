@@ -32,7 +32,7 @@ constexpr const char* FILE_KEYS[] = {"file", "error", "form",  "representation",
 /// The text of a key; null where there is none.
 Json TextOf(const QJsonObject& json, const char* key)
 {
-    const Json text = json.value(QLatin1String(key));
+    Json text = json.value(QLatin1String(key));
     if (text.isNull() || text.isUndefined())
         return Json();
     if (!text.isString())

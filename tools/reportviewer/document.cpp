@@ -47,6 +47,7 @@ std::optional<ReportCore::Problem> CauseOf(const ReportCore::NotWritten& refused
 {
     ReportCore::Problems problems;
     try {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): whose settings change
         const ReportBase copy(report);
         problems = ReportCore::CheckReport(copy, ReportCore::WriteUnchecked(copy, form, -1)).problems;
     } catch (const ReportException&) {

@@ -4,8 +4,6 @@
 
 namespace ReportViewer {
 
-using REPORTGENERATOR::ReportModel;
-
 MarkedModel::MarkedModel() : m_contents(std::make_shared<Contents>()) {}
 
 QVariant MarkedModel::data(const QModelIndex& index, int role) const

@@ -71,7 +71,7 @@ QVariant ProblemModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return TextOf(index);
-    case BriefRole:
+    case BRIEF_ROLE:
         return index.column() == PlaceColumn ? ReportCore::PlaceCode(At(index.row()).place) : TextOf(index);
     case Qt::ToolTipRole:
         return ToolTipOf(TextFirst(At(index.row())));

@@ -23,7 +23,7 @@ public:
     };
 
     /// Of places: "12:7", "0x1a2".
-    static constexpr int BriefRole = Qt::UserRole;
+    static constexpr int BRIEF_ROLE = Qt::UserRole;
 
     explicit ProblemModel(QObject* parent = nullptr);
 

@@ -26,7 +26,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        option->text = index.data(ProblemModel::BriefRole).toString();
+        option->text = index.data(ProblemModel::BRIEF_ROLE).toString();
     }
 };
 

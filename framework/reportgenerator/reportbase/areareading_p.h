@@ -24,18 +24,18 @@ struct Area::Settled
     {
         area.m_settled = this;
         if (isOfArea)
-            Outermost().items.BeginList();
+            Outermost().m_items.BeginList();
         // An override may have taken the record away.
         if (!area.IsInitialized())
             return;
         Outermost().Remember(area);
         if (isOfArea && area.m_record.Get()->coordinates.IsHandedOut())
-            Outermost().items.Forget();
+            Outermost().m_items.Forget();
     }
     ~Settled()
     {
         if (isOfArea)
-            Outermost().items.EndList();
+            Outermost().m_items.EndList();
         area.m_settled = outer;
         Forget();
     }
@@ -47,11 +47,11 @@ struct Area::Settled
     /// From now on, for the record that the area has now.
     void Remember(const Area& reader)
     {
-        if (record && &**record == reader.m_record.Get())
+        if (m_held && &**m_held == reader.m_record.Get())
             return;
         Forget();
-        record.emplace(reader.m_record);
-        (**record).coordinates.SetSettled(&items);
+        m_held.emplace(reader.m_record);
+        (**m_held).coordinates.SetSettled(&m_items);
     }
 
     Area& area;
@@ -62,15 +62,15 @@ struct Area::Settled
 private:
     void Forget()
     {
-        if (!record)
+        if (!m_held)
             return;
-        (**record).coordinates.SetSettled(nullptr);
-        record.reset();
+        (**m_held).coordinates.SetSettled(nullptr);
+        m_held.reset();
     }
 
     /// Held as long as its list refers to the items.
-    std::optional<SharedRecord<AreaData>::Hold> record;
-    SettledItems<Coordinate> items;
+    std::optional<SharedRecord<AreaData>::Hold> m_held;
+    SettledItems<Coordinate> m_items;
 };
 
 } // namespace REPORTGENERATOR

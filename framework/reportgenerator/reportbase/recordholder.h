@@ -143,7 +143,7 @@ private:
         prepare(*made);
         Data* none = nullptr;
         if (m_data.compare_exchange_strong(none, made.get(), std::memory_order_acq_rel))
-            made.release();
+            made.release(); // NOLINT(bugprone-unused-return-value): the holder has it now
     }
 
     Data* NewCopy() const

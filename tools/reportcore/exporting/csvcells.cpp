@@ -16,13 +16,12 @@ QString CsvCell(const QVariant& value)
                character == QLatin1Char('\n') || character == QLatin1Char('\r');
     };
     const bool isNumber = value.userType() == QMetaType::Double;
-    const QString text = isNumber ? FractionText(value.toDouble()) : PropertyText(value);
+    QString text = isNumber ? FractionText(value.toDouble()) : PropertyText(value);
     const bool isEmptyText = value.userType() == QMetaType::QString && text.isEmpty();
     if (!isEmptyText && std::none_of(text.begin(), text.end(), isSpecial))
         return text;
-    QString quoted = text;
-    quoted.replace(QLatin1Char('"'), QLatin1String("\"\""));
-    return QLatin1Char('"') + quoted + QLatin1Char('"');
+    text.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
 QByteArray CsvCells(const QStringList& cells)

@@ -160,7 +160,7 @@ Points OpenRingOf(const Points& outline)
     const Points points = Opened(WithoutRepeated(outline));
     if (points.size() < LEAST_OF_RING)
         return Unwrapped(points);
-    const Points ring = UnwrappedRing(points);
+    Points ring = UnwrappedRing(points);
     if (!ring.empty())
         return ring;
     return SignedArea(points) == 0.0 ? Opened(Unwrapped(points)) : points;

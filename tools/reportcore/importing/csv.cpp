@@ -162,7 +162,7 @@ QString TextOf(const QByteArray& bytes)
 {
     const QByteArray mark = "\xEF\xBB\xBF";
     const QByteArray content = bytes.startsWith(mark) ? bytes.mid(mark.size()) : bytes;
-    const QString text = QString::fromUtf8(bytes.constData(), bytes.size());
+    QString text = QString::fromUtf8(bytes.constData(), bytes.size());
     const QByteArray again = text.toUtf8();
     if (again == content)
         return text;

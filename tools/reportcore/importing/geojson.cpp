@@ -136,7 +136,7 @@ void AddFeatures(const QJsonObject& json, ImportedFeatures& features)
 QJsonDocument Parse(const QByteArray& bytes, qint64 line)
 {
     QJsonParseError error{};
-    const QJsonDocument document = ParseJson(bytes, error);
+    QJsonDocument document = ParseJson(bytes, error);
     if (document.isNull()) {
         const auto before = std::count(bytes.begin(), bytes.begin() + error.offset, '\n');
         throw ImportError{

@@ -118,7 +118,7 @@ GoodReports Read(const QString& input, const QString& output, const Options& opt
 /// Why the JSON of a report is not written; empty where it is.
 QString HindranceIn(const QByteArray& json, const ReportFile& file)
 {
-    const QString excess = ReportCore::FindExcess(json);
+    QString excess = ReportCore::FindExcess(json);
     if (!excess.isEmpty())
         return excess;
     const QString loss = ReportCore::FindLossBetween(file.report, ReadJson(json, {}).front().file.report);

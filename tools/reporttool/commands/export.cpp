@@ -39,7 +39,6 @@ using ReportCore::ExportFormats;
 using ReportCore::ExportPiece;
 using ReportCore::OutputFile;
 using ReportCore::PictureSize;
-using ReportCore::ReportFile;
 using ReportCore::Terminals;
 
 namespace {

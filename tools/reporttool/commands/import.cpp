@@ -94,7 +94,7 @@ QString Write(const ImportedFeature& feature, const QString& output)
     try {
         const REPORTGENERATOR::ReportBase report = ReportCore::ReportOf(feature);
         const QByteArray bytes = ReportCore::WriteReport(report, {ReportCore::Form::Xml, false}, -1);
-        const QString excess = ReportCore::FindExcess(bytes);
+        QString excess = ReportCore::FindExcess(bytes);
         if (!excess.isEmpty())
             return excess;
         const QString loss = ReportCore::FindLoss(report, bytes);

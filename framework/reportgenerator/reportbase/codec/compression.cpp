@@ -20,7 +20,7 @@ constexpr qint64 UNPACKER_SIZE = 65536;
 /// Of data that claim to hold so many bytes.
 QByteArray UncompressClaimed(const QByteArray& data, qint64 claimed)
 {
-    const QByteArray bytes = qUncompress(data);
+    QByteArray bytes = qUncompress(data);
     if (!bytes.isEmpty())
         return bytes;
     // Nothing comes of damaged data, but also for want of memory. Then there is none here either, or there is again.
@@ -32,7 +32,7 @@ QByteArray UncompressClaimed(const QByteArray& data, qint64 claimed)
 
 QByteArray Compress(const QByteArray& data, int level)
 {
-    const QByteArray compressed = qCompress(data, level);
+    QByteArray compressed = qCompress(data, level);
     // Also of no bytes there is something.
     if (compressed.isEmpty())
         throw std::bad_alloc();

@@ -195,7 +195,7 @@ public:
             return;
         }
         // It may be one of those that are left now.
-        const Item appended(item);
+        const Item appended(item); // NOLINT(performance-unnecessary-copy-initialization)
         Detached().append(appended);
     }
 
@@ -335,7 +335,7 @@ private:
             return false;
         // What others did with the items before they left them comes before what is done now.
         if (IsMarked(COPIED) || !m_source.isEmpty()) {
-            const QVector<Item> together = items;
+            const QVector<Item> together = items; // NOLINT(performance-unnecessary-copy-initialization)
         }
         return true;
     }
@@ -394,7 +394,7 @@ private:
         if (IsDetached() ? AllOfItems(m_items, hasAlready, first) : Noted().HoldsSameAs(slot))
             return;
         const ObjectSettings settings = ObjectAccess::SettingsToPass(parent);
-        if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; }))
+        if (!Note([&settings](const ObjectSettings& /*noted*/) { return settings; })) // NOLINT: passed on too
             Pass(
                 hasAlready, [&](const Item& item) { ObjectAccess::PassSettings(settings, item); }, false,
                 first);

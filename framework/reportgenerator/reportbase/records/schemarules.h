@@ -158,7 +158,7 @@ constexpr bool AreBitsInRawForm(const std::tuple<Fields...>& fields)
 struct AnyValue
 {
     template <class T>
-    operator T() const; // only ever named, by a list of initial values
+    operator T() const; // NOLINT(google-explicit-constructor): only named, by a list of initial values
 };
 
 template <class Data, class Indices, class = void>
